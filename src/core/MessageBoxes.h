@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+namespace tavel {
+
+enum class MsgBoxButtons { OK, OKCancel, YesNo };
+enum class MsgBoxAnswer { OK, Cancel, Yes, No };
+
+// The program's name: the title of a message box that is given none.
+inline constexpr const char* ProgramTitle = "Tavel";
+
+// Blocking message boxes. A YesNo box that is closed otherwise answers No, an OKCancel box Cancel.
+class MessageBoxes {
+  public:
+    virtual ~MessageBoxes() = default;
+    virtual MsgBoxAnswer MsgBox(const std::string& text, MsgBoxButtons buttons,
+                                const std::string& title) = 0;
+};
+
+}  // namespace tavel

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace tavel {
+
+// The host's clock and its user's ways of writing it.
+class Clock {
+  public:
+    virtual ~Clock() = default;
+
+    // The present date and time in the user's general format (short date, long time).
+    virtual std::string NowText() = 0;
+
+    // Seconds since midnight with fractions: what the random generator is seeded from.
+    virtual double Timer() = 0;
+};
+
+// The host's own clock unless UseClock has put another in its place (nullptr: back to the host's).
+Clock& HostClock();
+void UseClock(Clock* clock);
+
+}  // namespace tavel

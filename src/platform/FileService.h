@@ -1,0 +1,122 @@
+#pragma once
+
+#include "platform/Numbers.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavel {
+
+// Paths are drive letter and backslash paths in engine text (`C:\Pictures\a.jpg`), matched without
+// regard to case, the exact spelling first. `X:name\` is relative to the current folder of drive X,
+// which is its root; a path without a drive is relative to the program's working folder. "." and
+// ".." are taken lexically, and ".." never leaves the root of a drive. A separator at the end of a
+// folder's path is allowed everywhere.
+
+inline constexpr int DriveRemovable = 1;
+inline constexpr int DriveFixed = 2;
+
+// A drive as GetDrive gave it. It stays usable as a value after the drive has gone; its figures
+// then fail.
+class Drive {
+  public:
+    virtual ~Drive() = default;
+    virtual std::string Path() const = 0;  // letter and colon, no separator
+    virtual int DriveType() const = 0;     // DriveRemovable, DriveFixed
+    virtual double TotalSize() const = 0;  // bytes; fails with 71 when the drive is not ready
+    virtual double FreeSpace() const = 0;  // bytes that a user may fill; fails likewise
+};
+
+struct FileEntry {
+    std::string Path;
+    std::string Name;
+    std::int64_t Size = 0;  // bytes
+    bool Hidden = false;    // the hidden attribute; on Linux a leading dot
+};
+
+struct FolderEntry {
+    std::string Path;  // no separator at its end, but for the root of a drive
+    std::string Name;
+};
+
+struct FolderContents {
+    FolderEntry Folder;
+    std::vector<FolderEntry> SubFolders;  // by name, without regard to case
+    std::vector<FileEntry> Files;         // by name, without regard to case
+};
+
+// An open raw file. Reading and writing report failure and never throw. What was written to a
+// removable drive is on its medium when Close returns.
+class RawFile {
+  public:
+    virtual ~RawFile() = default;  // closes
+
+    // False on failure. At the end of the file it succeeds with fewer bytes than asked, or none.
+    virtual bool Read(std::span<char> buffer, std::size_t& bytesRead) = 0;
+    // False when not all could be written; bytesWritten tells how much was.
+    virtual bool Write(std::span<const char> buffer, std::size_t& bytesWritten) = 0;
+    virtual std::int64_t Size() = 0;               // bytes; -1 on failure
+    virtual bool Seek(std::int64_t position) = 0;  // from 0
+    virtual bool Close() = 0;  // false when something written may not be on the medium
+};
+
+enum class RawMode {
+    Read,    // sharing reads; must exist
+    Create,  // for writing; made new, an existing file is truncated
+};
+
+// The scripting file-system object of the setting. Failures are the run-time's: 53 File not found,
+// 76 Path not found, 58 File already exists, 70 Permission denied, 61 Disk full, 71 Disk not ready,
+// 52 Bad file name, 57 Device I/O error, 68 Device unavailable.
+class FileService {
+  public:
+    virtual ~FileService() = default;
+
+    // Names of drives: "e", "e:", "e:\", or the text of a drive list ("e: [LABEL]").
+    virtual bool DriveExists(std::string_view name) = 0;                 // with or without media
+    virtual std::shared_ptr<Drive> GetDrive(std::string_view name) = 0;  // 68 when there is none
+    // Every drive of the moment, by letter: texts as a drive list shows them ("e: [LABEL]").
+    virtual std::vector<std::string> DriveTexts() = 0;
+
+    // False, not a failure, on a drive with no media or a path that makes no sense.
+    virtual bool FileExists(std::string_view path) = 0;
+    virtual bool FolderExists(std::string_view path) = 0;
+
+    virtual FileEntry GetFile(std::string_view path) = 0;         // 53
+    virtual FolderContents GetFolder(std::string_view path) = 0;  // 76; 70 when it can't be read
+
+    virtual void CreateFolder(std::string_view path) = 0;  // 58 when there; 76 without its parent
+    virtual void MoveFile(std::string_view source, std::string_view target) = 0;  // 58 when there
+    virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
+    // Without `force` a read-only file fails with 70.
+    virtual void DeleteFile(std::string_view path, bool force) = 0;
+    // An empty 8-bit text file. 58 when it is there and must not be overwritten; 71 without media.
+    virtual void CreateTextFile(std::string_view path, bool overwrite) = 0;
+
+    // Null when the file cannot be opened; `error` then is the run-time's number for it, else 0.
+    virtual std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) = 0;
+
+    // The bytes of a whole file, for readers that work in memory; fails as GetFile does.
+    virtual std::string ReadWhole(std::string_view path) = 0;
+
+    // The host's own name of a path, for libraries that open files themselves. Empty when the path
+    // leads nowhere.
+    virtual std::string HostPath(std::string_view path) = 0;
+    // The drive path of a host file or folder (absolute): what a file dialog's answer becomes. A
+    // file on a removable drive gets that drive's letter, any other gets c:.
+    virtual std::string FromHostPath(std::string_view hostPath) = 0;
+};
+
+// The host's own service. Made on first use; it lives as long as the process.
+FileService& HostFileService();
+
+// The folder of the running program as a drive path, without a separator at its end unless it is
+// the root of a drive.
+std::string ProgramFolder();
+
+}  // namespace tavel

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tavel {
+
+using Integer = std::int16_t;
+using Long = std::int32_t;
+
+// Narrowing that fails as the run-time does: 6 Overflow when the value does not fit.
+Integer ToInteger(std::int64_t value);
+Long ToLong(std::int64_t value);
+
+// A number rounded to nearest, ties to even, then narrowed; 6 Overflow when it does not fit.
+Integer RoundToInteger(double value);
+Long RoundToLong(double value);
+
+// Rounds to a number of decimals, to nearest with ties to even on the decimal value that a person
+// would write for the number.
+double Round(double value, int decimals);
+
+// Text to number: blanks around it, a sign, decimals (rounded, ties to even) and an exponent are
+// taken, as are &H and &O. 13 Type mismatch for any other text, the empty one included;
+// 6 Overflow for a number that does not fit.
+Integer TextToInteger(std::string_view text);
+Long TextToLong(std::string_view text);
+
+// "True" and "False" in any case, or a number, which is True unless it is 0.
+// 13 Type mismatch for any other text, the empty one included.
+bool TextToBoolean(std::string_view text);
+
+// The shortest general form: at most 7 significant digits for a single and 15 for a double, no
+// trailing zeros, no thousands separators, the user's decimal mark.
+std::string TextOfSingle(float value);
+std::string TextOfDouble(double value);
+
+// The decimal mark of the user's locale, "." where the locale tells none. Tests may set it.
+std::string_view DecimalMark();
+void SetDecimalMark(std::string mark);
+
+}  // namespace tavel

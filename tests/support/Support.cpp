@@ -1,0 +1,40 @@
+#include "support/Support.h"
+
+#include <stdlib.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace tavel::test {
+
+TempFolder::TempFolder() {
+    std::string pattern = (std::filesystem::temp_directory_path() / "tavel-test-XXXXXX").string();
+    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    m_path = pattern;
+}
+
+TempFolder::~TempFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
+std::string TempFolder::DrivePath(const std::string& name) const {
+    std::string path = "c:" + m_path + (name.empty() ? "" : "/" + name);
+    std::replace(path.begin(), path.end(), '/', '\\');
+    return path;
+}
+
+void TempFolder::Write(const std::string& name, const std::string& bytes) const {
+    const std::filesystem::path path = HostPath(name);
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+std::string TempFolder::Read(const std::string& name) const {
+    std::ifstream file(HostPath(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "platform/Failure.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+namespace tavel::test {
+
+// A fixture with a folder of its own on the host, removed at its end. DrivePath gives paths in it
+// as the engine speaks them.
+class TempFolder {
+  public:
+    TempFolder();
+    ~TempFolder();
+    TempFolder(const TempFolder&) = delete;
+    TempFolder& operator=(const TempFolder&) = delete;
+
+    const std::string& HostPath() const { return m_path; }
+    std::string HostPath(const std::string& name) const { return m_path + "/" + name; }
+    std::string DrivePath(const std::string& name) const;  // c:\... with backslashes
+
+    void Write(const std::string& name, const std::string& bytes) const;  // makes folders
+    std::string Read(const std::string& name) const;
+
+  private:
+    std::string m_path;
+};
+
+// The number of the Failure that a call throws; 0 when it throws none.
+template <class Call>
+Long FailureOf(Call&& call) {
+    try {
+        call();
+    } catch (const Failure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+}  // namespace tavel::test
