@@ -17,13 +17,15 @@ Long ToLong(std::int64_t value);
 Integer RoundToInteger(double value);
 Long RoundToLong(double value);
 
-// Rounds to a number of decimals, to nearest with ties to even on the decimal value that a person
-// would write for the number.
+// Rounds to a number of decimals as the run-time does: the double is scaled by the power of ten,
+// rounded to nearest with ties to even, and scaled back. What counts as a tie is settled by the
+// scaled double: 2.675 gives 267.5 and so 2.68, 1.015 gives 101.49999999999999 and so 1.01.
+// Fails with 5 for a negative number of decimals.
 double Round(double value, int decimals);
 
-// Text to number: blanks around it, a sign, decimals (rounded, ties to even) and an exponent are
-// taken, as are &H and &O. 13 Type mismatch for any other text, the empty one included;
-// 6 Overflow for a number that does not fit.
+// Text to number: blanks around it, a sign, decimals (rounded, ties to even, after "." or the
+// user's mark) and an exponent are taken, as are &H and &O and the bits of the type. 13 Type
+// mismatch for any other text, the empty one included; 6 Overflow for a number that does not fit.
 Integer TextToInteger(std::string_view text);
 Long TextToLong(std::string_view text);
 

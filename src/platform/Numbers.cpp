@@ -1,0 +1,107 @@
+#include "platform/Numbers.h"
+
+#include "platform/Failure.h"
+#include "platform/HostLocale.h"
+#include "platform/NumberText.h"
+#include "platform/Text.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+template <class Narrow>
+Narrow Narrowed(std::int64_t value) {
+    if (value < std::numeric_limits<Narrow>::min() || value > std::numeric_limits<Narrow>::max()) {
+        Fail(failure::Overflow);
+    }
+    return static_cast<Narrow>(value);
+}
+
+// Rounding comes before the check of the bounds: 32767.4 fits, 32767.5 does not.
+template <class Narrow>
+Narrow RoundedTo(double value) {
+    const double whole = std::nearbyint(value);
+    const bool fits =
+        whole >= std::numeric_limits<Narrow>::min() && whole <= std::numeric_limits<Narrow>::max();
+    if (!fits) Fail(failure::Overflow);
+    return static_cast<Narrow>(whole);
+}
+
+// &H and &O give the bits of the wanted type: "&HFFFF" is -1 as an Integer and 65535 as a Long.
+template <class Narrow, class Bits>
+Narrow FromText(std::string_view text) {
+    const ParsedNumber number = ParseNumber(text, DecimalMark());
+    if (!number.isBits) return RoundedTo<Narrow>(number.value);
+    if (number.bits > std::numeric_limits<Bits>::max()) Fail(failure::Overflow);
+    return static_cast<Narrow>(static_cast<Bits>(number.bits));
+}
+
+template <class Number>
+std::string GeneralForm(Number value, int digits) {
+    if (value == 0) return "0";  // a negative zero too
+    std::array<char, 40> buffer{};
+    const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
+                                   std::chars_format::general, digits)
+                         .ptr;
+    std::string text(buffer.data(), end);
+    if (const std::size_t point = text.find('.'); point != std::string::npos) {
+        text.replace(point, 1, DecimalMark());
+    }
+    if (const std::size_t exponent = text.find('e'); exponent != std::string::npos) {
+        text[exponent] = 'E';
+    }
+    return text;
+}
+
+std::string& Mark() {
+    static std::string mark = [] {
+        std::string told = HostDecimalMark();
+        return told.empty() ? std::string(".") : told;
+    }();
+    return mark;
+}
+
+}  // namespace
+
+Integer ToInteger(std::int64_t value) { return Narrowed<Integer>(value); }
+
+Long ToLong(std::int64_t value) { return Narrowed<Long>(value); }
+
+Integer RoundToInteger(double value) { return RoundedTo<Integer>(value); }
+
+Long RoundToLong(double value) { return RoundedTo<Long>(value); }
+
+double Round(double value, int decimals) {
+    if (decimals < 0) Fail(failure::InvalidProcedureCall);
+    const double scale = std::pow(10.0, decimals);
+    const double scaled = value * scale;
+    if (!std::isfinite(scaled)) return value;
+    return std::nearbyint(scaled) / scale;
+}
+
+Integer TextToInteger(std::string_view text) { return FromText<Integer, std::uint16_t>(text); }
+
+Long TextToLong(std::string_view text) { return FromText<Long, std::uint32_t>(text); }
+
+bool TextToBoolean(std::string_view text) {
+    if (EqualsIgnoringCase(text, "true")) return true;
+    if (EqualsIgnoringCase(text, "false")) return false;
+    const ParsedNumber number = ParseNumber(text, DecimalMark());
+    return number.isBits ? number.bits != 0 : number.value != 0;
+}
+
+std::string TextOfSingle(float value) { return GeneralForm(value, 7); }
+
+std::string TextOfDouble(double value) { return GeneralForm(value, 15); }
+
+std::string_view DecimalMark() { return Mark(); }
+
+void SetDecimalMark(std::string mark) { Mark() = std::move(mark); }
+
+}  // namespace tavel

@@ -1,0 +1,78 @@
+#include "platform/Clock.h"
+#include "platform/HostLocale.h"
+
+#include <gtest/gtest.h>
+#include <stdlib.h>
+#include <time.h>
+
+#include <string>
+
+namespace tavel::test {
+namespace {
+
+// An environment variable for the life of a test.
+class Environment {
+  public:
+    Environment(const char* name, const char* value) : m_name(name) {
+        if (const char* old = getenv(name)) m_old = old;
+        m_wasSet = getenv(name) != nullptr;
+        setenv(name, value, 1);
+    }
+    ~Environment() {
+        if (m_wasSet) {
+            setenv(m_name, m_old.c_str(), 1);
+        } else {
+            unsetenv(m_name);
+        }
+    }
+    Environment(const Environment&) = delete;
+    Environment& operator=(const Environment&) = delete;
+
+  private:
+    const char* m_name;
+    std::string m_old;
+    bool m_wasSet = false;
+};
+
+class FixedClock : public Clock {
+  public:
+    std::string NowText() override { return "then"; }
+    double Timer() override { return 12.5; }
+};
+
+TEST(Clock, The_date_is_short_and_the_time_long) {
+    const Environment zone("TZ", "UTC");
+    tzset();
+    const Environment locale("LC_ALL", "C");
+    EXPECT_EQ(HostDateTimeText(1234567890), "02/13/09 23:31:30");
+}
+
+TEST(Clock, A_locale_that_is_not_installed_falls_back) {
+    const Environment zone("TZ", "UTC");
+    tzset();
+    const Environment locale("LC_ALL", "xx_XX.nothing");
+    EXPECT_EQ(HostDateTimeText(1234567890), "02/13/09 23:31:30");
+    EXPECT_EQ(HostDecimalMark(), ".");
+}
+
+TEST(Clock, The_timer_counts_the_seconds_of_the_day) {
+    const double seconds = HostClock().Timer();
+    EXPECT_GE(seconds, 0);
+    EXPECT_LT(seconds, 86401);  // a leap second
+}
+
+TEST(Clock, The_host_tells_the_present_date_and_time) {
+    EXPECT_EQ(HostClock().NowText().size(), HostDateTimeText(time(nullptr)).size());
+}
+
+TEST(Clock, Another_clock_can_stand_in_and_leave_again) {
+    FixedClock fixed;
+    UseClock(&fixed);
+    EXPECT_EQ(HostClock().NowText(), "then");
+    EXPECT_EQ(HostClock().Timer(), 12.5);
+    UseClock(nullptr);
+    EXPECT_NE(HostClock().NowText(), "then");
+}
+
+}  // namespace
+}  // namespace tavel::test
