@@ -33,6 +33,10 @@ Item& ItemOf(MediaType itemType, std::string_view sID);     // 0, 3 or 5
 Group& GroupOf(MediaType groupType, std::string_view sID);  // 1, 2, 4 or 8
 Record& RecordOf(MediaType type, std::string_view sID);
 
+// Takes a record out of its collection, and lets go of a working reference to it. Fails with 5
+// when no record has the id.
+void RemoveRecord(MediaType type, std::string_view sID);
+
 bool IsItemType(Integer iType);   // 0, 3, 5
 bool IsGroupType(Integer iType);  // 1, 2, 4, 8
 

@@ -48,6 +48,7 @@ class Item : public Record {
     const std::string& Get_sGroups(Integer i) const { return m_groups.Get(i); }
     void Set_sGroups(Integer i, std::string s) { m_groups.Set(i, std::move(s)); }
     void Redim_sGroups(Integer iUpper, bool bKeep) { m_groups.Redim(iUpper, bKeep); }
+    TextArray& sGroups() { return m_groups; }
 
   private:
     TextArray m_groups;
@@ -87,6 +88,7 @@ class Group : public Record {
     const std::string& Get_sMemberID(Integer i) const { return m_members.Get(i); }
     void Set_sMemberID(Integer i, std::string s) { m_members.Set(i, std::move(s)); }
     void Redim_sMemberID(Integer iUpper, bool bKeep) { m_members.Redim(iUpper, bKeep); }
+    TextArray& sMemberIDs() { return m_members; }
 
   private:
     TextArray m_members;
