@@ -1,0 +1,58 @@
+"""Sample media, made by ImageMagick and ffmpeg: what the world writes, not our own writers."""
+
+import subprocess
+
+PHOTOS = {  # file: (width, height)
+    "Beach.jpg": (640, 480),
+    "Forest.jpg": (480, 640),
+    "Sunset.png": (800, 450),
+}
+TRACKS = {  # file: (title, artist, album)
+    "01-morning.mp3": ("Morning", "The Samples", "A Day Out"),
+    "02-evening.mp3": ("Evening", "The Samples", "A Day Out"),
+}
+VIDEOS = ["Ferry.mp4", "Harbour.mp4", "Lighthouse.mp4"]
+
+_SCENES = {
+    "Beach.jpg": ("#8ecdf2", "#f3dfa6", "#f6c445", "fill #2a8fb8 rectangle 0,260 640,340"),
+    "Forest.jpg": ("#cfe8c5", "#2f6b3c", "#f3e9a0",
+                   "fill #1d4a2a polygon 60,560 140,220 220,560 polygon 240,600 330,180 420,600"),
+    "Sunset.png": ("#f58a4b", "#4a2a68", "#ffe08a", "fill #241738 polygon 0,450 250,300 480,380 800,280 800,450"),
+}
+
+
+def _run(*command):
+    subprocess.run([str(part) for part in command], check=True, stdin=subprocess.DEVNULL,
+                   stdout=subprocess.DEVNULL)
+
+
+def _photo(path):
+    width, height = PHOTOS[path.name]
+    top, bottom, sun, land = _SCENES[path.name]
+    x, y = width * 3 // 4, height // 4
+    _run("convert", "-size", f"{width}x{height}", f"gradient:{top}-{bottom}",
+         "-fill", sun, "-draw", f"circle {x},{y} {x + 40},{y}", "-draw", land, path)
+
+
+def _track(path, tone):
+    title, artist, album = TRACKS[path.name]
+    _run("ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", f"sine=frequency={tone}:duration=3",
+         "-id3v2_version", "3", "-metadata", f"title={title}", "-metadata", f"artist={artist}",
+         "-metadata", f"album={album}", path)
+
+
+def _video(path, hue):
+    _run("ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc=size=320x240:rate=15:duration=2",
+         "-vf", f"hue=h={hue}", "-pix_fmt", "yuv420p", path)
+
+
+def make(folder):
+    """Fills folder with Pictures, Music and Videos."""
+    for kind in ("Pictures", "Music", "Videos"):
+        (folder / kind).mkdir(parents=True)
+    for name in PHOTOS:
+        _photo(folder / "Pictures" / name)
+    for number, name in enumerate(TRACKS):
+        _track(folder / "Music" / name, 440 + 110 * number)
+    for number, name in enumerate(VIDEOS):
+        _video(folder / "Videos" / name, 90 * number)

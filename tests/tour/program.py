@@ -1,0 +1,72 @@
+"""The program in a folder of its own, as an installation lays it out, and what it leaves in db.txt."""
+
+import re
+import shutil
+import subprocess
+from pathlib import Path
+
+from screen import Screen
+from waiting import PATIENCE, wait_for
+
+DATA = Path(__file__).resolve().parents[2] / "data"
+
+
+class Profile(dict):
+    """A profile text as {section: {key: value}}, names in lower case, the first of equals."""
+
+    def __init__(self, path):
+        section = None
+        for line in path.read_text(encoding="utf-8").splitlines():
+            if header := re.match(r"\[(.*?)\]", line):
+                section = self.setdefault(header[1].lower(), {})
+            elif "=" in line and section is not None and not line.startswith(";"):
+                key, value = line.split("=", 1)
+                section.setdefault(key.strip().lower(), value.strip())
+
+
+class Program:
+    def __init__(self, place, binary):
+        self.folder = place / "Tavel"
+        self.folder.mkdir()
+        shutil.copy(binary, self.folder / "tavel")
+        shutil.copytree(DATA / "UI", self.folder / "UI")
+        (self.folder / "drives").mkdir()
+        self.database = self.folder / "db.txt"
+        shutil.copy(DATA / "db.txt", self.database)
+        self._skip_the_wizard()
+        self.log = place / "tavel.log"
+        self.process = None
+        self.screen = None
+
+    def _skip_the_wizard(self):
+        text = self.database.read_bytes().decode("utf-8")
+        self.database.write_bytes(re.sub(r"(?im)^bFirstTime=.*?(\r?)$", r"bFirstTime=0\1", text).encode("utf-8"))
+
+    def drive(self, letter):
+        """Where a folder is linked as a removable drive."""
+        return self.folder / "drives" / letter
+
+    def start(self):
+        with open(self.log, "ab") as log:
+            # From a folder of no meaning: the program finds its own by itself.
+            self.process = subprocess.Popen([str(self.folder / "tavel")], cwd="/", stdin=subprocess.DEVNULL,
+                                            stdout=log, stderr=log)
+        self.screen = Screen(self.process)
+        return self.screen
+
+    def wait_for_end(self):
+        wait_for("the program's end", lambda: self.process.poll() is not None, 2 * PATIENCE)
+        return self.process.returncode
+
+    def kill(self):
+        if self.process and self.process.poll() is None:
+            self.process.kill()
+            self.process.wait()
+
+    def profile(self):
+        return Profile(self.database)
+
+    def library(self):
+        """The live numbered sections, in order."""
+        profile = self.profile()
+        return [profile[str(i + 1)] for i in range(int(profile["db"]["noofitems"]))]
