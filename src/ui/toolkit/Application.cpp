@@ -1,0 +1,83 @@
+#include "ui/toolkit/Application.h"
+
+#include "core/MessageBoxes.h"
+#include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QEvent>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+constexpr Long outOfMemory = 7;
+constexpr Long internalError = 51;
+
+// The failure that is being handled, whatever it was thrown as.
+Failure CurrentFailure() {
+    try {
+        throw;
+    } catch (const Failure& failure) {
+        return failure;
+    } catch (const std::bad_alloc&) {
+        return Failure(outOfMemory, "Out of memory", ProgramTitle);
+    } catch (const std::exception& other) {
+        return Failure(internalError, other.what(), ProgramTitle);
+    } catch (...) {
+        return Failure(internalError, "Internal error", ProgramTitle);
+    }
+}
+
+}  // namespace
+
+Application::Application(int& argc, char** argv)
+    : QApplication(argc, argv), m_end([] { std::_Exit(1); }) {
+    setApplicationName(QLatin1String(ProgramTitle));
+    setApplicationDisplayName(QString());
+    // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
+    // process alive. The end is ShutDown's.
+    setQuitOnLastWindowClosed(false);
+}
+
+bool Application::notify(QObject* receiver, QEvent* event) {
+    // While the failure message stands, nothing else of the program goes on.
+    if (m_failed && event->type() == QEvent::Timer && qobject_cast<QTimer*>(receiver) != nullptr)
+        return true;
+    try {
+        return QApplication::notify(receiver, event);
+    } catch (...) {
+        HandleFailure();
+    }
+    return true;
+}
+
+void Application::Guard(const std::function<void()>& work) {
+    try {
+        work();
+    } catch (...) {
+        HandleFailure();
+    }
+}
+
+void Application::HandleFailure() noexcept {
+    const Failure failure = CurrentFailure();
+    // A failure of the message's own leaves only the end.
+    if (!std::exchange(m_failed, true)) FailureMessage(failure);
+    m_end();
+    m_failed = false;
+}
+
+void Application::FailureMessage(const Failure& failure) {
+    const std::string text =
+        "Run-time error '" + std::to_string(failure.Number()) + "':\r\r" + failure.Description();
+    std::fprintf(stderr, "%s: run-time error %ld: %s\n", ProgramTitle,
+                 static_cast<long>(failure.Number()), failure.Description().c_str());
+    MsgBox(ToQString(text));
+}
+
+}  // namespace tavel

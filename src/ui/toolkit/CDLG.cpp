@@ -1,0 +1,185 @@
+#include "ui/toolkit/CDLG.h"
+
+#include "core/PublicStuff.h"
+#include "platform/Failure.h"
+#include "ui/toolkit/Prompts.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QFileInfo>
+#include <QVariant>
+#include <QWidget>
+#include <algorithm>
+
+namespace tavel {
+
+namespace {
+
+constexpr Long flagReadOnly = 0x1;
+constexpr Long flagHideReadOnly = 0x4;
+constexpr Long flagHook = 0x20;
+constexpr Long flagTemplate = 0x40;
+constexpr Long flagMultiSelect = 0x200;
+constexpr Long flagFileMustExist = 0x1000;
+
+// The filter as a dialog wants it: every separator a NUL, two more at the end.
+std::string DialogForm(std::string filter) {
+    std::replace(filter.begin(), filter.end(), ':', '\0');
+    std::replace(filter.begin(), filter.end(), '|', '\0');
+    return filter.append(2, '\0');
+}
+
+void SetFilters(FileRequest& request, const std::string& dialogForm) {
+    const std::vector<std::string> pieces = Split(dialogForm, '\0');
+    for (std::size_t i = 0; i + 1 < pieces.size() && !pieces[i].empty(); i += 2) {
+        request.descriptions << ToQString(pieces[i]);
+        request.patterns << ToQString(pieces[i + 1]);
+    }
+}
+
+// The buffer of a dialog: the text and NULs up to its size.
+std::string Buffer(const std::string& text) {
+    if (text.size() > CDLG::MaxFile) Fail(failure::InvalidProcedureCall);
+    return text + std::string(CDLG::MaxFile - text.size(), '\0');
+}
+
+std::string DrivePath(const QString& hostPath) {
+    return oFSO().FromHostPath(FromQString(hostPath));
+}
+
+// What a dialog leaves in its buffer: a single path, or the folder and the names.
+std::string Selection(const QStringList& files) {
+    if (files.size() == 1) return DrivePath(files.front());
+    std::string selection = DrivePath(QFileInfo(files.front()).absolutePath());
+    for (const QString& file : files) selection += '\0' + FromQString(QFileInfo(file).fileName());
+    return selection;
+}
+
+// Text, the NUL behind its last piece and, behind several pieces, the NUL of the list.
+bool FitsBuffer(const std::string& selection, bool several) {
+    return selection.size() + (several ? 2 : 1) <= CDLG::MaxFile;
+}
+
+}  // namespace
+
+bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool FileMustExist,
+                             bool MultiSelect, bool& ReadOnly, bool HideReadOnly,
+                             std::string& Filter, Long& FilterIndex, const std::string& InitDir,
+                             const std::string& DlgTitle, const std::string& DefaultExt,
+                             QWidget* Owner, Long& flags, bool, EventSink*) {
+    m_apiReturn = 0;
+    m_extendedError = 0;
+
+    Long word = flags & ~(flagHook | flagTemplate);
+    if (FileMustExist) word |= flagFileMustExist;
+    if (MultiSelect) word |= flagMultiSelect;
+    if (ReadOnly) word |= flagReadOnly;
+    if (HideReadOnly) word |= flagHideReadOnly;
+
+    const std::string dialogFilter = DialogForm(Filter);
+    Filename = Buffer(Filename);
+    FileTitle = Buffer(FileTitle);
+
+    FileRequest request;
+    request.owner = Owner;
+    request.title = ToQString(DlgTitle);
+    request.startFolder = InitDir.empty() ? QString() : ToQString(oFSO().HostPath(InitDir));
+    request.startName = ToQString(StrFromZ(Filename));
+    request.defaultSuffix = ToQString(DefaultExt);
+    SetFilters(request, dialogFilter);
+    request.filterIndex = FilterIndex - 1;
+    request.mustExist = (word & flagFileMustExist) != 0;
+    request.multiSelect = (word & flagMultiSelect) != 0;
+    request.showReadOnly = (word & flagHideReadOnly) == 0;
+    request.readOnly = (word & flagReadOnly) != 0;
+
+    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    m_apiReturn = answer.result;
+    m_eventSink = nullptr;
+
+    const std::string selection = answer.result == 1 ? Selection(answer.files) : std::string();
+    if (answer.result == 1 && !FitsBuffer(selection, answer.files.size() > 1)) m_apiReturn = 0;
+
+    if (m_apiReturn != 1) {
+        if (m_apiReturn != 0) m_extendedError = answer.error;
+        Filename.clear();
+        FileTitle.clear();
+        flags = 0;
+        FilterIndex = -1;
+        Filter.clear();
+        return false;
+    }
+
+    Filename = Buffer(selection);
+    FileTitle = answer.files.size() > 1
+                    ? std::string()
+                    : StrFromZ(FromQString(QFileInfo(answer.files.front()).fileName()));
+    flags = answer.readOnly ? word | flagReadOnly : word & ~flagReadOnly;
+    FilterIndex = answer.filterIndex + 1;
+    Filter = FilterPiece(dialogFilter, FilterIndex);
+    if ((flags & flagReadOnly) != 0) ReadOnly = true;
+    return true;
+}
+
+Long CDLG::DialogHook(QWidget& hDlg, Long message, Long, const NotifyHeader* lParam) {
+    constexpr Long initDialog = 272;
+    constexpr Long dialogClose = 130;
+    constexpr Long notify = 78;
+    constexpr Long typeChange = -607;
+    constexpr Long confirmOK = -606;
+    constexpr Long folderChange = -603;
+    constexpr Long fileChange = -602;
+
+    if (m_eventSink == nullptr) return 0;
+    if (message == initDialog) m_eventSink->InitDialog(hDlg);
+    if (message == dialogClose) m_eventSink->DialogClose();
+    if (message != notify || lParam == nullptr) return 0;
+
+    switch (lParam->code) {
+        case typeChange:
+            m_eventSink->TypeChange(hDlg);
+            break;
+        case folderChange:
+            m_eventSink->FolderChange(hDlg);
+            break;
+        case fileChange:
+            m_eventSink->FileChange(hDlg);
+            break;
+        case confirmOK: {
+            const Long result = m_eventSink->ConfirmOK() ? 0 : 1;
+            hDlg.setProperty("DialogResult", result);
+            return result;
+        }
+        default:
+            break;
+    }
+    return 0;
+}
+
+std::string CDLG::FilterPiece(std::string_view text, Long index) {
+    std::size_t start = 0;
+    while (true) {
+        const std::size_t firstNul = text.find('\0', start);
+        if (firstNul == std::string_view::npos) return {};
+        const std::size_t secondNul = text.find('\0', firstNul + 1);
+        if (index == 1) return std::string(text.substr(start, secondNul - start));
+        if (secondNul == std::string_view::npos) return {};
+        start = secondNul + 1;
+        --index;
+    }
+}
+
+std::string CDLG::StrFromZ(std::string_view text) {
+    return std::string(text.substr(0, text.find('\0')));
+}
+
+void CDLG::RaiseDialogError(Long code) {
+    constexpr Long firstOfTheClass = 1001;
+    constexpr Long classErrors = static_cast<Long>(0x80040000);
+    const std::string program = ProgramTitle;
+    if (code < firstOfTheClass)
+        throw Failure(code, std::string(FailureText(code)), program + ".VBError");
+    const Long number = code | classErrors;
+    throw Failure(number, std::string(FailureText(number)), program + ".CommonDialog");
+}
+
+}  // namespace tavel

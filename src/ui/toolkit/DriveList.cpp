@@ -1,0 +1,38 @@
+#include "ui/toolkit/DriveList.h"
+
+#include "core/PublicStuff.h"
+#include "core/UsefulFunctions.h"
+#include "platform/Failure.h"
+#include "ui/toolkit/Strings.h"
+
+namespace tavel {
+
+DriveList::DriveList(QWidget* parent) : QComboBox(parent) {
+    ListDrives();
+    SetDrive(GetAppPath());
+}
+
+std::string DriveList::Drive() const { return FromQString(currentText()); }
+
+void DriveList::SetDrive(const std::string& text) {
+    const int row = findText(ToQString(text).left(1), Qt::MatchStartsWith);
+    if (text.empty() || row < 0) Fail(failure::DeviceUnavailable);
+    setCurrentIndex(row);
+}
+
+void DriveList::showPopup() {
+    ListDrives();
+    QComboBox::showPopup();
+}
+
+// A stick comes and goes while the list stands open to the user; what was chosen stays chosen for
+// as long as it is there.
+void DriveList::ListDrives() {
+    const QString chosen = currentText();
+    clear();
+    for (const std::string& text : oFSO().DriveTexts()) addItem(ToQString(text));
+    const int row = findText(chosen.left(1), Qt::MatchStartsWith);
+    if (!chosen.isEmpty() && row >= 0) setCurrentIndex(row);
+}
+
+}  // namespace tavel

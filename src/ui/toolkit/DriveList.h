@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QComboBox>
+#include <string>
+
+namespace tavel {
+
+// A list of the computer's drives ("e: [LABEL]"), the program's own drive chosen at first. Opening
+// it lists the drives of the moment.
+class DriveList : public QComboBox {
+    Q_OBJECT
+
+  public:
+    explicit DriveList(QWidget* parent = nullptr);
+
+    // The text of the chosen drive.
+    std::string Drive() const;
+    // Chooses the drive with the letter that the text begins with. Fails with 68 when there is
+    // none.
+    void SetDrive(const std::string& text);
+
+    void showPopup() override;
+
+  private:
+    void ListDrives();
+};
+
+}  // namespace tavel

@@ -1,0 +1,83 @@
+#include "ui/toolkit/FileDialog.h"
+
+#include "core/PublicStuff.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QCheckBox>
+#include <QDir>
+#include <QLayout>
+#include <QRegularExpression>
+#include <QUrl>
+
+namespace tavel {
+
+namespace {
+
+// Qt takes a filter as "text (patterns parted by blanks)" and only if the patterns hold nothing
+// that it does not expect there; any other character is matched by the "?" in its place. "*.*"
+// takes in names without a dot as well.
+QString QtFilter(const QString& description, const QString& patterns) {
+    static const QRegularExpression unexpected(QStringLiteral(R"([^\w.,*?+#\-\[\]@{}!$%&=^~])"));
+    QStringList parts;
+    for (QString pattern : patterns.split(QLatin1Char(';'), Qt::SkipEmptyParts)) {
+        pattern.replace(unexpected, QStringLiteral("?"));
+        parts << (pattern == QLatin1String("*.*") ? QStringLiteral("*") : pattern);
+    }
+    if (parts.isEmpty()) parts << QStringLiteral("*");
+    return description + QLatin1String(" (") + parts.join(QLatin1Char(' ')) + QLatin1Char(')');
+}
+
+}  // namespace
+
+FileDialog::FileDialog(const FileRequest& request) : QFileDialog(request.owner) {
+    setObjectName(QStringLiteral("FileDialog"));
+    // The desktop's own dialogs match the patterns with regard to case, and cameras write ".JPG".
+    setOption(DontUseNativeDialog);
+    setOption(HideNameFilterDetails);
+    setAcceptMode(AcceptOpen);
+    if (!request.title.isEmpty()) setWindowTitle(request.title);
+    setFileMode(request.multiSelect ? ExistingFiles : request.mustExist ? ExistingFile : AnyFile);
+    setDefaultSuffix(request.defaultSuffix);
+    setDirectory(request.startFolder);
+    SetFilters(request);
+    if (!request.startName.isEmpty()) selectFile(request.startName);
+    if (request.showReadOnly) AddReadOnlyBox(request.readOnly);
+    ListDrives();
+}
+
+void FileDialog::SetFilters(const FileRequest& request) {
+    QStringList filters;
+    for (int i = 0; i < request.patterns.size(); ++i)
+        filters << QtFilter(request.descriptions[i], request.patterns[i]);
+    if (filters.isEmpty()) return;
+    setNameFilters(filters);
+    if (request.filterIndex >= 0 && request.filterIndex < filters.size())
+        selectNameFilter(filters[request.filterIndex]);
+}
+
+void FileDialog::ListDrives() {
+    QList<QUrl> places{QUrl::fromLocalFile(QDir::homePath())};
+    for (const std::string& text : oFSO().DriveTexts()) {
+        const std::string folder = oFSO().HostPath(text.substr(0, 2) + "\\");
+        if (!folder.empty()) places << QUrl::fromLocalFile(ToQString(folder));
+    }
+    setSidebarUrls(places);
+}
+
+void FileDialog::AddReadOnlyBox(bool checked) {
+    chkReadOnly = new QCheckBox(tr("Open as &read-only"), this);
+    chkReadOnly->setObjectName(QStringLiteral("chkReadOnly"));
+    chkReadOnly->setChecked(checked);
+    layout()->addWidget(chkReadOnly);
+}
+
+FileAnswer FileDialog::Answer() const {
+    FileAnswer answer;
+    answer.files = selectedFiles();
+    answer.result = answer.files.isEmpty() ? 0 : 1;
+    answer.filterIndex = static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
+    answer.readOnly = chkReadOnly != nullptr && chkReadOnly->isChecked();
+    return answer;
+}
+
+}  // namespace tavel

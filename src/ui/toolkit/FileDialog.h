@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ui/toolkit/Prompts.h"
+
+#include <QFileDialog>
+
+class QCheckBox;
+
+namespace tavel {
+
+// The box in which the user picks existing files: Qt's own dialog, told what a FileRequest asks.
+class FileDialog : public QFileDialog {
+    Q_OBJECT
+
+  public:
+    explicit FileDialog(const FileRequest& request);
+
+    // What was picked, after the dialog was accepted.
+    FileAnswer Answer() const;
+
+  private:
+    void SetFilters(const FileRequest& request);
+    void ListDrives();
+    void AddReadOnlyBox(bool checked);
+
+    QCheckBox* chkReadOnly = nullptr;
+};
+
+}  // namespace tavel

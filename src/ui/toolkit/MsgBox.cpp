@@ -1,0 +1,11 @@
+#include "ui/toolkit/MsgBox.h"
+
+#include "ui/toolkit/Prompts.h"
+
+namespace tavel {
+
+MsgBoxAnswer MsgBox(const QString& text, MsgBoxButtons buttons, const QString& title) {
+    return CurrentPrompter().MsgBox(text, buttons, title);
+}
+
+}  // namespace tavel

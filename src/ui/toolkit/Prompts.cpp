@@ -1,0 +1,20 @@
+#include "ui/toolkit/Prompts.h"
+
+#include "ui/toolkit/RealPrompter.h"
+
+namespace tavel {
+
+namespace {
+
+Prompter* s_current = nullptr;
+
+}  // namespace
+
+Prompter& CurrentPrompter() {
+    static RealPrompter real;
+    return s_current != nullptr ? *s_current : real;
+}
+
+void UsePrompter(Prompter* prompter) { s_current = prompter; }
+
+}  // namespace tavel

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "core/MessageBoxes.h"
+#include "platform/Numbers.h"
+
+#include <QString>
+#include <QStringList>
+#include <string>
+
+class QWidget;
+
+namespace tavel {
+
+// What a dialog that picks existing files is asked, and what it answers. Paths are the host's.
+struct FileRequest {
+    QWidget* owner = nullptr;
+    QString title;
+    QString startFolder;  // empty: the dialog's own choice
+    QString startName;    // empty: none
+    QString defaultSuffix;
+    QStringList patterns;  // one a filter, in its order: "*.jpg;*.png;"
+    QStringList descriptions;
+    int filterIndex = 0;  // from 0
+    bool mustExist = false;
+    bool multiSelect = false;
+    bool showReadOnly = false;  // a box "Open as read-only"
+    bool readOnly = false;
+};
+
+struct FileAnswer {
+    Long result = 0;    // 1 chosen; 0 cancelled or failed; any other: failed for the reason `error`
+    QStringList files;  // absolute, all of one folder
+    int filterIndex = 0;
+    bool readOnly = false;
+    Long error = 0;
+};
+
+// The folder picker as its callback sees it. Paths are drive paths.
+class FolderPicker {
+  public:
+    virtual ~FolderPicker() = default;
+    virtual void Select(
+        const std::string& path) = 0;  // nothing happens when there is no such folder
+    virtual void SetStatus(const std::string& text) = 0;
+};
+
+inline constexpr Long FolderPickerReady = 1;
+inline constexpr Long FolderPickerSelectionChanged = 2;  // the item is the selection's path
+
+using FolderCallback = Long (*)(FolderPicker& hwnd, Long uMsg, const std::string& item);
+
+// What the folder picker is asked.
+struct FolderRequest {
+    QWidget* owner = nullptr;
+    QString title;
+    FolderCallback callback = nullptr;  // null: nobody listens
+    bool includeFiles = false;
+    bool newStyle = false;
+};
+
+// Everything that stops and asks the user, behind one face: the program's drives real boxes, a
+// test's answers from what it expects to be asked.
+class Prompter {
+  public:
+    virtual ~Prompter() = default;
+
+    virtual MsgBoxAnswer MsgBox(const QString& text, MsgBoxButtons buttons,
+                                const QString& title) = 0;
+    // Empty on Cancel.
+    virtual QString InputBox(const QString& prompt, const QString& title,
+                             const QString& defaultText) = 0;
+    virtual FileAnswer PickFiles(const FileRequest& request) = 0;
+    // A drive path, empty on Cancel.
+    virtual std::string PickFolder(const FolderRequest& request) = 0;
+};
+
+// The real boxes, unless UsePrompter has put another in their place (nullptr: back to the real).
+Prompter& CurrentPrompter();
+void UsePrompter(Prompter* prompter);
+
+}  // namespace tavel

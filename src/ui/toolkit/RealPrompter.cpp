@@ -1,0 +1,110 @@
+#include "ui/toolkit/RealPrompter.h"
+
+#include "ui/toolkit/FileDialog.h"
+#include "ui/toolkit/FolderDialog.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFileInfo>
+#include <QInputDialog>
+#include <QMessageBox>
+#include <QPointer>
+
+namespace tavel {
+
+namespace {
+
+// A box dies with its owner, which a timer may unload while the box stands; so boxes are made on
+// the heap and looked at again after they have run.
+template <class Box>
+class Modal {
+  public:
+    template <class... Arguments>
+    explicit Modal(Arguments&&... arguments) : m_box(new Box(arguments...)) {}
+    ~Modal() { delete m_box; }
+    Modal(const Modal&) = delete;
+    Modal& operator=(const Modal&) = delete;
+
+    Box* operator->() const { return m_box; }
+
+    // The result, or 0 when the box has gone with its owner.
+    int Run() {
+        const int result = m_box->exec();
+        return m_box.isNull() ? 0 : result;
+    }
+
+  private:
+    QPointer<Box> m_box;
+};
+
+QMessageBox::StandardButtons ButtonsOf(MsgBoxButtons buttons) {
+    switch (buttons) {
+        case MsgBoxButtons::OKCancel:
+            return QMessageBox::Ok | QMessageBox::Cancel;
+        case MsgBoxButtons::YesNo:
+            return QMessageBox::Yes | QMessageBox::No;
+        case MsgBoxButtons::OK:
+            break;
+    }
+    return QMessageBox::Ok;
+}
+
+MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
+    switch (buttons) {
+        case MsgBoxButtons::OKCancel:
+            return pressed == QMessageBox::Ok ? MsgBoxAnswer::OK : MsgBoxAnswer::Cancel;
+        case MsgBoxButtons::YesNo:
+            return pressed == QMessageBox::Yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
+        case MsgBoxButtons::OK:
+            break;
+    }
+    return MsgBoxAnswer::OK;
+}
+
+QString WithLineBreaks(QString text) {
+    return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+}  // namespace
+
+MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
+                                  const QString& title) {
+    Modal<QMessageBox> box(QApplication::activeWindow());
+    box->setObjectName(QStringLiteral("MsgBox"));
+    box->setWindowTitle(title);
+    box->setTextFormat(Qt::PlainText);
+    box->setText(WithLineBreaks(text));
+    box->setIcon(buttons == MsgBoxButtons::YesNo ? QMessageBox::Question
+                                                 : QMessageBox::Information);
+    box->setStandardButtons(ButtonsOf(buttons));
+    return AnswerOf(box.Run(), buttons);
+}
+
+QString RealPrompter::InputBox(const QString& prompt, const QString& title,
+                               const QString& defaultText) {
+    Modal<QInputDialog> box(QApplication::activeWindow());
+    box->setObjectName(QStringLiteral("InputBox"));
+    box->setWindowTitle(title);
+    box->setLabelText(prompt);
+    box->setTextValue(defaultText);
+    return box.Run() == QDialog::Accepted ? box->textValue() : QString();
+}
+
+FileAnswer RealPrompter::PickFiles(const FileRequest& request) {
+    if (m_lastFolder.isEmpty()) m_lastFolder = QDir::homePath();
+    FileRequest asked = request;
+    if (asked.startFolder.isEmpty()) asked.startFolder = m_lastFolder;
+    Modal<FileDialog> box(asked);
+    if (box.Run() != QDialog::Accepted) return {};
+    FileAnswer answer = box->Answer();
+    if (!answer.files.isEmpty()) m_lastFolder = QFileInfo(answer.files.front()).absolutePath();
+    return answer;
+}
+
+std::string RealPrompter::PickFolder(const FolderRequest& request) {
+    Modal<FolderDialog> box(request);
+    return box.Run() == QDialog::Accepted ? box->Path() : std::string();
+}
+
+}  // namespace tavel

@@ -1,0 +1,55 @@
+#include "ui/toolkit/ShowNow.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QEventLoop>
+#include <QLayout>
+#include <QThread>
+#include <QWidget>
+#include <QWindow>
+
+namespace tavel {
+
+namespace {
+
+constexpr int longestWait = 1000;  // milliseconds
+
+bool IsOnScreen(const QWidget& window) {
+    return window.windowHandle() != nullptr && window.windowHandle()->isExposed();
+}
+
+void WaitUntilOnScreen(const QWidget& window) {
+    const QDeadlineTimer deadline(longestWait);
+    while (true) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
+                                        QEventLoop::X11ExcludeTimers);
+        if (IsOnScreen(window) || deadline.hasExpired()) return;
+        QThread::msleep(1);
+    }
+}
+
+// A change of text or visibility only posts a request to lay out anew.
+void ActivateLayouts(QWidget& widget) {
+    for (QWidget* child : widget.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        if (!child->isWindow()) ActivateLayouts(*child);
+    }
+    if (widget.layout() != nullptr) widget.layout()->activate();
+}
+
+}  // namespace
+
+void ShowNow(QWidget& window) {
+    window.show();
+    window.raise();
+    // A window that is on the screen already needs no answer from the window system.
+    if (!IsOnScreen(window)) WaitUntilOnScreen(window);
+    RepaintNow(window);
+}
+
+void RepaintNow(QWidget& widget) {
+    if (!widget.isVisible()) return;
+    ActivateLayouts(widget);
+    widget.repaint();
+}
+
+}  // namespace tavel

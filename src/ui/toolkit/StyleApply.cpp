@@ -1,0 +1,93 @@
+#include "ui/toolkit/StyleApply.h"
+
+#include "ui/toolkit/DriveList.h"
+#include "ui/toolkit/ElidedLabel.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <optional>
+
+namespace tavel {
+
+namespace {
+
+constexpr Long leaveAlone = -1;
+
+// A control's kind as far as the style goes: which palette role its back colour is, and which of
+// the style's two colours it takes.
+struct Kind {
+    QPalette::ColorRole role;
+    Long Style::*color;
+};
+
+bool ShowsPicture(const QLabel& label) { return !label.pixmap(Qt::ReturnByValue).isNull(); }
+
+std::optional<Kind> KindOf(const QWidget& control) {
+    if (const auto* label = qobject_cast<const QLabel*>(&control)) {
+        if (ShowsPicture(*label)) return std::nullopt;
+        return Kind{QPalette::Window, &Style::lBackColorA};
+    }
+    if (qobject_cast<const QPushButton*>(&control) != nullptr)
+        return Kind{QPalette::Button, &Style::lBackColorA};
+    if (qobject_cast<const QCheckBox*>(&control) != nullptr ||
+        qobject_cast<const QRadioButton*>(&control) != nullptr)
+        return Kind{QPalette::Window, &Style::lBackColorB};
+    if (qobject_cast<const QGroupBox*>(&control) != nullptr)
+        return Kind{QPalette::Window, &Style::lBackColorA};
+    if (qobject_cast<const DriveList*>(&control) != nullptr) return std::nullopt;
+    if (qobject_cast<const QComboBox*>(&control) != nullptr)
+        return Kind{QPalette::Base, &Style::lBackColorB};
+    if (qobject_cast<const QListWidget*>(&control) != nullptr)
+        return Kind{QPalette::Base, &Style::lBackColorB};
+    return std::nullopt;
+}
+
+void SetBackColor(QWidget& widget, QPalette::ColorRole role, Long color) {
+    if (color == leaveAlone) return;
+    QPalette palette = widget.palette();
+    palette.setColor(role, QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF));
+    widget.setPalette(palette);
+    widget.setAutoFillBackground(true);
+}
+
+// The program's font stands behind the named one, so that a name no machine has falls back to what
+// the rest of the desktop looks like.
+void SetFontName(QWidget& widget, const QStringList& families) {
+    QFont font = widget.font();
+    font.setFamilies(families);
+    widget.setFont(font);
+}
+
+// Qt hands a frame's font down to what stands in it; a control of a kind outside the table must
+// not get it that way.
+void KeepOwnFonts(QWidget& window) {
+    for (const QGroupBox* frame : window.findChildren<QGroupBox*>()) {
+        for (QWidget* child :
+             frame->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+            if (!KindOf(*child)) SetFontName(*child, QStringList(child->font().family()));
+        }
+    }
+}
+
+}  // namespace
+
+void StyleApply(QWidget& window, const Style& style) {
+    SetBackColor(window, QPalette::Window, style.lBackColorA);
+    const QStringList styled{ToQString(style.sFontName), QApplication::font().family()};
+    KeepOwnFonts(window);
+    for (QWidget* control : window.findChildren<QWidget*>()) {
+        const std::optional<Kind> kind = KindOf(*control);
+        if (!kind) continue;
+        SetFontName(*control, styled);
+        SetBackColor(*control, kind->role, style.*(kind->color));
+    }
+}
+
+}  // namespace tavel
