@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tavel {
+
+// What tells one state of a host file from another.
+struct FileStamp {
+    std::uint64_t device = 0;
+    std::uint64_t inode = 0;
+    std::uint64_t size = 0;
+    std::int64_t modified = 0;  // nanoseconds
+    std::int64_t changed = 0;   // nanoseconds
+
+    bool operator==(const FileStamp&) const = default;
+};
+
+// Nothing when no ordinary file is there. Symbolic links are followed.
+std::optional<FileStamp> StampOf(const std::string& hostPath);
+
+// True when the file could be changed once more without its stamp telling, because the last change
+// is younger than what the file system's clock tells apart.
+bool MayChangeUnseen(const FileStamp& stamp);
+
+// False when it cannot be read, is no ordinary file or holds more than `limit` bytes.
+bool ReadHostFile(const std::string& hostPath, std::size_t limit, std::string& bytes,
+                  FileStamp& stamp);
+
+// Gives an existing file other bytes in one atomic step: whoever looks, after a kill or a power cut
+// too, finds the old bytes or the new ones. They are on the medium when it returns. Mode and, where
+// the user may, owner are kept, and a symbolic link stays a link to the same file. Where the folder
+// cannot be written but the file can, the file is written in place. False when it failed; the old
+// bytes are then still there, unless a medium broke while writing in place.
+bool ReplaceHostFile(const std::string& hostPath, std::string_view bytes);
+
+}  // namespace tavel

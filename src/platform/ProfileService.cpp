@@ -1,0 +1,183 @@
+#include "platform/ProfileService.h"
+
+#include "platform/Failure.h"
+#include "platform/FileService.h"
+#include "platform/ProfileFile.h"
+#include "platform/ProfileText.h"
+#include "platform/Text.h"
+
+#include <memory>
+#include <optional>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+// Larger files are kept in memory until they change; others are read anew each time.
+constexpr std::size_t keptFrom = 64 * 1024;
+
+// A profile file as it was read. Without a file there is a text all the same, an empty one.
+struct Document {
+    std::string hostPath;
+    std::optional<FileStamp> stamp;  // of the file that the text was read from or written to
+    std::unique_ptr<ProfileText> text;
+};
+
+std::shared_ptr<Document>& Kept() {
+    static std::shared_ptr<Document> document;
+    return document;
+}
+
+struct Batch {
+    std::string path;
+    std::string hostPath;
+    bool fileExists = false;
+    std::shared_ptr<Document> document;  // null when the file cannot be read
+    int depth = 1;
+};
+
+std::optional<Batch>& Running() {
+    static std::optional<Batch> batch;
+    return batch;
+}
+
+bool IsIn(const std::optional<Batch>& batch, std::string_view path) {
+    if (!batch) return false;
+    if (batch->path == path) return true;
+    return !batch->hostPath.empty() && batch->hostPath == HostFileService().HostPath(path);
+}
+
+void Keep(const std::shared_ptr<Document>& document) {
+    if (document->stamp && document->stamp->size > keptFrom && !MayChangeUnseen(*document->stamp)) {
+        Kept() = document;
+    }
+}
+
+void Forget(const Document& document) {
+    if (Kept() && Kept()->hostPath == document.hostPath) Kept().reset();
+}
+
+// Null when something is there that cannot be read.
+std::shared_ptr<Document> Load(std::string_view path) {
+    auto document = std::make_shared<Document>();
+    document->hostPath = HostFileService().HostPath(path);
+    const std::optional<FileStamp> present = StampOf(document->hostPath);
+    if (present && Kept() && Kept()->hostPath == document->hostPath && Kept()->stamp == present) {
+        return Kept();
+    }
+    Forget(*document);
+    std::string bytes;
+    if (present) {
+        document->stamp.emplace();
+        const bool isRead =
+            ReadHostFile(document->hostPath, ProfileText::MaxSize, bytes, *document->stamp);
+        if (!isRead) return nullptr;
+    }
+    document->text = std::make_unique<ProfileText>(std::move(bytes));
+    Keep(document);
+    return document;
+}
+
+// The batch's document, or what the file holds now.
+std::shared_ptr<Document> DocumentOf(std::string_view path) {
+    return IsIn(Running(), path) ? Running()->document : Load(path);
+}
+
+bool MakeFile(std::string_view path) {
+    Long error = 0;
+    const std::unique_ptr<RawFile> file = HostFileService().OpenRaw(path, RawMode::Create, error);
+    return file != nullptr && file->Close();
+}
+
+// A text that could not be written is not kept: it is not what the file holds.
+bool Save(Document& document, std::string_view path) {
+    if (!document.text->IsChanged()) return true;
+    Forget(document);
+    if (!document.stamp && !MakeFile(path)) return false;
+    const std::string hostPath = HostFileService().HostPath(path);
+    if (!ReplaceHostFile(hostPath, document.text->Bytes())) return false;
+    document.hostPath = hostPath;
+    document.stamp = StampOf(hostPath);
+    document.text->MarkSaved();
+    return true;
+}
+
+std::optional<std::string_view> ValueIn(const std::shared_ptr<Document>& document,
+                                        std::string_view section, std::string_view key) {
+    return document == nullptr ? std::nullopt : document->text->Value(section, key);
+}
+
+std::string_view WithoutBlanksAfter(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(" \t");
+    return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+}  // namespace
+
+std::string GetPrivateProfileString(std::string_view section, std::string_view key,
+                                    std::string_view defaultValue, std::size_t size,
+                                    std::string_view path) {
+    if (size == 0) return {};
+    const std::shared_ptr<Document> document = DocumentOf(path);
+    const std::optional<std::string_view> value = ValueIn(document, section, key);
+    return std::string(CutAt(value.value_or(WithoutBlanksAfter(defaultValue)), size - 1));
+}
+
+unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, int defaultValue,
+                              std::string_view path) {
+    const std::shared_ptr<Document> document = DocumentOf(path);
+    const std::optional<std::string_view> value = ValueIn(document, section, key);
+    if (!value || value->empty()) return static_cast<unsigned>(defaultValue);
+    const bool isNegative = value->front() == '-';
+    unsigned number = 0;
+    for (std::size_t i = isNegative || value->front() == '+' ? 1 : 0; i < value->size(); ++i) {
+        const char digit = (*value)[i];
+        if (digit < '0' || digit > '9') break;
+        number = number * 10 + static_cast<unsigned>(digit - '0');
+    }
+    return isNegative ? 0 - number : number;
+}
+
+bool WritePrivateProfileString(std::string_view section, std::string_view key,
+                               std::string_view value, std::string_view path) {
+    const std::shared_ptr<Document> document = DocumentOf(path);
+    if (document == nullptr || !document->text->Write(section, key, value)) return false;
+    if (IsIn(Running(), path)) return true;
+    if (!Save(*document, path)) return false;
+    Keep(document);
+    return true;
+}
+
+ProfileBatch::ProfileBatch(std::string_view path) {
+    if (Running()) {
+        if (!IsIn(Running(), path)) Fail(failure::InvalidProcedureCall);
+        ++Running()->depth;
+        return;
+    }
+    Batch batch;
+    batch.path = path;
+    batch.fileExists = ProfileFileExists(path);
+    batch.document = Load(path);
+    if (batch.document != nullptr) batch.hostPath = batch.document->hostPath;
+    Running() = std::move(batch);
+}
+
+ProfileBatch::~ProfileBatch() {
+    if (--Running()->depth > 0) return;
+    const Batch batch = std::move(*Running());
+    Running().reset();
+    if (batch.document != nullptr && Save(*batch.document, batch.path)) Keep(batch.document);
+}
+
+bool ProfileFileExists(std::string_view path) {
+    if (IsIn(Running(), path)) return Running()->fileExists;
+    // Any failure of the test stands for a missing file.
+    try {
+        return HostFileService().FileExists(path) && !HostFileService().GetFile(path).Hidden;
+    } catch (const Failure&) {
+        return false;
+    }
+}
+
+}  // namespace tavel

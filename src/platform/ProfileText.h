@@ -1,0 +1,92 @@
+#pragma once
+
+#include "platform/ProfileNames.h"
+#include "platform/TextStore.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavel {
+
+// The bytes of a profile file with its keys looked up and edited in memory; no file is touched.
+// Any bytes are a profile. A line ends at CR LF, LF or CR; a first visible character ";" makes it
+// a comment, "[" a header up to the first "]", anything else with a name before a "=" a key. Only
+// the first of equal sections is known, and in it the first of equal keys. Keys before the first
+// header, or behind a header without a name, cannot be reached.
+class ProfileText {
+  public:
+    // What a file may hold: places in it are 32-bit numbers.
+    static constexpr std::size_t MaxSize = std::size_t{1} << 30;
+
+    // Takes at most MaxSize bytes.
+    explicit ProfileText(std::string bytes);
+    ProfileText(const ProfileText&) = delete;
+    ProfileText& operator=(const ProfileText&) = delete;
+
+    // The value as it reads: without the blanks around it, then without one pair of equal quotes.
+    // A NUL ends it. Blanks around `key` do not count. The view is good until the next Write.
+    std::optional<std::string_view> Value(std::string_view section, std::string_view key) const;
+
+    // Replaces the value in place, or puts the new key behind the last key of its section, or a
+    // new section at the end; a value that reads the same already changes nothing. A NUL ends the
+    // value, a line break in it becomes one blank, and one that would not survive its reading gets
+    // an extra pair of quotes. False, with nothing changed, for names that could not be found
+    // again: empty ones, those with "=" or a line break or a NUL, those that begin with ";" or "[",
+    // and sections with "]".
+    bool Write(std::string_view section, std::string_view key, std::string_view value);
+
+    // True when Write has changed something since the last MarkSaved.
+    bool IsChanged() const { return m_isChanged; }
+    void MarkSaved() { m_isChanged = false; }
+
+    // The whole file as it stands.
+    std::string Bytes() const;
+
+  private:
+    static constexpr std::uint32_t None = IndexTable::None;
+
+    struct Section {
+        std::string_view name;
+        std::uint32_t firstKey = 0;  // its keys that the read bytes hold, to endKey
+        std::uint32_t endKey = 0;
+        std::uint32_t insertAt = 0;  // the place in the read bytes where its new keys go
+        bool isNew = false;
+        std::uint32_t firstNew = None;
+        std::uint32_t lastNew = None;
+    };
+
+    struct Key {
+        std::string_view name;
+        std::string_view value;  // as the file spells it, without the blanks around it
+        std::uint32_t section = None;
+        std::uint32_t valueAt = 0;  // where the read bytes hold the value, and how much of it
+        std::uint32_t valueSize = 0;
+        std::uint32_t nextNew = None;
+        bool isReplaced = false;
+    };
+
+    void Parse();
+    std::uint32_t ParseHeader(std::string_view line, std::uint32_t nextLine);
+    void ParseKey(std::string_view line, std::uint32_t section, std::uint32_t nextLine);
+    std::uint32_t FindSection(std::string_view name) const;
+    std::uint32_t FindKey(std::uint32_t section, std::string_view name) const;
+    std::uint32_t AddSection(const Section& section);
+    std::uint32_t AddKey(const Key& key);
+    void Replace(Key& key, std::string_view value);
+    void Append(std::uint32_t section, std::string_view name, std::string_view value);
+
+    std::string m_read;  // never changes: the views below point into it or into m_added
+    TextStore m_added;
+    std::size_t m_addedBytes = 0;
+    std::vector<Section> m_sections;  // in the order of the file, the new ones last
+    std::vector<Key> m_keys;
+    IndexTable m_sectionTable;
+    IndexTable m_keyTable;
+    bool m_isChanged = false;
+};
+
+}  // namespace tavel
