@@ -1,0 +1,72 @@
+#include "platform/linux/DrivePath.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+
+namespace tavel {
+
+namespace {
+
+bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
+
+void Descend(std::vector<std::string>& names, std::string_view rest, char separator) {
+    while (!rest.empty()) {
+        const std::size_t end = std::min(rest.find(separator), rest.size());
+        const std::string_view name = rest.substr(0, end);
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+        if (name.empty() || name == ".") continue;
+        if (name != "..") {
+            names.emplace_back(name);
+        } else if (!names.empty()) {
+            names.pop_back();
+        }
+    }
+}
+
+std::string WorkingFolder() {
+    std::error_code none;
+    return std::filesystem::current_path(none).string();
+}
+
+}  // namespace
+
+std::string DrivePath::Text() const {
+    std::string text = drive + '\\';
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i > 0) text += '\\';
+        text += names[i];
+    }
+    return text;
+}
+
+std::optional<DrivePath> ParseDrivePath(std::string_view text) {
+    if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
+    DrivePath path;
+    path.drive = "c:";
+    path.endsInSeparator = text.back() == '\\';
+    if (text.size() >= 2 && IsLetter(text[0]) && text[1] == ':') {
+        path.drive = text.substr(0, 2);
+        path.letter = static_cast<char>(text[0] | 0x20);
+        text.remove_prefix(2);
+    } else if (text.front() != '\\') {
+        Descend(path.names, WorkingFolder(), '/');
+    }
+    Descend(path.names, text, '\\');
+    return path;
+}
+
+std::string PathBelow(std::string_view folder, std::string_view name) {
+    std::string path(folder);
+    if (path.empty() || path.back() != '\\') path += '\\';
+    return path.append(name);
+}
+
+std::string FixedDrivePath(std::string_view hostPath) {
+    DrivePath path;
+    path.drive = "c:";
+    Descend(path.names, hostPath, '/');
+    return path.Text();
+}
+
+}  // namespace tavel

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tavel {
+
+// A drive path taken apart: the letter, and the names below the drive's root with "." and ".."
+// resolved.
+struct DrivePath {
+    char letter = 'c';               // lower case
+    std::string drive;               // letter and colon as they were written
+    std::vector<std::string> names;  // empty: the root
+    bool endsInSeparator = false;
+
+    // The path written out, without a separator at its end unless it is the root.
+    std::string Text() const;
+};
+
+// Nothing for a text that can be no path: the empty one, and one with a NUL.
+std::optional<DrivePath> ParseDrivePath(std::string_view text);
+
+// The text of an entry of the folder that `folder` names.
+std::string PathBelow(std::string_view folder, std::string_view name);
+
+// A host path as a path of c:.
+std::string FixedDrivePath(std::string_view hostPath);
+
+}  // namespace tavel

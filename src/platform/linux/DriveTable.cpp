@@ -1,0 +1,111 @@
+#include "platform/linux/DriveTable.h"
+
+#include "platform/Failure.h"
+#include "platform/linux/MountFacts.h"
+
+#include <fcntl.h>
+
+#include <algorithm>
+#include <string_view>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+std::string LastName(std::string_view path) {
+    return std::string(path.substr(path.rfind('/') + 1));
+}
+
+bool IsSameMount(const MountEntry& a, const MountEntry& b) {
+    return a.id == b.id && a.target == b.target && a.source == b.source && a.device == b.device;
+}
+
+}  // namespace
+
+DriveTable::DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts)
+    : m_links(std::move(programFolder) + "/drives"), m_source(std::move(mounts)) {}
+
+void DriveTable::Refresh() {
+    m_links.Refresh();
+    if (m_source->HasChanged()) ReadMounts();
+}
+
+void DriveTable::ReadMounts() {
+    const std::vector<RemovableMount> found = RemovableMounts(*m_source);
+    const auto isGone = [&](const MountedDrive& drive) {
+        return std::none_of(found.begin(), found.end(), [&](const RemovableMount& mount) {
+            return IsSameMount(mount.entry, drive.mount.entry);
+        });
+    };
+    m_mounts.erase(std::remove_if(m_mounts.begin(), m_mounts.end(), isGone), m_mounts.end());
+    for (const RemovableMount& mount : found) {
+        const bool isKnown = std::any_of(
+            m_mounts.begin(), m_mounts.end(),
+            [&](const MountedDrive& drive) { return IsSameMount(mount.entry, drive.mount.entry); });
+        if (isKnown) continue;
+        // With every letter taken the drive waits for the next change.
+        if (const char letter = FreeLetter()) m_mounts.push_back({letter, mount});
+    }
+}
+
+char DriveTable::FreeLetter() const {
+    for (char letter = 'd'; letter <= 'z'; ++letter) {
+        const bool isTaken = m_links.Has(letter) ||
+                             std::any_of(m_mounts.begin(), m_mounts.end(),
+                                         [&](const auto& drive) { return drive.letter == letter; });
+        if (!isTaken) return letter;
+    }
+    return 0;
+}
+
+const DriveTable::MountedDrive* DriveTable::MountOf(char letter) const {
+    for (const MountedDrive& drive : m_mounts) {
+        if (drive.letter == letter && IsDevicePresent(drive.mount.entry.device)) return &drive;
+    }
+    return nullptr;
+}
+
+std::vector<DriveTable::Entry> DriveTable::Entries() {
+    Refresh();
+    std::vector<Entry> entries;
+    for (char letter = 'a'; letter <= 'z'; ++letter) {
+        if (const MountedDrive* drive = MountOf(letter)) {
+            entries.push_back({letter, drive->mount.label, {drive->mount.entry.target}});
+        } else if (m_links.Has(letter)) {
+            entries.push_back(LinkEntry(letter));
+        }
+    }
+    return entries;
+}
+
+DriveTable::Entry DriveTable::LinkEntry(char letter) {
+    if (!m_links.Open(letter).IsOpen()) return {letter, {}, {}};
+    const std::string target = m_links.Target(letter);
+    return {letter, LastName(target), {target, m_links.Links().at(letter).hostPath}};
+}
+
+bool DriveTable::Has(char letter) {
+    Refresh();
+    return MountOf(letter) != nullptr || m_links.Has(letter);
+}
+
+DriveTable::Root DriveTable::Open(char letter) {
+    Refresh();
+    Root root;
+    if (const MountedDrive* drive = MountOf(letter)) {
+        root.hostPath = drive->mount.entry.target;
+        root.folder = Descriptor(open(root.hostPath.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+        // Between the look at the table and here the stick may have gone and left its folder.
+        if (root.folder.IsOpen() && MountIdOf(root.folder.Get()) == drive->mount.entry.id)
+            return root;
+        return {{}, {}, failure::PathNotFound};
+    }
+    if (!m_links.Has(letter)) return {{}, {}, failure::PathNotFound};
+    root.folder = m_links.Open(letter);
+    root.hostPath = m_links.Links().at(letter).hostPath;
+    if (!root.folder.IsOpen()) return {{}, {}, failure::DiskNotReady};
+    return root;
+}
+
+}  // namespace tavel

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/Numbers.h"
+#include "platform/linux/DriveLinks.h"
+#include "platform/linux/MountSource.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace tavel {
+
+// The removable drives and their letters: mounted file systems from d: on, in the order of
+// mounting, each keeping its letter while it is mounted, and folders linked as `drives/X`. A letter
+// that a mount has stays with it; a new mount passes over the letters of links.
+class DriveTable {
+  public:
+    DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
+
+    struct Entry {
+        char letter = 0;
+        std::string label;                   // empty when there is no medium
+        std::vector<std::string> hostRoots;  // the host's names of its root
+    };
+
+    // What is there at this moment, by letter.
+    std::vector<Entry> Entries();
+    bool Has(char letter);
+
+    // The root of a drive's file system, to look beneath; `hostPath` is its name. Keep it open no
+    // longer than a call, or the stick can't be unmounted. Not open when the drive has no medium
+    // (`error` is then 71 Disk not ready) or is not there (76 Path not found).
+    struct Root {
+        Descriptor folder;
+        std::string hostPath;
+        Long error = 0;
+    };
+    Root Open(char letter);
+
+  private:
+    struct MountedDrive {
+        char letter = 0;
+        RemovableMount mount;
+    };
+
+    void Refresh();
+    void ReadMounts();
+    char FreeLetter() const;
+    Entry LinkEntry(char letter);
+    const MountedDrive* MountOf(char letter) const;
+
+    DriveLinks m_links;
+    std::unique_ptr<MountSource> m_source;
+    std::vector<MountedDrive> m_mounts;
+};
+
+}  // namespace tavel

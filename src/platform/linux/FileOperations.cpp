@@ -1,0 +1,156 @@
+#include "platform/linux/FileOperations.h"
+
+#include "platform/Failure.h"
+#include "platform/linux/HostErrors.h"
+#include "platform/linux/HostFile.h"
+#include "platform/linux/HostNames.h"
+
+#include <stdio.h>
+
+#include <cerrno>
+#include <utility>
+#include <vector>
+
+namespace tavel {
+
+namespace {
+
+constexpr std::size_t pieceSize = std::size_t{1024} * 1024;
+
+void Require(bool succeeded) {
+    if (!succeeded) FailWithHostError();
+}
+
+void RequireFile(const Place& place) {
+    if (place.failure != 0) Fail(place.failure);
+    if (!place.IsFile()) Fail(failure::FileNotFound);
+}
+
+void RequireFree(const Place& place) {
+    if (place.failure == 0) Fail(failure::FileAlreadyExists);
+    if (place.failure != failure::FileNotFound) Fail(place.failure);
+    if (place.name.empty()) Fail(failure::BadFileName);
+}
+
+void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
+
+Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
+    Place place = FindPlace(drives, target);
+    const bool meansFolder = place.path.endsInSeparator || place.path.names.empty();
+    if (!place.IsFolder() || !meansFolder || source.path.names.empty()) return place;
+    return FindPlace(drives, PathBelow(target, source.path.names.back()));
+}
+
+std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
+    Long error = 0;
+    std::unique_ptr<HostFile> file = OpenHostFile(std::move(place), mode, error);
+    if (!file) Fail(error);
+    return file;
+}
+
+// 0, or the run-time's number of what went wrong.
+Long CopyBytes(HostFile& source, HostFile& target) {
+    std::vector<char> piece(pieceSize);
+    std::size_t count = 0;
+    std::size_t written = 0;
+    do {
+        if (!source.Read(piece, count)) return source.Error();
+        if (!target.Write({piece.data(), count}, written)) return target.Error();
+    } while (count == piece.size());
+    return 0;
+}
+
+void CopyBetween(Place source, DriveTable& drives, Place target) {
+    const struct stat status = source.status;
+    const std::string targetPath = target.path.Text();
+    const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
+    const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
+    Long error = CopyBytes(*from, *to);
+    if (error == 0) to->CopyTimeOf(status);
+    if (!to->Close() && error == 0) error = to->Error();
+    if (error == 0) return;
+    const Place partial = FindPlace(drives, targetPath);
+    if (partial.IsFile()) Remove(partial);
+    Fail(error);
+}
+
+// A name that differs from the source's in case only finds the source itself.
+bool IsSameEntry(const Place& a, const Place& b) {
+    return b.failure == 0 && a.IsSameAs(b) && (a.hostPath == b.hostPath || a.status.st_nlink == 1);
+}
+
+void Respell(const Place& source, const Place& target) {
+    const std::string name = NameToCreate(target.path.names.back());
+    if (name.empty()) Fail(failure::BadFileName);
+    const std::string& spelled = target.folder.IsOpen() ? name : target.name;
+    Require(renameat(source.Parent(), source.name.c_str(), target.Parent(), spelled.c_str()) == 0);
+    Require(SyncFolderOf(source));
+}
+
+// False when the two lie in different file systems.
+bool RenameIfFree(const Place& source, const Place& target) {
+    const char* from = source.name.c_str();
+    const char* to = target.name.c_str();
+    if (renameat2(source.Parent(), from, target.Parent(), to, RENAME_NOREPLACE) == 0) return true;
+    if (errno == EXDEV) return false;
+    // Not every file system knows the flag; that the target is free has been seen just now.
+    if (errno != EINVAL && errno != ENOSYS) FailWithHostError();
+    Require(renameat(source.Parent(), from, target.Parent(), to) == 0);
+    return true;
+}
+
+void MoveAcross(DriveTable& drives, Place source, Place target) {
+    const std::string sourcePath = source.path.Text();
+    CopyBetween(std::move(source), drives, std::move(target));
+    DeleteFileAt(FindPlace(drives, sourcePath), true);
+}
+
+}  // namespace
+
+void CreateFolderAt(const Place& place) {
+    RequireFree(place);
+    Require(mkdirat(place.Parent(), place.name.c_str(), 0777) == 0);
+    Require(SyncFolderOf(place));
+}
+
+void DeleteFileAt(const Place& place, bool force) {
+    RequireFile(place);
+    if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
+    Require(unlinkat(place.Parent(), place.name.c_str(), 0) == 0);
+    Require(SyncFolderOf(place));
+}
+
+void CreateTextFileAt(Place place, bool overwrite) {
+    if (place.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
+    const std::unique_ptr<HostFile> file = OpenOrFail(std::move(place), RawMode::Create);
+    if (!file->Close()) Fail(file->Error());
+}
+
+void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_view target,
+                     bool overwrite) {
+    Place from = FindPlace(drives, source);
+    RequireFile(from);
+    Place to = FindTarget(drives, target, from);
+    if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
+    if (to.failure == 0 && from.IsSameAs(to)) Fail(failure::PermissionDenied);
+    CopyBetween(std::move(from), drives, std::move(to));
+}
+
+void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target) {
+    Place from = FindPlace(drives, source);
+    RequireFile(from);
+    Place to = FindTarget(drives, target, from);
+    if (IsSameEntry(from, to)) {
+        Respell(from, to);
+        return;
+    }
+    RequireFree(to);
+    if (to.path.endsInSeparator) Fail(failure::PathNotFound);
+    if (RenameIfFree(from, to)) {
+        Require(SyncFolderOf(from) && SyncFolderOf(to));
+    } else {
+        MoveAcross(drives, std::move(from), std::move(to));
+    }
+}
+
+}  // namespace tavel

@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/linux/Places.h"
+
+#include <string_view>
+
+namespace tavel {
+
+// What the file service does to whole files and folders; each fails with the run-time's numbers as
+// FileService tells. Targets that end in a separator, or that are a drive's root, mean the source's
+// name in that folder.
+
+void CreateFolderAt(const Place& place);
+void DeleteFileAt(const Place& place, bool force);
+void CreateTextFileAt(Place place, bool overwrite);
+// A copy that fails leaves no target. It keeps the modification time.
+void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_view target,
+                     bool overwrite);
+void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target);
+
+}  // namespace tavel

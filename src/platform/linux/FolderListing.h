@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/FileService.h"
+#include "platform/linux/Places.h"
+
+namespace tavel {
+
+// What the folder at a place holds. Passed over are entries that are neither file nor folder, links
+// that lead nowhere, names with a backslash (no drive path can name them), and links to a folder
+// that leads here, which would make a walk endless.
+FolderContents ContentsOf(const Place& place);
+
+FileEntry EntryOfFile(const Place& place);
+
+}  // namespace tavel

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/FileService.h"
+#include "platform/linux/Descriptor.h"
+#include "platform/linux/Places.h"
+
+namespace tavel {
+
+// Makes what has happened to the entries of a place's folder lasting, on a removable drive; the
+// host sees to other drives in its own time. False when the host reports a failure.
+bool SyncFolderOf(const Place& place);
+
+// An open file of the host.
+class HostFile : public RawFile {
+  public:
+    HostFile(Descriptor file, Place place, bool isWritten, bool isNew);
+    ~HostFile() override;
+
+    bool Read(std::span<char> buffer, std::size_t& bytesRead) override;
+    bool Write(std::span<const char> buffer, std::size_t& bytesWritten) override;
+    std::int64_t Size() override;
+    bool Seek(std::int64_t position) override;
+    bool Close() override;
+
+    // The run-time's number for the last failure, 0 when there was none.
+    Long Error() const { return m_error; }
+    // Takes over the modification time of another file.
+    void CopyTimeOf(const struct stat& status);
+
+  private:
+    bool Failed();
+    bool Sync();
+    bool KeepPace(std::size_t bytes);
+
+    Descriptor m_file;
+    Place m_place;
+    bool m_isWritten;
+    bool m_isNew;
+    bool m_isOfProcess = false;  // the file system is a process of its own
+    std::int64_t m_unflushed = 0;
+    std::int64_t m_flushedTo = 0;
+    Long m_error = 0;
+};
+
+// Null when the file can't be opened; `error` then is the run-time's number for it, else 0.
+std::unique_ptr<HostFile> OpenHostFile(Place place, RawMode mode, Long& error);
+
+}  // namespace tavel

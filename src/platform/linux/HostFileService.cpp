@@ -1,0 +1,138 @@
+#include "platform/linux/HostFileService.h"
+
+#include "platform/Failure.h"
+#include "platform/linux/DriveTable.h"
+#include "platform/linux/FileOperations.h"
+#include "platform/linux/FolderListing.h"
+#include "platform/linux/HostDrive.h"
+#include "platform/linux/HostFile.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <system_error>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+std::string ProgramFolderOfHost() {
+    std::error_code none;
+    return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
+}
+
+bool IsBelow(std::string_view hostPath, std::string_view root) {
+    return hostPath.substr(0, root.size()) == root &&
+           (hostPath.size() == root.size() || hostPath[root.size()] == '/');
+}
+
+std::string ReadToEnd(HostFile& file) {
+    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(file.Size(), 0)) + 1, '\0');
+    std::size_t length = 0;
+    std::size_t count = 0;
+    while (file.Read({bytes.data() + length, bytes.size() - length}, count)) {
+        length += count;
+        const bool isAtEnd = length < bytes.size();
+        bytes.resize(isAtEnd ? length : 2 * length);
+        if (isAtEnd) return bytes;
+    }
+    Fail(file.Error());
+}
+
+class LinuxFileService : public FileService {
+  public:
+    LinuxFileService(std::string programFolder, std::unique_ptr<MountSource> mounts)
+        : m_drives(std::make_shared<DriveTable>(std::move(programFolder), std::move(mounts))) {}
+
+    bool DriveExists(std::string_view name) override {
+        const char letter = DriveLetterOf(name);
+        return letter == 'c' || (letter != 0 && m_drives->Has(letter));
+    }
+
+    std::shared_ptr<Drive> GetDrive(std::string_view name) override {
+        if (!DriveExists(name)) Fail(failure::DeviceUnavailable);
+        return std::make_shared<HostDrive>(DriveLetterOf(name), m_drives);
+    }
+
+    std::vector<std::string> DriveTexts() override {
+        std::vector<std::string> texts{"c:"};
+        for (const DriveTable::Entry& entry : m_drives->Entries()) {
+            std::string text{entry.letter, ':'};
+            if (!entry.label.empty()) text += " [" + entry.label + "]";
+            texts.insert(entry.letter < 'c' ? texts.end() - 1 : texts.end(), std::move(text));
+        }
+        return texts;
+    }
+
+    bool FileExists(std::string_view path) override { return Find(path).IsFile(); }
+    bool FolderExists(std::string_view path) override { return Find(path).IsFolder(); }
+    FileEntry GetFile(std::string_view path) override { return EntryOfFile(Find(path)); }
+    FolderContents GetFolder(std::string_view path) override { return ContentsOf(Find(path)); }
+    void CreateFolder(std::string_view path) override { CreateFolderAt(Find(path)); }
+
+    void MoveFile(std::string_view source, std::string_view target) override {
+        MoveFileBetween(*m_drives, source, target);
+    }
+    void CopyFile(std::string_view source, std::string_view target, bool overwrite) override {
+        CopyFileBetween(*m_drives, source, target, overwrite);
+    }
+    void DeleteFile(std::string_view path, bool force) override { DeleteFileAt(Find(path), force); }
+    void CreateTextFile(std::string_view path, bool overwrite) override {
+        CreateTextFileAt(Find(path), overwrite);
+    }
+
+    std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) override {
+        return OpenHostFile(Find(path), mode, error);
+    }
+
+    std::string ReadWhole(std::string_view path) override {
+        Place place = Find(path);
+        EntryOfFile(place);
+        Long error = 0;
+        const std::unique_ptr<HostFile> file = OpenHostFile(std::move(place), RawMode::Read, error);
+        if (!file) Fail(error);
+        return ReadToEnd(*file);
+    }
+
+    std::string HostPath(std::string_view path) override {
+        const Place place = Find(path);
+        const bool canBeCreated = place.failure == failure::FileNotFound && !place.name.empty();
+        return place.failure == 0 || canBeCreated ? place.hostPath : std::string();
+    }
+
+    std::string FromHostPath(std::string_view hostPath) override {
+        std::string longest;
+        std::string drive;
+        for (const DriveTable::Entry& entry : m_drives->Entries()) {
+            for (const std::string& root : entry.hostRoots) {
+                if (root.size() <= longest.size() || !IsBelow(hostPath, root)) continue;
+                longest = root;
+                drive = {entry.letter, ':'};
+            }
+        }
+        if (drive.empty()) return FixedDrivePath(hostPath);
+        return drive + FixedDrivePath(hostPath.substr(longest.size())).substr(2);
+    }
+
+  private:
+    Place Find(std::string_view path) { return FindPlace(*m_drives, path); }
+
+    std::shared_ptr<DriveTable> m_drives;
+};
+
+}  // namespace
+
+std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
+                                                 std::unique_ptr<MountSource> mounts) {
+    return std::make_unique<LinuxFileService>(std::move(programFolder), std::move(mounts));
+}
+
+FileService& HostFileService() {
+    static const std::unique_ptr<FileService> service =
+        MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
+    return *service;
+}
+
+std::string ProgramFolder() { return HostFileService().FromHostPath(ProgramFolderOfHost()); }
+
+}  // namespace tavel

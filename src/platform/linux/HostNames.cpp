@@ -1,0 +1,91 @@
+#include "platform/linux/HostNames.h"
+
+#include "platform/Text.h"
+#include "platform/linux/Descriptor.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <memory>
+
+namespace tavel {
+
+namespace {
+
+bool IsAscii(std::string_view text) {
+    return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
+}
+
+char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
+
+bool IsRefusedCharacter(char c) {
+    return static_cast<unsigned char>(c) < 0x20 ||
+           std::string_view("<>:\"/\\|?*").find(c) != std::string_view::npos;
+}
+
+// CON, NUL, COM1 and the like, with any extension: the setting never makes files of such names,
+// and a stick that carried one could not be used there.
+bool IsDeviceName(std::string_view name) {
+    static constexpr std::array<std::string_view, 6> plain{"con", "prn",    "aux",
+                                                           "nul", "conin$", "conout$"};
+    std::string base = LowerCase(name.substr(0, name.find('.')));
+    base.resize(WithoutDroppedEnd(base).size());
+    if (std::find(plain.begin(), plain.end(), base) != plain.end()) return true;
+    if (base.rfind("com", 0) != 0 && base.rfind("lpt", 0) != 0) return false;
+    const std::string_view port = std::string_view(base).substr(3);
+    if (port.size() == 1) return port[0] >= '1' && port[0] <= '9';
+    return port == "\u00b9" || port == "\u00b2" || port == "\u00b3";
+}
+
+}  // namespace
+
+std::string_view WithoutDroppedEnd(std::string_view name) {
+    const std::size_t last = name.find_last_not_of(" .");
+    return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
+}
+
+std::string NameToCreate(std::string_view name) {
+    std::string kept = ToUtf8(WithoutDroppedEnd(name));
+    if (std::any_of(kept.begin(), kept.end(), IsRefusedCharacter) || IsDeviceName(kept)) return {};
+    return kept;
+}
+
+bool NamesMatch(std::string_view a, std::string_view b) {
+    if (IsAscii(a) && IsAscii(b)) {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
+    }
+    return EqualsIgnoringCase(ToUtf8(a), ToUtf8(b));
+}
+
+std::vector<std::string> NamesIn(int folder, int& error) {
+    std::vector<std::string> names;
+    Descriptor own(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own.IsOpen() ? fdopendir(own.Get()) : nullptr,
+                                                      closedir);
+    if (!listing) {
+        error = errno;
+        return names;
+    }
+    own.Release();  // the listing owns it from here on
+    errno = 0;
+    while (const dirent* entry = readdir(listing.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") names.emplace_back(name);
+    }
+    error = errno;
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string_view MatchingName(const std::vector<std::string>& names, std::string_view name) {
+    const auto match = std::find_if(names.begin(), names.end(), [&](const std::string& candidate) {
+        return NamesMatch(candidate, name);
+    });
+    return match == names.end() ? std::string_view{} : std::string_view(*match);
+}
+
+}  // namespace tavel

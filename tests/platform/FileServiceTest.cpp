@@ -1,0 +1,411 @@
+#include "platform/FileService.h"
+#include "support/HostDrives.h"
+#include "support/Support.h"
+
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <filesystem>
+
+namespace tavel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+// What the file operations do, on c: and on a removable drive alike.
+class FileOperations : public HostDrives, public ::testing::WithParamInterface<char> {
+  protected:
+    void SetUp() override {
+        Link('e', "card");
+        if (GetParam() == 'e') {
+            root = "e:";
+        } else {
+            root = temp.DrivePath("card");
+        }
+    }
+
+    std::string At(const std::string& path) const { return root + "\\" + path; }
+    std::string Host(const std::string& path) const { return temp.HostPath("card/" + path); }
+    void Put(const std::string& path, const std::string& bytes) const {
+        temp.Write("card/" + path, bytes);
+    }
+    std::string Bytes(const std::string& path) const { return temp.Read("card/" + path); }
+    bool Has(const std::string& path) const { return fs::exists(Host(path)); }
+
+    std::string root;
+};
+
+INSTANTIATE_TEST_SUITE_P(Drives, FileOperations, ::testing::Values('c', 'e'),
+                         [](const auto& drive) { return std::string(1, drive.param); });
+
+}  // namespace
+
+TEST_P(FileOperations, Exist_tests_tell_files_from_folders) {
+    Put("psp/a.jpg", "x");
+    EXPECT_TRUE(files->FileExists(At("psp\\a.jpg")));
+    EXPECT_FALSE(files->FileExists(At("psp")));
+    EXPECT_FALSE(files->FileExists(At("psp\\a.jpg\\")));
+    EXPECT_FALSE(files->FileExists(At("psp\\b.jpg")));
+    EXPECT_FALSE(files->FileExists(At("none\\a.jpg")));
+    EXPECT_FALSE(files->FileExists(""));
+    EXPECT_FALSE(files->FileExists(std::string("c:\\\0x", 5)));
+    EXPECT_TRUE(files->FolderExists(At("psp")));
+    EXPECT_TRUE(files->FolderExists(At("psp\\")));
+    EXPECT_TRUE(files->FolderExists(root + "\\"));
+    EXPECT_FALSE(files->FolderExists(At("psp\\a.jpg")));
+    EXPECT_FALSE(files->FolderExists(At("psp\\a.jpg\\x")));
+    EXPECT_FALSE(files->FolderExists(""));
+}
+
+TEST_P(FileOperations, Names_match_without_regard_to_case_and_the_exact_spelling_first) {
+    Put("PSP/Photo/Bild \xc3\x84.JPG", "upper");
+    EXPECT_TRUE(files->FileExists(At("psp\\PHOTO\\bild \xc3\xa4.jpg")));
+    EXPECT_EQ(files->ReadWhole(At("psp\\photo\\BILD \xc3\xa4.jpg")), "upper");
+    Put("a.txt", "small");
+    Put("A.TXT", "tall");
+    EXPECT_EQ(files->ReadWhole(At("a.txt")), "small");
+    EXPECT_EQ(files->ReadWhole(At("A.TXT")), "tall");
+    EXPECT_EQ(files->ReadWhole(At("a.Txt")), "tall") << "the first in byte order";
+}
+
+TEST_P(FileOperations, A_name_in_the_8_bit_page_finds_its_file_however_the_host_spells_it) {
+    Put("caf\xe9.txt", "raw");
+    EXPECT_EQ(files->ReadWhole(At("caf\xe9.txt")), "raw");
+    EXPECT_EQ(files->ReadWhole(At("CAF\xc3\x89.txt")), "raw");
+    files->CreateTextFile(At("na\xefve.txt"), true);
+    EXPECT_TRUE(Has("na\xc3\xafve.txt"));
+    EXPECT_TRUE(files->FileExists(At("na\xefve.txt")));
+}
+
+TEST_P(FileOperations, Dots_are_taken_lexically_and_never_leave_the_drive) {
+    Put("psp/a.txt", "x");
+    EXPECT_TRUE(files->FileExists(At(".\\none\\..\\psp\\.\\a.txt")));
+    EXPECT_TRUE(files->FolderExists("e:\\..\\..\\psp\\.."));
+    EXPECT_TRUE(files->FileExists("e:\\..\\..\\psp\\a.txt"));
+    EXPECT_TRUE(files->FolderExists("c:\\..\\..\\.."));
+}
+
+TEST_P(FileOperations, GetFile_tells_path_name_size_and_hidden) {
+    Put("psp/.a.jpg", "12345");
+    const FileEntry entry = files->GetFile(At("psp\\.a.jpg"));
+    EXPECT_EQ(entry.Path, At("psp\\.a.jpg"));
+    EXPECT_EQ(entry.Name, ".a.jpg");
+    EXPECT_EQ(entry.Size, 5);
+    EXPECT_TRUE(entry.Hidden);
+    Put("b.jpg", "");
+    EXPECT_FALSE(files->GetFile(At("b.jpg")).Hidden);
+    EXPECT_EQ(FailureOf([&] { files->GetFile(At("none.jpg")); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->GetFile(At("none\\b.jpg")); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->GetFile(At("psp")); }), 53);
+}
+
+TEST_P(FileOperations, GetFile_tells_sizes_beyond_32_bits) {
+    Put("big.avi", "");
+    fs::resize_file(Host("big.avi"), std::uintmax_t{5} << 30);
+    EXPECT_EQ(files->GetFile(At("big.avi")).Size, std::int64_t{5} << 30);
+}
+
+TEST_P(FileOperations, GetFolder_lists_by_name_without_regard_to_case) {
+    for (const char* name : {"b.jpg", "A.jpg", "c.JPG", "a.jpg", ".h.jpg"}) Put(name, name);
+    for (const char* name : {"zoo", "Album", "album"}) fs::create_directory(Host(name));
+    const FolderContents contents = files->GetFolder(root + "\\");
+    std::vector<std::string> names;
+    for (const FileEntry& file : contents.Files) {
+        names.push_back(file.Name);
+        EXPECT_EQ(file.Path, At(file.Name));
+        EXPECT_EQ(file.Size, static_cast<std::int64_t>(file.Name.size()));
+        EXPECT_EQ(file.Hidden, file.Name == ".h.jpg");
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{".h.jpg", "A.jpg", "a.jpg", "b.jpg", "c.JPG"}));
+    names.clear();
+    for (const FolderEntry& folder : contents.SubFolders) {
+        names.push_back(folder.Name);
+        EXPECT_EQ(folder.Path, At(folder.Name));
+    }
+    EXPECT_EQ(names, (std::vector<std::string>{"Album", "album", "zoo"}));
+}
+
+TEST_P(FileOperations, GetFolder_names_the_folder_as_it_was_asked_for) {
+    fs::create_directories(Host("PSP/MUSIC/Rock"));
+    const FolderContents contents = files->GetFolder(At("psp\\music\\"));
+    EXPECT_EQ(contents.Folder.Path, At("psp\\music"));
+    EXPECT_EQ(contents.Folder.Name, "music");
+    ASSERT_EQ(contents.SubFolders.size(), 1u);
+    EXPECT_EQ(contents.SubFolders[0].Path, At("psp\\music\\Rock"));
+    EXPECT_TRUE(files->FolderExists(contents.SubFolders[0].Path));
+}
+
+TEST_P(FileOperations, GetFolder_passes_over_what_is_neither_file_nor_folder) {
+    ASSERT_EQ(mkfifo(Host("pipe.jpg").c_str(), 0600), 0);
+    fs::create_symlink(Host("none"), Host("dangling.jpg"));
+    Put("back\\slash.jpg", "x");
+    Put("a.jpg", "x");
+    const FolderContents contents = files->GetFolder(root + "\\");
+    ASSERT_EQ(contents.Files.size(), 1u);
+    EXPECT_EQ(contents.Files[0].Name, "a.jpg");
+    EXPECT_TRUE(contents.SubFolders.empty());
+    EXPECT_FALSE(files->FileExists(At("pipe.jpg")));
+}
+
+TEST_P(FileOperations, GetFolder_of_what_is_no_folder_fails) {
+    Put("a.jpg", "x");
+    EXPECT_EQ(FailureOf([&] { files->GetFolder(At("none")); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->GetFolder(At("a.jpg")); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->GetFolder(""); }), 76);
+}
+
+TEST_P(FileOperations, CreateFolder_makes_one_level) {
+    files->CreateFolder(At("psp\\"));
+    EXPECT_TRUE(fs::is_directory(Host("psp")));
+    files->CreateFolder(At("psp\\photo"));
+    EXPECT_TRUE(fs::is_directory(Host("psp/photo")));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("PSP")); }), 58);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("none\\photo")); }), 76);
+    Put("a.txt", "");
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("a.txt")); }), 58);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("a.txt\\b")); }), 76);
+}
+
+TEST_P(FileOperations, CopyFile_copies_bytes_and_time) {
+    Put("a.bin", std::string(3'000'000, 'x') + "end");
+    fs::last_write_time(Host("a.bin"), fs::file_time_type{} + std::chrono::hours(1));
+    files->CopyFile(At("a.bin"), At("b.bin"), true);
+    EXPECT_EQ(Bytes("b.bin"), Bytes("a.bin"));
+    EXPECT_EQ(fs::last_write_time(Host("b.bin")), fs::last_write_time(Host("a.bin")));
+}
+
+TEST_P(FileOperations, CopyFile_of_an_empty_file_makes_an_empty_file) {
+    Put("a.bin", "");
+    files->CopyFile(At("a.bin"), At("b.bin"), false);
+    EXPECT_TRUE(Has("b.bin"));
+}
+
+TEST_P(FileOperations, CopyFile_overwrites_only_when_told_and_keeps_the_spelling) {
+    Put("a.bin", "new");
+    Put("B.BIN", "old and longer");
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(At("a.bin"), At("b.bin"), false); }), 58);
+    EXPECT_EQ(Bytes("B.BIN"), "old and longer");
+    files->CopyFile(At("a.bin"), At("b.bin"), true);
+    EXPECT_EQ(Bytes("B.BIN"), "new");
+    EXPECT_FALSE(Has("b.bin"));
+}
+
+TEST_P(FileOperations, CopyFile_fails_as_the_platform_does) {
+    Put("a.bin", "x");
+    Put("locked.bin", "x");
+    fs::permissions(Host("locked.bin"), fs::perms::owner_read);
+    fs::create_directory(Host("sub"));
+    const auto copy = [&](const std::string& from, const std::string& to) {
+        return FailureOf([&] { files->CopyFile(At(from), At(to), true); });
+    };
+    EXPECT_EQ(copy("none.bin", "b.bin"), 53);
+    EXPECT_EQ(copy("none\\a.bin", "b.bin"), 76);
+    EXPECT_EQ(copy("sub", "b.bin"), 53);
+    EXPECT_EQ(copy("a.bin", "none\\b.bin"), 76);
+    EXPECT_EQ(copy("a.bin", "none\\"), 76);
+    EXPECT_EQ(copy("a.bin", "sub"), 70);
+    EXPECT_EQ(copy("a.bin", "locked.bin"), 70);
+    EXPECT_EQ(copy("a.bin", "a.bin"), 70);
+    EXPECT_EQ(copy("a.bin", "A.BIN"), 70);
+    EXPECT_EQ(copy("a.bin", "b?.bin"), 52);
+    EXPECT_EQ(Bytes("a.bin"), "x");
+}
+
+TEST_P(FileOperations, A_target_that_ends_in_a_separator_is_the_folder_to_put_it_in) {
+    Put("a.bin", "x");
+    fs::create_directory(Host("sub"));
+    files->CopyFile(At("a.bin"), At("sub\\"), true);
+    EXPECT_EQ(Bytes("sub/a.bin"), "x");
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("sub\\")); }), 58);
+    fs::remove(Host("sub/a.bin"));
+    files->MoveFile(At("a.bin"), At("sub\\"));
+    EXPECT_EQ(Bytes("sub/a.bin"), "x");
+    EXPECT_FALSE(Has("a.bin"));
+}
+
+TEST_P(FileOperations, MoveFile_renames_and_refuses_a_target_that_is_there) {
+    Put("a.bin", "x");
+    Put("Taken.bin", "y");
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("taken.bin")); }), 58);
+    files->MoveFile(At("a.bin"), At("b.bin"));
+    EXPECT_FALSE(Has("a.bin"));
+    EXPECT_EQ(Bytes("b.bin"), "x");
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("c.bin")); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("b.bin"), At("none\\c.bin")); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("b.bin"), At("none\\")); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("b.bin"), At("c:\\x\\b.bin")); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("b.bin"), At("c\"d.bin")); }), 52);
+    EXPECT_EQ(Bytes("b.bin"), "x");
+}
+
+TEST_P(FileOperations, MoveFile_changes_the_case_of_a_name) {
+    Put("a.bin", "x");
+    files->MoveFile(At("a.bin"), At("A.Bin"));
+    EXPECT_TRUE(Has("A.Bin"));
+    EXPECT_FALSE(Has("a.bin"));
+}
+
+TEST_P(FileOperations, DeleteFile_spares_read_only_files_unless_forced) {
+    Put("a.bin", "x");
+    Put("locked.bin", "x");
+    fs::permissions(Host("locked.bin"), fs::perms::owner_read);
+    files->DeleteFile(At("A.BIN"), false);
+    EXPECT_FALSE(Has("a.bin"));
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("locked.bin"), false); }), 70);
+    EXPECT_TRUE(Has("locked.bin"));
+    files->DeleteFile(At("locked.bin"), true);
+    EXPECT_FALSE(Has("locked.bin"));
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("a.bin"), true); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("none\\a.bin"), true); }), 76);
+    fs::create_directory(Host("sub"));
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("sub"), true); }), 53);
+    EXPECT_TRUE(Has("sub"));
+}
+
+TEST_P(FileOperations, CreateTextFile_makes_an_empty_file) {
+    files->CreateTextFile(At("TavelDataFile.tavel"), true);
+    EXPECT_TRUE(Has("TavelDataFile.tavel"));
+    temp.Write("card/TavelDataFile.tavel", "text");
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile(At("taveldatafile.tavel"), false); }), 58);
+    EXPECT_EQ(Bytes("TavelDataFile.tavel"), "text");
+    files->CreateTextFile(At("taveldatafile.tavel"), true);
+    EXPECT_EQ(Bytes("TavelDataFile.tavel"), "");
+    EXPECT_FALSE(Has("taveldatafile.tavel"));
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile(At("none\\a.txt"), true); }), 76);
+}
+
+TEST_P(FileOperations, Raw_files_write_and_read_bytes) {
+    Long error = -1;
+    std::size_t count = 0;
+    {
+        const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+        ASSERT_TRUE(file);
+        EXPECT_EQ(error, 0);
+        EXPECT_TRUE(file->Write(std::string("\0one\r\n", 6), count));
+        EXPECT_EQ(count, 6u);
+        EXPECT_TRUE(file->Write({}, count));
+        EXPECT_EQ(count, 0u);
+        EXPECT_TRUE(file->Close());
+    }
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Read, error);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(file->Size(), 6);
+    std::string buffer(4, '?');
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_EQ(buffer, std::string("\0one", 4));
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_EQ(count, 2u);
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_EQ(count, 0u);
+    EXPECT_TRUE(file->Seek(1));
+    EXPECT_FALSE(file->Seek(-1));
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_EQ(buffer, "one\r");
+    EXPECT_FALSE(file->Write(buffer, count));
+    EXPECT_TRUE(file->Close());
+}
+
+TEST_P(FileOperations, Raw_create_truncates_what_is_there) {
+    Put("A.bin", "long text");
+    Long error = 0;
+    std::size_t count = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->Write(std::string("x"), count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_EQ(Bytes("A.bin"), "x");
+}
+
+TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
+    fs::create_directory(Host("sub"));
+    Put("locked.bin", "x");
+    fs::permissions(Host("locked.bin"), fs::perms::owner_read);
+    const auto open = [&](const std::string& path, RawMode mode) {
+        Long error = 0;
+        EXPECT_FALSE(files->OpenRaw(At(path), mode, error));
+        return error;
+    };
+    EXPECT_EQ(open("none.bin", RawMode::Read), 53);
+    EXPECT_EQ(open("none\\a.bin", RawMode::Read), 76);
+    EXPECT_EQ(open("none\\a.bin", RawMode::Create), 76);
+    EXPECT_EQ(open("sub", RawMode::Read), 70);
+    EXPECT_EQ(open("sub", RawMode::Create), 70);
+    EXPECT_EQ(open("new\\", RawMode::Create), 76);
+    EXPECT_EQ(open("locked.bin", RawMode::Create), 70);
+    EXPECT_EQ(open("a?.bin", RawMode::Create), 52);
+    EXPECT_EQ(Bytes("locked.bin"), "x");
+}
+
+TEST_P(FileOperations, ReadWhole_gives_all_bytes_and_fails_as_GetFile_does) {
+    const std::string bytes(1'500'000, 'x');
+    Put("a.bin", bytes);
+    Put("empty.bin", "");
+    EXPECT_EQ(files->ReadWhole(At("a.bin")), bytes);
+    EXPECT_EQ(files->ReadWhole(At("empty.bin")), "");
+    EXPECT_EQ(FailureOf([&] { files->ReadWhole(At("none.bin")); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->ReadWhole(At("none\\a.bin")); }), 53);
+}
+
+TEST_P(FileOperations, Names_that_a_stick_refuses_are_created_on_no_drive) {
+    Put("a.bin", "x");
+    for (const std::string name : {"a<b", "a>b", "a:b", "a\"b", "a/b", "a|b", "a?b", "a*b", "a\nb",
+                                   "con", "NUL", "nul.txt", "Com1.x.y", "LPT9", "aux ", "..."}) {
+        SCOPED_TRACE(name);
+        Long error = 0;
+        EXPECT_FALSE(files->OpenRaw(At(name), RawMode::Create, error));
+        EXPECT_EQ(error, 52);
+        EXPECT_EQ(FailureOf([&] { files->CreateFolder(At(name)); }), 52);
+        EXPECT_EQ(FailureOf([&] { files->CreateTextFile(At(name), true); }), 52);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile(At("a.bin"), At(name), true); }), 52);
+        EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At(name)); }), 52);
+        EXPECT_FALSE(files->FileExists(At(name)));
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(Host("")), fs::directory_iterator()), 1);
+}
+
+TEST_P(FileOperations, Names_that_only_look_like_devices_are_created) {
+    for (const std::string name : {"console", "com10", "com", "nul_.txt", "lpt0", "a.con"}) {
+        files->CreateTextFile(At(name), true);
+        EXPECT_TRUE(Has(name)) << name;
+    }
+}
+
+TEST_P(FileOperations, Names_that_could_not_be_created_are_found_where_the_host_has_them) {
+    for (const std::string name : {"a?b", "12:30.jpg", "nul", "end.", "end "}) {
+        Put(name, name);
+        EXPECT_EQ(files->ReadWhole(At(name)), name);
+    }
+}
+
+TEST_P(FileOperations, Blanks_and_dots_at_the_end_of_a_new_name_are_dropped_and_still_found) {
+    files->CreateFolder(At("Vol. 1. .\\"));
+    EXPECT_TRUE(Has("Vol. 1"));
+    EXPECT_TRUE(files->FolderExists(At("vol. 1...")));
+    files->CreateTextFile(At("Vol. 1. .\\a.txt. "), true);
+    EXPECT_TRUE(Has("Vol. 1/a.txt"));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("VOL. 1.")); }), 58);
+}
+
+TEST_P(FileOperations, A_host_separator_in_a_name_finds_nothing) {
+    Put("psp/a.txt", "x");
+    EXPECT_FALSE(files->FileExists(At("psp/a.txt")));
+    EXPECT_FALSE(files->FileExists(At("psp/..\\psp\\a.txt")));
+    EXPECT_FALSE(files->FolderExists(At("../card")));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("psp/photo\\x")); }), 76);
+}
+
+TEST_P(FileOperations, HostPath_is_the_hosts_spelling) {
+    Put("PSP/A.txt", "x");
+    EXPECT_TRUE(fs::equivalent(files->HostPath(At("psp\\a.TXT")), Host("PSP/A.txt")));
+    EXPECT_TRUE(fs::equivalent(files->HostPath(At("psp\\")), Host("PSP")));
+    const fs::path created = files->HostPath(At("psp\\new.txt"));
+    EXPECT_TRUE(fs::equivalent(created.parent_path(), Host("PSP")));
+    EXPECT_EQ(created.filename(), "new.txt");
+    EXPECT_EQ(files->HostPath(At("none\\new.txt")), "");
+    EXPECT_EQ(files->HostPath(At("psp\\n?w.txt")), "");
+    EXPECT_EQ(files->HostPath("y:\\new.txt"), "");
+}
+
+}  // namespace tavel::test
