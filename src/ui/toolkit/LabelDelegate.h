@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+#include <string>
+
+namespace tavel {
+
+// Draws and edits the labels of lists and trees. A finished edit is told before the label takes
+// the new text, so that its handler still finds the old one; one that is broken off is not told.
+class LabelDelegate : public QStyledItemDelegate {
+    Q_OBJECT
+
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    // A text that doesn't fit its cell is shown as a tip.
+    bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
+                   const QModelIndex& index) override;
+
+    void setModelData(QWidget* editor, QAbstractItemModel* model,
+                      const QModelIndex& index) const override;
+
+  Q_SIGNALS:
+    void LabelEdited(const QModelIndex& index, const std::string& sNewText) const;
+};
+
+}  // namespace tavel

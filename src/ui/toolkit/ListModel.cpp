@@ -1,0 +1,132 @@
+#include "ui/toolkit/ListModel.h"
+
+#include "platform/Failure.h"
+#include "ui/toolkit/DraggedRows.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QMimeData>
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+namespace tavel {
+
+void ListModel::AddColumn(std::string_view sCaption) {
+    const int place = columnCount();
+    beginInsertColumns({}, place, place);
+    m_columns.push_back({std::string(sCaption), Qt::AlignLeft | Qt::AlignVCenter});
+    endInsertColumns();
+}
+
+void ListModel::ClearColumns() {
+    if (m_columns.empty()) return;
+    beginRemoveColumns({}, 0, columnCount() - 1);
+    m_columns.clear();
+    endRemoveColumns();
+}
+
+void ListModel::AlignRight(int column) {
+    m_columns[static_cast<std::size_t>(column)].alignment = Qt::AlignRight | Qt::AlignVCenter;
+    Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
+}
+
+void ListModel::Append(std::vector<ListRow> rows) {
+    if (rows.empty()) return;
+    m_keys.reserve(m_keys.size() + rows.size());
+    for (std::size_t i = 0; i < rows.size(); ++i) {
+        if (m_keys.insert(rows[i].sKey).second) continue;
+        for (std::size_t taken = 0; taken < i; ++taken) m_keys.erase(rows[taken].sKey);
+        Fail(failure::ListKeyNotUnique);
+    }
+    const int first = rowCount();
+    beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
+    m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
+                  std::make_move_iterator(rows.end()));
+    endInsertRows();
+}
+
+void ListModel::Remove(int first, int count) {
+    beginRemoveRows({}, first, first + count - 1);
+    const auto begin = m_rows.begin() + first;
+    std::for_each(begin, begin + count, [this](const ListRow& row) { m_keys.erase(row.sKey); });
+    m_rows.erase(begin, begin + count);
+    endRemoveRows();
+}
+
+void ListModel::Clear() {
+    if (m_rows.empty()) return;
+    beginResetModel();
+    m_rows.clear();
+    m_keys.clear();
+    endResetModel();
+}
+
+int ListModel::PositionOf(std::string_view sKey) const {
+    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
+                                    [&](const ListRow& row) { return row.sKey == sKey; });
+    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+}
+
+void ListModel::SetCell(int row, int column, std::string sText) {
+    auto& cells = m_rows[static_cast<std::size_t>(row)].sCells;
+    const auto cell = static_cast<std::size_t>(column);
+    if (cells.size() <= cell) cells.resize(cell + 1);
+    cells[cell] = std::move(sText);
+    const QModelIndex changed = index(row, column);
+    if (changed.isValid()) Q_EMIT dataChanged(changed, changed);
+}
+
+int ListModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+}
+
+int ListModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
+}
+
+std::string ListModel::CellText(const QModelIndex& index) const {
+    const auto& cells = Row(index.row()).sCells;
+    const auto cell = static_cast<std::size_t>(index.column());
+    return cell < cells.size() ? cells[cell] : std::string();
+}
+
+QVariant ListModel::data(const QModelIndex& index, int role) const {
+    switch (role) {
+        case Qt::DisplayRole:
+        case Qt::EditRole:
+            return ToQString(CellText(index));
+        case Qt::DecorationRole:
+            return index.column() == 0 && !Row(index.row()).icon.isNull()
+                       ? QVariant(Row(index.row()).icon)
+                       : QVariant();
+        case Qt::TextAlignmentRole:
+            return QVariant(m_columns[static_cast<std::size_t>(index.column())].alignment);
+        default:
+            return {};
+    }
+}
+
+bool ListModel::setData(const QModelIndex& index, const QVariant& value, int role) {
+    if (role != Qt::EditRole) return false;
+    SetCell(index.row(), index.column(), FromQString(value.toString()));
+    return true;
+}
+
+QVariant ListModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section >= columnCount()) return {};
+    const Column& column = m_columns[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return ToQString(column.sCaption);
+    if (role == Qt::TextAlignmentRole) return QVariant(column.alignment);
+    return {};
+}
+
+Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
+    Qt::ItemFlags flags = Qt::ItemIsSelectable | Qt::ItemIsEnabled | Qt::ItemNeverHasChildren;
+    if (m_dragSource) flags |= Qt::ItemIsDragEnabled;
+    if (index.column() == 0) flags |= Qt::ItemIsEditable;
+    return flags;
+}
+
+QMimeData* ListModel::mimeData(const QModelIndexList&) const { return MakeDraggedRows(); }
+
+}  // namespace tavel

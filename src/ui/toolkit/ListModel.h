@@ -1,0 +1,65 @@
+#pragma once
+
+#include "platform/Numbers.h"
+
+#include <QAbstractTableModel>
+#include <QIcon>
+#include <string>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+namespace tavel {
+
+// A row of a list: its key, its cells from the first column on, and the icon of its first cell.
+struct ListRow {
+    std::string sKey;
+    std::vector<std::string> sCells;
+    QIcon icon = {};
+};
+
+// The rows and columns behind a ListView. Texts stay in the engine's form until they are drawn, so
+// that filling a list costs little more than making the rows. Positions count from 0 here.
+class ListModel : public QAbstractTableModel {
+    Q_OBJECT
+
+  public:
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void AddColumn(std::string_view sCaption);
+    void ClearColumns();
+    void AlignRight(int column);
+
+    // Takes all rows or none: fails with 35602 when a key is there already.
+    void Append(std::vector<ListRow> rows);
+    void Remove(int first, int count);
+    void Clear();
+
+    const ListRow& Row(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    int PositionOf(std::string_view sKey) const;  // -1 when no row has the key
+    void SetCell(int row, int column, std::string sText);
+    void SetDragSource(bool bDragSource) { m_dragSource = bDragSource; }
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    int columnCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    bool setData(const QModelIndex& index, const QVariant& value, int role) override;
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    Qt::ItemFlags flags(const QModelIndex& index) const override;
+    QMimeData* mimeData(const QModelIndexList& indexes) const override;
+
+  private:
+    struct Column {
+        std::string sCaption;
+        Qt::Alignment alignment;
+    };
+
+    std::string CellText(const QModelIndex& index) const;
+
+    std::vector<Column> m_columns;
+    std::vector<ListRow> m_rows;
+    std::unordered_set<std::string> m_keys;
+    bool m_dragSource = false;
+};
+
+}  // namespace tavel
