@@ -63,6 +63,19 @@ class Program:
             self.process.kill()
             self.process.wait()
 
+    def output(self):
+        """What the program wrote to its terminal."""
+        return self.log.read_text(errors="replace") if self.log.exists() else ""
+
+    def add_to_library(self, entries):
+        """Writes library entries ({key: value} each) into the installed db.txt, before a start."""
+        lines = []
+        for number, entry in enumerate(entries, 1):
+            lines += [f"[{number}]", *(f"{key}={value}" for key, value in entry.items())]
+        lines += ["[DB]", f"NoOfItems={len(entries)}", ""]
+        with open(self.database, "ab") as database:
+            database.write("\r\n".join(["", *lines]).encode())
+
     def profile(self):
         return Profile(self.database)
 

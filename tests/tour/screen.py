@@ -1,5 +1,7 @@
 """What the program shows, read as a screen reader reads it: roles, names, places on the screen."""
 
+import re
+
 import gi
 
 gi.require_version("Atspi", "2.0")
@@ -7,6 +9,9 @@ from gi.repository import Atspi, GLib  # noqa: E402
 
 import desk  # noqa: E402
 from waiting import Mismatch, wait_for  # noqa: E402
+
+WINDOW = "window"  # stands for all kinds of windows
+WINDOWS = ["frame", "dialog", "alert"]
 
 
 class Node:
@@ -57,15 +62,23 @@ class Node:
         for child in self.children():
             yield from child.everything()
 
+    def is_called(self, name):
+        """name: a text, a pattern for a part of the name, or None for any name."""
+        if isinstance(name, re.Pattern):
+            return bool(name.search(self.name))
+        return name in (None, self.name)
+
     def all(self, role, name=None):
+        roles = WINDOWS if role == WINDOW else [role]
         return [node for node in self.everything()
-                if node.role == role and name in (None, node.name) and node.is_showing()]
+                if node.role in roles and node.is_called(name) and node.is_showing()]
 
 
 class Screen:
     """The windows of one process."""
 
     def __init__(self, process):
+        Atspi.init()
         self.process = process
 
     def _application(self):

@@ -1,0 +1,91 @@
+"""What the tours do over and over: menus, boxes, lists."""
+
+import re
+
+import desk
+from screen import WINDOW
+from waiting import check, wait_for
+
+
+class Driver:
+    """A person at the program's main window."""
+
+    def __init__(self, screen):
+        self.screen = screen
+        self.window = screen.find(WINDOW, "Tavel")
+        self.categories = screen.find("tree", "Library categories")
+        self.items = screen.find("tree", "Items")
+        self.transfers = screen.find("tree", "Transfer list")
+
+    def devices(self):
+        return self.screen.find("tree", "PSP categories")
+
+    def menu(self, *path):
+        """Walks down the menu bar, or down the pop-up menu that is open."""
+        for entry in path:
+            self.screen.find("menu item", entry).click()
+
+    def menu_of(self, row, *path):
+        self.cell(self.items, row).click(button=3)
+        self.menu(*path)
+
+    def cell(self, table, name):
+        return self.screen.find("table cell", name, inside=table)
+
+    def pick(self, tree, name):
+        """Clicks a category and waits until the tree has it selected."""
+        self.cell(tree, name).click()
+
+    def unfold(self, tree, name, child):
+        """Opens a branch with a double click on its name, unless it is open."""
+        if not self.screen.has("table cell", child, inside=tree):
+            self.cell(tree, name).click(times=2)
+            self.cell(tree, child)
+
+    def select(self, first, *more):
+        """Selects these rows of the item list."""
+        self.cell(self.items, first).click()
+        for name in more:
+            desk.click_with("ctrl", *self.cell(self.items, name).centre())
+
+    def rows(self, table, columns):
+        return self.screen.rows(table, columns)
+
+    def expect_rows(self, what, table, columns, expected):
+        """Rows as texts, shown in whatever order the platform lists files in."""
+        wanted = sorted(expected)
+
+        def shown():
+            return sorted(row[:len(wanted[0])] for row in self.rows(table, columns)) == wanted
+        try:
+            wait_for(what, shown)
+        finally:
+            if not shown():
+                print(f"  {what}: {self.rows(table, columns)}")
+
+    def answer(self, title, button):
+        """Clicks a button of a box, and waits until the box has gone."""
+        box = self.screen.find(WINDOW, title)
+        self.screen.find("push button", re.compile(f"^&?{button}$"), inside=box).click()
+        self.screen.wait_gone(WINDOW, title)
+
+    def name_group(self, name):
+        box = self.screen.find(WINDOW, "Name Group")
+        entry = self.screen.find("text", inside=box)
+        check("the proposed name", entry.text(), "New Group")
+        desk.key("ctrl+a")
+        desk.write(name)
+        desk.key("Return")
+        self.screen.wait_gone(WINDOW, "Name Group")
+
+    def rename(self, row, name):
+        self.menu_of(row, "Rename")
+        self.screen.find("text", inside=self.items)
+        desk.key("ctrl+a")
+        desk.write(name)
+        desk.key("Return")
+        self.cell(self.items, name)
+
+    def drag(self, row, target):
+        """Drags a row of the item list into the middle of another control."""
+        desk.drag(self.cell(self.items, row).centre(), target.centre())
