@@ -62,7 +62,9 @@ void Forget(const Document& document) {
 std::shared_ptr<Document> Load(std::string_view path) {
     auto document = std::make_shared<Document>();
     document->hostPath = HostFileService().HostPath(path);
-    const std::optional<FileStamp> present = StampOf(document->hostPath);
+    // The file service knows what is no file to it, such as a link that leads out of a stick.
+    std::optional<FileStamp> present;
+    if (HostFileService().FileExists(path)) present = StampOf(document->hostPath);
     if (present && Kept() && Kept()->hostPath == document->hostPath && Kept()->stamp == present) {
         return Kept();
     }

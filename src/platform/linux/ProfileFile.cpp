@@ -1,5 +1,7 @@
 #include "platform/ProfileFile.h"
 
+#include "platform/linux/Descriptor.h"
+
 #include <errno.h>
 #include <fcntl.h>
 #include <stdlib.h>
@@ -14,21 +16,6 @@
 namespace tavel {
 
 namespace {
-
-class Descriptor {
-  public:
-    explicit Descriptor(int number) : m_number(number) {}
-    ~Descriptor() { Close(); }
-    Descriptor(const Descriptor&) = delete;
-    Descriptor& operator=(const Descriptor&) = delete;
-
-    bool IsOpen() const { return m_number >= 0; }
-    int Get() const { return m_number; }
-    bool Close() { return m_number < 0 || close(std::exchange(m_number, -1)) == 0; }
-
-  private:
-    int m_number;
-};
 
 constexpr std::int64_t nanoseconds = 1'000'000'000;
 
