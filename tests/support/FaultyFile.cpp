@@ -1,0 +1,68 @@
+#include "support/FaultyFile.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tavel::test {
+
+namespace {
+
+void TakeFrom(std::int64_t& left, std::int64_t bytes) {
+    if (left != FakeDrive::plenty) left -= bytes;
+}
+
+}  // namespace
+
+FaultyFile::FaultyFile(FaultyFileService& service, std::unique_ptr<RawFile> real, char letter,
+                       std::string path, Faults faults)
+    : m_service(service),
+      m_real(std::move(real)),
+      m_letter(letter),
+      m_path(std::move(path)),
+      m_faults(faults) {}
+
+bool FaultyFile::IsDriveThere() { return m_service.Touch(m_letter); }
+
+bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
+    m_service.rawCalls.push_back("Read " + m_path + " " + std::to_string(buffer.size()));
+    bytesRead = 0;
+    if (!IsDriveThere()) return false;
+    const auto allowed =
+        std::min<std::int64_t>(static_cast<std::int64_t>(buffer.size()), m_faults.bytesToRead);
+    if (!m_real->Read(buffer.first(static_cast<std::size_t>(allowed)), bytesRead)) return false;
+    TakeFrom(m_faults.bytesToRead, static_cast<std::int64_t>(bytesRead));
+    return allowed == static_cast<std::int64_t>(buffer.size());
+}
+
+bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
+    m_service.rawCalls.push_back("Write " + m_path + " " + std::to_string(buffer.size()));
+    bytesWritten = 0;
+    if (!IsDriveThere()) return false;
+    FakeDrive& drive = m_service.At(m_letter);
+    const std::int64_t allowed =
+        std::min({static_cast<std::int64_t>(buffer.size()), m_faults.bytesToWrite,
+                  drive.bytesUntilFull, drive.bytesUntilGone});
+    if (!m_real->Write(buffer.first(static_cast<std::size_t>(allowed)), bytesWritten)) return false;
+    const auto written = static_cast<std::int64_t>(bytesWritten);
+    for (std::int64_t* left :
+         {&m_faults.bytesToWrite, &drive.bytesUntilFull, &drive.bytesUntilGone}) {
+        TakeFrom(*left, written);
+    }
+    if (allowed == static_cast<std::int64_t>(buffer.size())) return true;
+    if (drive.bytesUntilGone == 0) drive.isGone = true;
+    return false;
+}
+
+std::int64_t FaultyFile::Size() { return IsDriveThere() ? m_real->Size() : -1; }
+
+bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->Seek(position); }
+
+bool FaultyFile::Close() {
+    if (!m_real) return m_isClosedWell;
+    m_service.rawCalls.push_back("Close " + m_path);
+    m_isClosedWell = m_real->Close() && IsDriveThere() && !m_faults.isCloseFailing;
+    m_real.reset();
+    return m_isClosedWell;
+}
+
+}  // namespace tavel::test
