@@ -3,8 +3,8 @@
 import re
 
 import desk
-from screen import WINDOW
-from waiting import check, wait_for
+from screen import WINDOW, Announcements
+from waiting import Mismatch, check, wait_for
 
 
 class Driver:
@@ -12,6 +12,7 @@ class Driver:
 
     def __init__(self, screen):
         self.screen = screen
+        self.announcements = Announcements()
         self.window = screen.find(WINDOW, "Tavel")
         self.categories = screen.find("tree", "Library categories")
         self.items = screen.find("tree", "Items")
@@ -21,13 +22,30 @@ class Driver:
         return self.screen.find("tree", "PSP categories")
 
     def menu(self, *path):
-        """Walks down the menu bar, or down the pop-up menu that is open."""
+        """Clicks its way down the menu bar."""
         for entry in path:
             self.screen.find("menu item", entry).click()
 
     def menu_of(self, row, *path):
+        """Right click on a row of the item list, then arrow keys and Enter."""
+        self.announcements.forget()
         self.cell(self.items, row).click(button=3)
-        self.menu(*path)
+        for entry in path[:-1]:
+            self._highlight(entry, "Down")
+            desk.key("Right")
+        self._highlight(path[-1], "Down" if len(path) == 1 else None)
+        desk.key("Return")
+
+    def _highlight(self, entry, first_key):
+        """Goes down the open menu; a submenu has its first entry highlighted already."""
+        if first_key:
+            desk.key(first_key)
+        heard = [self.announcements.next()]
+        while heard[-1] != entry:
+            if heard[-1] in heard[:-1]:
+                raise Mismatch(f"no {entry!r} in the menu, only {heard}")
+            desk.key("Down")
+            heard.append(self.announcements.next())
 
     def cell(self, table, name):
         return self.screen.find("table cell", name, inside=table)
@@ -80,7 +98,6 @@ class Driver:
 
     def rename(self, row, name):
         self.menu_of(row, "Rename")
-        self.screen.find("text", inside=self.items)
         desk.key("ctrl+a")
         desk.write(name)
         desk.key("Return")

@@ -57,10 +57,11 @@ class Node:
         return text.get_text(0, text.get_character_count())
 
     def everything(self):
-        """This and all below it that shows, windows first."""
+        """This and what shows below it."""
         yield self
         for child in self.children():
-            yield from child.everything()
+            if child.is_showing():
+                yield from child.everything()
 
     def is_called(self, name):
         """name: a text, a pattern for a part of the name, or None for any name."""
@@ -70,8 +71,36 @@ class Node:
 
     def all(self, role, name=None):
         roles = WINDOWS if role == WINDOW else [role]
-        return [node for node in self.everything()
-                if node.role in roles and node.is_called(name) and node.is_showing()]
+        return [node for node in self.everything() if node.role in roles and node.is_called(name)]
+
+
+class Announcements:
+    """The menu entries that get the highlight, one after the other, as a screen reader reads them out. Pop-up menus
+    are not among a process's windows, so this is the way to see into them."""
+
+    def __init__(self):
+        self.names = []
+        self.listener = Atspi.EventListener.new(self._hear)
+        self.listener.register("object:state-changed:focused")
+
+    def _hear(self, event):
+        try:
+            if event.detail1 and event.source.get_role_name() == "menu item":
+                self.names.append(event.source.get_name())
+        except GLib.Error:
+            pass  # gone again before it could be asked
+
+    def _next(self):
+        while GLib.MainContext.default().iteration(False):
+            pass
+        return self.names.pop(0) if self.names else None
+
+    def forget(self):
+        while self._next():
+            pass
+
+    def next(self):
+        return wait_for("a highlighted menu entry", self._next)
 
 
 class Screen:
