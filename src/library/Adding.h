@@ -19,10 +19,12 @@ std::string AddFile(const std::string& sPath);
 // The answer of the multi-select file dialog, split at its NUL characters.
 void AddFiles(const std::vector<std::string>& sFiles);
 
-// Adds what lies in a folder. bRecurse: subfolders too; bAutoGroup: a leaf folder of one media
-// type becomes a group; bOnlyNew: files in the library already are passed over; bNoYield: does not
-// hand over to the event loop.
-void AddFolder(const std::string& sPath, bool bRecurse, bool bAutoGroup, bool bOnlyNew,
+// Adds what lies in a folder. bRecurse: subfolders too; bMakeGroups: a leaf folder of one media
+// type becomes a group, looked at anew in each folder, since the option can change while the walk
+// is yielded; bOnlyNew: files in the library already are passed over; bNoYield: does not hand over
+// to the event loop. Fails with 76 when the folder is not there. Cancelling in frmAdd ends the
+// folder in which it is noticed, and no other.
+void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield);
 
 // Shows what was rejected, without waiting.

@@ -17,8 +17,9 @@ std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& s
 // Adds items that are not members yet.
 void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupID);
 
-// Unlinks an item from a group, on both sides. An id that is no member takes out member 0.
-void RemoveFromGroup(const std::string& sItemID, const std::string& sGroupID);
+// Unlinks an item from a group, on both sides. An id that is no member takes out member 0. By
+// value, since callers name the two by entries of the very lists that shrink.
+void RemoveFromGroup(std::string sItemID, std::string sGroupID);
 
 bool IsInGroup(const std::string& sItemID, const std::string& sGroupID);
 

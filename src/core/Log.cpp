@@ -1,0 +1,30 @@
+#include "core/Log.h"
+
+#include "core/LogWindow.h"
+#include "platform/Clock.h"
+#include "platform/UpCall.h"
+
+#include <algorithm>
+#include <string>
+
+namespace tavel {
+
+namespace {
+
+// Categories are the program's own words, in ASCII.
+std::string UpperCase(std::string_view category) {
+    std::string upper(category);
+    std::transform(upper.begin(), upper.end(), upper.begin(), [](char letter) {
+        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+    });
+    return upper;
+}
+
+}  // namespace
+
+void AddLog(std::string_view sCategory, std::string_view sMessage) {
+    UpCall<LogWindow>::Get().AddItem(HostClock().NowText() + "\t" + UpperCase(sCategory) + "\t" +
+                                     std::string(sMessage));
+}
+
+}  // namespace tavel

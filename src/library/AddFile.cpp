@@ -1,0 +1,91 @@
+#include "core/PublicStuff.h"
+#include "core/UsefulFunctions.h"
+#include "library/Adding.h"
+#include "library/Collections.h"
+#include "library/Identifiers.h"
+#include "media/Pictures.h"
+#include "media/cMP3ID3v2.h"
+
+#include <algorithm>
+
+namespace tavel {
+
+namespace {
+
+bool Holds(const std::vector<std::string>& extensions, const std::string& extension) {
+    return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
+}
+
+template <class T>
+T& AddRecord(Collection<T>& collection, T*& current, const std::string& sID,
+             const std::string& sPath) {
+    collection.Add(sID, T{});
+    current = &collection.Item(sID);
+    current->sDBID = sID;
+    current->sFormat = GetFileExt(sPath);
+    return *current;
+}
+
+void SetFile(Item& item, const FileEntry& file, const std::string& sPath) {
+    item.sPath = sPath;
+    item.iSize = ToLong(file.Size);
+}
+
+// A track without a tag has no name: the file's own is not taken for it.
+void AddMusic(const std::string& sID, const std::string& sPath, const FileEntry& file) {
+    Music& music = AddRecord(colMusic, curMusic, sID, sPath);
+    cMP3ID3v2 tag;
+    tag.MP3File(sPath);
+    music.sName = tag.Title();
+    music.sArtist = tag.Artist();
+    music.sAlbum = tag.Album();
+    SetFile(music, file, sPath);
+}
+
+void AddVideo(const std::string& sID, const std::string& sPath, const FileEntry& file) {
+    Video& video = AddRecord(colVideo, curVideo, sID, sPath);
+    SetFile(video, file, sPath);
+    video.sName = StripExt(file.Name);
+}
+
+void AddPhoto(const std::string& sID, const std::string& sPath, const FileEntry& file) {
+    Photo& photo = AddRecord(colPhoto, curPhoto, sID, sPath);
+    SetFile(photo, file, sPath);
+    photo.sName = StripExt(file.Name);
+    const PictureSize size = SizeOfPicture(sPath);
+    photo.iSizeH = ToInteger(size.Height);
+    photo.iSizeW = ToInteger(size.Width);
+}
+
+}  // namespace
+
+Integer GetFileType(std::string_view sPath) {
+    const std::string extension = GetFileExt(sPath);
+    if (Holds(sMusicSupport, extension)) return mtMusic;
+    if (Holds(sVideoSupport, extension)) return mtVideo;
+    if (Holds(sPhotoSupport, extension)) return mtPhoto;
+    return -1;
+}
+
+std::string AddFile(const std::string& sPath) {
+    const Integer iType = GetFileType(sPath);
+    if (iType == -1) return "-1";
+    bDBChanged = true;
+    const FileEntry file = oFSO().GetFile(sPath);
+    if (!bAddHiddenFiles && file.Hidden) return {};
+    std::string sID = MakeDBID(sPath, iType);
+    switch (iType) {
+        case mtMusic:
+            AddMusic(sID, sPath, file);
+            break;
+        case mtVideo:
+            AddVideo(sID, sPath, file);
+            break;
+        default:
+            AddPhoto(sID, sPath, file);
+            break;
+    }
+    return sID;
+}
+
+}  // namespace tavel

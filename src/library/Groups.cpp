@@ -1,0 +1,165 @@
+#include "library/Groups.h"
+
+#include "core/PublicStuff.h"
+#include "library/Collections.h"
+#include "library/Identifiers.h"
+#include "library/LibraryWindows.h"
+#include "platform/Failure.h"
+#include "platform/UpCall.h"
+
+namespace tavel {
+
+namespace {
+
+template <class T>
+Group& AddGroup(Collection<T>& collection, T*& current, const std::string& sID) {
+    collection.Add(sID, T{});
+    current = &collection.Item(sID);
+    return *current;
+}
+
+Group& NewGroup(MediaType type, const std::string& sID) {
+    switch (type) {
+        case mtMagazine:
+            return AddGroup(colMagazine, curMagazine, sID);
+        case mtPhotoAlbum:
+            return AddGroup(colPhotoAlbum, curPhotoAlbum, sID);
+        case mtVidSeries:
+            return AddGroup(colVidSeries, curVidSeries, sID);
+        case mtPlaylist:
+            return AddGroup(colPlaylist, curPlaylist, sID);
+        default:
+            Fail(failure::InvalidProcedureCall);
+    }
+}
+
+Item& ItemOfGroup(Integer groupType, const std::string& sItemID) {
+    return ItemOf(static_cast<MediaType>(GetMediaClass(groupType)), sItemID);
+}
+
+void LinkToGroup(Integer groupType, const std::string& sItemID, const std::string& sGroupID) {
+    Item& item = ItemOfGroup(groupType, sItemID);
+    const Integer n = item.iNoGroups;
+    item.Redim_sGroups(n, true);
+    item.Set_sGroups(n, sGroupID);
+    item.iNoGroups = ToInteger(n + 1);
+}
+
+bool IsMember(const Group& group, const std::string& sItemID) {
+    const Integer iCount = group.Count();
+    for (Integer i = 0; i < iCount; ++i) {
+        if (group.Get_sMemberID(i) == sItemID) return true;
+    }
+    return false;
+}
+
+// The last of equal entries goes, and the first of all when none is equal. A list of one keeps its
+// entry behind the count of 0 that this returns.
+Integer TakeOut(TextArray& ids, Integer n, const std::string& sID) {
+    Integer position = 0;
+    for (Integer i = 0; i < n; ++i) {
+        if (ids.Get(i) == sID) position = i;
+    }
+    if (n != 1) {
+        for (Integer i = position; i <= n - 2; ++i)
+            ids.Set(i, ids.Get(static_cast<Integer>(i + 1)));
+        ids.Redim(ToInteger(n - 2), true);
+    }
+    return ToInteger(n - 1);
+}
+
+// The loop goes by the number of groups at its start, while each round shortens the list: an item
+// in two or more groups fails after the first round.
+void UnlinkFromGroups(const Item& item, const std::string& sID) {
+    const Integer iNoGroups = item.iNoGroups;
+    for (Integer i = 0; i < iNoGroups; ++i) {
+        RemoveFromGroup(sID, item.Get_sGroups(i));
+    }
+}
+
+// An album's pages are taken by a rising position in a list that shortens, so an album of two or
+// more fails; the others always give their first member.
+void UnlinkMembers(const Group& group, MediaType type, const std::string& sID) {
+    const Integer iCount = group.Count();
+    for (Integer i = 0; i < iCount; ++i) {
+        RemoveFromGroup(group.Get_sMemberID(type == mtPhotoAlbum ? i : Integer{0}), sID);
+    }
+}
+
+}  // namespace
+
+std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& sName,
+                      Integer iType) {
+    std::string sID = MakeDBID(sName, iType);
+    if (IsGroupType(iType)) {
+        Group& group = NewGroup(static_cast<MediaType>(iType), sID);
+        group.sName = sName;
+        group.sDBID = sID;
+        const Integer iCount = ToInteger(static_cast<std::int64_t>(sIDs.size()));
+        group.SetCount(iCount);
+        group.Redim_sMemberID(ToInteger(iCount - 1), false);
+        for (Integer i = 0; i < iCount; ++i) {
+            const std::string& sItemID = sIDs[static_cast<std::size_t>(i)];
+            group.Set_sMemberID(i, sItemID);
+            LinkToGroup(iType, sItemID, sID);
+        }
+    }
+    UpCall<CategoryTree>::Get().RefreshCats();
+    return sID;
+}
+
+void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupID) {
+    const Integer iType = GetDBIDType(sGroupID);
+    if (!IsGroupType(iType)) return;
+    Group& group = GroupOf(static_cast<MediaType>(iType), sGroupID);
+    const Integer iOld = group.Count();
+    const Integer iCount = ToInteger(iOld + static_cast<std::int64_t>(sIDs.size()));
+    group.SetCount(iCount);
+    group.Redim_sMemberID(ToInteger(iCount - 1), true);
+    Integer iWrite = iOld;
+    for (const std::string& sItemID : sIDs) {
+        // The count is raised already, so that an id that comes twice is seen, too; so is one that
+        // a group emptied before still holds behind its count.
+        if (IsMember(group, sItemID)) continue;
+        group.Set_sMemberID(iWrite, sItemID);
+        LinkToGroup(iType, sItemID, sGroupID);
+        ++iWrite;
+    }
+    group.Redim_sMemberID(ToInteger(iWrite - 1), true);
+    group.SetCount(iWrite);
+}
+
+bool IsInGroup(const std::string& sItemID, const std::string& sGroupID) {
+    const Integer iType = GetDBIDType(sGroupID);
+    return IsGroupType(iType) &&
+           IsMember(GroupOf(static_cast<MediaType>(iType), sGroupID), sItemID);
+}
+
+void RemoveFromGroup(std::string sItemID, std::string sGroupID) {
+    const Integer iType = GetDBIDType(sGroupID);
+    if (!IsGroupType(iType)) return;
+    Group& group = GroupOf(static_cast<MediaType>(iType), sGroupID);
+    group.SetCount(TakeOut(group.sMemberIDs(), group.Count(), sItemID));
+    Item& item = ItemOfGroup(iType, sItemID);
+    item.iNoGroups = TakeOut(item.sGroups(), item.iNoGroups, sGroupID);
+}
+
+void RemoveItem(const std::string& sID, bool& bDeleteFile) {
+    const Integer iType = GetDBIDType(sID);
+    const auto type = static_cast<MediaType>(iType);
+    std::string sPath;
+    if (IsItemType(iType)) {
+        const Item& item = ItemOf(type, sID);
+        UnlinkFromGroups(item, sID);
+        sPath = item.sPath;
+        RemoveRecord(type, sID);
+    } else if (IsGroupType(iType)) {
+        UnlinkMembers(GroupOf(type, sID), type, sID);
+        RemoveRecord(type, sID);
+        bDeleteFile = false;
+    }
+    if (bDeleteFile) oFSO().DeleteFile(sPath, true);
+    bDBChanged = true;
+}
+
+}  // namespace tavel

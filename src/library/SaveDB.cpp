@@ -1,0 +1,118 @@
+#include "core/PublicStuff.h"
+#include "core/modRegistry.h"
+#include "library/Collections.h"
+#include "library/LibraryFile.h"
+#include "platform/ProfileService.h"
+
+namespace tavel {
+
+namespace {
+
+class SectionWriter {
+  public:
+    // Moves on to the next numbered section; fails with 6 when an Integer counts no further.
+    void Next() {
+        m_number = ToInteger(m_number + 1);
+        m_name = std::to_string(m_number);
+    }
+    Integer Number() const { return m_number; }
+
+    void Write(std::string_view key, std::string_view value) const {
+        WriteValue(sDBFile, m_name, key, "s", value);
+    }
+    void Write(std::string_view key, Long value) const { Write(key, std::to_string(value)); }
+
+  private:
+    Integer m_number = 0;
+    std::string m_name;
+};
+
+void WriteHead(const SectionWriter& section, const Record& record, MediaType type) {
+    section.Write("ID", record.sDBID);
+    section.Write("Name", record.sName);
+    section.Write("Type", Long{type});
+}
+
+void WriteGroupsOf(const SectionWriter& section, const Item& item) {
+    section.Write("NoOfGroups", Long{item.iNoGroups});
+    for (Integer i = 0; i < item.iNoGroups; ++i)
+        section.Write("group" + std::to_string(i), item.Get_sGroups(i));
+}
+
+void Write(const SectionWriter& section, const Photo& photo) {
+    WriteHead(section, photo, mtPhoto);
+    section.Write("Path", photo.sPath);
+    section.Write("Format", photo.sFormat);
+    section.Write("Size", photo.iSize);
+    section.Write("SizeW", Long{photo.iSizeW});
+    section.Write("SizeH", Long{photo.iSizeH});
+    WriteGroupsOf(section, photo);
+}
+
+void Write(const SectionWriter& section, const Music& music) {
+    WriteHead(section, music, mtMusic);
+    section.Write("Path", music.sPath);
+    section.Write("Size", music.iSize);
+    section.Write("Format", music.sFormat);
+    section.Write("Artist", music.sArtist);
+    section.Write("Album", music.sAlbum);
+    WriteGroupsOf(section, music);
+}
+
+void Write(const SectionWriter& section, const Video& video) {
+    WriteHead(section, video, mtVideo);
+    section.Write("Path", video.sPath);
+    section.Write("Format", video.sFormat);
+    section.Write("Size", video.iSize);
+    section.Write("ThumbPath", video.sThumbPath);
+    WriteGroupsOf(section, video);
+}
+
+void WriteGroup(const SectionWriter& section, const Group& group, MediaType type,
+                std::string_view countKey) {
+    WriteHead(section, group, type);
+    const Integer iCount = group.Count();
+    section.Write(countKey, Long{iCount});
+    for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Get_sMemberID(i));
+}
+
+void Write(const SectionWriter& section, const Magazine& magazine) {
+    WriteGroup(section, magazine, mtMagazine, "NoOfPages");
+}
+
+void Write(const SectionWriter& section, const PhotoAlbum& album) {
+    WriteGroup(section, album, mtPhotoAlbum, "NoOfPages");
+}
+
+void Write(const SectionWriter& section, const VidSeries& series) {
+    WriteGroup(section, series, mtVidSeries, "NoOfEpisodes");
+}
+
+void Write(const SectionWriter& section, const Playlist& playlist) {
+    WriteGroup(section, playlist, mtPlaylist, "NoOfTracks");
+}
+
+template <class T>
+void WriteAll(SectionWriter& section, const Collection<T>& collection) {
+    for (Long i = 1; i <= collection.Count(); ++i) {
+        section.Next();
+        Write(section, collection.Item(i));
+    }
+}
+
+}  // namespace
+
+void SaveDB() {
+    const ProfileBatch batch(sDBFile);
+    SectionWriter section;
+    WriteAll(section, colPhoto);
+    WriteAll(section, colMusic);
+    WriteAll(section, colVideo);
+    WriteAll(section, colMagazine);
+    WriteAll(section, colPhotoAlbum);
+    WriteAll(section, colVidSeries);
+    WriteAll(section, colPlaylist);
+    WriteValue(sDBFile, "DB", "NoOfItems", "s", std::to_string(section.Number()));
+}
+
+}  // namespace tavel

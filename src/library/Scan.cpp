@@ -1,0 +1,82 @@
+#include "library/Scan.h"
+
+#include "core/Log.h"
+#include "core/PublicStuff.h"
+#include "core/modRegistry.h"
+#include "library/Adding.h"
+#include "library/Collections.h"
+#include "library/LibraryWindows.h"
+#include "library/PathIndex.h"
+#include "platform/EventLoop.h"
+#include "platform/UpCall.h"
+
+#include <string>
+#include <vector>
+
+namespace tavel {
+
+namespace {
+
+// A missing count reads as -1, which no list can be sized to.
+std::vector<std::string> WatchFolders() {
+    Integer n = 0;
+    ReadValue(sDBFile, "watch", "noofflds", "s", "-1", n);
+    if (n < 0) Fail(failure::SubscriptOutOfRange);
+    std::vector<std::string> folders(static_cast<std::size_t>(n));
+    for (std::size_t i = 0; i < folders.size(); ++i)
+        ReadValue(sDBFile, "watch", std::to_string(i), "s", "XYZXYZ", folders[i]);
+    return folders;
+}
+
+// The library can shrink while the program is yielded, and the comparison goes by position up to
+// the count that it began with: it then fails beyond the end. Only the yield behind the last
+// comparison is harmless.
+template <class T>
+bool IsIn(const Collection<T>& collection, MediaType type, std::string_view sPath) {
+    const Long iCount = collection.Count();
+    const bool bFound = HasPath(type, sPath);
+    if (iCount > 0) DoEvents();
+    if (iCount > 1 && collection.Count() < iCount) Fail(failure::SubscriptOutOfRange);
+    return bFound;
+}
+
+}  // namespace
+
+void BackgroundScan() {
+    if (bScanning) return;
+    ScanTimer& tmrBack = UpCall<ScanTimer>::Get();
+    tmrBack.Enable(false);
+    bScanning = true;
+    const std::vector<std::string> folders = WatchFolders();
+    AddLog("Back Scan", "Begginging background scan");
+    for (const std::string& folder : folders) {
+        AddFolder(folder, true, bAutoGroup, true, false);
+        DoEvents();
+    }
+    AddLog("Back Scan", "Background scan finished");
+    bScanning = false;
+    tmrBack.Enable(true);
+}
+
+void ScanTick() {
+    iScanTicks = ToInteger(iScanTicks + 1);
+    // Equal, not at least: a delay set below the present count stops the timed scans.
+    if (iScanTicks != iScanDelay) return;
+    iScanTicks = 0;
+    BackgroundScan();
+}
+
+bool IsFileInDB(std::string_view sPath) {
+    switch (GetFileType(sPath)) {
+        case mtPhoto:
+            return IsIn(colPhoto, mtPhoto, sPath);
+        case mtVideo:
+            return IsIn(colVideo, mtVideo, sPath);
+        case mtMusic:
+            return IsIn(colMusic, mtMusic, sPath);
+        default:
+            return false;
+    }
+}
+
+}  // namespace tavel
