@@ -26,13 +26,9 @@ Integer iScanDelay = 0;
 bool bScanning = false;
 bool bDBChanged = false;
 
-namespace {
-FileService* g_replacement = nullptr;
-}
+FileService& oFSO() { return HostFileService(); }
 
-FileService& oFSO() { return g_replacement != nullptr ? *g_replacement : HostFileService(); }
-
-void UseFileService(FileService* service) { g_replacement = service; }
+void UseFileService(FileService* service) { UseHostFileService(service); }
 
 void ResetPublicStuff() {
     bFirstTime = false;

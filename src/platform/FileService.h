@@ -104,16 +104,19 @@ class FileService {
     // The bytes of a whole file, for readers that work in memory; fails as GetFile does.
     virtual std::string ReadWhole(std::string_view path) = 0;
 
-    // The host's own name of a path, for libraries that open files themselves. Empty when the path
-    // leads nowhere.
+    // The host's own name of a path, for libraries that open files themselves: of what is there, or
+    // of what would be created in a folder that exists. Empty when the path leads nowhere.
     virtual std::string HostPath(std::string_view path) = 0;
     // The drive path of a host file or folder (absolute): what a file dialog's answer becomes. A
     // file on a removable drive gets that drive's letter, any other gets c:.
     virtual std::string FromHostPath(std::string_view hostPath) = 0;
 };
 
-// The host's own service. Made on first use; it lives as long as the process.
+// The host's own service, made on first use and kept as long as the process lives, unless
+// UseHostFileService has put another in its place (nullptr: back to the host's). The profile
+// service stands on it too.
 FileService& HostFileService();
+void UseHostFileService(FileService* service);
 
 // The folder of the running program as a drive path, without a separator at its end unless it is
 // the root of a drive.

@@ -1,3 +1,4 @@
+#include "platform/ProfileService.h"
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
 
@@ -118,6 +119,17 @@ TEST_F(FaultyFiles, Raw_files_calls_and_names_fail_as_told) {
     EXPECT_EQ(FailureOf([&] { files.CreateFolder("f:\\no.txt"); }), 52);
     EXPECT_EQ(FailureOf([&] { files.GetDrive("f"); }), 57);
     EXPECT_EQ(FailureOf([&] { files.GetDrive("f"); }), 0);
+}
+
+TEST_F(FaultyFiles, In_the_hosts_place_it_serves_the_profile_too) {
+    UseHostFileService(&files);
+    EXPECT_TRUE(WritePrivateProfileString("Data", "PSPName", "My PSP", "f:\\TavelDataFile.tavel"));
+    const std::string name =
+        GetPrivateProfileString("data", "pspname", "PSP", 99, "f:\\taveldatafile.tavel");
+    UseHostFileService(nullptr);
+    EXPECT_EQ(name, "My PSP");
+    EXPECT_EQ(temp.Read("stick/TavelDataFile.tavel"), "[Data]\r\nPSPName=My PSP\r\n");
+    EXPECT_NE(&HostFileService(), &files);
 }
 
 TEST_F(FaultyFiles, Calls_are_recorded_in_order) {

@@ -16,6 +16,8 @@ namespace tavel {
 
 namespace {
 
+FileService* g_replacement = nullptr;
+
 std::string ProgramFolderOfHost() {
     std::error_code none;
     return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
@@ -130,8 +132,10 @@ std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
 FileService& HostFileService() {
     static const std::unique_ptr<FileService> service =
         MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
-    return *service;
+    return g_replacement != nullptr ? *g_replacement : *service;
 }
+
+void UseHostFileService(FileService* service) { g_replacement = service; }
 
 std::string ProgramFolder() { return HostFileService().FromHostPath(ProgramFolderOfHost()); }
 
