@@ -1,0 +1,129 @@
+#include "device/Discovery.h"
+
+#include "core/MessageBoxes.h"
+#include "core/PublicStuff.h"
+#include "core/modRegistry.h"
+#include "device/DeviceWindows.h"
+#include "device/Naming.h"
+#include "platform/EventLoop.h"
+#include "platform/Failure.h"
+#include "platform/Text.h"
+#include "platform/UpCall.h"
+
+namespace tavel {
+
+namespace {
+
+constexpr const char* NotConnectedText =
+    "The PSP is not connected, or you have selected the wrong drive for the PSP.\r\r"
+    "Please connect it and check the selected drive";
+constexpr const char* NotReadyText =
+    "Selected drive not ready, check the connection or select another drive";
+
+// A drive that is not removable is never looked into: a network drive may answer slowly.
+bool IsPSPDrive(const std::string& sRoot) {
+    if (!oFSO().DriveExists(sRoot)) return false;
+    const std::shared_ptr<Drive> drive = oFSO().GetDrive(sRoot);
+    if (drive->DriveType() != DriveRemovable) return false;
+    return oFSO().FileExists(drive->Path().append(IdentityFile));
+}
+
+void PSPHasGone() {
+    bPSPConnected = false;
+    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    panels.RefreshPSPStatus();
+    panels.ShowPSPCats(false);
+}
+
+void PSPHasCome(const std::string& sDrive) {
+    ConnectPSP(sDrive);
+    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    panels.RefreshPSPStatus();
+    panels.ShowPSPCats(true);
+    panels.RefreshPSPCats();
+}
+
+void WriteIdentityFile(const std::string& sName) {
+    const std::string sPath = PSPPath(IdentityFile);
+    if (!oFSO().FileExists(sPath)) oFSO().CreateTextFile(sPath, true);
+    WriteValue(sPath, "Data", "PSPName", "S", Trim(sName));
+}
+
+// The stick is connected before its identity file is there, so a fresh one is called "PSP" until
+// it is connected again; nothing in frmMain is refreshed.
+bool MarkDrive(const std::string& sDriveText, const std::string& sName) {
+    const std::shared_ptr<Drive> drive = oFSO().GetDrive(sDriveText);
+    const bool bExists = oFSO().DriveExists(sDriveText);
+    if (drive->DriveType() != DriveRemovable || !bExists) {
+        UpCall<MessageBoxes>::Get().MsgBox(NotConnectedText, MsgBoxButtons::OKCancel, ProgramTitle);
+        return false;
+    }
+    ConnectPSP(sDriveText);
+    WriteIdentityFile(sName);
+    return true;
+}
+
+}  // namespace
+
+bool FindPSPDrive(std::string& sDrive) {
+    bool bHasFailed = false;
+    for (char letter = 'b'; letter <= 'z'; ++letter) {
+        const std::string sRoot = std::string(1, letter) + ":\\";
+        try {
+            if (!IsPSPDrive(sRoot)) continue;
+        } catch (const Failure&) {
+            if (bHasFailed) throw;
+            bHasFailed = true;
+            continue;
+        }
+        sDrive = sRoot;
+        return true;
+    }
+    return false;
+}
+
+void ConnectPSP(const std::string& sDrive) {
+    bPSPConnected = true;
+    oPSPDrive = oFSO().GetDrive(sDrive);
+    sPSPDataFile = PSPPath(ConnectedIdentityFile);
+    ReadValue(sPSPDataFile, "data", "pspname", "s", "PSP", sPSPName);
+}
+
+// A marked drive on another letter than the connected one goes unnoticed: the connected state stays
+// as it is until no marked drive is left.
+void PollPSP() {
+    std::string sDrive;
+    const bool bFound = FindPSPDrive(sDrive);
+    if (bPSPConnected && !bFound) {
+        PSPHasGone();
+    } else if (!bPSPConnected && bFound) {
+        PSPHasCome(sDrive);
+    }
+    DoEvents();
+}
+
+// Another order than the poll's: the window is not on the screen yet, and the status panel must
+// leave its design state even when there is no device.
+void FirstLookForPSP() {
+    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    std::string sDrive;
+    if (FindPSPDrive(sDrive)) {
+        ConnectPSP(sDrive);
+        panels.RefreshPSPCats();
+        panels.ShowPSPCats(true);
+    }
+    panels.RefreshPSPStatus();
+}
+
+bool SetupNewPSP(const std::string& sDriveText, const std::string& sName) {
+    try {
+        return MarkDrive(sDriveText, sName);
+    } catch (const Failure& failure) {
+        if (failure.Number() == failure::DiskNotReady) {
+            UpCall<MessageBoxes>::Get().MsgBox(NotReadyText, MsgBoxButtons::OK, ProgramTitle);
+        }
+        return false;
+    }
+}
+
+}  // namespace tavel
