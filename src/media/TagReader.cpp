@@ -1,5 +1,6 @@
 #include "media/TagReader.h"
 
+#include "media/ByteNumbers.h"
 #include "platform/Failure.h"
 
 #include <algorithm>
@@ -27,9 +28,7 @@ constexpr FrameLayout layoutOf3And4{10, 4, 4, 16};
 // A size as it stands in a tag: a plain number, the most significant byte first. Four bytes give a
 // signed number.
 Long SwapEndian(std::string_view bytes) {
-    std::uint32_t value = 0;
-    for (const char byte : bytes) value = value << 8 | static_cast<unsigned char>(byte);
-    return static_cast<Long>(value);
+    return static_cast<Long>(static_cast<std::uint32_t>(BigEndianNumber(bytes)));
 }
 
 std::string_view ConvertFrameId(std::string_view id) {
@@ -49,7 +48,7 @@ std::string_view ConvertFrameId(std::string_view id) {
     return {};
 }
 
-std::vector<TagFrame> WalkFrames(TagBytes& file, Long limit, const FrameLayout& layout) {
+std::vector<TagFrame> WalkFrames(FileBytes& file, Long limit, const FrameLayout& layout) {
     std::vector<TagFrame> frames;
     std::array<char, layoutOf3And4.HeaderSize> buffer{};
     const std::span<char> header = std::span(buffer).first(layout.HeaderSize);
@@ -65,22 +64,23 @@ std::vector<TagFrame> WalkFrames(TagBytes& file, Long limit, const FrameLayout& 
         counted += size;
         frames.push_back({std::string(layout.IdSize == 3 ? ConvertFrameId(id) : id),
                           file.ReadWithoutNulls(size)});
-    } while (file.Position() <= limit);
+    } while (file.Offset() < limit);
     return frames;
 }
 
 }  // namespace
 
-std::int64_t FindTag(TagBytes& file) {
+std::int64_t FindTag(FileBytes& file) {
     if (file.Length() == 0) Fail(failure::InvalidProcedureCall);
     std::int64_t position = 1;
-    std::int64_t chunkSize = TagBytes::ChunkSize;
+    std::int64_t chunkSize = FileBytes::ChunkSize;
     bool done = false;
     do {
         if (position + chunkSize >= file.Length()) {
             chunkSize = file.Length() - position;
             done = true;
         }
+        file.Seek(position - 1);
         const std::string_view chunk = file.Peek(static_cast<std::size_t>(chunkSize));
         const std::size_t found = chunk.find(tagMark);
         if (found != std::string_view::npos) {
@@ -88,12 +88,11 @@ std::int64_t FindTag(TagBytes& file) {
         }
         if (chunk.find(audioSync) != std::string_view::npos) done = true;
         position += chunkSize - std::ssize(tagMark);  // so that a mark astride two chunks is found
-        file.Seek(position);
     } while (!done);
     return 0;
 }
 
-TagContents ReadFrames(TagBytes& file) {
+TagContents ReadFrames(FileBytes& file) {
     TagContents tag;
     std::array<char, 7> header{};  // version, revision, flags, size
     file.Read(std::span(header).first(1));

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "media/TagBytes.h"
+#include "media/FileBytes.h"
 #include "platform/Numbers.h"
 
 #include <string>
@@ -20,14 +20,14 @@ struct TagFrame {
 // The position, from 1, of the byte behind the first "ID3" of the file, or 0. The search starts at
 // the beginning and ends with the first chunk of 4096 bytes that holds the sync of an MPEG audio
 // frame (FF FB); the last byte of the file is never looked at. Fails with 5 on an empty file.
-std::int64_t FindTag(TagBytes& file);
+std::int64_t FindTag(FileBytes& file);
 
 struct TagContents {
     unsigned char Version = 0;  // as the tag tells it; only 2, 3 and 4 have frames
     std::vector<TagFrame> Frames;
 };
 
-// Reads the tag whose version byte is at the file's position.
-TagContents ReadFrames(TagBytes& file);
+// Reads the tag whose version byte is next.
+TagContents ReadFrames(FileBytes& file);
 
 }  // namespace tavel

@@ -56,12 +56,12 @@ void cMP3ID3v2::LoadTag() {
     m_frames.emplace();
     ResetFields();
     const auto file = OpenForReading(m_sMP3File);
-    TagBytes bytes(*file);
+    FileBytes bytes(*file);
     const std::int64_t tagPos = FindTag(bytes);
     if (tagPos == 0) return;
 
     m_lTagPos = ToLong(tagPos);
-    bytes.Seek(tagPos);
+    bytes.Seek(tagPos - 1);
     TagContents tag = ReadFrames(bytes);
     m_bVersion = tag.Version;
     for (const TagFrame& frame : tag.Frames) StoreFrame(frame.Id, frame.Text);
