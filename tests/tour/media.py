@@ -26,7 +26,7 @@ def _run(*command):
                    stdout=subprocess.DEVNULL)
 
 
-def _photo(path):
+def make_photo(path):
     width, height = PHOTOS[path.name]
     top, bottom, sun, land = _SCENES[path.name]
     x, y = width * 3 // 4, height // 4
@@ -42,8 +42,8 @@ def _track(path, tone):
 
 
 def _video(path, hue):
-    _run("ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc=size=320x240:rate=15:duration=2",
-         "-vf", f"hue=h={hue}", "-pix_fmt", "yuv420p", path)
+    _run("ffmpeg", "-loglevel", "error", "-f", "lavfi", "-i", "testsrc2=size=480x272:rate=15:duration=3",
+         "-vf", f"hue=h={hue},noise=alls=30:allf=t", "-pix_fmt", "yuv420p", "-b:v", "8M", path)
 
 
 def make(folder):
@@ -51,7 +51,7 @@ def make(folder):
     for kind in ("Pictures", "Music", "Videos"):
         (folder / kind).mkdir(parents=True)
     for name in PHOTOS:
-        _photo(folder / "Pictures" / name)
+        make_photo(folder / "Pictures" / name)
     for number, name in enumerate(TRACKS):
         _track(folder / "Music" / name, 440 + 110 * number)
     for number, name in enumerate(VIDEOS):

@@ -72,9 +72,9 @@ class Program:
         lines = []
         for number, entry in enumerate(entries, 1):
             lines += [f"[{number}]", *(f"{key}={value}" for key, value in entry.items())]
-        lines += ["[DB]", f"NoOfItems={len(entries)}", ""]
-        with open(self.database, "ab") as database:
-            database.write("\r\n".join(["", *lines]).encode())
+        installed = self.database.read_bytes()
+        counted = installed.replace(b"NoOfItems=0", f"NoOfItems={len(entries)}".encode())
+        self.database.write_bytes(counted + "".join(line + "\r\n" for line in lines).encode())
 
     def profile(self):
         return Profile(self.database)
