@@ -1,0 +1,333 @@
+#include "support/HostDrives.h"
+
+#include <gmock/gmock.h>
+#include <sys/statvfs.h>
+#include <sys/sysmacros.h>
+
+#include <filesystem>
+
+// Drives as the file service shows them: letters, media, and what a path on them can reach.
+
+namespace tavel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+
+class Drives : public HostDrives {
+  protected:
+    std::string MakeFolder(const std::string& name) const {
+        fs::create_directories(temp.HostPath(name));
+        return temp.HostPath(name);
+    }
+    void Mount(const std::string& name) { mounts.Mount(MakeFolder(name), name); }
+    void Unmount(const std::string& name) { mounts.Unmount(temp.HostPath(name)); }
+
+    Long OpenError(const std::string& path, RawMode mode) {
+        Long error = 0;
+        EXPECT_FALSE(files->OpenRaw(path, mode, error));
+        return error;
+    }
+};
+
+}  // namespace
+
+TEST_F(Drives, The_hosts_root_is_c_a_fixed_drive) {
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:"));
+    const std::shared_ptr<Drive> drive = files->GetDrive("C:\\");
+    EXPECT_EQ(drive->Path(), "c:");
+    EXPECT_EQ(drive->DriveType(), DriveFixed);
+    struct statvfs figures {};
+    ASSERT_EQ(statvfs("/", &figures), 0);
+    EXPECT_EQ(drive->TotalSize(),
+              static_cast<double>(figures.f_blocks) * static_cast<double>(figures.f_frsize));
+    EXPECT_GT(drive->FreeSpace(), 0);
+    EXPECT_LE(drive->FreeSpace(), drive->TotalSize());
+}
+
+TEST_F(Drives, A_drive_goes_by_letter_colon_root_and_list_text) {
+    Link('e', "card");
+    for (const char* name : {"e", "E", "e:", "E:", "e:\\", "e: [card]"}) {
+        EXPECT_TRUE(files->DriveExists(name)) << name;
+        EXPECT_EQ(files->GetDrive(name)->Path(), "e:") << name;
+        EXPECT_EQ(files->GetDrive(name)->DriveType(), DriveRemovable) << name;
+    }
+    for (const char* name : {"", "1:", ":", "ee", "\xe9:", "f:", "%", "\x05:"}) {
+        EXPECT_FALSE(files->DriveExists(name)) << name;
+        EXPECT_EQ(FailureOf([&] { files->GetDrive(name); }), 68) << name;
+    }
+}
+
+TEST_F(Drives, Mounted_drives_get_letters_in_order_and_keep_them) {
+    Mount("one");
+    Mount("two");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]", "e: [two]"));
+    Unmount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [two]"));
+    Mount("three");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [three]", "e: [two]"));
+}
+
+TEST_F(Drives, The_mount_table_is_read_only_when_it_has_changed) {
+    Mount("one");
+    for (char letter = 'b'; letter <= 'z'; ++letter) files->DriveExists(std::string(1, letter));
+    files->FileExists("d:\\a.txt");
+    EXPECT_EQ(mounts.readings, 1);
+    Mount("two");
+    EXPECT_TRUE(files->DriveExists("e"));
+    EXPECT_EQ(mounts.readings, 2);
+}
+
+TEST_F(Drives, More_mounts_than_letters_leave_the_last_without_one) {
+    for (int i = 0; i < 24; ++i) Mount("m" + std::to_string(i));
+    EXPECT_EQ(files->DriveTexts().size(), 24u);
+    EXPECT_EQ(files->DriveTexts().back(), "z: [m22]");
+    Unmount("m0");
+    EXPECT_EQ(files->DriveTexts()[1], "d: [m23]");
+}
+
+TEST_F(Drives, An_unmounted_drive_is_gone_at_once) {
+    Mount("stick");
+    temp.Write("stick/a.txt", "x");
+    const std::shared_ptr<Drive> drive = files->GetDrive("d");
+    EXPECT_TRUE(files->FileExists("d:\\a.txt"));
+    Unmount("stick");
+    EXPECT_FALSE(files->DriveExists("d"));
+    EXPECT_EQ(FailureOf([&] { files->GetDrive("d"); }), 68);
+    EXPECT_EQ(drive->Path(), "d:");
+    EXPECT_EQ(drive->DriveType(), DriveRemovable);
+    EXPECT_EQ(FailureOf([&] { (void)drive->TotalSize(); }), 68);
+    EXPECT_EQ(FailureOf([&] { (void)drive->FreeSpace(); }), 68);
+    EXPECT_FALSE(files->FileExists("d:\\a.txt"));
+    EXPECT_FALSE(files->FolderExists("d:\\"));
+    EXPECT_EQ(FailureOf([&] { files->GetFile("d:\\a.txt"); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->GetFolder("d:\\"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("d:\\b"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile("d:\\b", true); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile("d:\\a.txt", true); }), 76);
+    EXPECT_EQ(OpenError("d:\\b.txt", RawMode::Create), 76);
+    EXPECT_EQ(files->HostPath("d:\\a.txt"), "");
+    temp.Write("c.txt", "x");
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(temp.DrivePath("c.txt"), "d:\\c.txt", true); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(temp.DrivePath("c.txt"), "d:\\c.txt"); }), 76);
+    EXPECT_EQ(temp.Read("c.txt"), "x");
+}
+
+TEST_F(Drives, Nothing_reaches_the_folder_of_a_stick_that_went_before_the_table_was_read) {
+    Mount("stick");
+    ++mounts.mounts[0].first.id;  // another mount than the one that the folder lies in
+    EXPECT_FALSE(files->FolderExists("d:\\"));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("d:\\b"); }), 76);
+    EXPECT_EQ(OpenError("d:\\b.txt", RawMode::Create), 76);
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("stick")));
+}
+
+TEST_F(Drives, A_mounted_drive_whose_device_was_taken_out_is_gone) {
+    Mount("stick");
+    mounts.mounts[0].first.device = makedev(4095, 4095);
+    EXPECT_FALSE(files->DriveExists("d"));
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:"));
+    EXPECT_FALSE(files->FolderExists("d:\\"));
+}
+
+TEST_F(Drives, A_linked_folder_is_a_removable_drive_while_the_link_is_there) {
+    EXPECT_FALSE(files->DriveExists("e"));
+    Link('e', "card");
+    EXPECT_TRUE(files->DriveExists("e"));
+    EXPECT_TRUE(files->FolderExists("e:\\"));
+    Unlink('e');
+    EXPECT_FALSE(files->DriveExists("e"));
+    EXPECT_FALSE(files->FolderExists("e:\\"));
+    Link('e', "other");
+    temp.Write("other/a.txt", "x");
+    EXPECT_TRUE(files->FileExists("e:\\a.txt"));
+    fs::remove_all(temp.HostPath("program/drives"));
+    EXPECT_FALSE(files->DriveExists("e"));
+    Link('f', "card");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "f: [card]"));
+    fs::rename(temp.HostPath("program/drives"), temp.HostPath("program/away"));
+    EXPECT_FALSE(files->DriveExists("f"));
+    fs::rename(temp.HostPath("program/away"), temp.HostPath("program/drives"));
+    EXPECT_TRUE(files->DriveExists("f"));
+}
+
+TEST_F(Drives, Links_have_any_one_letter_but_c) {
+    for (const char letter : {'a', 'b', 'c', 'G', 'z', '1', '['}) Link(letter, "card");
+    fs::create_directory(temp.HostPath("program/drives/h"));
+    temp.Write("program/drives/i", "");
+    fs::create_directory_symlink(temp.HostPath("card"), temp.HostPath("program/drives/ee"));
+    EXPECT_THAT(files->DriveTexts(),
+                ElementsAre("a: [card]", "b: [card]", "c:", "g: [card]", "z: [card]"));
+}
+
+TEST_F(Drives, Mounts_pass_over_letters_of_links_and_keep_theirs_from_later_ones) {
+    Link('d', "card");
+    Mount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [card]", "e: [one]"));
+    Link('e', "late");
+    temp.Write("one/a.txt", "x");
+    EXPECT_TRUE(files->FileExists("e:\\a.txt"));
+    Unmount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [card]", "e: [late]"));
+}
+
+TEST_F(Drives, A_dangling_link_is_a_drive_without_media) {
+    Link('e', "card");
+    fs::remove(temp.HostPath("card"));
+    EXPECT_TRUE(files->DriveExists("e:\\"));
+    const std::shared_ptr<Drive> drive = files->GetDrive("e");
+    EXPECT_EQ(drive->DriveType(), DriveRemovable);
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e:"));
+    EXPECT_EQ(FailureOf([&] { (void)drive->TotalSize(); }), 71);
+    EXPECT_EQ(FailureOf([&] { (void)drive->FreeSpace(); }), 71);
+    EXPECT_FALSE(files->FileExists("e:\\a.txt"));
+    EXPECT_FALSE(files->FolderExists("e:\\"));
+    EXPECT_EQ(FailureOf([&] { files->GetFile("e:\\a.txt"); }), 53);
+    EXPECT_EQ(FailureOf([&] { files->GetFolder("e:\\"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile("e:\\a.txt", true); }), 71);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\a"); }), 71);
+    EXPECT_EQ(OpenError("e:\\a.txt", RawMode::Create), 71);
+    EXPECT_EQ(OpenError("e:\\a.txt", RawMode::Read), 71);
+    fs::create_directory(temp.HostPath("card"));
+    EXPECT_TRUE(files->FolderExists("e:\\"));
+    EXPECT_GT(drive->TotalSize(), 0);
+}
+
+TEST_F(Drives, No_link_leads_out_of_a_removable_drive) {
+    Link('e', "card");
+    temp.Write("secret/a.txt", "x");
+    fs::create_directory_symlink(temp.HostPath("secret"), temp.HostPath("card/out"));
+    fs::create_symlink(temp.HostPath("secret/a.txt"), temp.HostPath("card/a.txt"));
+    fs::create_symlink("../secret/new.txt", temp.HostPath("card/new.txt"));
+    EXPECT_FALSE(files->FileExists("e:\\a.txt"));
+    EXPECT_FALSE(files->FileExists("e:\\A.TXT"));
+    EXPECT_FALSE(files->FolderExists("e:\\out"));
+    EXPECT_FALSE(files->FileExists("e:\\out\\a.txt"));
+    EXPECT_FALSE(files->FileExists("e:\\OUT\\a.txt"));
+    EXPECT_EQ(OpenError("e:\\a.txt", RawMode::Create), 76);
+    EXPECT_EQ(OpenError("e:\\new.txt", RawMode::Create), 76);
+    EXPECT_EQ(OpenError("e:\\out\\b.txt", RawMode::Create), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\out\\b"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile("e:\\out\\a.txt", true); }), 76);
+    const FolderContents contents = files->GetFolder("e:\\");
+    EXPECT_TRUE(contents.Files.empty());
+    EXPECT_TRUE(contents.SubFolders.empty());
+    EXPECT_EQ(temp.Read("secret/a.txt"), "x");
+    EXPECT_FALSE(fs::exists(temp.HostPath("secret/new.txt")));
+}
+
+TEST_F(Drives, Links_on_c_are_followed) {
+    temp.Write("real/a.txt", "x");
+    fs::create_directory_symlink(temp.HostPath("real"), temp.HostPath("folder"));
+    fs::create_symlink(temp.HostPath("real/a.txt"), temp.HostPath("link.txt"));
+    EXPECT_TRUE(files->FileExists(temp.DrivePath("folder\\a.txt")));
+    EXPECT_TRUE(files->FileExists(temp.DrivePath("FOLDER\\A.txt")));
+    EXPECT_EQ(files->GetFile(temp.DrivePath("link.txt")).Size, 1);
+    const FolderContents contents = files->GetFolder(temp.DrivePath(""));
+    EXPECT_EQ(contents.SubFolders.size(), 2u);
+    ASSERT_EQ(contents.Files.size(), 1u);
+    EXPECT_EQ(contents.Files[0].Name, "link.txt");
+}
+
+TEST_F(Drives, A_link_to_a_folder_that_leads_to_it_is_passed_over) {
+    MakeFolder("top/a");
+    MakeFolder("top/b");
+    fs::create_directory_symlink(temp.HostPath("top"), temp.HostPath("top/a/up"));
+    fs::create_directory_symlink(".", temp.HostPath("top/a/self"));
+    EXPECT_TRUE(files->GetFolder(temp.DrivePath("top\\a")).SubFolders.empty());
+    // Two folders that hold a link to each other.
+    fs::create_directory_symlink(temp.HostPath("top/b"), temp.HostPath("top/a/toB"));
+    fs::create_directory_symlink(temp.HostPath("top/a"), temp.HostPath("top/b/toA"));
+    EXPECT_EQ(files->GetFolder(temp.DrivePath("top\\a")).SubFolders.size(), 1u);
+    EXPECT_TRUE(files->GetFolder(temp.DrivePath("top\\a\\toB")).SubFolders.empty());
+}
+
+TEST_F(Drives, Files_move_and_copy_between_drives) {
+    Link('e', "card");
+    temp.Write("a.txt", "x");
+    files->CopyFile(temp.DrivePath("a.txt"), "e:\\", false);
+    EXPECT_EQ(temp.Read("card/a.txt"), "x");
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(temp.DrivePath("a.txt"), "e:\\A.TXT"); }), 58);
+    files->MoveFile(temp.DrivePath("a.txt"), "e:b.txt");
+    EXPECT_EQ(temp.Read("card/b.txt"), "x");
+    EXPECT_FALSE(files->FileExists(temp.DrivePath("a.txt")));
+}
+
+TEST_F(Drives, MoveFile_crosses_file_systems) {
+    const fs::path other = "/dev/shm";
+    struct stat here {};
+    struct stat there {};
+    if (stat(temp.HostPath().c_str(), &here) != 0 || stat(other.c_str(), &there) != 0 ||
+        here.st_dev == there.st_dev) {
+        GTEST_SKIP() << "needs a second file system at /dev/shm";
+    }
+    const std::string name = fs::path(temp.HostPath()).filename();
+    temp.Write("a.txt", "x");
+    files->MoveFile(temp.DrivePath("a.txt"), "c:\\dev\\shm\\" + name);
+    EXPECT_EQ(files->ReadWhole("c:\\dev\\shm\\" + name), "x");
+    EXPECT_FALSE(files->FileExists(temp.DrivePath("a.txt")));
+    files->MoveFile("c:\\dev\\shm\\" + name, temp.DrivePath("b.txt"));
+    EXPECT_EQ(temp.Read("b.txt"), "x");
+    EXPECT_FALSE(fs::exists(other / name));
+}
+
+TEST_F(Drives, Host_paths_become_paths_of_the_drive_that_holds_them) {
+    Link('e', "card");
+    Mount("card/inner");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("card")), "e:\\");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("card/psp/a.txt")), "e:\\psp\\a.txt");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("program/drives/e/a.txt")), "e:\\a.txt");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("card/inner/a.txt")), "d:\\a.txt");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("cards/a.txt")), temp.DrivePath("cards/a.txt"));
+    EXPECT_EQ(files->FromHostPath("/"), "c:\\");
+    EXPECT_EQ(files->FromHostPath("/a//b/./c/../d/"), "c:\\a\\b\\d");
+}
+
+TEST_F(Drives, A_path_without_a_drive_is_below_the_working_folder) {
+    const fs::path before = fs::current_path();
+    temp.Write("sub/a.txt", "x");
+    fs::current_path(temp.HostPath("sub"));
+    EXPECT_TRUE(files->FileExists("a.txt"));
+    EXPECT_TRUE(files->FileExists("..\\sub\\a.txt"));
+    EXPECT_EQ(files->GetFile("a.txt").Path, temp.DrivePath("sub/a.txt"));
+    EXPECT_FALSE(files->FileExists("\\a.txt"));
+    EXPECT_TRUE(files->FolderExists("\\dev"));
+    fs::current_path(before);
+}
+
+TEST_F(Drives, A_drive_path_without_a_leading_separator_starts_at_the_root) {
+    Link('e', "card");
+    temp.Write("card/psp/PHOTO/a.jpg", "x");
+    EXPECT_EQ(files->GetFolder("e:psp\\photo\\").Files.at(0).Path, "e:\\psp\\photo\\a.jpg");
+    EXPECT_TRUE(files->FileExists("E:psp\\photo\\a.jpg"));
+    EXPECT_TRUE(files->FolderExists("e:"));
+}
+
+TEST_F(Drives, No_descriptor_stays_open_between_calls) {
+    Link('e', "card");
+    temp.Write("card/psp/a.txt", "x");
+    const auto count = [] {
+        return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
+    };
+    files->DriveExists("e");
+    const auto before = count();
+    files->GetFolder("e:\\PSP");
+    files->CopyFile("e:\\psp\\a.txt", "e:\\psp\\b.txt", true);
+    files->MoveFile("e:\\psp\\b.txt", "e:\\psp\\c.txt");
+    files->CreateFolder("e:\\new");
+    files->FileExists("e:\\none\\a.txt");
+    const std::shared_ptr<Drive> drive = files->GetDrive("e");
+    (void)drive->FreeSpace();
+    Long error = 0;
+    const auto file = files->OpenRaw("e:\\psp\\d.txt", RawMode::Create, error);
+    EXPECT_TRUE(file->Close());
+    EXPECT_EQ(count(), before);
+}
+
+TEST(HostFileServices, The_programs_folder_is_where_the_program_is) {
+    EXPECT_EQ(HostFileService().HostPath(ProgramFolder()),
+              fs::read_symlink("/proc/self/exe").parent_path());
+}
+
+}  // namespace tavel::test
