@@ -1,0 +1,42 @@
+#include "ui/main/frmInvFiles.h"
+
+#include "ui/toolkit/Controls.h"
+#include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tavel {
+
+frmInvFiles::frmInvFiles()
+    : QWidget(nullptr, Qt::Dialog), lstItems(Named<QListWidget>("lstItems", this)) {
+    setObjectName(QStringLiteral("frmInvFiles"));
+    setWindowTitle(QStringLiteral("Invalid Files"));
+
+    auto* Label1 = Named<QLabel>("Label1",
+                                 QStringLiteral("The following items were not added to the DB, as "
+                                                "they are not supported by your PSP and/or Tavel"),
+                                 this);
+    Label1->setWordWrap(true);
+    Label1->setBuddy(lstItems);
+    lstItems->setAccessibleName(tr("Items that were not added"));
+    lstItems->setTextElideMode(Qt::ElideNone);
+    lstItems->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
+    connect(cmdOK, &QPushButton::clicked, this, [] { SingleWindow<frmInvFiles>::Unload(); });
+
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(Label1);
+    column->addWidget(lstItems);
+    column->addWidget(cmdOK, 0, Qt::AlignRight);
+
+    resize(480, 320);
+    CenterOnScreen(*this);
+}
+
+void frmInvFiles::AddItem(const std::string& sPath) { lstItems->addItem(ToQString(sPath)); }
+
+}  // namespace tavel

@@ -1,0 +1,55 @@
+#include "ui/main/frmLog.h"
+
+#include "ui/toolkit/Controls.h"
+#include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
+
+#include <QGuiApplication>
+#include <QListWidget>
+#include <QPushButton>
+#include <QScreen>
+
+namespace tavel {
+
+namespace {
+
+constexpr int designWidth = Pixels(7800);
+constexpr int listTop = Pixels(120);
+constexpr int listHeight = Pixels(4500);
+constexpr int gap = Pixels(120);
+
+}  // namespace
+
+frmLog::frmLog()
+    : lstLog(Named<QListWidget>("lstLog", this)),
+      cmdClear(Named<QPushButton>("cmdClear", QStringLiteral("Clear"), this)) {
+    setObjectName(QStringLiteral("frmLog"));
+    setWindowTitle(QStringLiteral("Log"));
+    lstLog->setAccessibleName(tr("Log"));
+    lstLog->setTextElideMode(Qt::ElideNone);
+    lstLog->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    connect(cmdClear, &QPushButton::clicked, lstLog, &QListWidget::clear);
+
+    // Only the list's width follows the window, so only the width can be dragged.
+    const QSize button = cmdClear->sizeHint();
+    const int buttonTop = listTop + listHeight + gap;
+    lstLog->setGeometry(Pixels(120), listTop, designWidth - Pixels(315), listHeight);
+    cmdClear->setGeometry(QRect(QPoint(Pixels(120), buttonTop), button));
+    setFixedHeight(buttonTop + button.height() + gap);
+    setMinimumWidth(Pixels(3000));
+    resize(designWidth, height());
+
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    move(screen.right() + 1 - width(), screen.top() + (screen.height() - height()) / 2);
+    PlaceList();
+}
+
+void frmLog::AddItem(const std::string& line) { lstLog->addItem(ToQString(line)); }
+
+void frmLog::resizeEvent(QResizeEvent*) { PlaceList(); }
+
+void frmLog::PlaceList() {
+    lstLog->setGeometry(Pixels(120), lstLog->y(), width() - Pixels(315), lstLog->height());
+}
+
+}  // namespace tavel

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+class QListWidget;
+class QPushButton;
+
+namespace tavel {
+
+// The activity log: it exists from the first line on, and its lines end with it.
+class frmLog : public QWidget {
+    Q_OBJECT
+
+  public:
+    frmLog();
+
+    void AddItem(const std::string& line);  // at the end, without scrolling to it
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    void PlaceList();
+
+    QListWidget* lstLog;
+    QPushButton* cmdClear;
+};
+
+}  // namespace tavel

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QString>
+#include <utility>
+
+class QPushButton;
+class QWidget;
+
+namespace tavel {
+
+// A control under its name, which tests find it by.
+template <class Control, class... Arguments>
+Control* Named(const char* name, Arguments&&... arguments) {
+    auto* control = new Control(std::forward<Arguments>(arguments)...);
+    control->setObjectName(QLatin1String(name));
+    return control;
+}
+
+// The Escape key of the window clicks the button.
+void SetEscapeButton(QWidget& window, QPushButton& button);
+
+// The Enter keys of the window click the button.
+void SetEnterButton(QWidget& window, QPushButton& button);
+
+// Puts a window that was not shown yet in the middle of the screen.
+void CenterOnScreen(QWidget& window);
+
+}  // namespace tavel

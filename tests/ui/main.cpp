@@ -1,0 +1,29 @@
+#include "ui/support/Windows.h"
+#include "ui/toolkit/Application.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+class CleanBetweenTests : public testing::EmptyTestEventListener {
+    void OnTestStart(const testing::TestInfo&) override { tavel::test::CleanUp(); }
+    void OnTestEnd(const testing::TestInfo&) override { tavel::test::CleanUp(); }
+};
+
+}  // namespace
+
+// What Qt and fontconfig keep for the life of the process is no leak of ours.
+extern "C" const char* __lsan_default_suppressions();
+extern "C" const char* __lsan_default_suppressions() {
+    return "leak:libfontconfig\nleak:libQt6Gui\nleak:libQt6Widgets\nleak:libQt6DBus\n";
+}
+
+int main(int argc, char** argv) {
+    testing::InitGoogleTest(&argc, argv);
+    // Whatever desktop it is run on; "-platform xcb" shows what goes on.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    const tavel::Application application(argc, argv);
+    // gtest owns its listeners.
+    testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);
+    return RUN_ALL_TESTS();
+}

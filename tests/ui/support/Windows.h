@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QTest>
+#include <QWidget>
+#include <stdexcept>
+#include <string>
+
+namespace tavel::test {
+
+// The control of that object name in a window; throws when there is none of that kind.
+template <class Control = QWidget>
+Control& Find(QWidget& window, const char* name) {
+    auto* control = window.findChild<Control*>(QLatin1String(name));
+    if (control == nullptr) throw std::runtime_error(std::string("no control ") + name);
+    return *control;
+}
+
+// A real click of the left button in the middle of the control.
+inline void Click(QWidget& window, const char* name) {
+    QTest::mouseClick(&Find(window, name), Qt::LeftButton);
+}
+
+// Lets what was posted run, deferred deletes included.
+void RunEvents();
+
+// Counts the fatal ends of the process instead of letting them happen, for as long as it lives.
+// Elsewhere a fatal failure fails the test.
+class FatalEnds {
+  public:
+    FatalEnds();
+    ~FatalEnds();
+    FatalEnds(const FatalEnds&) = delete;
+    FatalEnds& operator=(const FatalEnds&) = delete;
+
+    int Count() const { return m_count; }
+
+  private:
+    int m_count = 0;
+};
+
+// Runs between tests: no window and no state of one reaches the next.
+void CleanUp();
+
+}  // namespace tavel::test
