@@ -1,0 +1,112 @@
+#include "core/Options.h"
+#include "core/PublicStuff.h"
+#include "platform/Failure.h"
+#include "support/Support.h"
+
+namespace tavel::test {
+namespace {
+
+class Options : public ::testing::Test {
+  protected:
+    Options() { sDBFile = temp.DrivePath("db.txt"); }
+    ~Options() override { ResetPublicStuff(); }
+
+    void Contain(const std::string& text) const { temp.Write("db.txt", text); }
+
+    TempFolder temp;
+};
+
+TEST_F(Options, LoadOptions_reads_all_seven) {
+    Contain(
+        "[options]\r\nbFirstTime=1\r\nbGroupZip=1\r\nbAutoGroup=1\r\nbScanOnAppStart=1\r\n"
+        "bAddHiddenFiles=1\r\niVidThumbMode=2\r\nsDefaultDBPath=c:\\Media\r\n");
+    LoadOptions();
+    EXPECT_TRUE(bFirstTime);
+    EXPECT_TRUE(bGroupZip);
+    EXPECT_TRUE(bAutoGroup);
+    EXPECT_TRUE(bScanOnAppStart);
+    EXPECT_TRUE(bAddHiddenFiles);
+    EXPECT_EQ(iVidThumbMode, 2);
+    EXPECT_EQ(sDefaultDBPath, "c:\\Media");
+}
+
+TEST_F(Options, LoadOptions_takes_0_for_every_missing_key) {
+    Contain("");
+    bFirstTime = bGroupZip = bAutoGroup = bScanOnAppStart = bAddHiddenFiles = true;
+    iVidThumbMode = 7;
+    LoadOptions();
+    EXPECT_FALSE(bFirstTime || bGroupZip || bAutoGroup || bScanOnAppStart || bAddHiddenFiles);
+    EXPECT_EQ(iVidThumbMode, 0);
+    EXPECT_EQ(sDefaultDBPath, "0");
+}
+
+TEST_F(Options, LoadOptions_takes_0_for_everything_without_the_file) {
+    LoadOptions();
+    EXPECT_FALSE(bFirstTime);
+    EXPECT_EQ(sDefaultDBPath, "0");
+}
+
+TEST_F(Options, The_wizard_starts_for_every_text_that_is_true) {
+    const struct {
+        const char* text;
+        bool isTrue;
+    } rows[] = {{"True", true}, {"true", true},   {"-1", true}, {"1", true},
+                {"0", false},   {"False", false}, {"2", true}};
+    for (const auto& row : rows) {
+        Contain(std::string("[options]\r\nbFirstTime=") + row.text + "\r\n");
+        LoadOptions();
+        EXPECT_EQ(bFirstTime, row.isTrue) << row.text;
+    }
+}
+
+TEST_F(Options, LoadOptions_fails_on_text_that_does_not_convert) {
+    for (const char* line :
+         {"bFirstTime=", "bFirstTime=yes", "bGroupZip=x", "bAutoGroup=", "bScanOnAppStart=on",
+          "bAddHiddenFiles=", "iVidThumbMode=", "iVidThumbMode=two"}) {
+        Contain(std::string("[options]\r\n") + line + "\r\n");
+        EXPECT_EQ(FailureOf(LoadOptions), failure::TypeMismatch) << line;
+    }
+    Contain("[options]\r\niVidThumbMode=40000\r\n");
+    EXPECT_EQ(FailureOf(LoadOptions), failure::Overflow);
+}
+
+TEST_F(Options, LoadOptions_reads_in_its_fixed_order_up_to_a_failure) {
+    Contain(
+        "[options]\r\nsDefaultDBPath=late\r\niVidThumbMode=3\r\nbAddHiddenFiles=bad\r\n"
+        "bScanOnAppStart=1\r\nbAutoGroup=1\r\nbGroupZip=1\r\nbFirstTime=1\r\n");
+    EXPECT_EQ(FailureOf(LoadOptions), failure::TypeMismatch);
+    EXPECT_TRUE(bFirstTime && bGroupZip && bAutoGroup && bScanOnAppStart);
+    EXPECT_EQ(iVidThumbMode, 0);
+    EXPECT_EQ(sDefaultDBPath, "");
+}
+
+TEST_F(Options, LoadSupportedExts_reads_each_list) {
+    Contain(
+        "[musicsupport]\r\nno=2\r\n0=mp3\r\n1=wav\r\n"
+        "[videosupport]\r\nno=1\r\n0=mp4\r\n1=unread\r\n"
+        "[photosupport]\r\nno=1\r\n0=jpg\r\n");
+    LoadSupportedExts();
+    EXPECT_EQ(sMusicSupport, (std::vector<std::string>{"mp3", "wav"}));
+    EXPECT_EQ(sVideoSupport, (std::vector<std::string>{"mp4"}));
+    EXPECT_EQ(sPhotoSupport, (std::vector<std::string>{"jpg"}));
+}
+
+TEST_F(Options, A_missing_extension_is_one_that_no_file_has) {
+    Contain(
+        "[musicsupport]\r\nno=3\r\n0=mp3\r\n2=wav\r\n[videosupport]\r\nno=1\r\n0=mp4\r\n"
+        "[photosupport]\r\nno=1\r\n0=\r\n");
+    LoadSupportedExts();
+    EXPECT_EQ(sMusicSupport, (std::vector<std::string>{"mp3", "XYZXYZ", "wav"}));
+    EXPECT_EQ(sPhotoSupport, (std::vector<std::string>{""}));
+}
+
+TEST_F(Options, A_list_without_entries_fails) {
+    for (const char* count : {"no=0\r\n", "", "no=many\r\n", "no=-3\r\n"}) {
+        Contain(std::string("[musicsupport]\r\nno=1\r\n0=mp3\r\n[videosupport]\r\n") + count);
+        EXPECT_EQ(FailureOf(LoadSupportedExts), failure::SubscriptOutOfRange) << count;
+        EXPECT_EQ(sMusicSupport, (std::vector<std::string>{"mp3"}));
+    }
+}
+
+}  // namespace
+}  // namespace tavel::test

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+
+namespace tavel::test {
+
+// The db.txt beside the test program, where start-up looks for it. Tests run side by side, so one
+// that owns the file keeps the others waiting until it has removed it.
+class ProgramDB {
+  public:
+    explicit ProgramDB(const std::string& contents);
+    ~ProgramDB();
+    ProgramDB(const ProgramDB&) = delete;
+    ProgramDB& operator=(const ProgramDB&) = delete;
+
+    std::string Read() const;
+
+  private:
+    std::string m_path;
+    int m_lock = -1;
+};
+
+}  // namespace tavel::test
