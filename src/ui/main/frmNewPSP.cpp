@@ -1,0 +1,70 @@
+#include "ui/main/frmNewPSP.h"
+
+#include "device/Discovery.h"
+#include "ui/toolkit/Controls.h"
+#include "ui/toolkit/DriveList.h"
+#include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Strings.h"
+#include "ui/toolkit/StyleApply.h"
+
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tavel {
+
+frmNewPSP::frmNewPSP()
+    : QWidget(nullptr, Qt::Dialog),
+      txtName(Named<QLineEdit>("txtName", QStringLiteral("My PSP"), this)),
+      drvPSP(Named<DriveList>("drvPSP", this)) {
+    setObjectName(QStringLiteral("frmNewPSP"));
+    setWindowTitle(QStringLiteral("Setup New PSP"));
+
+    auto* Label1 = Named<QLabel>("Label1", QStringLiteral("PSP Name"), this);
+    auto* Label3 = Named<QLabel>("Label3", QStringLiteral("PSP Drive"), this);
+    auto* Label2 = Named<QLabel>(
+        "Label2",
+        QStringLiteral("We need to create a small file on your PSP to hold some data that Tavel "
+                       "needs to run properly. The file is tiny (about 2Kb), so it wont take up "
+                       "valuable media space on your memory stick."),
+        this);
+    Label2->setWordWrap(true);
+    Label1->setBuddy(txtName);
+    Label3->setBuddy(drvPSP);
+    txtName->setAccessibleName(Label1->text());
+    drvPSP->setAccessibleName(Label3->text());
+
+    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
+    auto* cmdCancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
+    connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
+    connect(cmdCancel, &QPushButton::clicked, this, [] { SingleWindow<frmNewPSP>::Unload(); });
+    SetEnterButton(*this, *cmdOK);
+    SetEscapeButton(*this, *cmdCancel);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdOK);
+    buttons->addWidget(cmdCancel);
+    auto* column = new QVBoxLayout(this);
+    column->addWidget(Label1);
+    column->addWidget(txtName);
+    column->addWidget(Label3);
+    column->addWidget(drvPSP);
+    column->addSpacing(column->spacing());
+    column->addWidget(Label2);
+    column->addSpacing(column->spacing());
+    column->addLayout(buttons);
+
+    StyleApply(*this, gStyle);
+    setFixedSize(380, heightForWidth(380));
+    CenterOnScreen(*this);
+}
+
+void frmNewPSP::cmdOK_Click() {
+    if (SetupNewPSP(drvPSP->Drive(), FromQString(txtName->text())))
+        SingleWindow<frmNewPSP>::Unload();
+}
+
+}  // namespace tavel
