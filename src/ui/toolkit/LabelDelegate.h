@@ -13,6 +13,9 @@ class LabelDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    // At least as high as a row with an icon, so that all lists have the same rows.
+    QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
     // A text that doesn't fit its cell is shown as a tip.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;

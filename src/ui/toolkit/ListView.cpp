@@ -25,6 +25,7 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
     header()->setSectionsClickable(false);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(Pixels(300));
+    header()->setMinimumHeight(24);
 
     auto* labels = new LabelDelegate(this);
     setItemDelegate(labels);

@@ -24,6 +24,7 @@ TreeView::TreeView(QWidget* parent) : QTreeWidget(parent) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setIconSize({16, 16});
+    setIndentation(16);
     setSelectionMode(SingleSelection);
     setEditTriggers(SelectedClicked | EditKeyPressed);
 
