@@ -1,0 +1,137 @@
+#include "core/PublicStuff.h"
+#include "library/Adding.h"
+#include "library/Groups.h"
+#include "platform/Text.h"
+#include "platform/UpCall.h"
+#include "ui/main/ItemRows.h"
+#include "ui/main/frmLog.h"
+#include "ui/main/frmMain.h"
+#include "ui/main/frmNewPSP.h"
+#include "ui/toolkit/BrowseForFolder.h"
+#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/InputBox.h"
+#include "ui/toolkit/ListView.h"
+#include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Strings.h"
+#include "ui/toolkit/TreeView.h"
+
+namespace tavel {
+
+namespace {
+
+// One pattern an extension, each with a semicolon behind it, the last one too.
+std::string PatternsOf(const std::vector<std::string>& sExtensions) {
+    std::string sPatterns;
+    for (const std::string& sExtension : sExtensions) sPatterns += "*." + sExtension + ";";
+    return sPatterns;
+}
+
+std::string FilterOfMedia() {
+    const std::string sPhotos = PatternsOf(sPhotoSupport);
+    const std::string sMusic = PatternsOf(sMusicSupport);
+    const std::string sVideos = PatternsOf(sVideoSupport);
+    return "All Supported Files|" + sPhotos + sMusic + sVideos + "|Photo Files|" + sPhotos +
+           "|Music Files|" + sMusic + "|Video Files|" + sVideos;
+}
+
+constexpr const char* DelGroupQuestion = "This will remove the group from the DB, are you sure?";
+
+bool ConfirmsDelete(const char* sQuestion) {
+    return MsgBox(QLatin1String(sQuestion), MsgBoxButtons::YesNo,
+                  QStringLiteral("Delete Group?")) == MsgBoxAnswer::Yes;
+}
+
+template <class Window>
+void ShowWindow() {
+    Window& window = SingleWindow<Window>::Get();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
+
+}  // namespace
+
+void frmMain::mnuAddFile_Click() {
+    std::string sFiles;
+    std::string sFileTitle;
+    bool bReadOnly = false;
+    std::string sFilter = FilterOfMedia();
+    Long iFilterIndex = 1;
+    Long iFlags = 0x280000;
+    CDLG().VBGetOpenFileName(sFiles, sFileTitle, true, true, bReadOnly, true, sFilter, iFilterIndex,
+                             "", "Select file(s) to add", "", this, iFlags);
+    if (Trim(sFiles).empty()) return;
+    AddFiles(Split(sFiles, '\0'));
+}
+
+void frmMain::mnuAddFolder_Click() {
+    const std::string sPath = BrowseForFolderDlg(this, "", "Select a folder", false, false);
+    if (sPath.empty()) return;
+    UpCall<AddWindow>::Get().Show();
+    AddFolder(sPath, true, false, true, true);
+    UpCall<AddWindow>::Get().Unload();
+}
+
+void frmMain::mnuShowLog_Click() { ShowWindow<frmLog>(); }
+
+void frmMain::mnuSetupPSP_Click() { ShowWindow<frmNewPSP>(); }
+
+void frmMain::CreateGroup(Integer iType) {
+    std::vector<std::string> sIDs{""};
+    for (Long row = 1; row <= grdItems->Count(); ++row) {
+        if (!grdItems->Selected(row)) continue;
+        if (!sIDs[0].empty()) sIDs.emplace_back();
+        sIDs.back() = GetDBID(grdItems->Key(row));
+    }
+    const std::string sName =
+        FromQString(InputBox(QStringLiteral("What would you like to call your new group?"),
+                             QStringLiteral("Name Group"), QStringLiteral("New Group")));
+    if (Trim(sName).empty()) return;
+    MakeGroup(sIDs, sName, iType);
+}
+
+void frmMain::mnuRemFromGroup_Click() {
+    for (const std::string& sID : sSelected) {
+        RemoveFromGroup(sID, trvCat->SelectedNode().Key());
+        grdItems->Remove("ID" + sID);
+    }
+}
+
+void frmMain::mnuRemoveDB_Click() {
+    RemoveSelectedItems("This will remove the file(s) from the DB, are you sure?", false);
+}
+
+void frmMain::mnuRemoveComp_Click() {
+    RemoveSelectedItems(
+        "This will remove the file(s) from the DB and from your computer, are you sure?", true);
+}
+
+// sSelected keeps its ids; until the next click a second removal fails at the row that is gone.
+void frmMain::RemoveSelectedItems(const char* sQuestion, bool bFromDisk) {
+    if (!ConfirmsDelete(sQuestion)) return;
+    for (auto sID = sSelected.rbegin(); sID != sSelected.rend(); ++sID) {
+        bool bDeleteFile = bFromDisk;
+        RemoveItem(*sID, bDeleteFile);
+        grdItems->Remove("ID" + *sID);
+    }
+}
+
+void frmMain::mnuDelGroup_Click() {
+    if (ConfirmsDelete(DelGroupQuestion)) DeleteGroup(GetDBID(grdItems->CurrentKey()));
+}
+
+void frmMain::mnuDelGroup_Cat_Click() {
+    if (ConfirmsDelete(DelGroupQuestion)) DeleteGroup(trvCat->SelectedNode().Key());
+}
+
+// Both commands take the list's current row away, whatever it is: deleted from the tree, the group
+// may have no row in the list at all. Without a current row they fail, with the group gone.
+void frmMain::DeleteGroup(const std::string& sID) {
+    bool bDeleteFile = false;
+    RemoveItem(sID, bDeleteFile);
+    grdItems->Remove(grdItems->Current());
+    RefreshCats();
+}
+
+}  // namespace tavel

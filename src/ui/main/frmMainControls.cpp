@@ -1,0 +1,202 @@
+#include "device/Discovery.h"
+#include "library/Records.h"
+#include "library/Scan.h"
+#include "ui/main/StatusFrame.h"
+#include "ui/main/WrappedButton.h"
+#include "ui/main/frmMain.h"
+#include "ui/toolkit/ListView.h"
+#include "ui/toolkit/TreeView.h"
+#include "ui/toolkit/Twips.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPainter>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace tavel {
+
+namespace {
+
+template <class Control>
+Control* Labelled(Control* control, const char* name, const char* role) {
+    control->setObjectName(QLatin1String(name));
+    control->setAccessibleName(QLatin1String(role));
+    return control;
+}
+
+// The transfer list and the list that stands in its place have the same shape.
+ListView* AddSyncList(const char* name, const char* role, QWidget* parent) {
+    ListView* list = Labelled(new ListView(parent), name, role);
+    list->AddColumn("icon", "", 300);
+    list->AddColumn("item", "Item");
+    // The second column is as wide as what the frame and a scroll bar leave, and a bit more.
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    return list;
+}
+
+// Painted from an icon, which has the picture for each scale of the screen.
+class Banner : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        m_picture.paint(&painter, rect());
+    }
+
+  private:
+    const QIcon m_picture{QStringLiteral(":/artwork/banner.jpg")};
+};
+
+TreeView* AddTree(const char* name, const char* role, QWidget* panel) {
+    TreeView* tree = Labelled(new TreeView(panel), name, role);
+    QFont font = tree->font();
+    font.setFamilies({QStringLiteral("Verdana"), font.family()});
+    tree->setFont(font);
+    return tree;
+}
+
+}  // namespace
+
+void frmMain::AddPictures() {
+    for (const char* key :
+         {"master", "video", "music", "photo", "magazine", "playlist", "vidseries", "psp"}) {
+        iglIcons.Add(QLatin1String(key), QLatin1String(key));
+    }
+    for (const char* number : {"3", "0", "5", "4", "1", "2", "8"}) {
+        iglIcons2.Add(QLatin1Char('#') + QLatin1String(number),
+                      QLatin1Char('t') + QLatin1String(number));
+    }
+    for (const char* key : {"send", "auto"}) iglView.Add(QLatin1String(key), QLatin1String(key));
+}
+
+void frmMain::AddControls() {
+    auto* client = Labelled(new QWidget(this), "client", "Tavel");
+    client->setFixedSize(Pixels(MainLayout::ClientWidth), Pixels(MainLayout::ClientHeight));
+    setCentralWidget(client);
+    layout()->setSizeConstraint(QLayout::SetFixedSize);
+
+    // The library's panel comes second, so that it lies over the device's.
+    picPSPCatBack = Labelled(new QWidget(client), "picPSPCatBack", "PSP");
+    picCatBack = Labelled(new QWidget(client), "picCatBack", "Library");
+    trvCat = AddTree("trvCat", "Library categories", picCatBack);
+    trvCat->SetDropTarget(true);
+    trvPSPCat = AddTree("trvPSPCat", "PSP categories", picPSPCatBack);
+
+    grdItems = Labelled(new ListView(client), "grdItems", "Items");
+    grdItems->SetDragSource(true);
+    grdSync = AddSyncList("grdSync", "Transfer list", client);
+    grdSync->SetDropTarget(true);
+    grdAutoSync = AddSyncList("grdAutoSync", "AutoSync list", client);
+    grdAutoSync->hide();
+
+    tbrRightView = Labelled(new QWidget(client), "tbrRightView", "View of the right-hand list");
+    m_view = Labelled(new QToolButton(tbrRightView), "view", "View");
+    m_view->setText(QStringLiteral("View"));
+    m_view->setPopupMode(QToolButton::InstantPopup);
+    m_view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    m_view->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    auto* views = new QMenu(m_view);
+    views->addAction(iglView.Icon(QStringLiteral("send")), QStringLiteral("Transfer View"))
+        ->setObjectName(QStringLiteral("sync"));
+    views->addAction(iglView.Icon(QStringLiteral("auto")), QStringLiteral("AutoSync View"))
+        ->setObjectName(QStringLiteral("auto"));
+    m_view->setMenu(views);
+    auto* line = new QHBoxLayout(tbrRightView);
+    line->setContentsMargins(0, 0, 0, 0);
+    line->addWidget(m_view);
+
+    cmdSend =
+        Labelled(new QPushButton(QStringLiteral("Send To PSP"), client), "cmdSend", "Send To PSP");
+    cmdClear =
+        Labelled(new WrappedButton(QStringLiteral("Clear List"), client), "cmdClear", "Clear List");
+
+    imgThumb = Labelled(new QLabel(client), "imgThumb", "Thumbnail");
+    imgThumb->setScaledContents(true);
+    imgThumb->setMouseTracking(true);
+    imgThumb->hide();
+    shpThumb = Labelled(new QWidget(client), "shpThumb", "Place of the thumbnail");
+    shpThumb->hide();
+
+    Frame1 = new StatusFrame(client);
+    Frame1->ShowPanel(m_status);
+    Image1 = Labelled(new Banner(client), "Image1", "Banner");
+}
+
+void frmMain::PlaceControls() {
+    Place(*picCatBack, m_layout.picCatBack);
+    Place(*trvCat, m_layout.trvCat);
+    Place(*picPSPCatBack, m_layout.picPSPCatBack);
+    Place(*trvPSPCat, m_layout.trvPSPCat);
+    Place(*grdItems, m_layout.grdItems);
+    Place(*grdSync, m_layout.grdSync);
+    Place(*grdAutoSync, m_layout.grdAutoSync);
+    Place(*tbrRightView, m_layout.tbrRightView);
+    Place(*cmdSend, m_layout.cmdSend);
+    Place(*cmdClear, m_layout.cmdClear);
+    Place(*imgThumb, m_layout.imgThumb);
+    Place(*shpThumb, m_layout.shpThumb);
+    Place(*Frame1, m_layout.Frame1);
+    Place(*Image1, m_layout.Image1);
+}
+
+void frmMain::ConnectMenus() {
+    const auto on = [this](const char* name, auto handler) {
+        connect(&m_menus.Entry(name), &QAction::triggered, this, handler);
+    };
+    on("mnuAddFile", [this] { mnuAddFile_Click(); });
+    on("mnuAddFolder", [this] { mnuAddFolder_Click(); });
+    on("mnuExit", [this] { mnuExit_Click(); });
+    on("mnuShowLog", [this] { mnuShowLog_Click(); });
+    on("mnuSetupPSP", [this] { mnuSetupPSP_Click(); });
+    on("mnuAddToTransfer", [this] { mnuAddToTransfer_Click(); });
+    on("mnuRename", [this] { grdItems->StartLabelEdit(); });
+    on("mnuPhotoAlbumGroup", [this] { CreateGroup(mtPhotoAlbum); });
+    on("mnuPhotoMagazineGroup", [this] { CreateGroup(mtMagazine); });
+    on("mnuVideoGroup", [this] { CreateGroup(mtVidSeries); });
+    on("mnuMusicGroup", [this] { CreateGroup(mtPlaylist); });
+    on("mnuRemFromGroup", [this] { mnuRemFromGroup_Click(); });
+    on("mnuRemoveDB", [this] { mnuRemoveDB_Click(); });
+    on("mnuRemoveComp", [this] { mnuRemoveComp_Click(); });
+    on("mnuDelGroup", [this] { mnuDelGroup_Click(); });
+    on("mnuPSPDel", [this] { mnuPSPDel_Click(); });
+    on("mnuRename_Cat", [this] { trvCat->StartLabelEdit(); });
+    on("mnuDelGroup_Cat", [this] { mnuDelGroup_Cat_Click(); });
+    for (const char* name :
+         {"mnuAddZipFile", "mnuWatchFolders", "mnuBackScan", "mnuOptions", "mnuThumbnail"}) {
+        m_menus.Entry(name).setEnabled(false);
+    }
+}
+
+void frmMain::ConnectControls() {
+    connect(trvCat, &TreeView::NodeClicked, this, &frmMain::trvCat_NodeClick);
+    connect(trvCat, &TreeView::NodeRightClicked, this, &frmMain::trvCat_NodeRightClick);
+    connect(trvCat, &TreeView::NodeCollapsed, this,
+            [this](TreeNode& node) { trvCat->Select(node); });
+    connect(trvCat, &TreeView::LabelEdited, this, &frmMain::trvCat_AfterLabelEdit);
+    connect(trvCat, &TreeView::RowsDropped, this, &frmMain::trvCat_RowsDropped);
+    connect(trvPSPCat, &TreeView::NodeClicked, this, &frmMain::trvPSPCat_NodeClick);
+
+    connect(grdItems, &ListView::RowClicked, this, &frmMain::grdItems_ItemClick);
+    connect(grdItems, &ListView::RowDoubleClicked, this, &frmMain::grdItems_DblClick);
+    connect(grdItems, &ListView::KeyPressed, this, &frmMain::grdItems_KeyDown);
+    connect(grdItems, &ListView::LabelEdited, this, &frmMain::grdItems_AfterLabelEdit);
+    connect(grdItems, &ListView::MouseReleased, this, &frmMain::grdItems_MouseUp);
+    connect(grdItems, &ListView::MouseMoved, this, &frmMain::grdItems_MouseMove);
+
+    connect(grdSync, &ListView::KeyPressed, this, &frmMain::grdSync_KeyDown);
+    connect(grdSync, &ListView::RowsDropped, this, &frmMain::grdSync_RowsDropped);
+    connect(m_view->menu(), &QMenu::triggered, this,
+            [this](QAction* entry) { tbrRightView_MenuClick(*entry); });
+    connect(cmdSend, &QPushButton::clicked, this, &frmMain::cmdSend_Click);
+    connect(cmdClear, &QPushButton::clicked, this, &frmMain::cmdClear_Click);
+
+    connect(&tmrPSP, &QTimer::timeout, this, [] { PollPSP(); });
+    connect(&tmrBack, &QTimer::timeout, this, [] { ScanTick(); });
+}
+
+}  // namespace tavel

@@ -1,0 +1,306 @@
+#include "core/PublicStuff.h"
+#include "ui/support/MainWindow.h"
+
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+
+namespace tavel::test {
+
+namespace {
+
+class CategoryTreeTest : public MainWindowTest {
+  protected:
+    std::string Tree(const QTreeWidgetItem& item) const {
+        const auto& node = static_cast<const TreeNode&>(item);
+        std::string text = node.Key() + "=" + node.Text();
+        if (node.childCount() == 0) return text;
+        text += node.isExpanded() ? "+(" : "-(";
+        for (int i = 0; i < node.childCount(); ++i) {
+            text += (i == 0 ? "" : " ") + Tree(*node.child(i));
+        }
+        return text + ")";
+    }
+    std::string Tree(const TreeView& tree) const { return Tree(*tree.topLevelItem(0)); }
+
+    std::string Columns() {
+        const QAbstractItemModel& model = *grdItems().model();
+        std::string captions;
+        for (int i = 0; i < model.columnCount(); ++i) {
+            captions += model.headerData(i, Qt::Horizontal).toString().toStdString() + " ";
+        }
+        return captions;
+    }
+
+    void Edit(QWidget& view, const char* text) {
+        auto* editor = view.findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        editor->selectAll();
+        QTest::keyClicks(editor, QString::fromUtf8(text));
+        QTest::keyClick(editor, Qt::Key_Return);
+        RunEvents();
+    }
+
+    // One of each kind, each in a group.
+    void FillLibrary() {
+        AddPhoto("ph_a", "Beach");
+        AddPhoto("ph_b", "Hill");
+        AddMusic("mu_a", "Song", "Singer");
+        AddVideo("vd_a", "Film");
+        AddMagazine("ma_a", {"ph_a"});
+        AddAlbum("pa_a", {"ph_b"});
+        AddPlaylist("pl_", {"mu_a"});
+        AddSeries("vs_a", {"vd_a"});
+    }
+};
+
+}  // namespace
+
+TEST_F(CategoryTreeTest, the_trees_have_their_fixed_nodes_in_order) {
+    Open();
+    EXPECT_EQ(Tree(trvCat()),
+              "master=DB+(photoall=Photos+(magazines=Magazines photoalbums=Photo Albums) "
+              "musicall=Music+(playlists=Playlists) videoall=Videos+(videoseries=Video Series))");
+    EXPECT_EQ(Tree(trvPSPCat()), "master=PSP+(photoall=Photos musicall=Music videoall=Videos)");
+}
+
+TEST_F(CategoryTreeTest, after_SetupCats_four_references_belong_to_the_devices_tree) {
+    frmMain& window = Open();
+    for (const TreeNode* node :
+         {window.nodMaster, window.nodPhotos, window.nodMusic, window.nodVideos}) {
+        EXPECT_EQ(node->treeWidget(), &trvPSPCat());
+    }
+    for (const TreeNode* node :
+         {window.nodMagazines, window.nodPhotoAlbums, window.nodPlaylists, window.nodVideoSeries}) {
+        EXPECT_EQ(node->treeWidget(), &trvCat());
+    }
+}
+
+TEST_F(CategoryTreeTest, groups_stand_below_their_kind_in_the_librarys_order) {
+    FillLibrary();
+    AddMagazine("ma_0", {});
+    Open();
+    EXPECT_EQ(Tree(trvCat()),
+              "master=DB+(photoall=Photos+(magazines=Magazines-(ma_a=Group ma_a ma_0=Group ma_0) "
+              "photoalbums=Photo Albums-(pa_a=Group pa_a)) "
+              "musicall=Music+(playlists=Playlists-(pl_=Group pl_)) "
+              "videoall=Videos+(videoseries=Video Series-(vs_a=Group vs_a)))");
+}
+
+TEST_F(CategoryTreeTest, after_the_load_master_is_selected_and_a_click_on_it_fills_nothing) {
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
+    EXPECT_EQ(trvCat().SelectedKey(), "master");
+    EXPECT_EQ(window.iListType, -1);
+    ClickNode("master");
+    EXPECT_EQ(window.iListType, -1);
+    EXPECT_EQ(grdItems().Count(), 0);
+    EXPECT_EQ(Columns(), "");
+}
+
+TEST_F(CategoryTreeTest, each_node_fills_the_list_of_its_kind) {
+    FillLibrary();
+    frmMain& window = Open();
+    const struct {
+        const char* key;
+        const char* columns;
+        const char* rows;
+        int iListType;
+    } nodes[] = {
+        {"photoall", "Title Dimentions Format Size Path ", "Beach|Hill", 0},
+        {"magazines", "Title Dimentions Format Size Path ", "Group ma_a", 1},
+        {"photoalbums", "Title Dimentions Format Size Path ", "Group pa_a", 2},
+        {"videoall", "Title Format Size Path ", "Film", 3},
+        {"videoseries", "Title Format Size Path ", "Group vs_a", 4},
+        {"musicall", "Title Artist Album Format Size Path ", "Song", 5},
+        {"playlists", "Title Artist Album Format Size Path ", "Group pl_", 8},
+        {"ma_a", "Title Dimentions Format Size Path ", "Beach", 0},
+        {"pa_a", "Title Dimentions Format Size Path ", "Hill", 0},
+        {"vs_a", "Title Format Size Path ", "Film", 3},
+        {"pl_", "Title Artist Album Format Size Path ", "Song", 5},
+    };
+    for (const auto& node : nodes) {
+        ClickNode(node.key);
+        EXPECT_EQ(Columns(), node.columns) << node.key;
+        EXPECT_EQ(RowsOf(grdItems()), node.rows) << node.key;
+        EXPECT_EQ(window.iListType, node.iListType) << node.key;
+        EXPECT_TRUE(grdItems().isVisible());
+    }
+}
+
+TEST_F(CategoryTreeTest, the_columns_have_their_widths) {
+    frmMain& window = Open();
+    const struct {
+        Integer iType;
+        int path;
+    } sets[] = {
+        {0, 8895 - 5240 - 960 - 260}, {3, 8895 - 3800 - 960 - 260}, {5, 8895 - 6680 - 960 - 260}};
+    for (const auto& set : sets) {
+        window.SetupItemList(set.iType);
+        EXPECT_EQ(grdItems().ColumnWidth("title"), 2880);
+        EXPECT_EQ(grdItems().ColumnWidth("size"), 960);
+        EXPECT_EQ(grdItems().ColumnWidth("format"), 920);
+        EXPECT_EQ(grdItems().ColumnWidth("path"), set.path);
+    }
+    EXPECT_EQ(FailureOf([&] { window.SetupItemList(1); }), failure::ListElementNotFound);
+}
+
+TEST_F(CategoryTreeTest, a_click_on_the_selected_node_fills_nothing) {
+    FillLibrary();
+    Open();
+    ClickNode("photoall");
+    AddPhoto("ph_c", "Lake");
+    ClickNode("photoall");
+    EXPECT_EQ(RowsOf(grdItems()), "Beach|Hill");
+    ClickNode("videoall");
+    ClickNode("photoall");
+    EXPECT_EQ(RowsOf(grdItems()), "Beach|Hill|Lake");
+}
+
+TEST_F(CategoryTreeTest, a_click_on_master_leaves_rows_and_columns_but_clears_the_selection) {
+    FillLibrary();
+    frmMain& window = Open();
+    ClickNode("photoall");
+    ClickRow(1);
+    EXPECT_EQ(window.sSelected, std::vector<std::string>{"ph_a"});
+    Find<QLabel>(window, "imgThumb").show();
+    ClickNode("master");
+    EXPECT_EQ(window.sSelected, std::vector<std::string>{""});
+    EXPECT_FALSE(Find<QLabel>(window, "imgThumb").isVisible());
+    EXPECT_EQ(RowsOf(grdItems()), "Beach|Hill");
+    EXPECT_EQ(window.iListType, 0);
+}
+
+TEST_F(CategoryTreeTest, moving_by_keyboard_fills_as_a_click_does) {
+    FillLibrary();
+    frmMain& window = Open();
+    QTest::keyClick(&trvCat(), Qt::Key_Down);
+    EXPECT_EQ(window.iListType, 0);
+    EXPECT_EQ(RowsOf(grdItems()), "Beach|Hill");
+}
+
+TEST_F(CategoryTreeTest, a_fixed_node_can_not_be_renamed) {
+    Open();
+    for (const char* key : {"master", "photoall", "musicall", "videoall", "magazines",
+                            "photoalbums", "playlists", "videoseries"}) {
+        trvCat().Select(trvCat().Node(key));
+        QTest::keyClick(&trvCat(), Qt::Key_F2);
+        EXPECT_EQ(trvCat().findChild<QLineEdit*>(), nullptr) << key;
+    }
+}
+
+TEST_F(CategoryTreeTest, renaming_a_node_renames_the_group_and_nothing_else) {
+    FillLibrary();
+    Open();
+    const struct {
+        const char* key;
+        const char* parent;
+        MediaType type;
+    } groups[] = {{"ma_a", "magazines", mtMagazine},
+                  {"pa_a", "photoalbums", mtPhotoAlbum},
+                  {"vs_a", "videoseries", mtVidSeries},
+                  {"pl_", "playlists", mtPlaylist}};
+    for (const auto& group : groups) {
+        bDBChanged = false;
+        ClickNode(group.parent);
+        const std::string sRow = RowsOf(grdItems());
+        trvCat().Select(trvCat().Node(group.key));
+        QTest::keyClick(&trvCat(), Qt::Key_F2);
+        Edit(trvCat(), "New name");
+        EXPECT_EQ(GroupOf(group.type, group.key).sName, "New name");
+        EXPECT_EQ(trvCat().Node(group.key).Text(), "New name");
+        EXPECT_EQ(RowsOf(grdItems()), sRow);
+        EXPECT_TRUE(bDBChanged);
+    }
+}
+
+TEST_F(CategoryTreeTest, an_empty_name_passes) {
+    FillLibrary();
+    Open();
+    trvCat().Select(trvCat().Node("ma_a"));
+    QTest::keyClick(&trvCat(), Qt::Key_F2);
+    Edit(trvCat(), "");
+    QTest::keyClick(&trvCat(), Qt::Key_F2);
+    auto* editor = trvCat().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->clear();
+    QTest::keyClick(editor, Qt::Key_Return);
+    RunEvents();
+    EXPECT_EQ(colMagazine.Item("ma_a").sName, "");
+}
+
+TEST_F(CategoryTreeTest, a_right_click_on_a_group_selects_it_and_fills_nothing) {
+    FillLibrary();
+    frmMain& window = Open();
+    ClickNode("musicall");
+    ClickNode(trvCat(), "photoall", Qt::RightButton);
+    EXPECT_FALSE(Shows("mnuCats"));
+    EXPECT_EQ(trvCat().SelectedKey(), "musicall");
+    ClickNode(trvCat(), "ma_a", Qt::RightButton);
+    EXPECT_TRUE(Shows("mnuCats"));
+    EXPECT_EQ(EntriesOf("mnuCats"), "mnuRename_Cat mnuSep6 mnuDelGroup_Cat ");
+    EXPECT_EQ(trvCat().SelectedKey(), "ma_a");
+    EXPECT_EQ(RowsOf(grdItems()), "Song");
+    EXPECT_EQ(window.iListType, 5);
+    Pick({"mnuCats", "mnuRename_Cat"});
+    Edit(trvCat(), "Weekly");
+    EXPECT_EQ(colMagazine.Item("ma_a").sName, "Weekly");
+}
+
+TEST_F(CategoryTreeTest, collapsing_a_branch_selects_the_node_collapsed_and_fills_nothing) {
+    FillLibrary();
+    frmMain& window = Open();
+    ClickNode("magazines");
+    trvCat().Node("photoall").setExpanded(false);
+    EXPECT_EQ(trvCat().SelectedKey(), "photoall");
+    EXPECT_EQ(window.iListType, 1);
+}
+
+TEST_F(CategoryTreeTest, RefreshCats_keeps_the_selection_and_the_list) {
+    FillLibrary();
+    frmMain& window = Open();
+    ClickNode("ma_a");
+    AddMagazine("ma_b", {});
+    window.RefreshCats();
+    EXPECT_EQ(trvCat().SelectedKey(), "ma_a");
+    EXPECT_EQ(trvCat().Node("ma_b").Parent()->Key(), "magazines");
+    EXPECT_EQ(RowsOf(grdItems()), "Beach");
+    colMagazine.Remove("ma_a");
+    window.RefreshCats();
+    EXPECT_EQ(trvCat().SelectedKey(), "magazines");
+    EXPECT_EQ(RowsOf(grdItems()), "Beach");
+}
+
+TEST_F(CategoryTreeTest, RefreshCats_expands_no_parent) {
+    FillLibrary();
+    frmMain& window = Open();
+    window.RefreshCats();
+    EXPECT_FALSE(trvCat().Node("magazines").isExpanded());
+}
+
+TEST_F(CategoryTreeTest, in_thumbnail_mode_4_the_tree_opens_and_closes_the_slot) {
+    FillLibrary();
+    InstallPictures();
+    frmMain& window = Open();
+    iVidThumbMode = 4;
+    const struct {
+        const char* key;
+        bool bExpanded;
+    } nodes[] = {
+        {"videoall", false}, {"photoall", true},    {"vs_a", false},     {"magazines", true},
+        {"vs_a", false},     {"videoseries", true}, {"vs_a", false},     {"photoalbums", true},
+        {"videoall", false}, {"playlists", true},   {"videoall", false}, {"musicall", true},
+        {"videoall", false}, {"master", true},      {"videoall", false}, {"pl_", true}};
+    for (const auto& node : nodes) {
+        ClickNode(node.key);
+        EXPECT_EQ(window.Layout().grdSync.Height, node.bExpanded ? 6000 : 4185) << node.key;
+        EXPECT_EQ(Find<QLabel>(window, "imgThumb").isVisible(), !node.bExpanded) << node.key;
+    }
+    // A click on the selected node fills nothing, but still sets the slot.
+    ClickNode("videoall");
+    window.ExpandSyncGrid(true);
+    ClickNode("videoall");
+    EXPECT_EQ(window.Layout().grdSync.Height, 4185);
+}
+
+}  // namespace tavel::test

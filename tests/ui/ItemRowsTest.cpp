@@ -1,0 +1,116 @@
+#include "ui/main/ItemRows.h"
+#include "ui/support/MainWindow.h"
+
+namespace tavel::test {
+
+namespace {
+
+class ItemRowsTest : public MainWindowTest {
+  protected:
+    static std::string Text(const ListRow& row) {
+        std::string text = row.sKey;
+        for (const std::string& cell : row.sCells) text += "|" + cell;
+        return text;
+    }
+    // A group of members of these sizes.
+    static std::vector<std::string> Photos(std::initializer_list<Long> sizes) {
+        std::vector<std::string> ids;
+        for (const Long size : sizes) {
+            ids.push_back("ph_" + std::to_string(ids.size()));
+            AddPhoto(ids.back(), "photo", size);
+        }
+        return ids;
+    }
+    static std::vector<std::string> Videos(std::initializer_list<Long> sizes) {
+        std::vector<std::string> ids;
+        for (const Long size : sizes) {
+            ids.push_back("vd_" + std::to_string(ids.size()));
+            AddVideo(ids.back(), "video", size);
+        }
+        return ids;
+    }
+};
+
+}  // namespace
+
+TEST_F(ItemRowsTest, a_photo_shows_dimensions_format_size_and_path) {
+    EXPECT_EQ(Text(PhotoRow(AddPhoto("ph_a", "Beach", 1234567))),
+              "IDph_a|Beach|480 X 272|jpg|1.23 Mb|C:\\Pictures\\Beach.jpg");
+}
+
+TEST_F(ItemRowsTest, a_video_shows_format_size_and_path) {
+    EXPECT_EQ(Text(VideoRow(AddVideo("vd_a", "Film", 999))),
+              "IDvd_a|Film|mp4|0 Mb|C:\\Videos\\Film.mp4");
+}
+
+TEST_F(ItemRowsTest, a_track_shows_artist_album_format_size_and_path) {
+    EXPECT_EQ(Text(MusicRow(AddMusic("mu_a", "Song", "Singer"))),
+              "IDmu_a|Song|Singer|Album|mp3|1.5 Mb|C:\\Music\\Song.mp3");
+}
+
+TEST_F(ItemRowsTest, a_group_shows_its_count_under_format_and_its_total_under_size) {
+    const auto photos = Photos({1400000, 1400000});
+    AddMagazine("ma_a", photos);
+    AddAlbum("pa_a", photos);
+    AddSeries("vs_a", Videos({1400000, 1400000}));
+    AddMusic("mu_a", "Song", "Singer");
+    AddPlaylist("pl_", {"mu_a"});
+    EXPECT_EQ(Text(RowsOfType(mtMagazine).at(0)), "IDma_a|Group ma_a||2 pages|2.8 Mb");
+    EXPECT_EQ(Text(RowsOfType(mtPhotoAlbum).at(0)), "IDpa_a|Group pa_a||2 pages|2.8 Mb");
+    EXPECT_EQ(Text(RowsOfType(mtVidSeries).at(0)), "IDvs_a|Group vs_a|2 Episodes|2 Mb");
+    EXPECT_EQ(Text(RowsOfType(mtPlaylist).at(0)), "IDpl_|Group pl_|||1 tracks|2 Mb");
+}
+
+TEST_F(ItemRowsTest, a_group_without_members_shows_zeros) {
+    AddSeries("vs_a", {});
+    AddMagazine("ma_a", {});
+    EXPECT_EQ(Text(RowsOfType(mtVidSeries).at(0)), "IDvs_a|Group vs_a|0 Episodes|0 Mb");
+    EXPECT_EQ(Text(RowsOfType(mtMagazine).at(0)), "IDma_a|Group ma_a||0 pages|0 Mb");
+}
+
+TEST_F(ItemRowsTest, a_series_loses_the_fraction_of_its_total_member_by_member) {
+    AddSeries("vs_a", Videos({500000, 500000, 500000}));
+    EXPECT_EQ(TotalVidSeriesSize("vs_a"), "0 Mb");
+    for (const char* id : {"vd_0", "vd_1", "vd_2"}) colVideo.Item(id).iSize = 1400000;
+    EXPECT_EQ(TotalVidSeriesSize("vs_a"), "3 Mb");
+    for (const char* id : {"vd_0", "vd_1", "vd_2"}) colVideo.Item(id).iSize = 1500000;
+    EXPECT_EQ(TotalVidSeriesSize("vs_a"), "6 Mb");  // 1.5 to 2, 3.5 to 4, 5.5 to 6
+}
+
+TEST_F(ItemRowsTest, a_playlist_loses_the_fraction_of_its_total_member_by_member) {
+    std::vector<std::string> ids;
+    for (const char* id : {"mu_0", "mu_1", "mu_2", "mu_3"}) {
+        AddMusic(id, "song", "").iSize = 400000;
+        ids.emplace_back(id);
+    }
+    AddPlaylist("pl_", ids);
+    EXPECT_EQ(TotalPlaylistSize("pl_"), "0 Mb");
+}
+
+TEST_F(ItemRowsTest, a_magazine_keeps_the_fraction_of_its_total) {
+    AddMagazine("ma_a", Photos({500000, 500000, 500000}));
+    EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtMagazine), "1.5 Mb");
+    EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtVideo), "0 Mb");
+}
+
+TEST_F(ItemRowsTest, types_without_a_collection_have_no_rows) {
+    AddPhoto("ph_a", "a");
+    for (const Integer iType : std::initializer_list<Integer>{-1, 6, 7, 9})
+        EXPECT_TRUE(RowsOfType(iType).empty()) << iType;
+    EXPECT_TRUE(RowsOfGroup("ph_a").empty());
+}
+
+TEST_F(ItemRowsTest, a_member_that_is_gone_fails) {
+    AddMagazine("ma_a", Photos({1}));
+    colPhoto.Clear();
+    EXPECT_EQ(FailureOf([] { RowsOfGroup("ma_a"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([] { RowsOfType(mtMagazine); }), failure::InvalidProcedureCall);
+}
+
+TEST_F(ItemRowsTest, GetDBID_takes_two_characters_off) {
+    EXPECT_EQ(GetDBID("IDph_a"), "ph_a");
+    EXPECT_EQ(GetDBID("I"), "");
+    EXPECT_EQ(GetDBID(""), "");
+}
+
+}  // namespace tavel::test

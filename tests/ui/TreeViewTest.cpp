@@ -1,0 +1,141 @@
+#include "support/Support.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/TreeView.h"
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+
+namespace tavel::test {
+
+namespace {
+
+class TreeViewTest : public testing::Test {
+  protected:
+    TreeViewTest() {
+        root = &tree.AddNode(nullptr, "root", "Root", {});
+        fixed = &tree.AddNode(root, "fixed", "Fixed", {});
+        group = &tree.AddNode(root, "group", "Group", {}, true);
+        child = &tree.AddNode(fixed, "child", "Child", {});
+        root->setExpanded(true);
+        fixed->setExpanded(true);
+        tree.Select(*root);
+        tree.resize(200, 200);
+        tree.show();
+        tree.activateWindow();
+        (void)QTest::qWaitForWindowActive(&tree);
+        QObject::connect(&tree, &TreeView::NodeClicked,
+                         [this](TreeNode& node, const std::string& sSelectedKey) {
+                             clicked += sSelectedKey + ">" + node.Key() + ";";
+                         });
+        QObject::connect(&tree, &TreeView::NodeRightClicked,
+                         [this](TreeNode& node, QPoint) { rightClicked += node.Key() + ";"; });
+        QObject::connect(&tree, &TreeView::LabelEdited,
+                         [this](TreeNode& node, const std::string& sNewText) {
+                             edited += node.Text() + ">" + sNewText + ";";
+                         });
+    }
+
+    QPoint On(TreeNode& node) const { return tree.visualItemRect(&node).center(); }
+    void ClickNode(TreeNode& node, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(tree.viewport(), button, {}, On(node));
+    }
+
+    TreeView tree;
+    TreeNode* root;
+    TreeNode* fixed;
+    TreeNode* group;
+    TreeNode* child;
+    std::string clicked;
+    std::string rightClicked;
+    std::string edited;
+};
+
+}  // namespace
+
+TEST_F(TreeViewTest, nodes_are_found_by_key) {
+    EXPECT_EQ(&tree.Node("child"), child);
+    EXPECT_EQ(child->Parent(), fixed);
+    EXPECT_EQ(root->Parent(), nullptr);
+    EXPECT_EQ(tree.Find("none"), nullptr);
+    EXPECT_EQ(FailureOf([&] { tree.Node("none"); }), failure::ListElementNotFound);
+    EXPECT_EQ(FailureOf([&] { tree.AddNode(root, "child", "", {}); }), failure::ListKeyNotUnique);
+}
+
+TEST_F(TreeViewTest, removed_nodes_are_forgotten_with_all_below_them) {
+    tree.RemoveChildren(*root);
+    EXPECT_EQ(tree.Find("fixed"), nullptr);
+    EXPECT_EQ(tree.Find("child"), nullptr);
+    tree.AddNode(root, "child", "Again", {});
+    tree.RemoveAll();
+    EXPECT_EQ(FailureOf([&] { tree.SelectedNode(); }), failure::ObjectNotSet);
+    EXPECT_EQ(tree.SelectedKey(), "");
+}
+
+TEST_F(TreeViewTest, a_click_tells_the_node_and_what_was_selected_before) {
+    ClickNode(*fixed);
+    ClickNode(*fixed);
+    ClickNode(*group);
+    EXPECT_EQ(clicked, "root>fixed;fixed>fixed;fixed>group;");
+}
+
+TEST_F(TreeViewTest, a_press_that_slides_away_still_clicks_the_node_that_it_selected) {
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, On(*fixed));
+    QTest::mouseMove(tree.viewport(), On(*group));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*group));
+    EXPECT_EQ(tree.SelectedKey(), "fixed");
+    EXPECT_EQ(clicked, "root>fixed;");
+}
+
+TEST_F(TreeViewTest, moving_by_keyboard_counts_as_a_click_on_the_node_moved_to) {
+    QTest::keyClick(&tree, Qt::Key_Down);
+    QTest::keyClick(&tree, Qt::Key_Up);
+    QTest::keyClick(&tree, Qt::Key_Up);
+    EXPECT_EQ(clicked, "root>fixed;fixed>root;");
+}
+
+TEST_F(TreeViewTest, the_arrow_in_front_of_a_node_is_no_click_on_it) {
+    std::string collapsed;
+    QObject::connect(&tree, &TreeView::NodeCollapsed,
+                     [&](TreeNode& node) { collapsed += node.Key(); });
+    const QRect rect = tree.visualItemRect(fixed);
+    const QPoint arrow(rect.left() - tree.indentation() / 2, rect.center().y());
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, arrow);
+    EXPECT_EQ(collapsed, "fixed");
+    EXPECT_EQ(clicked, "");
+    EXPECT_EQ(tree.SelectedKey(), "root");
+}
+
+TEST_F(TreeViewTest, a_right_click_tells_the_node_and_selects_nothing) {
+    ClickNode(*group, Qt::RightButton);
+    EXPECT_EQ(rightClicked, "group;");
+    EXPECT_EQ(tree.SelectedKey(), "root");
+    EXPECT_EQ(clicked, "");
+}
+
+TEST_F(TreeViewTest, a_click_with_the_control_key_leaves_the_node_selected) {
+    ClickNode(*fixed);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, Qt::ControlModifier, On(*fixed));
+    EXPECT_TRUE(fixed->isSelected());
+}
+
+TEST_F(TreeViewTest, only_renamable_nodes_are_edited) {
+    tree.Select(*fixed);
+    tree.StartLabelEdit();
+    QTest::keyClick(&tree, Qt::Key_F2);
+    EXPECT_EQ(tree.findChild<QLineEdit*>(), nullptr);
+
+    tree.Select(*group);
+    QTest::keyClick(&tree, Qt::Key_F2);
+    auto* editor = tree.findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, QStringLiteral("New"));
+    QTest::keyClick(editor, Qt::Key_Down);
+    EXPECT_EQ(tree.SelectedKey(), "group");
+    QTest::keyClick(editor, Qt::Key_Return);
+    RunEvents();
+    EXPECT_EQ(edited, "Group>New;");
+    EXPECT_EQ(group->Text(), "New");
+}
+
+}  // namespace tavel::test

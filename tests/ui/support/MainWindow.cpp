@@ -1,0 +1,246 @@
+#include "ui/support/MainWindow.h"
+
+#include "core/PublicStuff.h"
+#include "ui/toolkit/Application.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QDir>
+#include <QImage>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QTimer>
+#include <QWindow>
+
+namespace tavel::test {
+
+namespace {
+
+template <class T>
+T& AddRecord(Collection<T>& records, const std::string& sID, const std::string& sName) {
+    T record;
+    record.sDBID = sID;
+    record.sName = sName;
+    return records.Add(sID, record);
+}
+
+template <class T>
+void AddGroup(Collection<T>& groups, const std::string& sID, const std::vector<std::string>& sIDs,
+              MediaType itemType) {
+    T& group = AddRecord(groups, sID, "Group " + sID);
+    group.SetCount(static_cast<Integer>(sIDs.size()));
+    if (!sIDs.empty()) group.Redim_sMemberID(static_cast<Integer>(sIDs.size() - 1), false);
+    Integer place = 0;
+    for (const std::string& sMember : sIDs) {
+        group.Set_sMemberID(place++, sMember);
+        Item& item = ItemOf(itemType, sMember);
+        item.Redim_sGroups(item.iNoGroups, true);
+        item.Set_sGroups(item.iNoGroups++, sID);
+    }
+}
+
+// Takes the failure message; all other prompts go on to the test's own.
+class FailureBoxes : public Prompter {
+  public:
+    explicit FailureBoxes(Prompter& others) : m_others(others) {}
+
+    Long Number() const { return m_number; }
+
+    MsgBoxAnswer MsgBox(const QString& text, MsgBoxButtons buttons, const QString& title) override {
+        if (!text.startsWith(QLatin1String("Run-time error"))) {
+            return m_others.MsgBox(text, buttons, title);
+        }
+        m_number = text.section(QLatin1Char('\''), 1, 1).toInt();
+        return MsgBoxAnswer::OK;
+    }
+    QString InputBox(const QString& prompt, const QString& title, const QString& text) override {
+        return m_others.InputBox(prompt, title, text);
+    }
+    FileAnswer PickFiles(const FileRequest& request) override {
+        return m_others.PickFiles(request);
+    }
+    std::string PickFolder(const FolderRequest& request) override {
+        return m_others.PickFolder(request);
+    }
+
+  private:
+    Prompter& m_others;
+    Long m_number = 0;
+};
+
+}  // namespace
+
+MainWindowTest::MainWindowTest() {
+    ReleaseCollections();
+    UseFileService(&files);
+    gStyle = {"Verdanda", -1, -1};
+    sDBFile = temp.DrivePath("db.txt");
+    temp.Write("db.txt", "[watch]\r\ndelay=7\r\n");
+}
+
+MainWindowTest::~MainWindowTest() {
+    SingleWindow<frmMain>::Unload();
+    RunEvents();
+    ReleaseCollections();
+    UseFileService(nullptr);
+}
+
+Photo& MainWindowTest::AddPhoto(const std::string& sID, const std::string& sName, Long iSize) {
+    Photo& photo = AddRecord(colPhoto, sID, sName);
+    photo.iSize = iSize;
+    photo.iSizeW = 480;
+    photo.iSizeH = 272;
+    photo.sFormat = "jpg";
+    photo.sPath = "C:\\Pictures\\" + sName + ".jpg";
+    return photo;
+}
+
+Video& MainWindowTest::AddVideo(const std::string& sID, const std::string& sName, Long iSize) {
+    Video& video = AddRecord(colVideo, sID, sName);
+    video.iSize = iSize;
+    video.sFormat = "mp4";
+    video.sPath = "C:\\Videos\\" + sName + ".mp4";
+    return video;
+}
+
+Music& MainWindowTest::AddMusic(const std::string& sID, const std::string& sName,
+                                const std::string& sArtist) {
+    Music& music = AddRecord(colMusic, sID, sName);
+    music.iSize = 1500000;
+    music.sArtist = sArtist;
+    music.sAlbum = "Album";
+    music.sFormat = "mp3";
+    music.sPath = "C:\\Music\\" + sName + ".mp3";
+    return music;
+}
+
+void MainWindowTest::AddMagazine(const std::string& sID, const std::vector<std::string>& sIDs) {
+    AddGroup(colMagazine, sID, sIDs, mtPhoto);
+}
+
+void MainWindowTest::AddAlbum(const std::string& sID, const std::vector<std::string>& sIDs) {
+    AddGroup(colPhotoAlbum, sID, sIDs, mtPhoto);
+}
+
+void MainWindowTest::AddSeries(const std::string& sID, const std::vector<std::string>& sIDs) {
+    AddGroup(colVidSeries, sID, sIDs, mtVideo);
+}
+
+void MainWindowTest::AddPlaylist(const std::string& sID, const std::vector<std::string>& sIDs) {
+    AddGroup(colPlaylist, sID, sIDs, mtMusic);
+}
+
+void MainWindowTest::PlugStick() {
+    temp.Write("stick/TavelDataFile.tavel", "[Data]\r\nPSPName=Pocket\r\n");
+    temp.Write("stick/psp/music/Tunes/one.mp3", "");
+    temp.Write("stick/psp/photo/Trip/one.jpg", "");
+    temp.Write("stick/MP_ROOT/100MNV01/M4V10001.mp4", "video");
+    files.Plug('e', temp.HostPath("stick"));
+}
+
+void MainWindowTest::InstallPictures() {
+    const QDir folder(QCoreApplication::applicationDirPath());
+    ASSERT_TRUE(folder.mkpath(QStringLiteral("UI")));
+    for (const char* name : {"UI/NoThumb.bmp", "UI/multiThumb.bmp"}) {
+        QImage picture(16, 12, QImage::Format_RGB32);
+        picture.fill(Qt::gray);
+        ASSERT_TRUE(picture.save(folder.filePath(QLatin1String(name))));
+    }
+}
+
+frmMain& MainWindowTest::Open() {
+    frmMain& window = SingleWindow<frmMain>::Get();
+    window.show();
+    window.activateWindow();
+    (void)QTest::qWaitForWindowActive(&window);
+    return window;
+}
+
+void MainWindowTest::ClickNode(TreeView& tree, const std::string& sKey, Qt::MouseButton button) {
+    TreeNode& node = tree.Node(sKey);
+    tree.scrollToItem(&node);
+    QTest::mouseClick(tree.viewport(), button, {}, tree.visualItemRect(&node).center());
+}
+
+void MainWindowTest::ClickRow(ListView& list, Long row, Qt::KeyboardModifiers keys,
+                              Qt::MouseButton button) {
+    const QPoint point = list.visualRect(list.model()->index(row - 1, 0)).center();
+    QTest::mouseClick(list.viewport(), button, keys, point);
+}
+
+void MainWindowTest::DoubleClickRow(Long row) {
+    ClickRow(row);
+    const QPoint point = grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
+    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, point);
+}
+
+void MainWindowTest::Drag(Long row, QWidget& target, QPoint position) {
+    QWidget& source = *grdItems().viewport();
+    const QPoint start = grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
+    QWindow* window = Main().windowHandle();
+    const QPoint goal = target.mapTo(&Main(), position);
+    QTimer::singleShot(0, &Main(), [=] {
+        QTest::mouseMove(window, goal - QPoint(2, 2));
+        QTest::mouseMove(window, goal);
+        QTest::mouseRelease(window, Qt::LeftButton, {}, goal);
+    });
+    QTest::mousePress(&source, Qt::LeftButton, {}, start);
+    const auto move = [&](QPoint point) {
+        QMouseEvent event(QEvent::MouseMove, point, source.mapToGlobal(point), Qt::NoButton,
+                          Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&source, &event);
+    };
+    move(start + QPoint(QApplication::startDragDistance(), 0));
+    move(start + QPoint(2 * QApplication::startDragDistance(), 0));
+}
+
+void MainWindowTest::Pick(std::initializer_list<const char*> names) {
+    const auto click = [](QMenu& menu, QAction& action) {
+        ASSERT_TRUE(menu.isVisible()) << FromQString(menu.objectName());
+        ASSERT_TRUE(action.isVisible()) << FromQString(action.objectName());
+        QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(&action).center());
+    };
+    QMenu* open = nullptr;
+    for (const char* name : names) {
+        auto& action = Find<QAction>(Main(), name);
+        if (open != nullptr) {
+            click(*open, action);
+        } else if (!action.menu()->isVisible()) {
+            QMenuBar& bar = *Main().menuBar();
+            QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(&action).center());
+        }
+        open = action.menu();
+    }
+}
+
+std::string MainWindowTest::EntriesOf(const char* menu) {
+    std::string names;
+    for (const QAction* action : Find<QMenu>(Main(), menu).actions()) {
+        if (action->isVisible()) names += FromQString(action->objectName()) + " ";
+    }
+    return names;
+}
+
+std::string MainWindowTest::RowsOf(const ListView& list) {
+    std::string rows;
+    for (Long row = 1; row <= list.Count(); ++row) {
+        rows += (row == 1 ? "" : "|") + list.Cell(row, 0);
+    }
+    return rows;
+}
+
+std::string MainWindowTest::CellsOf(const ListView& list, Long row) {
+    std::string cells = list.Cell(row, 0);
+    for (int cell = 1; cell < list.CellCount(row); ++cell) cells += "|" + list.Cell(row, cell);
+    return cells;
+}
+
+Long MainWindowTest::FatalOf(const std::function<void()>& work) {
+    const FatalEnds ends;
+    FailureBoxes boxes(prompts);
+    UsePrompter(&boxes);
+    work();
+    UsePrompter(&prompts);
+    return boxes.Number();
+}
+
+}  // namespace tavel::test
