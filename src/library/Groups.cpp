@@ -158,7 +158,7 @@ void RemoveItem(const std::string& sID, bool& bDeleteFile) {
         RemoveRecord(type, sID);
         bDeleteFile = false;
     }
-    if (bDeleteFile) oFSO().DeleteFile(sPath, true);
+    if (bDeleteFile && IsItemType(iType)) oFSO().DeleteFile(sPath, true);
     bDBChanged = true;
 }
 
