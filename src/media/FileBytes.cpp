@@ -3,21 +3,24 @@
 #include "platform/Failure.h"
 
 #include <algorithm>
+#include <cstring>
 
 namespace tavel {
 
 namespace {
 
-// Large enough for a picture inside a tag to come in a few reads.
-constexpr std::int64_t bodyStep = 64 * 1024;
-
-// Appends to the text what is not a NUL byte.
-void StripNulls(std::string_view bytes, std::string& text) {
-    while (!bytes.empty()) {
-        const std::size_t nul = std::min(bytes.find('\0'), bytes.size());
-        text.append(bytes.substr(0, nul));
-        bytes.remove_prefix(std::min(nul + 1, bytes.size()));
+// Closes up over the NUL bytes.
+void StripNulls(std::string& text) {
+    char* kept = text.data();
+    const char* const end = kept + text.size();
+    for (const char* from = kept; from != end;) {
+        const void* nul = std::memchr(from, 0, static_cast<std::size_t>(end - from));
+        const char* const to = nul == nullptr ? end : static_cast<const char*>(nul);
+        if (kept != from) std::memmove(kept, from, static_cast<std::size_t>(to - from));
+        kept += to - from;
+        from = to == end ? end : to + 1;
     }
+    text.resize(static_cast<std::size_t>(kept - text.data()));
 }
 
 }  // namespace
@@ -46,33 +49,41 @@ void FileBytes::Read(std::span<char> bytes) {
 }
 
 std::string FileBytes::ReadWithoutNulls(std::int64_t count) {
-    const std::int64_t end = m_offset + count;
-    std::string text;
-    text.reserve(static_cast<std::size_t>(std::min(count, BytesLeft())));
-    while (m_offset < end) {
-        const std::int64_t step = std::min(end - m_offset, bodyStep);
-        const std::string_view there = Peek(static_cast<std::size_t>(step));
-        if (there.empty()) break;
-        StripNulls(there, text);
-        m_offset += std::ssize(there);
-    }
-    m_offset = end;
+    std::string text(static_cast<std::size_t>(std::min(count, BytesLeft())), '\0');
+    const std::size_t copied = CopyWindow(text);
+    ReadAt(m_offset + static_cast<std::int64_t>(copied), std::span(text).subspan(copied));
+    m_offset += count;
+    StripNulls(text);
     return text;
 }
 
+// The next bytes, as far as the window holds them; returns their number.
+std::size_t FileBytes::CopyWindow(std::span<char> bytes) const {
+    const std::int64_t start = m_offset - m_windowStart;
+    if (start < 0 || start > std::ssize(m_window)) return 0;
+    return std::string_view(m_window.data(), m_window.size())
+        .copy(bytes.data(), bytes.size(), static_cast<std::size_t>(start));
+}
+
 void FileBytes::FillWindow(std::size_t count) {
-    if (m_fileOffset != m_offset && !m_file.Seek(m_offset)) Fail(failure::DeviceIO);
     m_windowStart = m_offset;
     m_window.resize(static_cast<std::size_t>(std::min<std::int64_t>(count, BytesLeft())));
+    m_window.resize(ReadAt(m_offset, m_window));
+}
+
+// Returns the number of bytes that are there.
+std::size_t FileBytes::ReadAt(std::int64_t offset, std::span<char> bytes) {
+    if (bytes.empty()) return 0;
+    if (m_fileOffset != offset && !m_file.Seek(offset)) Fail(failure::DeviceIO);
     std::size_t filled = 0;
-    while (filled < m_window.size()) {
+    while (filled < bytes.size()) {
         std::size_t bytesRead = 0;
-        if (!m_file.Read(std::span(m_window).subspan(filled), bytesRead)) Fail(failure::DeviceIO);
+        if (!m_file.Read(bytes.subspan(filled), bytesRead)) Fail(failure::DeviceIO);
         if (bytesRead == 0) break;
         filled += bytesRead;
     }
-    m_window.resize(filled);
-    m_fileOffset = m_windowStart + static_cast<std::int64_t>(filled);
+    m_fileOffset = offset + static_cast<std::int64_t>(filled);
+    return filled;
 }
 
 }  // namespace tavel

@@ -40,6 +40,8 @@ class FileBytes {
   private:
     std::int64_t BytesLeft() const;
     void FillWindow(std::size_t count);
+    std::size_t CopyWindow(std::span<char> bytes) const;
+    std::size_t ReadAt(std::int64_t offset, std::span<char> bytes);
 
     RawFile& m_file;
     std::int64_t m_length;

@@ -48,12 +48,15 @@ void cMP3ID3v2::MP3File(const std::string& sPath) {
 std::string_view cMP3ID3v2::GenreName(unsigned char number) { return GenreNameOf(number); }
 
 const FrameList& cMP3ID3v2::Frames() const {
-    if (!m_frames) Fail(failure::ObjectNotSet);
+    if (!m_isLoaded) Fail(failure::ObjectNotSet);
+    if (!m_frames) m_frames.emplace(std::exchange(m_framesRead, {}));
     return *m_frames;
 }
 
 void cMP3ID3v2::LoadTag() {
-    m_frames.emplace();
+    m_isLoaded = true;
+    m_framesRead.clear();
+    m_frames.reset();
     ResetFields();
     const auto file = OpenForReading(m_sMP3File);
     FileBytes bytes(*file);
@@ -65,7 +68,7 @@ void cMP3ID3v2::LoadTag() {
     TagContents tag = ReadFrames(bytes);
     m_bVersion = tag.Version;
     for (const TagFrame& frame : tag.Frames) StoreFrame(frame.Id, frame.Text);
-    m_frames.emplace(std::move(tag.Frames));
+    m_framesRead = std::move(tag.Frames);
 }
 
 // The lyrics stay: whoever goes through an album with one object keeps them until a file brings its

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavel {
 
@@ -38,8 +39,12 @@ class cMP3ID3v2 {
 
     // The number of instances of a frame, by id or by position in the list of counts, where an id
     // goes to the end with each further instance. 0 when there is no such frame.
-    Long TagsInFrame(std::string_view id) const { return m_frames ? m_frames->TagsInFrame(id) : 0; }
-    Long TagsInFrame(Long position) const { return m_frames ? m_frames->TagsInFrame(position) : 0; }
+    Long TagsInFrame(std::string_view id) const {
+        return m_isLoaded ? Frames().TagsInFrame(id) : 0;
+    }
+    Long TagsInFrame(Long position) const {
+        return m_isLoaded ? Frames().TagsInFrame(position) : 0;
+    }
 
     const std::string& ArtistURL() const { return m_sArtistURL; }
     const std::string& BuyURL() const { return m_sBuyURL; }
@@ -67,7 +72,7 @@ class cMP3ID3v2 {
     struct FrameField;
     static const FrameField frameFields[];
 
-    const FrameList& Frames() const;
+    const FrameList& Frames() const;  // fails with 91 before the first load
 
     void LoadTag();
     void ResetFields();
@@ -95,7 +100,12 @@ class cMP3ID3v2 {
     std::string m_sBuyURL;
     std::string m_sArtistURL;
     std::string m_sLyrics;
-    std::optional<FrameList> m_frames;  // none before the first load
+
+    // What a load read becomes the frame list when that is first asked for: who goes through a
+    // folder of music asks for three texts of each file and no more.
+    bool m_isLoaded = false;
+    mutable std::vector<TagFrame> m_framesRead;
+    mutable std::optional<FrameList> m_frames;
 };
 
 }  // namespace tavel
