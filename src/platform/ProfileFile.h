@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,7 +35,10 @@ bool ReadHostFile(const std::string& hostPath, std::size_t limit, std::string& b
 // too, finds the old bytes or the new ones. They are on the medium when it returns. Mode and, where
 // the user may, owner are kept, and a symbolic link stays a link to the same file. Where the folder
 // cannot be written but the file can, the file is written in place. False when it failed; the old
-// bytes are then still there, unless a medium broke while writing in place.
-bool ReplaceHostFile(const std::string& hostPath, std::string_view bytes);
+// bytes are then still there, unless a medium broke while writing in place. `tellBytes` passes the
+// bytes to the sink in pieces, the same each time.
+using ByteSink = std::function<void(std::string_view)>;
+bool ReplaceHostFile(const std::string& hostPath,
+                     const std::function<void(const ByteSink&)>& tellBytes);
 
 }  // namespace tavel

@@ -1,55 +1,61 @@
 #pragma once
 
+#include "platform/BlockStore.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <string_view>
-#include <vector>
 
 namespace tavel {
 
 // Names of profile sections and keys match without regard to ASCII case.
 bool SameName(std::string_view a, std::string_view b);
 
-// Equal for names that match. `start` sets apart equal names in different places. The same name
-// hashes differently from one run of the program to the next, so that no file can be made whose
-// names all collide. Allocates nothing.
-std::uint64_t HashOfName(std::string_view name, std::uint64_t start);
+// Equal for names that match. The same name hashes differently from one run of the program to the
+// next, so that no file can be made whose names all collide. Allocates nothing.
+std::uint32_t HashOfName(std::string_view name);
 
-// A flat open-addressing table from hashes to indices; the caller holds the entries themselves.
-class IndexTable {
+// Finds names in groups: the keys of one section are a group, the sections of a file are another.
+// Each group is a small open-addressing table from hashes to indices; the caller holds the entries.
+// Groups lie in memory in the order of their making, so that who goes through a file's sections in
+// order goes through memory in order.
+class NameTable {
   public:
     static constexpr std::uint32_t None = 0xFFFFFFFF;
 
-    // Room for `count` indices without growing.
-    void Reserve(std::size_t count);
+  private:
+    struct Slot {
+        std::uint32_t hash;
+        std::uint32_t index;
+    };
 
-    // The first index under the hash for which `matches(index)` holds; None if there is none.
+  public:
+    class Group {
+        friend class NameTable;
+        Slot* m_slots = nullptr;
+        std::uint32_t m_size = 0;  // a power of two, at most three quarters full; 0 without entries
+        std::uint32_t m_count = 0;
+    };
+
+    // The index under the hash for which `matches(index)` holds; None if there is none.
     template <class Matches>
-    std::uint32_t Find(std::uint64_t hash, Matches&& matches) const {
-        if (m_slots.empty()) return None;
-        const auto tag = static_cast<std::uint32_t>(hash >> 32);
-        for (std::size_t at = hash & m_mask; m_slots[at].index != None; at = (at + 1) & m_mask) {
-            if (m_slots[at].tag == tag && matches(m_slots[at].index)) return m_slots[at].index;
+    std::uint32_t Find(const Group& group, std::uint32_t hash, Matches&& matches) const {
+        if (group.m_size == 0) return None;
+        const std::uint32_t mask = group.m_size - 1;
+        for (std::uint32_t at = hash & mask; group.m_slots[at].index != None;
+             at = (at + 1) & mask) {
+            const Slot& slot = group.m_slots[at];
+            if (slot.hash == hash && matches(slot.index)) return slot.index;
         }
         return None;
     }
 
-    void Insert(std::uint64_t hash, std::uint32_t index);
+    void Insert(Group& group, std::uint32_t hash, std::uint32_t index);
 
   private:
-    // The lower half of a hash gives the place, the upper half tells neighbours apart.
-    struct Slot {
-        std::uint32_t tag = 0;
-        std::uint32_t index = None;
-        std::uint32_t place = 0;
-    };
+    void Grow(Group& group);
 
-    void Resize(std::size_t slots);
-    void Put(const Slot& slot);
-
-    std::vector<Slot> m_slots;  // a power of two, at most three quarters full
-    std::size_t m_mask = 0;
-    std::size_t m_count = 0;
+    BlockStore<Slot> m_slots;
 };
 
 }  // namespace tavel

@@ -81,11 +81,6 @@ std::shared_ptr<Document> Load(std::string_view path) {
     return document;
 }
 
-// The batch's document, or what the file holds now.
-std::shared_ptr<Document> DocumentOf(std::string_view path) {
-    return IsIn(Running(), path) ? Running()->document : Load(path);
-}
-
 bool MakeFile(std::string_view path) {
     Long error = 0;
     const std::unique_ptr<RawFile> file = HostFileService().OpenRaw(path, RawMode::Create, error);
@@ -98,17 +93,29 @@ bool Save(Document& document, std::string_view path) {
     Forget(document);
     if (!document.stamp && !MakeFile(path)) return false;
     const std::string hostPath = HostFileService().HostPath(path);
-    if (!ReplaceHostFile(hostPath, document.text->Bytes())) return false;
+    const auto bytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
+    if (!ReplaceHostFile(hostPath, bytes)) return false;
     document.hostPath = hostPath;
     document.stamp = StampOf(hostPath);
     document.text->MarkSaved();
     return true;
 }
 
-std::optional<std::string_view> ValueIn(const std::shared_ptr<Document>& document,
-                                        std::string_view section, std::string_view key) {
-    return document == nullptr ? std::nullopt : document->text->Value(section, key);
-}
+// The batch's document, or what the file holds now; null when that cannot be read.
+struct Look {
+    explicit Look(std::string_view path)
+        : isInBatch(IsIn(Running(), path)),
+          loaded(isInBatch ? nullptr : Load(path)),
+          document(isInBatch ? Running()->document.get() : loaded.get()) {}
+
+    std::optional<std::string_view> Value(std::string_view section, std::string_view key) const {
+        return document == nullptr ? std::nullopt : document->text->Value(section, key);
+    }
+
+    const bool isInBatch;
+    const std::shared_ptr<Document> loaded;
+    Document* const document;
+};
 
 std::string_view WithoutBlanksAfter(std::string_view text) {
     const std::size_t last = text.find_last_not_of(" \t");
@@ -121,15 +128,15 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
                                     std::string_view defaultValue, std::size_t size,
                                     std::string_view path) {
     if (size == 0) return {};
-    const std::shared_ptr<Document> document = DocumentOf(path);
-    const std::optional<std::string_view> value = ValueIn(document, section, key);
+    const Look look(path);
+    const std::optional<std::string_view> value = look.Value(section, key);
     return std::string(CutAt(value.value_or(WithoutBlanksAfter(defaultValue)), size - 1));
 }
 
 unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, int defaultValue,
                               std::string_view path) {
-    const std::shared_ptr<Document> document = DocumentOf(path);
-    const std::optional<std::string_view> value = ValueIn(document, section, key);
+    const Look look(path);
+    const std::optional<std::string_view> value = look.Value(section, key);
     if (!value || value->empty()) return static_cast<unsigned>(defaultValue);
     const bool isNegative = value->front() == '-';
     unsigned number = 0;
@@ -143,11 +150,11 @@ unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, in
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, std::string_view path) {
-    const std::shared_ptr<Document> document = DocumentOf(path);
-    if (document == nullptr || !document->text->Write(section, key, value)) return false;
-    if (IsIn(Running(), path)) return true;
-    if (!Save(*document, path)) return false;
-    Keep(document);
+    const Look look(path);
+    if (look.document == nullptr || !look.document->text->Write(section, key, value)) return false;
+    if (look.isInBatch) return true;
+    if (!Save(*look.loaded, path)) return false;
+    Keep(look.loaded);
     return true;
 }
 

@@ -46,9 +46,11 @@ bool NeedsQuotes(std::string_view value) {
     return IsBlank(value.front()) || IsBlank(value.back()) || IsQuoted(value);
 }
 
+// Looks at all of it: without a way out of the loop it runs over many bytes at a time.
 bool IsOneLine(std::string_view value) {
-    return std::none_of(value.begin(), value.end(),
-                        [](char c) { return c == '\0' || IsLineBreak(c); });
+    bool isBroken = false;
+    for (const char c : value) isBroken |= c == '\0' || IsLineBreak(c);
+    return !isBroken;
 }
 
 std::string OnOneLine(std::string_view value) {
@@ -64,6 +66,10 @@ std::string OnOneLine(std::string_view value) {
 bool CanBeFoundAgain(std::string_view name) {
     if (name.empty() || name.front() == ';' || name.front() == '[') return false;
     return IsOneLine(name) && name.find('=') == std::string_view::npos;
+}
+
+bool CanBeSection(std::string_view name) {
+    return CanBeFoundAgain(name) && name.find(']') == std::string_view::npos;
 }
 
 // Walks over lines. The next LF is remembered, so that a file without any is searched only once.
@@ -105,9 +111,6 @@ bool EndsUnfinished(std::string_view bytes) {
 ProfileText::ProfileText(std::string bytes) : m_read(std::move(bytes)) { Parse(); }
 
 void ProfileText::Parse() {
-    constexpr std::size_t usualBytesPerKey = 24;
-    m_keys.reserve(m_read.size() / usualBytesPerKey);
-    m_keyTable.Reserve(m_read.size() / usualBytesPerKey);
     std::uint32_t section = None;
     LineReader lines(m_read, SizeOfMark(m_read));
     while (!lines.AtEnd()) {
@@ -136,42 +139,54 @@ std::uint32_t ProfileText::ParseHeader(std::string_view line, std::uint32_t next
 void ProfileText::ParseKey(std::string_view line, std::uint32_t section, std::uint32_t nextLine) {
     const std::size_t equals = line.find('=');
     if (equals == std::string_view::npos) return;
-    Key key;
-    key.name = WithoutBlanksAfter(line.substr(0, equals));
-    if (key.name.empty()) return;
+    const std::string_view name = WithoutBlanksAfter(line.substr(0, equals));
+    if (name.empty()) return;
     m_sections[section].insertAt = nextLine;
-    if (FindKey(section, key.name) != None) return;
-    key.value = WithoutBlanks(line.substr(equals + 1));
-    key.section = section;
-    key.valueAt = static_cast<std::uint32_t>(key.value.data() - m_read.data());
-    key.valueSize = static_cast<std::uint32_t>(key.value.size());
-    m_sections[section].endKey = AddKey(key) + 1;
+    if (FindKey(section, name) != None) return;
+    const std::string_view value = WithoutBlanks(line.substr(equals + 1));
+    m_sections[section].endKey =
+        AddKey(m_sections[section].keyNames, name, value, Origin::Read) + 1;
+}
+
+std::uint32_t ProfileText::AddKey(NameTable::Group& group, std::string_view name,
+                                  std::string_view value, Origin origin) {
+    const auto index = static_cast<std::uint32_t>(m_keys.size());
+    const auto nameSize = static_cast<std::uint32_t>(name.size());
+    const auto valueSize = static_cast<std::uint32_t>(value.size());
+    m_keys.push_back({name.data(), value.data(), nameSize, valueSize, None, origin});
+    m_names.Insert(group, HashOfName(name), index);
+    return index;
 }
 
 std::uint32_t ProfileText::FindSection(std::string_view name) const {
-    return m_sectionTable.Find(HashOfName(name, 0), [&](std::uint32_t index) {
-        return SameName(m_sections[index].name, name);
-    });
+    if (m_lastSection != None && SameName(m_sections[m_lastSection].name, name)) {
+        return m_lastSection;
+    }
+    const std::uint32_t found =
+        m_names.Find(m_sectionNames, HashOfName(name),
+                     [&](std::uint32_t index) { return SameName(m_sections[index].name, name); });
+    if (found != None) m_lastSection = found;
+    return found;
 }
 
 std::uint32_t ProfileText::FindKey(std::uint32_t section, std::string_view name) const {
-    return m_keyTable.Find(HashOfName(name, section), [&](std::uint32_t index) {
-        return m_keys[index].section == section && SameName(m_keys[index].name, name);
-    });
+    const Section& owner = m_sections[section];
+    const std::uint32_t next = m_lastKey + 1;
+    if (next >= owner.firstKey && next < owner.endKey && SameName(m_keys[next].Name(), name)) {
+        return m_lastKey = next;
+    }
+    const std::uint32_t found =
+        m_names.Find(owner.keyNames, HashOfName(name),
+                     [&](std::uint32_t index) { return SameName(m_keys[index].Name(), name); });
+    if (found != None) m_lastKey = found;
+    return found;
 }
 
 std::uint32_t ProfileText::AddSection(const Section& section) {
     const auto index = static_cast<std::uint32_t>(m_sections.size());
     m_sections.push_back(section);
-    m_sectionTable.Insert(HashOfName(section.name, 0), index);
-    return index;
-}
-
-std::uint32_t ProfileText::AddKey(const Key& key) {
-    const auto index = static_cast<std::uint32_t>(m_keys.size());
-    m_keys.push_back(key);
-    m_keyTable.Insert(HashOfName(key.name, key.section), index);
-    return index;
+    m_names.Insert(m_sectionNames, HashOfName(section.name), index);
+    return m_lastSection = index;
 }
 
 std::optional<std::string_view> ProfileText::Value(std::string_view section,
@@ -180,96 +195,156 @@ std::optional<std::string_view> ProfileText::Value(std::string_view section,
     if (inSection == None) return std::nullopt;
     const std::uint32_t found = FindKey(inSection, WithoutBlanks(key));
     if (found == None) return std::nullopt;
-    return AsRead(m_keys[found].value);
+    return AsRead(m_keys[found].Value());
 }
 
 bool ProfileText::Write(std::string_view section, std::string_view key, std::string_view value) {
     key = WithoutBlanks(key);
-    if (!CanBeFoundAgain(key) || !CanBeFoundAgain(section)) return false;
-    if (section.find(']') != std::string_view::npos) return false;
-
-    std::string changed;
-    if (!IsOneLine(value)) value = changed = OnOneLine(value);
     std::uint32_t inSection = FindSection(section);
     const std::uint32_t found = inSection == None ? None : FindKey(inSection, key);
-    if (found != None && AsRead(m_keys[found].value) == value) return true;
+    if (found != None && AsRead(m_keys[found].Value()) == value) return true;
+    if (found == None && !CanBeFoundAgain(key)) return false;
+    if (inSection == None && !CanBeSection(section)) return false;
 
+    std::string changed;
+    if (!IsOneLine(value)) {
+        value = changed = OnOneLine(value);
+        if (found != None && AsRead(m_keys[found].Value()) == value) return true;
+    }
     if (NeedsQuotes(value)) value = changed = '"' + std::string(value) + '"';
+    m_isChanged = true;
     if (found != None) {
-        Replace(m_keys[found], value);
+        Replace(found, value);
         return true;
     }
-    if (inSection == None) {
-        Section added;
-        added.name = m_added.Keep(section);
-        added.insertAt = static_cast<std::uint32_t>(m_read.size());
-        added.isNew = true;
-        inSection = AddSection(added);
-        m_addedBytes += section.size() + 2 + newLine.size();
-    }
-    Append(inSection, key, value);
+    if (inSection == None) inSection = AppendSection(section);
+    AppendKey(inSection, key, value);
     return true;
 }
 
-void ProfileText::Replace(Key& key, std::string_view value) {
-    key.value = m_added.Keep(value);
-    key.isReplaced = true;
-    m_addedBytes += value.size();
-    m_isChanged = true;
+std::string_view ProfileText::Kept(std::string_view text) {
+    char* const place = m_added.Take(text.size());
+    std::copy(text.begin(), text.end(), place);
+    return {place, text.size()};
 }
 
-void ProfileText::Append(std::uint32_t section, std::string_view name, std::string_view value) {
-    Key key;
-    key.name = m_added.Keep(name);
-    key.value = m_added.Keep(value);
-    key.section = section;
-    const std::uint32_t index = AddKey(key);
-    Section& owner = m_sections[section];
-    if (owner.lastNew == None) {
-        owner.firstNew = index;
-    } else {
-        m_keys[owner.lastNew].nextNew = index;
+void ProfileText::Replace(std::uint32_t index, std::string_view value) {
+    Key& key = m_keys[index];
+    if (key.origin == Origin::Read) {
+        const auto at = static_cast<std::uint32_t>(key.value - m_read.data());
+        m_replaced.push_back({index, at, key.valueSize});
     }
+    key.value = Kept(value).data();
+    key.valueSize = static_cast<std::uint32_t>(value.size());
+    key.origin = Origin::Apart;
+}
+
+std::uint32_t ProfileText::AppendSection(std::string_view name) {
+    Section added;
+    added.name = Kept(name);
+    added.insertAt = static_cast<std::uint32_t>(m_read.size());
+    added.isNew = true;
+    return AddSection(added);
+}
+
+// The whole line is kept in one piece, so that it goes into the file in one.
+void ProfileText::AppendKey(std::uint32_t section, std::string_view name, std::string_view value) {
+    char* const line = m_added.Take(name.size() + 1 + value.size() + newLine.size());
+    char* const equals = std::copy(name.begin(), name.end(), line);
+    *equals = '=';
+    char* const end = std::copy(value.begin(), value.end(), equals + 1);
+    std::copy(newLine.begin(), newLine.end(), end);
+
+    Section& owner = m_sections[section];
+    const std::uint32_t index =
+        AddKey(owner.keyNames, {line, name.size()}, {equals + 1, value.size()}, Origin::NewLine);
+    (owner.lastNew == None ? owner.firstNew : m_keys[owner.lastNew].nextNew) = index;
     owner.lastNew = index;
-    m_addedBytes += name.size() + 1 + value.size() + newLine.size();
-    m_isChanged = true;
+}
+
+// Passes the read bytes on, with the replaced values in their places, and what is put between.
+class ProfileText::Output {
+  public:
+    Output(const ProfileText& text, const Sink& sink)
+        : m_text(text), m_sink(sink), m_replaced(text.m_replaced) {
+        m_buffer.reserve(bufferSize);
+        std::sort(m_replaced.begin(), m_replaced.end(),
+                  [](const Replaced& a, const Replaced& b) { return a.at < b.at; });
+        m_next = m_replaced.begin();
+    }
+
+    void CopyUpTo(std::size_t place) {
+        const std::string_view read = m_text.m_read;
+        for (; m_next != m_replaced.end() && m_next->at <= place; ++m_next) {
+            Put(read.substr(m_done, m_next->at - m_done));
+            Put(m_text.m_keys[m_next->key].Value());
+            m_done = m_next->at + m_next->size;
+        }
+        Put(read.substr(m_done, place - m_done));
+        m_done = place;
+    }
+
+    void Put(std::string_view bytes) {
+        if (m_buffer.size() + bytes.size() > bufferSize) Flush();
+        if (bytes.size() > bufferSize) {
+            m_sink(bytes);
+        } else {
+            m_buffer += bytes;
+        }
+    }
+
+    void Flush() {
+        m_sink(m_buffer);
+        m_buffer.clear();
+    }
+
+  private:
+    static constexpr std::size_t bufferSize = 128 * 1024;
+
+    const ProfileText& m_text;
+    const Sink& m_sink;
+    std::vector<Replaced> m_replaced;  // in the order of the read bytes
+    std::vector<Replaced>::const_iterator m_next;
+    std::size_t m_done = 0;
+    std::string m_buffer;
+};
+
+void ProfileText::Tell(const Sink& sink) const {
+    Output output(*this, sink);
+    bool endIsUnfinished = EndsUnfinished(m_read);
+    for (const Section& section : m_sections) {
+        if (section.firstNew == None) continue;
+        output.CopyUpTo(section.insertAt);
+        const bool isAtEnd = section.insertAt == m_read.size();
+        if (isAtEnd && std::exchange(endIsUnfinished, false)) output.Put(newLine);
+        PutNew(section, output);
+    }
+    output.CopyUpTo(m_read.size());
+    output.Flush();
+}
+
+void ProfileText::PutNew(const Section& section, Output& output) const {
+    if (section.isNew) {
+        output.Put("[");
+        output.Put(section.name);
+        output.Put("]\r\n");
+    }
+    for (std::uint32_t i = section.firstNew; i != None; i = m_keys[i].nextNew) {
+        const Key& key = m_keys[i];
+        if (key.origin == Origin::NewLine) {
+            output.Put({key.name, key.nameSize + 1 + key.valueSize + newLine.size()});
+            continue;
+        }
+        output.Put(key.Name());
+        output.Put("=");
+        output.Put(key.Value());
+        output.Put(newLine);
+    }
 }
 
 std::string ProfileText::Bytes() const {
-    const std::string_view read = m_read;
     std::string bytes;
-    bytes.reserve(read.size() + m_addedBytes + newLine.size());
-    std::size_t done = 0;
-    bool endIsUnfinished = EndsUnfinished(read);
-    const auto copyUpTo = [&](std::size_t place) {
-        bytes += read.substr(done, place - done);
-        done = place;
-    };
-    for (const Section& section : m_sections) {
-        for (std::uint32_t i = section.firstKey; i < section.endKey; ++i) {
-            const Key& key = m_keys[i];
-            if (!key.isReplaced) continue;
-            copyUpTo(key.valueAt);
-            bytes += key.value;
-            done += key.valueSize;
-        }
-        if (section.firstNew == None) continue;
-        copyUpTo(section.insertAt);
-        if (done == read.size() && std::exchange(endIsUnfinished, false)) bytes += newLine;
-        if (section.isNew) {
-            bytes += '[';
-            bytes += section.name;
-            bytes += ']';
-            bytes += newLine;
-        }
-        for (std::uint32_t i = section.firstNew; i != None; i = m_keys[i].nextNew) {
-            bytes += m_keys[i].name;
-            bytes += '=';
-            bytes += m_keys[i].value;
-            bytes += newLine;
-        }
-    }
-    copyUpTo(read.size());
+    Tell([&](std::string_view piece) { bytes += piece; });
     return bytes;
 }
 

@@ -1,10 +1,12 @@
 #pragma once
 
+#include "platform/BlockStore.h"
 #include "platform/ProfileNames.h"
-#include "platform/TextStore.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,31 +45,48 @@ class ProfileText {
     bool IsChanged() const { return m_isChanged; }
     void MarkSaved() { m_isChanged = false; }
 
-    // The whole file as it stands.
+    // The whole file as it stands, in pieces of any size and in one.
+    using Sink = std::function<void(std::string_view)>;
+    void Tell(const Sink& sink) const;
     std::string Bytes() const;
 
   private:
-    static constexpr std::uint32_t None = IndexTable::None;
+    static constexpr std::uint32_t None = NameTable::None;
 
     struct Section {
         std::string_view name;
+        NameTable::Group keyNames;
         std::uint32_t firstKey = 0;  // its keys that the read bytes hold, to endKey
         std::uint32_t endKey = 0;
         std::uint32_t insertAt = 0;  // the place in the read bytes where its new keys go
-        bool isNew = false;
         std::uint32_t firstNew = None;
         std::uint32_t lastNew = None;
+        bool isNew = false;
     };
 
+    // Where a key's value is: in the read bytes, in a whole new line, or kept by itself.
+    enum class Origin : std::uint32_t { Read, NewLine, Apart };
+
     struct Key {
-        std::string_view name;
-        std::string_view value;  // as the file spells it, without the blanks around it
-        std::uint32_t section = None;
-        std::uint32_t valueAt = 0;  // where the read bytes hold the value, and how much of it
-        std::uint32_t valueSize = 0;
-        std::uint32_t nextNew = None;
-        bool isReplaced = false;
+        std::string_view Name() const { return {name, nameSize}; }
+        std::string_view Value() const { return {value, valueSize}; }
+
+        const char* name;
+        const char* value;  // as the file spells it, without the blanks around it
+        std::uint32_t nameSize;
+        std::uint32_t valueSize;
+        std::uint32_t nextNew;
+        Origin origin;
     };
+
+    // What the read bytes hold in the place of a key's present value.
+    struct Replaced {
+        std::uint32_t key;
+        std::uint32_t at;
+        std::uint32_t size;
+    };
+
+    class Output;
 
     void Parse();
     std::uint32_t ParseHeader(std::string_view line, std::uint32_t nextLine);
@@ -75,17 +94,24 @@ class ProfileText {
     std::uint32_t FindSection(std::string_view name) const;
     std::uint32_t FindKey(std::uint32_t section, std::string_view name) const;
     std::uint32_t AddSection(const Section& section);
-    std::uint32_t AddKey(const Key& key);
-    void Replace(Key& key, std::string_view value);
-    void Append(std::uint32_t section, std::string_view name, std::string_view value);
+    std::uint32_t AppendSection(std::string_view name);
+    void AppendKey(std::uint32_t section, std::string_view name, std::string_view value);
+    std::uint32_t AddKey(NameTable::Group& group, std::string_view name, std::string_view value,
+                         Origin origin);
+    std::string_view Kept(std::string_view text);
+    void Replace(std::uint32_t index, std::string_view value);
+    void PutNew(const Section& section, Output& output) const;
 
     std::string m_read;  // never changes: the views below point into it or into m_added
-    TextStore m_added;
-    std::size_t m_addedBytes = 0;
+    BlockStore<char> m_added;
     std::vector<Section> m_sections;  // in the order of the file, the new ones last
-    std::vector<Key> m_keys;
-    IndexTable m_sectionTable;
-    IndexTable m_keyTable;
+    std::deque<Key> m_keys;
+    std::vector<Replaced> m_replaced;
+    NameTable::Group m_sectionNames;
+    NameTable m_names;
+    // A library is read and written section by section, key by key in much the same order.
+    mutable std::uint32_t m_lastSection = None;
+    mutable std::uint32_t m_lastKey = None;
     bool m_isChanged = false;
 };
 

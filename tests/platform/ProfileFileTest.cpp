@@ -148,13 +148,13 @@ TEST_F(ProfileFile, A_link_stays_a_link_and_its_file_is_written) {
 
 TEST_F(ProfileFile, Where_the_folder_cannot_be_written_the_file_is_written_in_place) {
     for (const mode_t mode : {mode_t{0555}, mode_t{01777}}) {
-        m_folder.Write("db.txt", m_old + "; a longer file than the new one\r\n");
+        m_folder.Write("db.txt", "[s]\r\nk=a value longer than the new one\r\n");
         chmod(m_folder.HostPath("db.txt").c_str(), 0666);
         chmod(m_folder.HostPath().c_str(), mode);
         const auto before = Status("db.txt").st_ino;
         {
             const AsNobody nobody;
-            EXPECT_TRUE(ReplaceHostFile(m_folder.HostPath("db.txt"), m_new));
+            EXPECT_TRUE(Put("new"));
         }
         chmod(m_folder.HostPath().c_str(), 0755);
         EXPECT_EQ(m_folder.Read("db.txt"), m_new);

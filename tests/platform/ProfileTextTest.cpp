@@ -138,6 +138,8 @@ const Writing writings[] = {
     {"into a value of blanks", "[s]\nkey=  \n", "[s]\nkey=new  \n"},
     {"an empty value", "[s]\nkey=old\n", "[s]\nkey=\n", ""},
     {"quotes are part of the old value", "[s]\nkey=\"old\"\n", "[s]\nkey=new\n"},
+    {"into an empty value at the very end", "[s]\nkey=", "[s]\nkey=new"},
+    {"into blanks at the very end", "[s]\nkey= ", "[s]\nkey=new "},
     {"unfinished line in place", "[s]\nkey=old", "[s]\nkey=new"},
     {"first of equal keys", "[s]\nkey=1\nkey=2\n", "[s]\nkey=new\nkey=2\n"},
     {"first of equal sections", "[s]\nkey=1\n[s]\nkey=2\n", "[s]\nkey=new\n[s]\nkey=2\n"},

@@ -33,6 +33,8 @@ FileStamp StampFrom(const struct stat& status) {
     return stamp;
 }
 
+using ByteTeller = std::function<void(const ByteSink&)>;
+
 bool WriteAll(int file, std::string_view bytes) {
     while (!bytes.empty()) {
         const ssize_t written = write(file, bytes.data(), bytes.size());
@@ -41,6 +43,24 @@ bool WriteAll(int file, std::string_view bytes) {
         bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return true;
+}
+
+bool WriteAll(int file, const ByteTeller& tellBytes) {
+    bool isWritten = true;
+    int error = 0;
+    tellBytes([&](std::string_view piece) {
+        if (!isWritten) return;
+        isWritten = WriteAll(file, piece);
+        error = errno;
+    });
+    errno = error;
+    return isWritten;
+}
+
+off_t SizeOf(const ByteTeller& tellBytes) {
+    off_t size = 0;
+    tellBytes([&](std::string_view piece) { size += static_cast<off_t>(piece.size()); });
+    return size;
 }
 
 // Some file systems have no way to flush a folder, and say so.
@@ -87,7 +107,7 @@ class Successor {
     Successor(const Successor&) = delete;
     Successor& operator=(const Successor&) = delete;
 
-    bool Fill(std::string_view bytes) {
+    bool Fill(const ByteTeller& bytes) {
         return Check(WriteAll(m_file, bytes) && fsync(m_file) == 0);
     }
 
@@ -121,10 +141,10 @@ class Successor {
 
 // The room is claimed first, so that a full disk is told before a byte has changed. File systems
 // that cannot claim room say so, and are written all the same.
-bool OverwriteInPlace(int folder, const std::string& name, std::string_view bytes) {
+bool OverwriteInPlace(int folder, const std::string& name, const ByteTeller& bytes) {
     Descriptor file(openat(folder, name.c_str(), O_WRONLY | O_CLOEXEC | O_NOFOLLOW));
     if (!file.IsOpen()) return false;
-    const auto size = static_cast<off_t>(bytes.size());
+    const off_t size = SizeOf(bytes);
     if (size > 0 && fallocate(file.Get(), FALLOC_FL_KEEP_SIZE, 0, size) != 0 && errno == ENOSPC) {
         return false;
     }
@@ -171,7 +191,7 @@ bool ReadHostFile(const std::string& hostPath, std::size_t limit, std::string& b
     return true;
 }
 
-bool ReplaceHostFile(const std::string& hostPath, std::string_view bytes) {
+bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes) {
     Place place;
     if (!Resolve(hostPath, place)) return false;
     const Descriptor folder(open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
