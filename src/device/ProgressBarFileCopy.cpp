@@ -83,28 +83,16 @@ class PieceCopy {
     Long m_total = 0;             // bytes written
 };
 
-// A library file may lie on the stick itself, and opening it for writing would empty it.
-bool IsSameFile(const std::string& sSource, const std::string& sDest) {
-    const std::string sSourceHost = oFSO().HostPath(sSource);
-    const std::string sDestHost = oFSO().HostPath(sDest);
-    if (sSourceHost.empty() || sDestHost.empty()) return false;
-    return oFSO().FromHostPath(sSourceHost) == oFSO().FromHostPath(sDestHost);
-}
-
-// The source shares reads alone: while it is open, nobody can open the same file for writing.
-std::unique_ptr<RawFile> OpenDestination(const std::string& sSource, const std::string& sDest) {
-    if (IsSameFile(sSource, sDest)) return nullptr;
-    Long error = 0;
-    return oFSO().OpenRaw(sDest, RawMode::Create, error);
-}
-
 }  // namespace
 
 void CopyWithProgress(const std::string& sSource, const std::string& sDest, ProgressBarView& bar) {
     bar.SetMax(static_cast<float>(oFSO().GetFile(sSource).Size));
     Long error = 0;
     std::unique_ptr<RawFile> source = oFSO().OpenRaw(sSource, RawMode::Read, error);
-    PieceCopy copy(std::move(source), OpenDestination(sSource, sDest), bar);
+    // Not for a library file that lies on the stick under this very name: the open source keeps it
+    // from being emptied.
+    std::unique_ptr<RawFile> dest = oFSO().OpenRaw(sDest, RawMode::Create, error);
+    PieceCopy copy(std::move(source), std::move(dest), bar);
     copy.Run();
     bar.SetValue(0);
 }

@@ -66,7 +66,7 @@ class RawFile {
 };
 
 enum class RawMode {
-    Read,    // sharing reads; must exist
+    Read,    // sharing reads alone: it can't be opened for writing meanwhile (70); must exist
     Create,  // for writing; made new, an existing file is truncated
 };
 

@@ -318,6 +318,24 @@ TEST_P(FileOperations, Raw_create_truncates_what_is_there) {
     EXPECT_EQ(Bytes("A.bin"), "x");
 }
 
+TEST_P(FileOperations, A_file_open_for_reading_cannot_be_opened_for_writing_by_any_path) {
+    Put("A.bin", "bytes");
+    fs::create_directory_symlink(Host(""), temp.HostPath("way round"));
+    Long error = 0;
+    const auto first = files->OpenRaw(At("A.bin"), RawMode::Read, error);
+    auto second = files->OpenRaw(At("a.BIN"), RawMode::Read, error);
+    ASSERT_TRUE(first && second);
+    EXPECT_TRUE(second->Close());
+    for (const std::string& path : {At("A.bin"), At("a.bin"), temp.DrivePath("way round/A.bin")}) {
+        EXPECT_FALSE(files->OpenRaw(path, RawMode::Create, error)) << path;
+        EXPECT_EQ(error, 70) << path;
+    }
+    EXPECT_EQ(Bytes("A.bin"), "bytes");
+    EXPECT_TRUE(files->OpenRaw(At("B.bin"), RawMode::Create, error));
+    EXPECT_TRUE(first->Close());
+    EXPECT_TRUE(files->OpenRaw(At("A.bin"), RawMode::Create, error));
+}
+
 TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
     fs::create_directory(Host("sub"));
     Put("locked.bin", "x");

@@ -29,7 +29,7 @@ Long WhyNotToOpen(const Place& place, bool isWritten) {
         return place.name.empty() ? failure::BadFileName : 0;
     }
     if (place.failure != 0) return place.failure;
-    const bool isProtected = isWritten && place.IsReadOnly();
+    const bool isProtected = isWritten && (place.IsReadOnly() || ReadShare::IsHeld(place.status));
     return place.IsFile() && !isProtected ? 0 : failure::PermissionDenied;
 }
 
@@ -47,7 +47,9 @@ HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
       m_place(std::move(place)),
       m_isWritten(isWritten),
       m_isNew(isNew),
-      m_isOfProcess(IsFileSystemOfProcess(m_file.Get())) {}
+      m_isOfProcess(IsFileSystemOfProcess(m_file.Get())) {
+    if (!m_isWritten) m_share.emplace(m_place.status);
+}
 
 HostFile::~HostFile() { Close(); }
 
@@ -126,6 +128,7 @@ bool HostFile::Close() {
         if (!Sync()) Failed();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();
+        m_share.reset();
     }
     return !m_isWritten || m_error == 0;
 }

@@ -3,6 +3,9 @@
 #include "platform/FileService.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/Places.h"
+#include "platform/linux/ReadShare.h"
+
+#include <optional>
 
 namespace tavel {
 
@@ -35,6 +38,7 @@ class HostFile : public RawFile {
     Descriptor m_file;
     Place m_place;
     bool m_isWritten;
+    std::optional<ReadShare> m_share;
     bool m_isNew;
     bool m_isOfProcess = false;  // the file system is a process of its own
     std::int64_t m_unflushed = 0;
