@@ -1,0 +1,170 @@
+#include "library/Collections.h"
+#include "library/Records.h"
+#include "platform/Failure.h"
+#include "support/Support.h"
+
+namespace tavel::test {
+namespace {
+
+TEST(TextArray, Is_unallocated_until_its_first_resize) {
+    TextArray array;
+    EXPECT_EQ(FailureOf([&] { array.Get(0); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { array.Set(0, "a"); }), failure::SubscriptOutOfRange);
+}
+
+TEST(TextArray, Has_the_bounds_0_to_its_upper_bound) {
+    TextArray array;
+    array.Redim(1, false);
+    array.Set(0, "a");
+    array.Set(1, "b");
+    EXPECT_EQ(array.Get(0) + array.Get(1), "ab");
+    for (const int i : {-1, 2, 32767}) {
+        const auto index = static_cast<Integer>(i);
+        EXPECT_EQ(FailureOf([&] { array.Get(index); }), failure::SubscriptOutOfRange) << i;
+        EXPECT_EQ(FailureOf([&] { array.Set(index, "x"); }), failure::SubscriptOutOfRange) << i;
+    }
+}
+
+TEST(TextArray, Resizing_keeps_or_clears_as_told) {
+    TextArray array;
+    array.Redim(1, false);
+    array.Set(0, "a");
+    array.Set(1, "b");
+    array.Redim(2, true);
+    EXPECT_EQ(array.Get(1), "b");
+    EXPECT_EQ(array.Get(2), "");
+    array.Redim(0, true);
+    EXPECT_EQ(array.Get(0), "a");
+    EXPECT_EQ(FailureOf([&] { array.Get(1); }), failure::SubscriptOutOfRange);
+    array.Redim(1, false);
+    EXPECT_EQ(array.Get(0), "");
+}
+
+TEST(TextArray, An_upper_bound_of_minus_1_fails_and_leaves_the_entries) {
+    TextArray array;
+    array.Redim(0, false);
+    array.Set(0, "a");
+    EXPECT_EQ(FailureOf([&] { array.Redim(-1, true); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { array.Redim(-1, false); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(array.Get(0), "a");
+}
+
+TEST(Records, Items_share_the_groups_trio) {
+    Photo photo;
+    Video video;
+    Music music;
+    for (Item* item :
+         {static_cast<Item*>(&photo), static_cast<Item*>(&video), static_cast<Item*>(&music)}) {
+        item->Redim_sGroups(0, true);
+        item->Set_sGroups(0, "ma_x");
+        EXPECT_EQ(item->Get_sGroups(0), "ma_x");
+        EXPECT_EQ(FailureOf([&] { item->Redim_sGroups(-1, true); }), failure::SubscriptOutOfRange);
+    }
+}
+
+TEST(Records, Each_group_has_members_and_count_under_its_own_names) {
+    Magazine magazine;
+    magazine.Redim_sPageID(0, false);
+    magazine.Set_sPageID(0, "ph_a");
+    magazine.iPages = 1;
+    EXPECT_EQ(magazine.Get_sPageID(0), "ph_a");
+    EXPECT_EQ(magazine.Count(), 1);
+
+    VidSeries series;
+    series.Redim_sEpisodeID(0, false);
+    series.Set_sEpisodeID(0, "vd_a");
+    series.iEpisodes(1);
+    EXPECT_EQ(series.Get_sEpisodeID(0), "vd_a");
+    EXPECT_EQ(series.Count(), 1);
+
+    Playlist playlist;
+    playlist.Redim_sTrackID(0, false);
+    playlist.Set_sTrackID(0, "mu_a");
+    playlist.iTracks = 1;
+    EXPECT_EQ(playlist.Get_sTrackID(0), "mu_a");
+    EXPECT_EQ(playlist.Count(), 1);
+}
+
+TEST(Records, A_series_without_a_count_fails_when_it_is_asked_for_it) {
+    VidSeries series;
+    EXPECT_EQ(FailureOf([&] { series.iEpisodes(); }), failure::TypeMismatch);
+    series.iEpisodes(0);
+    EXPECT_EQ(series.iEpisodes(), 0);
+}
+
+TEST(Collections, Keep_their_order_and_are_reached_by_position_and_by_key_in_any_case) {
+    Collection<std::string> texts;
+    texts.Add("B", "first");
+    texts.Add("a", "second");
+    EXPECT_EQ(texts.Item(1) + texts.Item(2), "firstsecond");
+    EXPECT_EQ(texts.Item("b"), "first");
+    EXPECT_EQ(texts.Item("A"), "second");
+    texts.Remove("b");
+    EXPECT_EQ(texts.Item(1), "second");
+    EXPECT_EQ(texts.Count(), 1);
+}
+
+TEST(Collections, A_key_twice_a_missing_key_and_a_position_outside_fail) {
+    Collection<std::string> texts;
+    texts.Add("a", "x");
+    EXPECT_EQ(FailureOf([&] { texts.Add("A", "y"); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(FailureOf([&] { texts.Item("b"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { texts.Remove("b"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { texts.Item(0); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { texts.Item(2); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(texts.Count(), 1);
+}
+
+class LookUps : public ::testing::Test {
+  protected:
+    ~LookUps() override { ReleaseCollections(); }
+};
+
+template <class T>
+void ExpectFound(Collection<T>& collection, MediaType type, const std::string& sID) {
+    T& record = collection.Add(sID, T{});
+    EXPECT_EQ(&RecordOf(type, sID), &record) << sID;
+    EXPECT_EQ(IsItemType(type), type == mtPhoto || type == mtVideo || type == mtMusic);
+    EXPECT_NE(IsItemType(type), IsGroupType(type));
+    EXPECT_EQ(FailureOf([&] { RecordOf(type, "none"); }), failure::InvalidProcedureCall);
+    RemoveRecord(type, sID);
+    EXPECT_EQ(collection.Count(), 0);
+}
+
+TEST_F(LookUps, Each_type_has_a_collection_of_its_own) {
+    ExpectFound(colPhoto, mtPhoto, "ph_a");
+    ExpectFound(colMagazine, mtMagazine, "ma_a");
+    ExpectFound(colPhotoAlbum, mtPhotoAlbum, "pa_a");
+    ExpectFound(colVideo, mtVideo, "vd_a");
+    ExpectFound(colVidSeries, mtVidSeries, "vs_a");
+    ExpectFound(colMusic, mtMusic, "mu_a");
+    ExpectFound(colPlaylist, mtPlaylist, "pl_");
+}
+
+TEST_F(LookUps, The_types_6_and_7_are_neither_items_nor_groups) {
+    for (const int type : {-1, 6, 7, 9}) {
+        EXPECT_FALSE(IsItemType(static_cast<Integer>(type)));
+        EXPECT_FALSE(IsGroupType(static_cast<Integer>(type)));
+    }
+}
+
+TEST_F(LookUps, Removing_a_record_lets_go_of_the_working_reference_to_it_alone) {
+    colPhoto.Add("ph_a", Photo{});
+    curPhoto = &colPhoto.Add("ph_b", Photo{});
+    RemoveRecord(mtPhoto, "ph_a");
+    EXPECT_EQ(curPhoto, &colPhoto.Item("ph_b"));
+    RemoveRecord(mtPhoto, "PH_B");
+    EXPECT_EQ(curPhoto, nullptr);
+}
+
+TEST_F(LookUps, Releasing_empties_the_collections_and_drops_the_working_references) {
+    curMusic = &colMusic.Add("mu_a", Music{});
+    curPlaylist = &colPlaylist.Add("pl_", Playlist{});
+    ReleaseCollections();
+    EXPECT_EQ(colMusic.Count() + colPlaylist.Count(), 0);
+    EXPECT_EQ(curMusic, nullptr);
+    EXPECT_EQ(curPlaylist, nullptr);
+}
+
+}  // namespace
+}  // namespace tavel::test
