@@ -27,7 +27,9 @@ bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, std::string_view path);
 
 // While one lives, the file at `path` is looked at once and what is written to it stays in memory;
-// its end, by failure too, brings all of it to the file in one atomic step. One file at a time.
+// its end, by failure too, brings all of it to the file in one atomic step. One file at a time: a
+// batch within another on the same file joins it, one on another file fails with 5. A file that has
+// gone meanwhile is not made anew.
 class ProfileBatch {
   public:
     explicit ProfileBatch(std::string_view path);
