@@ -3,9 +3,6 @@
 #include "platform/Failure.h"
 #include "platform/linux/HostErrors.h"
 
-#include <linux/magic.h>
-#include <sys/vfs.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <utility>
@@ -14,14 +11,8 @@ namespace tavel {
 
 namespace {
 
-// Unwritten data of a removable drive stay below twice this, so that the progress that a copy
-// shows is the medium's and not the memory's.
-constexpr std::int64_t flushStep = std::int64_t{8} * 1024 * 1024;
-
-bool IsFileSystemOfProcess(int file) {
-    struct statfs status {};
-    return fstatfs(file, &status) == 0 && status.f_type == FUSE_SUPER_MAGIC;
-}
+constexpr std::size_t gatherSize = std::size_t{256} * 1024;
+constexpr std::size_t smallestPiece = 512;
 
 Long WhyNotToOpen(const Place& place, bool isWritten) {
     if (place.failure == failure::FileNotFound && isWritten) {
@@ -47,14 +38,14 @@ HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
       m_place(std::move(place)),
       m_isWritten(isWritten),
       m_isNew(isNew),
-      m_isOfProcess(IsFileSystemOfProcess(m_file.Get())) {
+      m_pace(m_file.Get()) {
     if (!m_isWritten) m_share.emplace(m_place.status);
 }
 
 HostFile::~HostFile() { Close(); }
 
 bool HostFile::Failed() {
-    m_error = FailureOfHostError(errno);
+    if (m_error == 0) m_error = FailureOfHostError(errno);
     return false;
 }
 
@@ -71,51 +62,56 @@ bool HostFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
     return true;
 }
 
+// Copies come in pieces of a kilobyte, and a call of the host for each would cost more than the
+// medium does. Once something has failed nothing is gathered any more, so that each piece tells.
 bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
     bytesWritten = 0;
+    if (m_gathered.size() + buffer.size() > gatherSize && !WriteGathered()) return false;
+    if (!m_isWritten || m_error != 0 || buffer.size() > gatherSize) {
+        return WriteThrough(buffer, bytesWritten);
+    }
+    m_gathered.insert(m_gathered.end(), buffer.begin(), buffer.end());
+    bytesWritten = buffer.size();
+    return true;
+}
+
+bool HostFile::WriteGathered() {
+    std::size_t bytesWritten = 0;
+    const bool isWritten = m_gathered.empty() || WriteThrough(m_gathered, bytesWritten);
+    m_gathered.clear();
+    return isWritten;
+}
+
+// A file system may refuse a large piece as a whole where a part of it would still fit: smaller
+// ones fill the medium to its end, so that what follows finds it full and leaves no gap.
+bool HostFile::WriteThrough(std::span<const char> buffer, std::size_t& bytesWritten) {
+    std::size_t limit = buffer.size();
     while (bytesWritten < buffer.size()) {
-        const ssize_t count =
-            write(m_file.Get(), buffer.data() + bytesWritten, buffer.size() - bytesWritten);
+        const ssize_t count = write(m_file.Get(), buffer.data() + bytesWritten,
+                                    std::min(limit, buffer.size() - bytesWritten));
         if (count < 0 && errno == EINTR) continue;
+        if (count < 0 && errno == ENOSPC && limit > smallestPiece) {
+            limit /= 2;
+            continue;
+        }
         if (count < 0) return Failed();
         bytesWritten += static_cast<std::size_t>(count);
     }
-    return KeepPace(bytesWritten);
-}
-
-// Starts the newest step on its way to the medium and waits for the one before, so that the medium
-// is never idle. A file system that is a process of its own writes through to the device, whose
-// data only a full flush waits for.
-bool HostFile::KeepPace(std::size_t bytes) {
-    if (!m_place.isOnRemovable) return true;
-    m_unflushed += static_cast<std::int64_t>(bytes);
-    if (m_unflushed < flushStep) return true;
-    const std::int64_t step = std::exchange(m_unflushed, 0);
-    if (m_isOfProcess) return fdatasync(m_file.Get()) == 0 || Failed();
-    const std::int64_t position = lseek(m_file.Get(), 0, SEEK_CUR);
-    const std::int64_t start =
-        std::exchange(m_flushedTo, std::max<std::int64_t>(position - step, 0));
-    if (sync_file_range(m_file.Get(), m_flushedTo, step, SYNC_FILE_RANGE_WRITE) != 0) {
-        return Failed();
-    }
-    constexpr unsigned wait =
-        SYNC_FILE_RANGE_WAIT_BEFORE | SYNC_FILE_RANGE_WRITE | SYNC_FILE_RANGE_WAIT_AFTER;
-    const std::int64_t length = m_flushedTo - start;
-    return length <= 0 || sync_file_range(m_file.Get(), start, length, wait) == 0 || Failed();
+    return !m_place.isOnRemovable || m_pace.Wrote(m_file.Get(), bytesWritten) || Failed();
 }
 
 std::int64_t HostFile::Size() {
     struct stat status {};
-    return fstat(m_file.Get(), &status) == 0 ? status.st_size : -1;
+    return WriteGathered() && fstat(m_file.Get(), &status) == 0 ? status.st_size : -1;
 }
 
 bool HostFile::Seek(std::int64_t position) {
-    return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
+    return WriteGathered() && position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
 void HostFile::CopyTimeOf(const struct stat& status) {
     const timespec times[2] = {{0, UTIME_OMIT}, status.st_mtim};
-    futimens(m_file.Get(), times);
+    if (WriteGathered()) futimens(m_file.Get(), times);
 }
 
 bool HostFile::Sync() {
@@ -125,6 +121,7 @@ bool HostFile::Sync() {
 
 bool HostFile::Close() {
     if (m_file.IsOpen()) {
+        WriteGathered();
         if (!Sync()) Failed();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();

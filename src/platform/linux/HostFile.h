@@ -4,6 +4,7 @@
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/Places.h"
 #include "platform/linux/ReadShare.h"
+#include "platform/linux/WritePace.h"
 
 #include <optional>
 
@@ -25,24 +26,24 @@ class HostFile : public RawFile {
     bool Seek(std::int64_t position) override;
     bool Close() override;
 
-    // The run-time's number for the last failure, 0 when there was none.
+    // The run-time's number for the first failure, 0 when there was none.
     Long Error() const { return m_error; }
     // Takes over the modification time of another file.
     void CopyTimeOf(const struct stat& status);
 
   private:
     bool Failed();
+    bool WriteGathered();
+    bool WriteThrough(std::span<const char> buffer, std::size_t& bytesWritten);
     bool Sync();
-    bool KeepPace(std::size_t bytes);
 
     Descriptor m_file;
     Place m_place;
     bool m_isWritten;
     std::optional<ReadShare> m_share;
     bool m_isNew;
-    bool m_isOfProcess = false;  // the file system is a process of its own
-    std::int64_t m_unflushed = 0;
-    std::int64_t m_flushedTo = 0;
+    WritePace m_pace;
+    std::vector<char> m_gathered;  // taken and not yet given to the host
     Long m_error = 0;
 };
 

@@ -1,0 +1,145 @@
+#include "platform/linux/HostFileService.h"
+#include "support/ExfatStick.h"
+#include "support/HostDrives.h"
+
+#include <gmock/gmock.h>
+
+#include <filesystem>
+
+// The file service on a real memory-stick file system.
+
+namespace tavel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+class OnExfat : public HostDrives {
+  protected:
+    void SetUp() override {
+        if (!stick.WhyNot().empty()) GTEST_SKIP() << stick.WhyNot();
+        fs::create_directories(temp.HostPath("program/drives"));
+        fs::create_directory_symlink(stick.MountFolder(), temp.HostPath("program/drives/e"));
+    }
+
+    std::unique_ptr<RawFile> Create(const std::string& path) {
+        Long error = 0;
+        return files->OpenRaw(path, RawMode::Create, error);
+    }
+
+    bool IsMountFolderEmpty() const { return fs::is_empty(stick.MountFolder()); }
+
+    ExfatStick stick{24};
+};
+
+// The machine's mounts, with loop devices taken for sticks.
+class LoopsAreSticks : public MountSource {
+  public:
+    bool HasChanged() override { return m_real->HasChanged(); }
+    std::vector<MountEntry> Entries() override { return m_real->Entries(); }
+    DeviceProperties PropertiesOf(const MountEntry& entry) override {
+        DeviceProperties properties = m_real->PropertiesOf(entry);
+        if (entry.source.rfind("/dev/loop", 0) == 0) properties.bus = "usb";
+        return properties;
+    }
+
+  private:
+    std::unique_ptr<MountSource> m_real = MakeHostMounts();
+};
+
+}  // namespace
+
+TEST_F(OnExfat, What_was_written_is_on_the_stick_when_the_file_is_closed) {
+    const std::string bytes(5'000'000, 'x');
+    std::size_t count = 0;
+    files->CreateFolder("e:\\PSP");
+    const auto file = Create("e:\\psp\\a.bin");
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(file->Write(bytes, count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_TRUE(stick.BytesWhenPulled("PSP/a.bin") == bytes);
+    files->CopyFile("e:\\psp\\a.bin", "e:\\b.bin", true);
+    EXPECT_TRUE(stick.BytesWhenPulled("b.bin") == bytes);
+    files->MoveFile("e:\\b.bin", "e:\\psp\\c.bin");
+    EXPECT_TRUE(stick.BytesWhenPulled("PSP/c.bin") == bytes);
+    files->DeleteFile("e:\\psp\\c.bin", false);
+    EXPECT_TRUE(stick.BytesWhenPulled("PSP/c.bin").empty());
+}
+
+TEST_F(OnExfat, The_stick_can_be_unmounted_between_calls) {
+    files->CreateTextFile("e:\\TavelDataFile.tavel", true);
+    EXPECT_TRUE(files->FileExists("e:\\taveldatafile.tavel"));
+    const std::shared_ptr<Drive> drive = files->GetDrive("e");
+    EXPECT_GT(drive->TotalSize(), 20'000'000);
+    EXPECT_TRUE(stick.Unmount());
+}
+
+TEST_F(OnExfat, A_pulled_stick_has_no_media_and_its_mount_folder_stays_empty) {
+    files->CreateTextFile("e:\\a.txt", true);
+    stick.Pull();
+    ASSERT_TRUE(IsMountFolderEmpty());
+    EXPECT_TRUE(files->DriveExists("e"));
+    EXPECT_EQ(FailureOf([&] { (void)files->GetDrive("e")->FreeSpace(); }), 71);
+    EXPECT_FALSE(files->FileExists("e:\\a.txt"));
+    EXPECT_FALSE(files->FolderExists("e:\\"));
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile("e:\\b.txt", true); }), 71);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\b"); }), 71);
+    EXPECT_FALSE(Create("e:\\b.txt"));
+    temp.Write("c.txt", "x");
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(temp.DrivePath("c.txt"), "e:\\c.txt", true); }), 71);
+    EXPECT_TRUE(IsMountFolderEmpty());
+    ASSERT_TRUE(stick.Mount());
+    EXPECT_TRUE(files->FileExists("e:\\a.txt"));
+}
+
+TEST_F(OnExfat, A_full_stick_takes_what_fits_and_says_so) {
+    const std::string piece(std::size_t{1} << 20, 'x');
+    const auto file = Create("e:\\a.bin");
+    std::size_t count = 0;
+    std::size_t total = 0;
+    while (total < (std::size_t{100} << 20) && file->Write(piece, count)) total += count;
+    total += count;
+    EXPECT_LT(total, std::size_t{24} << 20);
+    EXPECT_FALSE(file->Write(piece, count));
+    EXPECT_FALSE(file->Close());
+    EXPECT_EQ(files->GetFile("e:\\a.bin").Size, static_cast<std::int64_t>(total));
+    EXPECT_EQ(files->GetDrive("e")->FreeSpace(), 0);
+    temp.Write("c.bin", piece);
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(temp.DrivePath("c.bin"), "e:\\c.bin", true); }), 61);
+    EXPECT_FALSE(files->FileExists("e:\\c.bin"));
+}
+
+TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
+    const std::string piece(1024, 'x');
+    const auto file = Create("e:\\a.bin");
+    std::size_t count = 0;
+    std::int64_t total = 0;
+    while (total < (std::int64_t{100} << 20) && file->Write(piece, count)) total += 1024;
+    for (int i = 0; i < 1000; ++i) ASSERT_FALSE(file->Write(piece, count));
+    EXPECT_LT(total, std::int64_t{24} << 20);
+    EXPECT_FALSE(file->Close());
+    EXPECT_LE(files->GetFile("e:\\a.bin").Size, total);
+}
+
+TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
+    temp.Write("program2/x", "");
+    const auto service =
+        MakeHostFileService(temp.HostPath("program2"), std::make_unique<LoopsAreSticks>());
+    // Other tests may have sticks of their own mounted at this moment.
+    const std::string root = service->FromHostPath(stick.MountFolder());
+    ASSERT_NE(root.substr(0, 2), "c:");
+    service->CreateTextFile(root + "TavelDataFile.tavel", true);
+    EXPECT_TRUE(fs::exists(stick.MountFolder() + "/TavelDataFile.tavel"));
+    EXPECT_TRUE(service->FileExists(root + "taveldatafile.tavel"));
+    stick.Pull();
+    EXPECT_FALSE(service->DriveExists(root));
+    EXPECT_EQ(FailureOf([&] { service->GetDrive(root); }), 68);
+    EXPECT_FALSE(service->FileExists(root + "taveldatafile.tavel"));
+    EXPECT_EQ(FailureOf([&] { service->CreateTextFile(root + "b.txt", true); }), 76);
+    EXPECT_TRUE(IsMountFolderEmpty());
+    ASSERT_TRUE(stick.Mount());
+    EXPECT_TRUE(
+        service->FileExists(service->FromHostPath(stick.MountFolder()) + "taveldatafile.tavel"));
+}
+
+}  // namespace tavel::test
