@@ -14,9 +14,11 @@
 
 namespace tavel {
 
-frmMain::frmMain() : m_menus(*this) {
+frmMain::frmMain() : m_menus(*this), tmrBack(this), tmrPSP(this) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tavel"));
+    tmrBack.setObjectName(QStringLiteral("tmrBack"));
+    tmrPSP.setObjectName(QStringLiteral("tmrPSP"));
     AddPictures();
     AddControls();
     PlaceControls();

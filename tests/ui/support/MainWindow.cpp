@@ -7,9 +7,8 @@
 #include <QDir>
 #include <QImage>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QMouseEvent>
-#include <QTimer>
-#include <QWindow>
 
 namespace tavel::test {
 
@@ -65,6 +64,42 @@ class FailureBoxes : public Prompter {
   private:
     Prompter& m_others;
     Long m_number = 0;
+};
+
+// The offscreen platform ends every drag at once. So the events of the drop are sent when the list
+// has begun one, which is when it makes the object of the drag.
+class DropWhileDragging : public QObject {
+  public:
+    DropWhileDragging(ListView& list, QWidget& target, QPoint position)
+        : m_list(list), m_target(target), m_position(position) {
+        list.installEventFilter(this);
+    }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::ChildAdded &&
+            !static_cast<QChildEvent*>(event)->child()->isWidgetType()) {
+            Drop();
+        }
+        return QObject::eventFilter(watched, event);
+    }
+
+  private:
+    void Drop() {
+        const std::unique_ptr<QMimeData> rows(m_list.model()->mimeData({}));
+        QDragEnterEvent enter(m_position, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        if (!m_target.acceptDrops()) return;
+        QApplication::sendEvent(&m_target, &enter);
+        if (!enter.isAccepted()) return;
+        QDragMoveEvent move(m_position, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&m_target, &move);
+        if (!move.isAccepted()) return;
+        QDropEvent drop(m_position, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&m_target, &drop);
+    }
+
+    ListView& m_list;
+    QWidget& m_target;
+    QPoint m_position;
 };
 
 }  // namespace
@@ -131,8 +166,8 @@ void MainWindowTest::AddPlaylist(const std::string& sID, const std::vector<std::
 
 void MainWindowTest::PlugStick() {
     temp.Write("stick/TavelDataFile.tavel", "[Data]\r\nPSPName=Pocket\r\n");
-    temp.Write("stick/psp/music/Tunes/one.mp3", "");
-    temp.Write("stick/psp/photo/Trip/one.jpg", "");
+    temp.Write("stick/psp/music/Tunes/one.mp3", "no tag");
+    temp.Write("stick/psp/photo/Trip/one.jpg", "no picture");
     temp.Write("stick/MP_ROOT/100MNV01/M4V10001.mp4", "video");
     files.Plug('e', temp.HostPath("stick"));
 }
@@ -176,21 +211,14 @@ void MainWindowTest::DoubleClickRow(Long row) {
 void MainWindowTest::Drag(Long row, QWidget& target, QPoint position) {
     QWidget& source = *grdItems().viewport();
     const QPoint start = grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
-    QWindow* window = Main().windowHandle();
-    const QPoint goal = target.mapTo(&Main(), position);
-    QTimer::singleShot(0, &Main(), [=] {
-        QTest::mouseMove(window, goal - QPoint(2, 2));
-        QTest::mouseMove(window, goal);
-        QTest::mouseRelease(window, Qt::LeftButton, {}, goal);
-    });
+    const DropWhileDragging drop(grdItems(), target, position);
     QTest::mousePress(&source, Qt::LeftButton, {}, start);
-    const auto move = [&](QPoint point) {
-        QMouseEvent event(QEvent::MouseMove, point, source.mapToGlobal(point), Qt::NoButton,
-                          Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&source, &event);
-    };
-    move(start + QPoint(QApplication::startDragDistance(), 0));
-    move(start + QPoint(2 * QApplication::startDragDistance(), 0));
+    for (int step = 1; step <= 2; ++step) {
+        const QPoint point = start + QPoint(step * QApplication::startDragDistance(), 0);
+        QMouseEvent move(QEvent::MouseMove, point, source.mapToGlobal(point), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&source, &move);
+    }
 }
 
 void MainWindowTest::Pick(std::initializer_list<const char*> names) {
@@ -208,7 +236,9 @@ void MainWindowTest::Pick(std::initializer_list<const char*> names) {
             QMenuBar& bar = *Main().menuBar();
             QTest::mouseClick(&bar, Qt::LeftButton, {}, bar.actionGeometry(&action).center());
         }
+        // A submenu opens a moment after the pointer has reached its entry.
         open = action.menu();
+        if (open != nullptr) (void)QTest::qWaitFor([&] { return open->isVisible(); });
     }
 }
 

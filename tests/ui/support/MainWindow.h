@@ -12,12 +12,19 @@
 #include "ui/toolkit/TreeView.h"
 
 #include <QMenu>
+#include <QTimer>
 #include <initializer_list>
 #include <memory>
 #include <string>
 #include <vector>
 
 namespace tavel::test {
+
+// Yields to nothing.
+class IdleLoop : public Standing<EventLoop> {
+  public:
+    void Yield() override {}
+};
 
 // Passes what the engine asks of the windows on to frmMain, as the program does.
 class ToMainWindow : public Standing<DevicePanels>,
@@ -96,6 +103,7 @@ class MainWindowTest : public testing::Test {
     LogWindowRecorder log{calls};
     AddWindowRecorder addWindow{calls};
     ToMainWindow toMain;
+    IdleLoop loop;
     PromptQueue prompts;
 };
 

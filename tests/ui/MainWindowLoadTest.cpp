@@ -1,0 +1,130 @@
+#include "core/PublicStuff.h"
+#include "ui/support/MainWindow.h"
+
+#include <QLabel>
+#include <QMenuBar>
+
+namespace tavel::test {
+
+namespace {
+
+class MainWindowLoadTest : public MainWindowTest {
+  protected:
+    std::string Entries(const QList<QAction*>& actions) {
+        std::string text;
+        for (const QAction* action : actions) {
+            text += action->objectName().toStdString() + "=";
+            text += action->isSeparator() ? "-" : action->text().toStdString();
+            if (action->menu() != nullptr) text += "(" + Entries(action->menu()->actions()) + ")";
+            text += ";";
+        }
+        return text;
+    }
+};
+
+}  // namespace
+
+TEST_F(MainWindowLoadTest, the_window_has_one_size_and_the_programs_name) {
+    frmMain& window = Open();
+    EXPECT_EQ(window.windowTitle(), QStringLiteral("Tavel"));
+    EXPECT_EQ(window.centralWidget()->size(), QSize(14760 / 15, 8205 / 15));
+    EXPECT_EQ(window.minimumSize(), window.maximumSize());
+}
+
+TEST_F(MainWindowLoadTest, the_controls_stand_where_they_are_designed) {
+    frmMain& window = Open();
+    const struct {
+        const char* name;
+        Box box;
+    } controls[] = {
+        {"picCatBack", {120, 120, 2415, 6615}},     {"trvCat", {0, 0, 2415, 6615}},
+        {"picPSPCatBack", {120, 3480, 2415, 3255}}, {"trvPSPCat", {0, 0, 2415, 3255}},
+        {"grdItems", {2640, 120, 8895, 6615}},      {"grdSync", {11640, 120, 3015, 6000}},
+        {"grdAutoSync", {11640, 120, 3015, 4095}},  {"tbrRightView", {12960, 120, 1650, 360}},
+        {"cmdSend", {11640, 6240, 2295, 495}},      {"cmdClear", {14040, 6240, 615, 495}},
+        {"imgThumb", {12120, 5160, 1935, 1335}},    {"shpThumb", {11880, 4920, 135, 135}},
+        {"Frame1", {8160, 6840, 6495, 1335}},       {"Image1", {240, 6960, 7710, 1110}}};
+    for (const auto& control : controls) {
+        const Box& box = control.box;
+        const auto& widget = Find(window, control.name);
+        EXPECT_EQ(widget.geometry(),
+                  QRect(box.Left / 15, box.Top / 15, box.Width / 15, box.Height / 15))
+            << control.name;
+        EXPECT_FALSE(widget.accessibleName().isEmpty()) << control.name;
+    }
+    EXPECT_FALSE(Find(window, "grdAutoSync").isVisible());
+    EXPECT_FALSE(Find(window, "imgThumb").isVisible());
+}
+
+TEST_F(MainWindowLoadTest, the_menus_have_their_entries_in_order) {
+    frmMain& window = Open();
+    EXPECT_EQ(Entries(window.menuBar()->actions()),
+              "mnuFile=File(mnuAdd=Add to DB(mnuAddFile=Add File(s)...;mnuAddZipFile=Add Zip "
+              "File...;mnuAddFolder=Add Folder...;mnuSep1=-;mnuWatchFolders=Watch Folders...;);"
+              "mnuSep5=-;mnuExit=Exit;);mnuView=View(mnuShowLog=Show Log Window;);"
+              "mnuTools=Tools(mnuBackScan=Scan for Media;mnuSep4=-;mnuSetupPSP=Setup New PSP...;"
+              "mnuSep8=-;mnuOptions=Options...;);");
+    EXPECT_EQ(Entries(Find<QMenu>(window, "mnuRMB").actions()),
+              "mnuAddToTransfer=Add to Transfer List;mnuSep7=-;mnuRename=Rename;"
+              "mnuThumbnail=Assign Thumbnail;mnuSep2=-;mnuPhotoGroup=Create Group("
+              "mnuPhotoAlbumGroup=Photo Album;mnuPhotoMagazineGroup=Magazine;);"
+              "mnuVideoGroup=Group into new Video Series;mnuMusicGroup=Group into new Playlist;"
+              "mnuSep3=-;mnuRemFromGroup=Remove From Group;mnuRemoveTop=Delete File("
+              "mnuRemoveDB=from DB;mnuRemoveComp=from Computer;);mnuDelGroup=Delete Group;");
+    EXPECT_EQ(Entries(Find<QMenu>(window, "mnuPSPRMB").actions()), "mnuPSPDel=Delete from PSP;");
+    EXPECT_EQ(Entries(Find<QMenu>(window, "mnuCats").actions()),
+              "mnuRename_Cat=Rename...;mnuSep6=-;mnuDelGroup_Cat=Delete Group;");
+}
+
+TEST_F(MainWindowLoadTest, the_load_leaves_the_state_at_rest) {
+    iScanTicks = 5;
+    frmMain& window = Open();
+    EXPECT_EQ(iScanDelay, 7);
+    EXPECT_EQ(iScanTicks, 0);
+    EXPECT_EQ(window.iListType, -1);
+    EXPECT_FALSE(window.bPSPView);
+    EXPECT_FALSE(window.bListDrag);
+    EXPECT_FALSE(window.bThumbAbove);
+    EXPECT_EQ(window.sSelected, std::vector<std::string>{""});
+    EXPECT_EQ(trvCat().SelectedKey(), "master");
+    EXPECT_EQ(grdSync().ColumnWidth("icon"), 300);
+    EXPECT_EQ(grdSync().ColumnWidth("item"), 3015 - 300);
+    EXPECT_EQ(Find<QLabel>(window, "labPSPStatus").text(), QStringLiteral("No PSP Connected"));
+    EXPECT_FALSE(Find(window, "imgEmpty").isVisible());
+}
+
+TEST_F(MainWindowLoadTest, the_timers_tick_from_the_load_on) {
+    frmMain& window = Open();
+    const auto& tmrPSP = Find<QTimer>(window, "tmrPSP");
+    const auto& tmrBack = Find<QTimer>(window, "tmrBack");
+    EXPECT_TRUE(tmrPSP.isActive());
+    EXPECT_EQ(tmrPSP.interval(), 1000);
+    EXPECT_TRUE(tmrBack.isActive());
+    EXPECT_EQ(tmrBack.interval(), 60000);
+    window.Enable(false);
+    EXPECT_FALSE(tmrBack.isActive());
+    window.Enable(true);
+    EXPECT_TRUE(tmrBack.isActive());
+    EXPECT_EQ(tmrBack.interval(), 60000);
+}
+
+TEST_F(MainWindowLoadTest, a_delay_that_is_missing_is_an_hour) {
+    temp.Write("db.txt", "");
+    Open();
+    EXPECT_EQ(iScanDelay, 60);
+}
+
+TEST_F(MainWindowLoadTest, the_load_touches_the_device_in_its_order) {
+    PlugStick();
+    Open();
+    // Found, connected, music before photos, and the figures last.
+    std::vector<std::string> wanted{"FileExists e:", "GetDrive e:", "GetFolder e:\\psp\\music",
+                                    "GetFolder e:\\psp\\photo"};
+    auto next = wanted.begin();
+    for (const std::string& call : files.calls) {
+        if (next != wanted.end() && call.rfind(*next, 0) == 0) ++next;
+    }
+    EXPECT_EQ(next, wanted.end()) << *next;
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,218 @@
+#include "core/PublicStuff.h"
+#include "ui/support/MainWindow.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <QToolButton>
+
+namespace tavel::test {
+
+namespace {
+
+using Ids = std::vector<std::string>;
+
+class TransferListTest : public MainWindowTest {
+  protected:
+    TransferListTest() {
+        AddVideo("vd_a", "Film");
+        AddVideo("vd_b", "Clip");
+        AddVideo("vd_c", "Trailer");
+        AddPhoto("ph_a", "Beach");
+    }
+
+    // Keys and names of the rows.
+    std::string Queue() {
+        std::string queue;
+        for (Long row = 1; row <= grdSync().Count(); ++row) {
+            queue += grdSync().Key(row) + "=" + grdSync().Cell(row, 1) + ";";
+        }
+        return queue;
+    }
+
+    void ExpectAlreadyThere() {
+        prompts.ExpectMsgBox(QStringLiteral("Already exists in the list"), MsgBoxButtons::OK,
+                             MsgBoxAnswer::OK);
+    }
+
+    void ChooseView(const char* key) {
+        QMenu& views = *Find<QToolButton>(Main(), "view").menu();
+        QTest::mouseClick(
+            &views, Qt::LeftButton, {},
+            views.actionGeometry(views.findChild<QAction*>(QLatin1String(key))).center());
+    }
+};
+
+}  // namespace
+
+TEST_F(TransferListTest, a_row_has_the_icon_of_its_type_and_the_name) {
+    AddMusic("mu_a", "Song", "Singer");
+    AddMusic("mu_b", "Hum", "");
+    AddMagazine("ma_a", {"ph_a"});
+    AddAlbum("pa_a", {"ph_a"});
+    AddSeries("vs_a", {"vd_a"});
+    AddPlaylist("pl_", {"mu_a"});
+    frmMain& window = Open();
+    const struct {
+        const char* id;
+        const char* name;
+    } entries[] = {{"mu_a", "Song - Singer"}, {"mu_b", "Hum - "},     {"ph_a", "Beach"},
+                   {"vd_a", "Film"},          {"vs_a", "Group vs_a"}, {"pa_a", "Group pa_a"},
+                   {"ma_a", "Group ma_a"},    {"pl_", "Group pl_"}};
+    Long row = 0;
+    for (const auto& entry : entries) {
+        window.AddToTransferList(entry.id);
+        ASSERT_EQ(grdSync().Count(), ++row) << entry.id;
+        EXPECT_EQ(grdSync().Key(row), std::string("ID") + entry.id);
+        EXPECT_EQ(grdSync().Cell(row, 0), "");
+        EXPECT_EQ(grdSync().Cell(row, 1), entry.name);
+        const auto icon =
+            grdSync().model()->index(row - 1, 0).data(Qt::DecorationRole).value<QIcon>();
+        EXPECT_FALSE(icon.pixmap(16).isNull()) << entry.id;
+    }
+}
+
+TEST_F(TransferListTest, an_id_that_can_not_be_added_is_passed_over_without_a_word) {
+    frmMain& window = Open();
+    for (const char* id : {"", "-1", "vd_none", "xy"}) window.AddToTransferList(id);
+    EXPECT_EQ(grdSync().Count(), 0);
+}
+
+TEST_F(TransferListTest, Add_to_Transfer_List_adds_every_selected_row) {
+    Open();
+    ClickNode("videoall");
+    ClickRow(1);
+    ClickRow(3, Qt::ControlModifier);
+    RightClickRow(3);
+    Pick({"mnuRMB", "mnuAddToTransfer"});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_c=Trailer;");
+}
+
+TEST_F(TransferListTest, adding_a_video_twice_gives_one_row_and_one_message_each_time) {
+    Open();
+    ClickNode("videoall");
+    RightClickRow(1);
+    Pick({"mnuRMB", "mnuAddToTransfer"});
+    ClickRow(2, Qt::ShiftModifier);
+    RightClickRow(1);
+    ExpectAlreadyThere();
+    Pick({"mnuRMB", "mnuAddToTransfer"});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_b=Clip;");
+}
+
+TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
+    Open();
+    ClickNode("videoall");
+    ClickRow(2);
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+}
+
+TEST_F(TransferListTest, a_row_dragged_without_a_click_carries_the_former_selection) {
+    frmMain& window = Open();
+    ClickNode("videoall");
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "");
+    ClickRow(1);
+    Drag(3, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+    // With the drag over, the Delete key is to act on the row that is shown as current.
+    EXPECT_EQ(window.sSelected, Ids{"vd_c"});
+}
+
+TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_question) {
+    frmMain& window = Open();
+    for (const char* id : {"vd_a", "vd_b", "vd_c", "ph_a"}) window.AddToTransferList(id);
+    ClickRow(grdSync(), 2);
+    ClickRow(grdSync(), 4, Qt::ControlModifier);
+    QTest::keyClick(&grdSync(), Qt::Key_Backspace);
+    QTest::keyClick(&grdSync(), Qt::Key_Delete);
+    EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_c=Trailer;");
+    EXPECT_EQ(colVideo.Count(), 3);
+    EXPECT_FALSE(bDBChanged);
+}
+
+TEST_F(TransferListTest, FormSyncList_gives_the_ids_in_list_order) {
+    frmMain& window = Open();
+    for (const char* id : {"vd_b", "ph_a", "vd_a"}) window.AddToTransferList(id);
+    Ids ids{"old"};
+    window.FormSyncList(ids);
+    EXPECT_EQ(ids, (Ids{"vd_b", "ph_a", "vd_a"}));
+}
+
+TEST_F(TransferListTest, sending_an_empty_list_does_nothing) {
+    Open();
+    Click(Main(), "cmdSend");
+    EXPECT_TRUE(prompts.AllAsked());
+}
+
+TEST_F(TransferListTest, sending_without_a_PSP_says_so_and_Clear_List_empties_the_list) {
+    MessageBoxesRecorder boxes(calls);
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    boxes.Expect("No PSP Connected", MsgBoxAnswer::OK);
+    Click(window, "cmdSend");
+    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+    Click(window, "cmdClear");
+    EXPECT_EQ(Queue(), "");
+}
+
+TEST_F(TransferListTest, a_deleted_record_stays_on_the_list) {
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    colVideo.Remove("vd_a");
+    window.RefreshCats();
+    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+}
+
+TEST_F(TransferListTest, the_view_button_shows_the_one_list_or_the_other) {
+    frmMain& window = Open();
+    auto& button = Find<QToolButton>(window, "view");
+    auto& toolbar = Find(window, "tbrRightView");
+    auto& autoSync = Find<ListView>(window, "grdAutoSync");
+    EXPECT_EQ(button.text(), QStringLiteral("Transfer View"));
+    const int right = window.Layout().tbrRightView.Left + window.Layout().tbrRightView.Width;
+    QTimer::singleShot(0, &window, [&] { ChooseView("auto"); });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(button.text(), QStringLiteral("AutoSync View"));
+    EXPECT_FALSE(grdSync().isVisible());
+    EXPECT_TRUE(autoSync.isVisible());
+    EXPECT_EQ(window.Layout().tbrRightView.Left + window.Layout().tbrRightView.Width, right);
+    EXPECT_EQ(toolbar.width(), button.width());
+    EXPECT_EQ(button.width(), button.sizeHint().width());
+
+    // The hidden list goes on working; the other takes no rows.
+    ClickNode("videoall");
+    ClickRow(1);
+    Drag(1, *autoSync.viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "");
+    RightClickRow(1);
+    Pick({"mnuRMB", "mnuAddToTransfer"});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+    EXPECT_EQ(autoSync.Count(), 0);
+
+    QTimer::singleShot(0, &window, [&] { ChooseView("sync"); });
+    QTest::mouseClick(&button, Qt::LeftButton);
+    EXPECT_EQ(button.text(), QStringLiteral("Transfer View"));
+    EXPECT_TRUE(grdSync().isVisible());
+    EXPECT_FALSE(autoSync.isVisible());
+}
+
+TEST_F(TransferListTest, ExpandSyncGrid_moves_the_controls) {
+    InstallPictures();
+    frmMain& window = Open();
+    auto& imgThumb = Find<QLabel>(window, "imgThumb");
+    window.ExpandSyncGrid(false);
+    EXPECT_EQ(grdSync().height(), 4185 / 15);
+    EXPECT_EQ(Find(window, "cmdSend").y(), 4365 / 15);
+    EXPECT_EQ(Find(window, "cmdClear").y(), 4365 / 15);
+    EXPECT_TRUE(imgThumb.isVisible());
+    EXPECT_EQ(imgThumb.pos(), QPoint(11880 / 15, 4920 / 15));
+    EXPECT_FALSE(imgThumb.pixmap(Qt::ReturnByValue).isNull());
+    window.ExpandSyncGrid(true);
+    EXPECT_EQ(grdSync().height(), 6000 / 15);
+    EXPECT_EQ(Find(window, "cmdSend").y(), 6240 / 15);
+    EXPECT_FALSE(imgThumb.isVisible());
+    EXPECT_EQ(Find(window, "grdAutoSync").height(), 4095 / 15);
+}
+
+}  // namespace tavel::test
