@@ -5,7 +5,11 @@
 namespace tavel {
 
 void ImageList::Add(const QString& key, const QString& file) {
-    m_icons[key] = QIcon(QStringLiteral(":/artwork/icons/%1.png").arg(file));
+    const QString path = QStringLiteral(":/artwork/icons/%1.png").arg(file);
+    QIcon icon(path);
+    // A selected row shows the same picture; Qt would tint it with the colour of the selection.
+    icon.addFile(path, {}, QIcon::Selected);
+    m_icons[key] = icon;
 }
 
 const QIcon& ImageList::Icon(const QString& key) const {
