@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace tavel::test {
 
@@ -32,10 +33,11 @@ class ProgressBarRecorder : public ProgressBarView {
 
 class CopyWindowRecorder : public Standing<CopyWindow> {
   public:
-    explicit CopyWindowRecorder(Calls& calls) : m_calls(calls) {}
+    explicit CopyWindowRecorder(Calls& calls)
+        : curr(calls, "pgbCurr"), total(calls, "pgbTotal"), m_calls(calls) {}
 
-    ProgressBarRecorder curr{m_calls, "pgbCurr"};
-    ProgressBarRecorder total{m_calls, "pgbTotal"};
+    ProgressBarRecorder curr;
+    ProgressBarRecorder total;
 
     void Show() override { m_calls.push_back("frmCopy.Show"); }
     void Repaint() override { m_calls.push_back("frmCopy.Repaint"); }
