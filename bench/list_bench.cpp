@@ -15,6 +15,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 
+#include <QFileInfo>
 #include <QTreeView>
 #include <QTreeWidget>
 #include <fstream>

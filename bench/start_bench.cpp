@@ -3,6 +3,7 @@
 
 #include "Ratio.h"
 #include "core/Main.h"
+#include "library/Records.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/Application.h"
@@ -49,7 +50,7 @@ int main(int argc, char** argv) {
     const double painted = ProcessAgeMilliseconds();
 
     auto* list = window.findChild<QTreeView*>(QStringLiteral("grdItems"));
-    for (const Integer iType : {0, 3, 5}) {
+    for (const MediaType iType : {mtPhoto, mtVideo, mtMusic}) {
         window.SetupItemList(iType);
         window.FillList(iType);
         list->viewport()->repaint();
