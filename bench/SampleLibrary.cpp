@@ -28,15 +28,19 @@ class LibraryText {
         Items({"ph", "0", "jpg", {"SizeW=4000", "SizeH=3000"}}, "ma");
         Items({"mu", "5", "mp3", {"Artist=An Artist of Some Length", "Album=The Album"}}, "pl");
         Items({"vd", "3", "mp4", {"ThumbPath="}}, "vs");
-        Groups("ma", "1", "NoOfPages", "ph", m_groups);
-        Groups("pa", "2", "NoOfPages", "ph", m_groups);
-        Groups("vs", "4", "NoOfEpisodes", "vd", m_groups - 1);
-        Groups("pl", "8", "NoOfTracks", "mu", 1);
+        if (m_groups > 0) AllGroups();
         m_text += "[DB]\r\nNoOfItems=" + std::to_string(m_section) + "\r\n";
         return std::move(m_text);
     }
 
   private:
+    void AllGroups() {
+        Groups("ma", "1", "NoOfPages", "ph", m_groups);
+        Groups("pa", "2", "NoOfPages", "ph", m_groups);
+        Groups("vs", "4", "NoOfEpisodes", "vd", m_groups - 1);
+        Groups("pl", "8", "NoOfTracks", "mu", 1);
+    }
+
     static std::string Id(const std::string& prefix, int number) {
         if (prefix == "pl") return "pl_";
         std::string digits = std::to_string(number);

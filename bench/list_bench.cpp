@@ -1,24 +1,15 @@
 // FillList until painted, beside a QTreeWidget filled in one go with the same texts.
 
 #include "Ratio.h"
-#include "SampleLibrary.h"
-#include "core/LogWindow.h"
-#include "core/PublicStuff.h"
 #include "library/Collections.h"
-#include "library/LibraryFile.h"
-#include "platform/UpCall.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/Application.h"
-#include "ui/toolkit/ListView.h"
 #include "ui/toolkit/ShowNow.h"
 #include "ui/toolkit/SingleWindow.h"
-#include "ui/toolkit/Strings.h"
 
-#include <QFileInfo>
 #include <QTreeView>
 #include <QTreeWidget>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -48,13 +39,21 @@ void FillTree(QTreeWidget& tree, const std::vector<QStringList>& rows) {
     tree.viewport()->repaint();
 }
 
+void AddTrack(int number) {
+    Music track;
+    track.sName = "Title number " + std::to_string(number);
+    track.sDBID = "mu_Titlerebmu" + std::to_string(1000000 + number) + "abcdefgh";
+    track.sArtist = "An Artist of Some Length";
+    track.sAlbum = "The Album";
+    track.sFormat = "mp3";
+    track.iSize = 4000000 + number * 37;
+    track.sPath = "C:\\Music\\Some folder\\" + track.sName + ".mp3";
+    colMusic.Add(track.sDBID, track);
+}
+
 void CompareFilling(int rowCount) {
-    const std::string path = "list_bench_db.txt";
-    std::ofstream(path, std::ios::binary) << bench::SampleLibrary(rowCount);
-    sDBFile = HostFileService().FromHostPath(
-        QFileInfo(QString::fromStdString(path)).absoluteFilePath().toStdString());
     ReleaseCollections();
-    LoadDB();
+    for (int i = 0; i < rowCount; ++i) AddTrack(i);
 
     frmMain& window = SingleWindow<frmMain>::Get();
     ShowNow(window);

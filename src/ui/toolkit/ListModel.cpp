@@ -40,8 +40,12 @@ void ListModel::Append(std::vector<ListRow> rows) {
     }
     const int first = rowCount();
     beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
-    m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
-                  std::make_move_iterator(rows.end()));
+    if (m_rows.empty()) {
+        m_rows = std::move(rows);
+    } else {
+        m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
+                      std::make_move_iterator(rows.end()));
+    }
     endInsertRows();
 }
 
