@@ -11,7 +11,7 @@ import desk  # noqa: E402
 from waiting import Mismatch, wait_for  # noqa: E402
 
 WINDOW = "window"  # stands for all kinds of windows
-WINDOWS = ["frame", "dialog", "alert"]
+WINDOWS = ["frame", "dialog", "alert", "filler"]  # the last for windows that are plain widgets
 
 
 class Node:

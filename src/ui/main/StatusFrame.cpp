@@ -39,7 +39,7 @@ QLabel* AddLabel(const char* name, const char* role, const Box& box, Qt::Alignme
                  QWidget* parent) {
     auto* label = new ElidedLabel(parent);
     label->setObjectName(QLatin1String(name));
-    label->setAccessibleName(QLatin1String(role));
+    label->setAccessibleDescription(QLatin1String(role));
     label->setTextFormat(Qt::PlainText);
     label->setAlignment(alignment);
     Place(*label, box);
