@@ -1,7 +1,11 @@
 #include "core/Options.h"
 #include "core/PublicStuff.h"
+#include "core/UsefulFunctions.h"
+#include "core/modRegistry.h"
 #include "platform/Failure.h"
 #include "support/Support.h"
+
+#include <filesystem>
 
 namespace tavel::test {
 namespace {
@@ -106,6 +110,43 @@ TEST_F(Options, A_list_without_entries_fails) {
         EXPECT_EQ(FailureOf(LoadSupportedExts), failure::SubscriptOutOfRange) << count;
         EXPECT_EQ(sMusicSupport, (std::vector<std::string>{"mp3"}));
     }
+    Contain("[musicsupport]\r\nno=-32768\r\n");
+    EXPECT_EQ(FailureOf(LoadSupportedExts), failure::Overflow);
+}
+
+TEST_F(Options, The_lists_are_read_music_first_and_photos_last_up_to_a_failure) {
+    Contain(
+        "[photosupport]\r\nno=1\r\n0=jpg\r\n[musicsupport]\r\nno=1\r\n0=mp3\r\n"
+        "[videosupport]\r\nno=0\r\n");
+    EXPECT_EQ(FailureOf(LoadSupportedExts), failure::SubscriptOutOfRange);
+    EXPECT_EQ(sMusicSupport, (std::vector<std::string>{"mp3"}));
+    EXPECT_TRUE(sPhotoSupport.empty());
+}
+
+// An extension in another spelling would never match a file's, and one too few in the count would
+// keep a kind of file out.
+TEST_F(Options, The_installed_file_has_full_lists_of_lower_case_extensions_and_no_watch_folders) {
+    std::filesystem::copy_file(TAVEL_SOURCE_FOLDER "/data/db.txt", temp.HostPath("db.txt"));
+    LoadOptions();
+    LoadSupportedExts();
+    const struct {
+        const char* section;
+        const std::vector<std::string>& list;
+    } rows[] = {{"musicsupport", sMusicSupport},
+                {"videosupport", sVideoSupport},
+                {"photosupport", sPhotoSupport}};
+    for (const auto& row : rows) {
+        for (const std::string& extension : row.list) {
+            EXPECT_EQ(GetFileExt("a." + extension), extension) << row.section;
+            EXPECT_NE(extension, "XYZXYZ") << row.section;
+        }
+        std::string beyond;
+        ReadValue(sDBFile, row.section, std::to_string(row.list.size()), "s", "none", beyond);
+        EXPECT_EQ(beyond, "none") << row.section;
+    }
+    Integer folders = -1;
+    ReadValue(sDBFile, "watch", "noofflds", "s", "-1", folders);
+    EXPECT_EQ(folders, 0);
 }
 
 }  // namespace

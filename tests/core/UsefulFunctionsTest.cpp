@@ -84,6 +84,9 @@ TEST(UsefulFunctions, RandomInt_gives_both_ends_and_nothing_beyond) {
     for (int i = 0; i < 1000; ++i) seen.insert(RandomInt(7, 5));
     EXPECT_EQ(seen, (std::set<Integer>{5, 6, 7}));
     EXPECT_EQ(RandomInt(5, 5), 5);
+    seen.clear();
+    for (int i = 0; i < 1000; ++i) seen.insert(RandomInt(-5, -7));
+    EXPECT_EQ(seen, (std::set<Integer>{-7, -6, -5}));
     for (int i = 0; i < 100; ++i) EXPECT_EQ(RandomInt(-3, -3), -3);
 }
 

@@ -114,6 +114,13 @@ TEST_F(Registry, WriteValue_replaces_in_place_and_adds_what_is_missing) {
     EXPECT_EQ(temp.Read("db.txt"), "[a]\r\nK=9\r\nnew=3\r\n[b]\r\nother=2\r\n[c]\r\nfirst=4\r\n");
 }
 
+TEST_F(Registry, WriteValue_of_an_empty_text_empties_the_value_and_removes_nothing) {
+    Contain("[s]\r\nk=1\r\nl=2\r\n");
+    EXPECT_EQ(WriteValue(db, "s", "k", "s", ""), 0);
+    EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nk=\r\nl=2\r\n");
+    EXPECT_EQ(Text("k"), "");
+}
+
 TEST_F(Registry, WriteValue_of_another_kind_does_nothing_and_succeeds) {
     Contain("[s]\r\nk=7\r\n");
     for (const char* kind : {"B", "D", "x"}) EXPECT_EQ(WriteValue(db, "s", "k", kind, "8"), 0);
