@@ -181,7 +181,7 @@ TEST(cMP3ID3v2, A_position_outside_the_frames_fails_as_the_collection_does) {
 }
 
 TEST(cMP3ID3v2, A_file_that_does_not_open_fails_under_the_older_label_and_leaves_an_empty_tag) {
-    cMP3ID3v2 tag = Loaded(Tag(3, EveryFrame()));
+    cMP3ID3v2 tag = Loaded(Tag(3, EveryFrame() + Frame3("TCON", "(17)")));
     for (const Long error : {failure::FileNotFound, failure::PermissionDenied}) {
         const OneFileService files("", error);
         try {
@@ -193,8 +193,11 @@ TEST(cMP3ID3v2, A_file_that_does_not_open_fails_under_the_older_label_and_leaves
             EXPECT_EQ(failure.Source(), "Tavel.cMP3ID3v1");
         }
         EXPECT_EQ(tag.MP3File(), "e:\\gone.mp3");
-        EXPECT_EQ(tag.Title(), "");
-        EXPECT_EQ(tag.Lyrics(), "text of USLT");
+        for (const auto& [id, get] : textProperties) {
+            EXPECT_EQ((tag.*get)(), id == "USLT"s ? "text of USLT" : "") << id;
+        }
+        EXPECT_EQ(tag.Genre(), cMP3ID3v2::NoGenre);
+        EXPECT_EQ(tag.TagVersion(), 0);
         EXPECT_FALSE(tag.HasID3v2Tag());
         EXPECT_EQ(tag.FrameCount(), 0);
     }
@@ -211,6 +214,18 @@ TEST(cMP3ID3v2, An_empty_file_fails_without_the_label_of_the_class) {
         EXPECT_EQ(failure.Source(), "Tavel");
     }
     EXPECT_EQ(tag.FrameCount(), 0);
+}
+
+TEST(cMP3ID3v2, No_file_stays_open_behind_a_load) {
+    const TempFolder folder;
+    const std::string path = folder.DrivePath("one.mp3");
+    cMP3ID3v2 tag;
+    for (const std::string& bytes : {Tag(3, Frame3("TIT2", "title")), "no tag"s, ""s}) {
+        folder.Write("one.mp3", bytes);
+        EXPECT_EQ(FailureOf([&] { tag.MP3File(path); }), bytes.empty() ? 5 : 0);
+        Long error = 0;
+        EXPECT_NE(HostFileService().OpenRaw(path, RawMode::Create, error), nullptr) << error;
+    }
 }
 
 TEST(cMP3ID3v2, A_file_that_goes_away_while_it_is_read_fails) {
