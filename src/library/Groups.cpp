@@ -61,9 +61,9 @@ Integer TakeOut(TextArray& ids, Integer n, const std::string& sID) {
         if (ids.Get(i) == sID) position = i;
     }
     if (n != 1) {
-        for (Integer i = position; i <= n - 2; ++i)
-            ids.Set(i, ids.Get(static_cast<Integer>(i + 1)));
-        ids.Redim(ToInteger(n - 2), true);
+        const Integer iLast = ToInteger(n - 1);
+        if (position != iLast) ids.CloseGap(position, iLast);
+        ids.Redim(ToInteger(iLast - 1), true);
     }
     return ToInteger(n - 1);
 }

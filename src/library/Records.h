@@ -27,6 +27,10 @@ class TextArray {
     void Set(Integer i, std::string s);
     void Redim(Integer iUpper, bool bKeep);
 
+    // Drops entry i and moves those behind it, up to entry iUpper, one place down. The bounds stay,
+    // and what then stands at iUpper is for the caller to cut off.
+    void CloseGap(Integer i, Integer iUpper);
+
   private:
     std::vector<std::string> m_entries;
 };

@@ -49,6 +49,16 @@ TEST(TextArray, An_upper_bound_of_minus_1_fails_and_leaves_the_entries) {
     EXPECT_EQ(array.Get(0), "a");
 }
 
+TEST(TextArray, Closing_a_gap_moves_the_entries_behind_it_down) {
+    TextArray array;
+    array.Redim(3, false);
+    for (Integer i = 0; i <= 3; ++i) array.Set(i, std::string(1, static_cast<char>('a' + i)));
+    array.CloseGap(1, 2);
+    EXPECT_EQ(array.Get(0) + array.Get(1) + array.Get(3), "acd");
+    EXPECT_EQ(FailureOf([&] { array.CloseGap(0, 4); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([&] { array.CloseGap(0, -1); }), failure::SubscriptOutOfRange);
+}
+
 TEST(Records, Items_share_the_groups_trio) {
     Photo photo;
     Video video;
