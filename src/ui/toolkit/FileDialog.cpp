@@ -4,6 +4,7 @@
 #include "ui/toolkit/Strings.h"
 
 #include <QCheckBox>
+#include <QComboBox>
 #include <QDir>
 #include <QLayout>
 #include <QRegularExpression>
@@ -55,6 +56,11 @@ void FileDialog::SetFilters(const FileRequest& request) {
         selectNameFilter(filters[request.filterIndex]);
 }
 
+// Qt tells the chosen filter by its text, cut short as it is shown; two may look alike.
+const QComboBox& FileDialog::TypeBox() const {
+    return *findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+}
+
 void FileDialog::ListDrives() {
     QList<QUrl> places{QUrl::fromLocalFile(QDir::homePath())};
     for (const std::string& text : oFSO().DriveTexts()) {
@@ -75,7 +81,7 @@ FileAnswer FileDialog::Answer() const {
     FileAnswer answer;
     answer.files = selectedFiles();
     answer.result = answer.files.isEmpty() ? 0 : 1;
-    answer.filterIndex = static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
+    answer.filterIndex = TypeBox().currentIndex();
     answer.readOnly = chkReadOnly != nullptr && chkReadOnly->isChecked();
     return answer;
 }

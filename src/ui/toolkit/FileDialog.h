@@ -5,6 +5,7 @@
 #include <QFileDialog>
 
 class QCheckBox;
+class QComboBox;
 
 namespace tavel {
 
@@ -19,6 +20,7 @@ class FileDialog : public QFileDialog {
     FileAnswer Answer() const;
 
   private:
+    const QComboBox& TypeBox() const;
     void SetFilters(const FileRequest& request);
     void ListDrives();
     void AddReadOnlyBox(bool checked);

@@ -14,8 +14,9 @@ namespace {
 
 constexpr int longestWait = 1000;  // milliseconds
 
+// Hiding clears the mapped flag at once, while the window's own state follows with an event.
 bool IsOnScreen(const QWidget& window) {
-    return window.windowHandle() != nullptr && window.windowHandle()->isExposed();
+    return window.testAttribute(Qt::WA_Mapped) && window.windowHandle()->isExposed();
 }
 
 void WaitUntilOnScreen(const QWidget& window) {

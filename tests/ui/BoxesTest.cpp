@@ -1,0 +1,196 @@
+#include "support/Support.h"
+#include "ui/support/Modal.h"
+#include "ui/support/PromptQueue.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/FileDialog.h"
+#include "ui/toolkit/InputBox.h"
+#include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListView>
+#include <QMessageBox>
+#include <QPushButton>
+
+namespace tavel::test {
+
+namespace {
+
+QAbstractButton& ButtonOf(QWidget& box, QMessageBox::StandardButton which) {
+    return *static_cast<QMessageBox&>(box).button(which);
+}
+
+}  // namespace
+
+TEST(MsgBox, each_key_answers_as_its_button_says) {
+    struct Case {
+        MsgBoxButtons buttons;
+        Qt::Key key;
+        MsgBoxAnswer answer;
+    };
+    const RealPrompts real;
+    for (const Case& one : {Case{MsgBoxButtons::OK, Qt::Key_Return, MsgBoxAnswer::OK},
+                            Case{MsgBoxButtons::OK, Qt::Key_Escape, MsgBoxAnswer::OK},
+                            Case{MsgBoxButtons::OKCancel, Qt::Key_Return, MsgBoxAnswer::OK},
+                            Case{MsgBoxButtons::OKCancel, Qt::Key_Escape, MsgBoxAnswer::Cancel},
+                            Case{MsgBoxButtons::YesNo, Qt::Key_Return, MsgBoxAnswer::Yes},
+                            Case{MsgBoxButtons::YesNo, Qt::Key_Escape, MsgBoxAnswer::No}}) {
+        WhenModal([&](QWidget& box) { QTest::keyClick(&box, one.key); });
+        EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), one.buttons), one.answer);
+    }
+}
+
+TEST(MsgBox, a_click_answers_and_the_box_shows_its_words) {
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(FromQString(box.windowTitle()), "Delete Group?");
+        EXPECT_EQ(FromQString(static_cast<QMessageBox&>(box).text()), "<b>one</b>\n\ntwo");
+        EXPECT_EQ(static_cast<QMessageBox&>(box).textFormat(), Qt::PlainText);
+        QTest::mouseClick(&ButtonOf(box, QMessageBox::No), Qt::LeftButton);
+    });
+    EXPECT_EQ(MsgBox(QStringLiteral("<b>one</b>\r\rtwo"), MsgBoxButtons::YesNo,
+                     QStringLiteral("Delete Group?")),
+              MsgBoxAnswer::No);
+}
+
+TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
+    PromptQueue prompts;
+    prompts.ExpectMsgBox(QStringLiteral("Hello"), MsgBoxButtons::OK, MsgBoxAnswer::OK,
+                         QStringLiteral("Tavel"));
+    EXPECT_EQ(MsgBox(QStringLiteral("Hello")), MsgBoxAnswer::OK);
+}
+
+TEST(MsgBox, outlives_its_owner) {
+    const RealPrompts real;
+    auto* owner = new QWidget;
+    owner->show();
+    owner->activateWindow();
+    RunEvents();
+    ASSERT_EQ(QApplication::activeWindow(), owner);
+    WhenModal([owner](QWidget&) { delete owner; });
+    EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
+}
+
+TEST(InputBox, typed_text_comes_back_on_Enter_and_nothing_on_Escape) {
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(FromQString(box.windowTitle()), "Name Group");
+        auto& edit = *box.findChild<QLineEdit*>();
+        EXPECT_EQ(FromQString(edit.text()), "New Group");
+        QTest::keyClicks(&edit, QStringLiteral("  Holiday"));
+        QTest::keyClick(&edit, Qt::Key_Return);
+    });
+    const QString prompt = QStringLiteral("What would you like to call your new group?");
+    const QString title = QStringLiteral("Name Group");
+    EXPECT_EQ(FromQString(InputBox(prompt, title, QStringLiteral("New Group"))), "  Holiday");
+    WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    EXPECT_EQ(FromQString(InputBox(prompt, title, QStringLiteral("New Group"))), "");
+}
+
+namespace {
+
+class FileDialogs : public ::testing::Test {
+  protected:
+    FileDialogs() {
+        folder.Write("a.JPG", "");
+        folder.Write("b.jpg", "");
+        folder.Write("c.mp3", "");
+        folder.Write("no extension", "");
+        request.title = QStringLiteral("Select file(s) to add");
+        request.startFolder = ToQString(folder.HostPath());
+        request.descriptions =
+            QStringList{QStringLiteral("All Supported Files"), QStringLiteral("Zip Files (*.zip)"),
+                        QStringLiteral("Anything")};
+        request.patterns = QStringList{QStringLiteral("*.jpg;*.png;"), QStringLiteral("*.zip"),
+                                       QStringLiteral("*.*")};
+        request.mustExist = true;
+    }
+
+    // Types into the name box of the dialog and confirms.
+    FileAnswer Type(const QString& typed) {
+        const RealPrompts real;
+        WhenModal([typed](QWidget& box) {
+            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+            edit.setText(typed);
+            QTest::keyClick(&edit, Qt::Key_Return);
+        });
+        return CurrentPrompter().PickFiles(request);
+    }
+
+    // The names that the dialog lists, once it has read the folder.
+    QStringList Listed() {
+        FileDialog dialog(request);
+        dialog.show();
+        const auto& list = Find<QListView>(dialog, "listView");
+        QStringList names;
+        const auto read = [&] {
+            names.clear();
+            for (int row = 0; row < list.model()->rowCount(list.rootIndex()); ++row)
+                names << list.model()->index(row, 0, list.rootIndex()).data().toString();
+            names.sort();
+            return !names.isEmpty();
+        };
+        EXPECT_TRUE(QTest::qWaitFor(read));
+        return names;
+    }
+
+    TempFolder folder;
+    FileRequest request;
+};
+
+}  // namespace
+
+TEST_F(FileDialogs, a_typed_name_is_picked) {
+    const FileAnswer answer = Type(QStringLiteral("b.jpg"));
+    EXPECT_EQ(answer.result, 1);
+    EXPECT_EQ(answer.files, QStringList(ToQString(folder.HostPath("b.jpg"))));
+    EXPECT_EQ(answer.filterIndex, 0);
+}
+
+TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
+    request.multiSelect = true;
+    const FileAnswer answer = Type(QStringLiteral("\"a.JPG\" \"b.jpg\""));
+    EXPECT_EQ(answer.files, QStringList({ToQString(folder.HostPath("a.JPG")),
+                                         ToQString(folder.HostPath("b.jpg"))}));
+}
+
+TEST_F(FileDialogs, Escape_cancels) {
+    const RealPrompts real;
+    WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    EXPECT_EQ(answer.result, 0);
+    EXPECT_TRUE(answer.files.isEmpty());
+}
+
+TEST_F(FileDialogs, the_filters_list_what_they_match_without_regard_to_case) {
+    EXPECT_EQ(Listed(), QStringList({QStringLiteral("a.JPG"), QStringLiteral("b.jpg")}));
+    request.filterIndex = 2;
+    EXPECT_EQ(Listed().size(), 4) << "a name without a dot too";
+}
+
+TEST_F(FileDialogs, the_descriptions_are_shown_as_they_are_given) {
+    const FileDialog dialog(request);
+    const auto* types = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+    EXPECT_EQ(FromQString(types->itemText(0)), "All Supported Files");
+    EXPECT_EQ(FromQString(types->itemText(1)), "Zip Files (*.zip)");
+}
+
+TEST_F(FileDialogs, an_extension_of_odd_characters_does_no_harm) {
+    folder.Write("odd.x(y", "");
+    request.patterns[0] = QStringLiteral("*.x(y");
+    EXPECT_EQ(Listed(), QStringList(QStringLiteral("odd.x(y")));
+}
+
+TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for) {
+    EXPECT_EQ(FileDialog(request).findChild<QCheckBox*>(QStringLiteral("chkReadOnly")), nullptr);
+    request.showReadOnly = request.readOnly = true;
+    const FileDialog dialog(request);
+    EXPECT_TRUE(dialog.findChild<QCheckBox*>(QStringLiteral("chkReadOnly"))->isChecked());
+}
+
+}  // namespace tavel::test
