@@ -21,9 +21,10 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/WindowRegistry.h"
+#include "ui/toolkit/Yielding.h"
 
 #include <QCoreApplication>
-#include <QElapsedTimer>
+#include <chrono>
 #include <cstdlib>
 
 namespace tavel {
@@ -108,17 +109,14 @@ class MainOnScreen : public CategoryTree, public ScanTimer, public DevicePanels 
     static frmMain& Window() { return SingleWindow<frmMain>::Get(); }
 };
 
-class QtEventLoop : public EventLoop {
-  public:
-    void Yield() override {
-        constexpr qint64 restMilliseconds = 2;
-        if (m_sinceYield.isValid() && m_sinceYield.elapsed() < restMilliseconds) return;
-        QCoreApplication::processEvents();
-        m_sinceYield.start();
-    }
+std::int64_t Milliseconds() {
+    using namespace std::chrono;
+    return duration_cast<milliseconds>(steady_clock::now().time_since_epoch()).count();
+}
 
-  private:
-    QElapsedTimer m_sinceYield;
+class QtEventLoop : public Yielding {
+  public:
+    QtEventLoop() : Yielding(Milliseconds) {}
 };
 
 template <class Interface, class OnScreen>

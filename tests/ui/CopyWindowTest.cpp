@@ -1,0 +1,116 @@
+#include "core/Main.h"
+#include "device/DeviceWindows.h"
+#include "platform/UpCall.h"
+#include "ui/main/UpCalls.h"
+#include "ui/main/frmCopy.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/ProgressBar.h"
+#include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QPushButton>
+#include <QTimer>
+
+namespace tavel::test {
+
+namespace {
+
+class CopyWindows : public ::testing::Test {
+  protected:
+    CopyWindows() {
+        WireUpCalls();
+        SetupStyle();
+        Calls().Show();
+    }
+
+    static CopyWindow& Calls() { return UpCall<CopyWindow>::Get(); }
+    static frmCopy& Window() { return SingleWindow<frmCopy>::Get(); }
+    static bool IsVisible(const char* control) { return Find(Window(), control).isVisible(); }
+    static std::string Text(const char* label) {
+        return FromQString(Find<QLabel>(Window(), label).text());
+    }
+    static double Points(const char* label) { return Find(Window(), label).font().pointSizeF(); }
+};
+
+}  // namespace
+
+TEST_F(CopyWindows, is_on_the_screen_with_its_words_as_designed) {
+    EXPECT_TRUE(Window().testAttribute(Qt::WA_Mapped));
+    EXPECT_EQ(FromQString(Window().windowTitle()), "Copying");
+    EXPECT_EQ(FromQString(Window().findChild<QGroupBox*>()->title()), "Copy Files");
+    EXPECT_EQ(Text("Label1"), "Current File");
+    EXPECT_EQ(Text("Label2"), "Total Progress");
+    EXPECT_EQ(Text("Label3"), "Copying:");
+    EXPECT_EQ(Text("labFinish"), "Finished!");
+    EXPECT_EQ(FromQString(Find<QPushButton>(Window(), "cmdOK").text()), "OK");
+    EXPECT_EQ(Points("Label3"), 13.5);
+    EXPECT_EQ(Points("labFile"), 13.5);
+    EXPECT_EQ(Points("labFinish"), 24);
+    EXPECT_FALSE(IsVisible("labSubFile"));
+    EXPECT_FALSE(IsVisible("labFinish"));
+    EXPECT_FALSE(IsVisible("cmdOK"));
+    EXPECT_FALSE(Find(Window(), "cmdOK").isEnabled());
+    EXPECT_EQ(Find(Window(), "labFile").font().family(), QStringLiteral("Verdanda"));
+}
+
+TEST_F(CopyWindows, follows_the_transfer) {
+    const QSize before = Window().size();
+    Calls().SetFile("Holiday");
+    Calls().SetSubFile(std::string(500, 'x'));
+    Calls().ShowSubFile(true);
+    Calls().Repaint();
+    EXPECT_EQ(Text("labFile"), "Holiday");
+    EXPECT_TRUE(IsVisible("labSubFile"));
+    EXPECT_EQ(Window().size(), before);
+    Calls().ShowSubFile(false);
+    EXPECT_FALSE(IsVisible("labSubFile"));
+    Calls().pgbTotal().SetMax(4);
+    Calls().pgbTotal().SetValue(Calls().pgbTotal().Value() + 1);
+    EXPECT_EQ(Find<ProgressBar>(Window(), "pgbTotal").value(), 250);
+    EXPECT_EQ(Find<ProgressBar>(Window(), "pgbCurr").value(), 0);
+}
+
+TEST_F(CopyWindows, nothing_but_its_OK_closes_it) {
+    Window().close();
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    EXPECT_TRUE(Window().isVisible());
+    Calls().ShowFinish();
+    Calls().ShowOK();
+    EXPECT_TRUE(IsVisible("labFinish"));
+    EXPECT_TRUE(Find(Window(), "cmdOK").isEnabled());
+    Window().close();
+    QTest::keyClick(&Window(), Qt::Key_Escape);
+    EXPECT_TRUE(Window().isVisible());
+    Click(Window(), "cmdOK");
+    EXPECT_FALSE(SingleWindow<frmCopy>::Loaded());
+}
+
+TEST_F(CopyWindows, one_that_is_still_open_stays_as_it_is_for_the_next_run) {
+    Calls().ShowFinish();
+    Calls().ShowOK();
+    Calls().Show();
+    EXPECT_TRUE(IsVisible("labFinish"));
+    EXPECT_TRUE(IsVisible("cmdOK"));
+    Click(Window(), "cmdOK");
+    Calls().Show();
+    EXPECT_FALSE(IsVisible("labFinish")) << "a fresh one";
+}
+
+TEST_F(CopyWindows, paints_without_letting_a_timer_run) {
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(0);
+    Calls().Show();
+    Calls().SetFile("a");
+    Calls().Repaint();
+    Calls().pgbCurr().SetValue(50);
+    Calls().pgbCurr().Repaint();
+    EXPECT_EQ(ticks, 0);
+}
+
+}  // namespace tavel::test
