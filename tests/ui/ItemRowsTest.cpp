@@ -9,7 +9,8 @@ class ItemRowsTest : public MainWindowTest {
   protected:
     static std::string Text(const ListRow& row) {
         std::string text = row.sKey;
-        for (const std::string& cell : row.sCells) text += "|" + cell;
+        for (std::size_t i = 0; i < row.sCells.Count(); ++i)
+            text.append("|").append(row.sCells.Get(i));
         return text;
     }
     // A group of members of these sizes.

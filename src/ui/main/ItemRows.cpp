@@ -5,22 +5,12 @@
 #include "library/SizeText.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tavel {
 
 namespace {
 
 std::string RowKey(const Record& record) { return "ID" + record.sDBID; }
-
-// A list in braces would copy every text twice.
-template <class... Texts>
-std::vector<std::string> Cells(Texts&&... texts) {
-    std::vector<std::string> cells;
-    cells.reserve(sizeof...(texts));
-    (cells.emplace_back(std::forward<Texts>(texts)), ...);
-    return cells;
-}
 
 double Megabytes(const Record& record) { return Round(record.iSize / 1000000.0, 2); }
 
@@ -64,38 +54,41 @@ std::vector<ListRow> RowsOfMembers(const Group& group, const Collection<T>& memb
 
 ListRow PhotoRow(const Photo& photo) {
     const std::string sDims = std::to_string(photo.iSizeW) + " X " + std::to_string(photo.iSizeH);
-    return {RowKey(photo),
-            Cells(photo.sName, sDims, photo.sFormat, SizeText(photo.iSize), photo.sPath)};
+    return {RowKey(photo), {photo.sName, sDims, photo.sFormat, SizeText(photo.iSize), photo.sPath}};
 }
 
 ListRow VideoRow(const Video& video) {
-    return {RowKey(video), Cells(video.sName, video.sFormat, SizeText(video.iSize), video.sPath)};
+    return {RowKey(video), {video.sName, video.sFormat, SizeText(video.iSize), video.sPath}};
 }
 
 ListRow MusicRow(const Music& music) {
-    return {RowKey(music), Cells(music.sName, music.sArtist, music.sAlbum, music.sFormat,
-                                 SizeText(music.iSize), music.sPath)};
+    return {RowKey(music),
+            {music.sName, music.sArtist, music.sAlbum, music.sFormat, SizeText(music.iSize),
+             music.sPath}};
 }
 
 ListRow MagazineRow(const Magazine& magazine) {
-    return {RowKey(magazine), Cells(magazine.sName, "", std::to_string(magazine.iPages) + " pages",
-                                    TotalPhotoSeriesSize(magazine.sDBID, mtMagazine))};
+    return {RowKey(magazine),
+            {magazine.sName, "", std::to_string(magazine.iPages) + " pages",
+             TotalPhotoSeriesSize(magazine.sDBID, mtMagazine)}};
 }
 
 ListRow PhotoAlbumRow(const PhotoAlbum& album) {
-    return {RowKey(album), Cells(album.sName, "", std::to_string(album.iPages) + " pages",
-                                 TotalPhotoSeriesSize(album.sDBID, mtPhotoAlbum))};
+    return {RowKey(album),
+            {album.sName, "", std::to_string(album.iPages) + " pages",
+             TotalPhotoSeriesSize(album.sDBID, mtPhotoAlbum)}};
 }
 
 ListRow VidSeriesRow(const VidSeries& series) {
-    return {RowKey(series), Cells(series.sName, std::to_string(series.iEpisodes()) + " Episodes",
-                                  TotalVidSeriesSize(series.sDBID))};
+    return {RowKey(series),
+            {series.sName, std::to_string(series.iEpisodes()) + " Episodes",
+             TotalVidSeriesSize(series.sDBID)}};
 }
 
 ListRow PlaylistRow(const Playlist& playlist) {
     return {RowKey(playlist),
-            Cells(playlist.sName, "", "", std::to_string(playlist.iTracks) + " tracks",
-                  TotalPlaylistSize(playlist.sDBID))};
+            {playlist.sName, "", "", std::to_string(playlist.iTracks) + " tracks",
+             TotalPlaylistSize(playlist.sDBID)}};
 }
 
 std::vector<ListRow> RowsOfType(Integer iType) {

@@ -97,7 +97,7 @@ void frmMain::FillListFromPSP(const std::string& sPath, Integer iType) {
     std::vector<ListRow> rows;
     for (PSPRow& psp : ListPSPFiles(sPath, iType)) {
         ListRow row{std::move(psp.sKey), {std::move(psp.sText)}};
-        for (std::string& sSubItem : psp.sSubItems) row.sCells.push_back(std::move(sSubItem));
+        for (const std::string& sSubItem : psp.sSubItems) row.sCells.Add(sSubItem);
         rows.push_back(std::move(row));
     }
     grdItems->Add(std::move(rows));

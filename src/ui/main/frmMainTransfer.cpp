@@ -36,7 +36,7 @@ void frmMain::AddToTransferList(const std::string& sID) {
         const Integer iType = GetDBIDType(sID);
         std::string sName = DisplayName(iType, sID);
         const QIcon& icon = iglIcons2.Icon(QStringLiteral("#%1").arg(iType));
-        grdSync->Add(ListRow{"ID" + sID, {"", std::move(sName)}, icon});
+        grdSync->Add(ListRow{"ID" + sID, {"", sName}, icon});
     } catch (const Failure& failure) {
         if (failure.Number() != failure::ListKeyNotUnique) return;
         MsgBox(QStringLiteral("Already exists in the list"));

@@ -5,7 +5,6 @@
 #include "ui/toolkit/Strings.h"
 
 #include <QMimeData>
-#include <algorithm>
 #include <iterator>
 #include <utility>
 
@@ -32,28 +31,36 @@ void ListModel::AlignRight(int column) {
 
 void ListModel::Append(std::vector<ListRow> rows) {
     if (rows.empty()) return;
-    m_keys.reserve(m_keys.size() + rows.size());
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        if (m_keys.insert(rows[i].sKey).second) continue;
-        for (std::size_t taken = 0; taken < i; ++taken) m_keys.erase(rows[taken].sKey);
-        Fail(failure::ListKeyNotUnique);
-    }
-    const int first = rowCount();
-    beginInsertRows({}, first, first + static_cast<int>(rows.size()) - 1);
+    const std::size_t first = m_rows.size();
+    beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + rows.size()) - 1);
     if (m_rows.empty()) {
         m_rows = std::move(rows);
     } else {
         m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
                       std::make_move_iterator(rows.end()));
     }
+    const bool isUnique = IndexFrom(first);
     endInsertRows();
+    if (isUnique) return;
+    Remove(static_cast<int>(first), static_cast<int>(m_rows.size() - first));
+    Fail(failure::ListKeyNotUnique);
+}
+
+// False when one of these rows has a key that a row before it has.
+bool ListModel::IndexFrom(std::size_t firstRow) {
+    const auto keyOf = [this](int row) -> std::string_view { return Row(row).sKey; };
+    for (std::size_t row = firstRow; row < m_rows.size(); ++row) {
+        if (!m_keys.Insert(static_cast<int>(row), keyOf)) return false;
+    }
+    return true;
 }
 
 void ListModel::Remove(int first, int count) {
     beginRemoveRows({}, first, first + count - 1);
     const auto begin = m_rows.begin() + first;
-    std::for_each(begin, begin + count, [this](const ListRow& row) { m_keys.erase(row.sKey); });
     m_rows.erase(begin, begin + count);
+    m_keys.Clear();
+    IndexFrom(0);
     endRemoveRows();
 }
 
@@ -61,21 +68,16 @@ void ListModel::Clear() {
     if (m_rows.empty()) return;
     beginResetModel();
     m_rows.clear();
-    m_keys.clear();
+    m_keys.Clear();
     endResetModel();
 }
 
 int ListModel::PositionOf(std::string_view sKey) const {
-    const auto found = std::find_if(m_rows.begin(), m_rows.end(),
-                                    [&](const ListRow& row) { return row.sKey == sKey; });
-    return found == m_rows.end() ? -1 : static_cast<int>(found - m_rows.begin());
+    return m_keys.Find(sKey, [this](int row) -> std::string_view { return Row(row).sKey; });
 }
 
-void ListModel::SetCell(int row, int column, std::string sText) {
-    auto& cells = m_rows[static_cast<std::size_t>(row)].sCells;
-    const auto cell = static_cast<std::size_t>(column);
-    if (cells.size() <= cell) cells.resize(cell + 1);
-    cells[cell] = std::move(sText);
+void ListModel::SetCell(int row, int column, std::string_view sText) {
+    m_rows[static_cast<std::size_t>(row)].sCells.Set(static_cast<std::size_t>(column), sText);
     const QModelIndex changed = index(row, column);
     if (changed.isValid()) Q_EMIT dataChanged(changed, changed);
 }
@@ -88,17 +90,11 @@ int ListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
-std::string ListModel::CellText(const QModelIndex& index) const {
-    const auto& cells = Row(index.row()).sCells;
-    const auto cell = static_cast<std::size_t>(index.column());
-    return cell < cells.size() ? cells[cell] : std::string();
-}
-
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
         case Qt::EditRole:
-            return ToQString(CellText(index));
+            return ToQString(Row(index.row()).sCells.Get(static_cast<std::size_t>(index.column())));
         case Qt::DecorationRole:
             return index.column() == 0 && !Row(index.row()).icon.isNull()
                        ? QVariant(Row(index.row()).icon)

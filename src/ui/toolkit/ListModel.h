@@ -1,12 +1,13 @@
 #pragma once
 
 #include "platform/Numbers.h"
+#include "ui/toolkit/CellTexts.h"
+#include "ui/toolkit/RowKeys.h"
 
 #include <QAbstractTableModel>
 #include <QIcon>
 #include <string>
 #include <string_view>
-#include <unordered_set>
 #include <vector>
 
 namespace tavel {
@@ -14,7 +15,7 @@ namespace tavel {
 // A row of a list: its key, its cells from the first column on, and the icon of its first cell.
 struct ListRow {
     std::string sKey;
-    std::vector<std::string> sCells;
+    CellTexts sCells;
     QIcon icon = {};
 };
 
@@ -37,7 +38,7 @@ class ListModel : public QAbstractTableModel {
 
     const ListRow& Row(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
     int PositionOf(std::string_view sKey) const;  // -1 when no row has the key
-    void SetCell(int row, int column, std::string sText);
+    void SetCell(int row, int column, std::string_view sText);
     void SetDragSource(bool bDragSource) { m_dragSource = bDragSource; }
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -54,11 +55,11 @@ class ListModel : public QAbstractTableModel {
         Qt::Alignment alignment;
     };
 
-    std::string CellText(const QModelIndex& index) const;
+    bool IndexFrom(std::size_t firstRow);
 
     std::vector<Column> m_columns;
     std::vector<ListRow> m_rows;
-    std::unordered_set<std::string> m_keys;
+    RowKeys m_keys;
     bool m_dragSource = false;
 };
 

@@ -114,13 +114,11 @@ void ListView::Clear() { m_rows.Clear(); }
 const std::string& ListView::Key(Long row) const { return m_rows.Row(Place(row)).sKey; }
 
 std::string ListView::Cell(Long row, int cell) const {
-    const auto& cells = m_rows.Row(Place(row)).sCells;
-    const auto place = static_cast<std::size_t>(cell);
-    return place < cells.size() ? cells[place] : std::string();
+    return std::string(m_rows.Row(Place(row)).sCells.Get(static_cast<std::size_t>(cell)));
 }
 
 int ListView::CellCount(Long row) const {
-    return static_cast<int>(m_rows.Row(Place(row)).sCells.size());
+    return static_cast<int>(m_rows.Row(Place(row)).sCells.Count());
 }
 
 bool ListView::Selected(Long row) const {
