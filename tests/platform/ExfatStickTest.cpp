@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <fstream>
 
 // The file service on a real memory-stick file system.
 
@@ -119,6 +120,45 @@ TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
     EXPECT_LT(total, std::int64_t{24} << 20);
     EXPECT_FALSE(file->Close());
     EXPECT_LE(files->GetFile("e:\\a.bin").Size, total);
+}
+
+TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {
+    files->CreateTextFile("e:\\a.txt", true);
+    ASSERT_TRUE(stick.Unmount());
+    ASSERT_TRUE(stick.Mount("ro"));
+    EXPECT_TRUE(files->FileExists("e:\\A.TXT"));
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile("e:\\b.txt", true); }), 70);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\b"); }), 70);
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile("e:\\a.txt", true); }), 70);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile("e:\\a.txt", "e:\\b.txt"); }), 70);
+    EXPECT_EQ(FailureOf([&] { files->CopyFile("e:\\a.txt", "e:\\b.txt", true); }), 70);
+    Long error = 0;
+    EXPECT_FALSE(files->OpenRaw("e:\\b.txt", RawMode::Create, error));
+    EXPECT_EQ(error, 70);
+}
+
+TEST_F(OnExfat, Names_behave_as_on_any_other_drive) {
+    files->CreateTextFile("e:\\a.txt", true);
+    files->MoveFile("e:\\a.txt", "e:\\A.Txt");
+    EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "A.Txt");
+    files->CreateTextFile("e:\\b.txt", true);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile("e:\\B.TXT", "e:\\a.txt"); }), 58);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\a?"); }), 52);
+    files->CreateFolder("e:\\Vol. 1.");
+    files->CreateTextFile("e:\\Vol. 1.\\\xc3\x84.txt", true);
+    EXPECT_TRUE(files->FileExists("e:\\vol. 1.\\\xe4.TXT"));
+}
+
+TEST_F(OnExfat, A_file_is_itself_in_any_spelling) {
+    fs::create_directory(stick.MountFolder() + "/PSP");
+    std::ofstream(stick.MountFolder() + "/PSP/a.txt") << "x";
+    EXPECT_EQ(FailureOf([&] { files->CopyFile("e:\\psp\\a.txt", "e:\\PSP\\A.TXT", true); }), 70);
+    Long error = 0;
+    const auto file = files->OpenRaw("e:\\psp\\a.txt", RawMode::Read, error);
+    ASSERT_TRUE(file);
+    EXPECT_FALSE(files->OpenRaw("e:\\PSP\\A.TXT", RawMode::Create, error));
+    EXPECT_EQ(error, 70);
+    EXPECT_EQ(files->ReadWhole("e:\\Psp\\A.txt"), "x");
 }
 
 TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {

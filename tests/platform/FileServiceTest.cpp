@@ -37,6 +37,16 @@ class FileOperations : public HostDrives, public ::testing::WithParamInterface<c
     std::string root;
 };
 
+// Takes a superuser's rights away for a while.
+class PlainUser {
+  public:
+    PlainUser() { EXPECT_EQ(seteuid(m_user == 0 ? 65534 : m_user), 0); }
+    ~PlainUser() { EXPECT_EQ(seteuid(m_user), 0); }
+
+  private:
+    uid_t m_user = geteuid();
+};
+
 INSTANTIATE_TEST_SUITE_P(Drives, FileOperations, ::testing::Values('c', 'e'),
                          [](const auto& drive) { return std::string(1, drive.param); });
 
@@ -245,6 +255,14 @@ TEST_P(FileOperations, MoveFile_changes_the_case_of_a_name) {
     files->MoveFile(At("a.bin"), At("A.Bin"));
     EXPECT_TRUE(Has("A.Bin"));
     EXPECT_FALSE(Has("a.bin"));
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("A.Bin")); }), 58);
+    fs::create_hard_link(Host("A.Bin"), Host("a.bin"));
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("A.Bin")); }), 58);
+    EXPECT_TRUE(Has("a.bin"));
+    fs::remove(Host("a.bin"));
+    fs::create_hard_link(Host("A.Bin"), Host("c.bin"));
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("a.bin"), At("c.bin")); }), 58);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(At("c.bin"), At("A.bin")); }), 58);
 }
 
 TEST_P(FileOperations, DeleteFile_spares_read_only_files_unless_forced) {
@@ -305,6 +323,59 @@ TEST_P(FileOperations, Raw_files_write_and_read_bytes) {
     EXPECT_EQ(buffer, "one\r");
     EXPECT_FALSE(file->Write(buffer, count));
     EXPECT_TRUE(file->Close());
+}
+
+TEST_P(FileOperations, A_file_being_written_tells_its_size_and_place) {
+    Long error = 0;
+    std::size_t count = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+    ASSERT_TRUE(file);
+    for (int i = 0; i < 1000; ++i) EXPECT_TRUE(file->Write(std::string(1024, 'x'), count));
+    EXPECT_EQ(file->Size(), 1'024'000);
+    EXPECT_TRUE(file->Write(std::string("tail"), count));
+    EXPECT_TRUE(file->Seek(0));
+    EXPECT_TRUE(file->Write(std::string("head"), count));
+    EXPECT_TRUE(file->Write(std::string(600'000, 'y'), count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_TRUE(file->Close());
+    EXPECT_TRUE(Bytes("a.bin") == "head" + std::string(600'000, 'y') +
+                                      std::string(1'024'000 - 600'004, 'x') + "tail");
+}
+
+TEST_P(FileOperations, A_file_open_for_reading_shares_reads_alone) {
+    Put("a.bin", "x");
+    fs::create_hard_link(Host("a.bin"), Host("b.bin"));
+    Long error = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Read, error);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(files->OpenRaw(At("A.BIN"), RawMode::Read, error));
+    EXPECT_FALSE(files->OpenRaw(At("b.bin"), RawMode::Create, error));
+    EXPECT_EQ(error, 70);
+    EXPECT_EQ(Bytes("a.bin"), "x");
+    EXPECT_TRUE(file->Close());
+    EXPECT_TRUE(files->OpenRaw(At("b.bin"), RawMode::Create, error));
+}
+
+TEST_P(FileOperations, What_the_user_has_no_rights_to_is_refused) {
+    Put("closed/a.bin", "x");
+    Put("shown/a.bin", "x");
+    Put("a.bin", "x");
+    fs::permissions(temp.HostPath(), fs::perms(0755));
+    fs::permissions(Host("closed"), fs::perms(0));
+    fs::permissions(Host("shown"), fs::perms(0555));
+    {
+        const PlainUser user;
+        EXPECT_EQ(FailureOf([&] { files->GetFolder(At("closed")); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->GetFile(At("closed\\a.bin")); }), 70);
+        EXPECT_FALSE(files->FileExists(At("closed\\a.bin")));
+        EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("shown\\b")); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->CreateTextFile(At("shown\\b"), true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("shown\\a.bin"), true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->MoveFile(At("shown\\a.bin"), At("shown\\b")); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile(At("a.bin"), At("shown\\b"), true); }), 70);
+    }
+    fs::permissions(Host("closed"), fs::perms(0700));
+    EXPECT_EQ(Bytes("shown/a.bin"), "x");
 }
 
 TEST_P(FileOperations, Raw_create_truncates_what_is_there) {

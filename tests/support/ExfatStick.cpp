@@ -39,7 +39,9 @@ bool ExfatStick::Try(const std::string& what, const std::string& command) {
     return false;
 }
 
-bool ExfatStick::Mount() { return Run("mount.exfat-fuse " + m_device + " " + MountFolder()); }
+bool ExfatStick::Mount(const std::string& options) {
+    return Run("mount.exfat-fuse -o " + options + " " + m_device + " " + MountFolder());
+}
 
 bool ExfatStick::Unmount() { return Run("umount " + MountFolder()); }
 

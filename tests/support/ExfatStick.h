@@ -19,7 +19,7 @@ class ExfatStick {
     std::string MountFolder() const { return m_temp.HostPath("mount"); }
     const std::string& Device() const { return m_device; }
 
-    bool Mount();
+    bool Mount(const std::string& options = "rw");
     bool Unmount();  // fails while something on it is open
     void Pull();     // gone at once, whatever is open
     // The bytes of a file as another machine would find them, were the stick pulled now.

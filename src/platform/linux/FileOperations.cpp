@@ -1,12 +1,14 @@
 #include "platform/linux/FileOperations.h"
 
 #include "platform/Failure.h"
+#include "platform/linux/FileIdentity.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
 #include "platform/linux/HostNames.h"
 
 #include <stdio.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <utility>
 #include <vector>
@@ -74,17 +76,29 @@ void CopyBetween(Place source, DriveTable& drives, Place target) {
     Fail(error);
 }
 
-// A name that differs from the source's in case only finds the source itself.
-bool IsSameEntry(const Place& a, const Place& b) {
-    return b.failure == 0 && a.IsSameAs(b) && (a.hostPath == b.hostPath || a.status.st_nlink == 1);
+bool IsSameFile(const Place& a, const Place& b) { return FileIdentity(a) == FileIdentity(b); }
+
+Descriptor FolderOf(const Place& place) {
+    constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    if (place.folder.IsOpen()) return Descriptor(openat(place.folder.Get(), ".", flags));
+    const std::string folder = place.hostPath.substr(0, place.hostPath.rfind('/') + 1);
+    return Descriptor(open(folder.c_str(), flags));
 }
 
-void Respell(const Place& source, const Place& target) {
-    const std::string name = NameToCreate(target.path.names.back());
+// A target whose name differs from the source's in case only finds the source itself: the file is
+// to have the new spelling. False when an entry of just that spelling is there.
+bool Respell(const Place& source, const Place& target) {
+    const std::string& wanted = target.path.names.back();
+    if (!IsSameFile(source, target) || !NamesMatch(source.path.names.back(), wanted)) return false;
+    const Descriptor folder = FolderOf(target);
+    int error = 0;
+    const std::vector<std::string> names = NamesIn(folder.Get(), error);
+    const std::string name = NameToCreate(wanted);
     if (name.empty()) Fail(failure::BadFileName);
-    const std::string& spelled = target.folder.IsOpen() ? name : target.name;
-    Require(renameat(source.Parent(), source.name.c_str(), target.Parent(), spelled.c_str()) == 0);
+    if (error != 0 || std::binary_search(names.begin(), names.end(), name)) return false;
+    Require(renameat(source.Parent(), source.name.c_str(), folder.Get(), name.c_str()) == 0);
     Require(SyncFolderOf(source));
+    return true;
 }
 
 // False when the two lie in different file systems.
@@ -132,7 +146,7 @@ void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     RequireFile(from);
     Place to = FindTarget(drives, target, from);
     if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
-    if (to.failure == 0 && from.IsSameAs(to)) Fail(failure::PermissionDenied);
+    if (to.failure == 0 && IsSameFile(from, to)) Fail(failure::PermissionDenied);
     CopyBetween(std::move(from), drives, std::move(to));
 }
 
@@ -140,10 +154,7 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place from = FindPlace(drives, source);
     RequireFile(from);
     Place to = FindTarget(drives, target, from);
-    if (IsSameEntry(from, to)) {
-        Respell(from, to);
-        return;
-    }
+    if (to.IsFile() && Respell(from, to)) return;
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
     if (RenameIfFree(from, to)) {

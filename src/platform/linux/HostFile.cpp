@@ -20,7 +20,7 @@ Long WhyNotToOpen(const Place& place, bool isWritten) {
         return place.name.empty() ? failure::BadFileName : 0;
     }
     if (place.failure != 0) return place.failure;
-    const bool isProtected = isWritten && (place.IsReadOnly() || ReadShare::IsHeld(place.status));
+    const bool isProtected = isWritten && (place.IsReadOnly() || ReadShare::IsHeld(place));
     return place.IsFile() && !isProtected ? 0 : failure::PermissionDenied;
 }
 
@@ -39,7 +39,7 @@ HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
       m_isWritten(isWritten),
       m_isNew(isNew),
       m_pace(m_file.Get()) {
-    if (!m_isWritten) m_share.emplace(m_place.status);
+    if (!m_isWritten) m_share.emplace(m_place);
 }
 
 HostFile::~HostFile() { Close(); }

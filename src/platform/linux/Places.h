@@ -36,9 +36,6 @@ struct Place {
     bool IsFolder() const { return failure == 0 && S_ISDIR(status.st_mode); }
     // The setting's attribute: nobody may write.
     bool IsReadOnly() const { return (status.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0; }
-    bool IsSameAs(const Place& other) const {
-        return status.st_dev == other.status.st_dev && status.st_ino == other.status.st_ino;
-    }
 };
 
 // Follows a path: its exact spelling first, then name by name without regard to case.

@@ -1,27 +1,25 @@
 #include "platform/linux/ReadShare.h"
 
-#include <set>
-#include <utility>
+#include <algorithm>
 
 namespace tavel {
 
 namespace {
 
-std::multiset<std::pair<dev_t, ino_t>>& Held() {
-    static std::multiset<std::pair<dev_t, ino_t>> held;
+std::list<FileIdentity>& Held() {
+    static std::list<FileIdentity> held;
     return held;
 }
 
 }  // namespace
 
-ReadShare::ReadShare(const struct stat& file) : m_device(file.st_dev), m_inode(file.st_ino) {
-    Held().emplace(m_device, m_inode);
-}
+ReadShare::ReadShare(const Place& file) : m_held(Held().emplace(Held().end(), file)) {}
 
-ReadShare::~ReadShare() { Held().erase(Held().find({m_device, m_inode})); }
+ReadShare::~ReadShare() { Held().erase(m_held); }
 
-bool ReadShare::IsHeld(const struct stat& file) {
-    return Held().count({file.st_dev, file.st_ino}) != 0;
+bool ReadShare::IsHeld(const Place& file) {
+    if (Held().empty()) return false;
+    return std::find(Held().begin(), Held().end(), FileIdentity(file)) != Held().end();
 }
 
 }  // namespace tavel

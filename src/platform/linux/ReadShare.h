@@ -1,6 +1,8 @@
 #pragma once
 
-#include <sys/stat.h>
+#include "platform/linux/FileIdentity.h"
+
+#include <list>
 
 namespace tavel {
 
@@ -8,16 +10,15 @@ namespace tavel {
 // one lives, the same file, under whatever path, can't be opened for writing.
 class ReadShare {
   public:
-    explicit ReadShare(const struct stat& file);
+    explicit ReadShare(const Place& file);
     ~ReadShare();
     ReadShare(const ReadShare&) = delete;
     ReadShare& operator=(const ReadShare&) = delete;
 
-    static bool IsHeld(const struct stat& file);
+    static bool IsHeld(const Place& file);
 
   private:
-    dev_t m_device;
-    ino_t m_inode;
+    std::list<FileIdentity>::iterator m_held;
 };
 
 }  // namespace tavel

@@ -1,8 +1,8 @@
 #include "platform/linux/WritePace.h"
 
+#include "platform/linux/FileIdentity.h"
+
 #include <fcntl.h>
-#include <linux/magic.h>
-#include <sys/vfs.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -22,14 +22,9 @@ constexpr std::int64_t largestStep = 64 * mebibyte;
 constexpr std::chrono::milliseconds shortStep{50};
 constexpr std::chrono::milliseconds longStep{400};
 
-bool IsFileSystemOfProcess(int file) {
-    struct statfs status {};
-    return fstatfs(file, &status) == 0 && status.f_type == FUSE_SUPER_MAGIC;
-}
-
 }  // namespace
 
-WritePace::WritePace(int file) : m_isOfProcess(IsFileSystemOfProcess(file)), m_step(firstStep) {}
+WritePace::WritePace(int file) : m_isOfProcess(IsOnFileSystemOfProcess(file)), m_step(firstStep) {}
 
 bool WritePace::Wrote(int file, std::size_t bytes) {
     m_unflushed += static_cast<std::int64_t>(bytes);
