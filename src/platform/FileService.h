@@ -58,9 +58,8 @@ class RawFile {
 
     // False on failure. At the end of the file it succeeds with fewer bytes than asked, or none.
     virtual bool Read(std::span<char> buffer, std::size_t& bytesRead) = 0;
-    // False when not all could be written; bytesWritten tells how much was. Small pieces are
-    // gathered before they go to the host: a failure may come up to a few hundred kilobytes late,
-    // at the latest with Close, and from then on every piece tells its own.
+    // False when not all could be written; bytesWritten tells how much was. Each call goes to the
+    // host, so large pieces are the cheap ones.
     virtual bool Write(std::span<const char> buffer, std::size_t& bytesWritten) = 0;
     virtual std::int64_t Size() = 0;               // bytes; -1 on failure
     virtual bool Seek(std::int64_t position) = 0;  // from 0

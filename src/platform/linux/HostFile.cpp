@@ -11,7 +11,6 @@ namespace tavel {
 
 namespace {
 
-constexpr std::size_t gatherSize = std::size_t{256} * 1024;
 constexpr std::size_t smallestPiece = 512;
 
 Long WhyNotToOpen(const Place& place, bool isWritten) {
@@ -62,29 +61,10 @@ bool HostFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
     return true;
 }
 
-// Copies come in pieces of a kilobyte, and a call of the host for each would cost more than the
-// medium does. Once something has failed nothing is gathered any more, so that each piece tells.
-bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
-    bytesWritten = 0;
-    if (m_gathered.size() + buffer.size() > gatherSize && !WriteGathered()) return false;
-    if (!m_isWritten || m_error != 0 || buffer.size() > gatherSize) {
-        return WriteThrough(buffer, bytesWritten);
-    }
-    m_gathered.insert(m_gathered.end(), buffer.begin(), buffer.end());
-    bytesWritten = buffer.size();
-    return true;
-}
-
-bool HostFile::WriteGathered() {
-    std::size_t bytesWritten = 0;
-    const bool isWritten = m_gathered.empty() || WriteThrough(m_gathered, bytesWritten);
-    m_gathered.clear();
-    return isWritten;
-}
-
 // A file system may refuse a large piece as a whole where a part of it would still fit: smaller
 // ones fill the medium to its end, so that what follows finds it full and leaves no gap.
-bool HostFile::WriteThrough(std::span<const char> buffer, std::size_t& bytesWritten) {
+bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
+    bytesWritten = 0;
     std::size_t limit = buffer.size();
     while (bytesWritten < buffer.size()) {
         const ssize_t count = write(m_file.Get(), buffer.data() + bytesWritten,
@@ -102,16 +82,16 @@ bool HostFile::WriteThrough(std::span<const char> buffer, std::size_t& bytesWrit
 
 std::int64_t HostFile::Size() {
     struct stat status {};
-    return WriteGathered() && fstat(m_file.Get(), &status) == 0 ? status.st_size : -1;
+    return fstat(m_file.Get(), &status) == 0 ? status.st_size : -1;
 }
 
 bool HostFile::Seek(std::int64_t position) {
-    return WriteGathered() && position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
+    return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
 void HostFile::CopyTimeOf(const struct stat& status) {
     const timespec times[2] = {{0, UTIME_OMIT}, status.st_mtim};
-    if (WriteGathered()) futimens(m_file.Get(), times);
+    futimens(m_file.Get(), times);
 }
 
 bool HostFile::Sync() {
@@ -121,7 +101,6 @@ bool HostFile::Sync() {
 
 bool HostFile::Close() {
     if (m_file.IsOpen()) {
-        WriteGathered();
         if (!Sync()) Failed();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();

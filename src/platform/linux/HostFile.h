@@ -33,8 +33,6 @@ class HostFile : public RawFile {
 
   private:
     bool Failed();
-    bool WriteGathered();
-    bool WriteThrough(std::span<const char> buffer, std::size_t& bytesWritten);
     bool Sync();
 
     Descriptor m_file;
@@ -43,7 +41,6 @@ class HostFile : public RawFile {
     std::optional<ReadShare> m_share;
     bool m_isNew;
     WritePace m_pace;
-    std::vector<char> m_gathered;  // taken and not yet given to the host
     Long m_error = 0;
 };
 
