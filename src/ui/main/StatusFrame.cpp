@@ -61,11 +61,11 @@ StatusFrame::StatusFrame(QWidget* parent)
       m_imgFull(new Fade("imgFull", QColor(255, 0, 0), this)),
       m_labPSPStatus(AddLabel("labPSPStatus", "PSP status", {1620, 690, 3300, 540},
                               Qt::AlignHCenter | Qt::AlignVCenter, this)),
-      m_labEmpty(AddLabel("labEmpty", "Free percent", {SpanRight - 1500, 675, 1500, 270},
+      m_labEmpty(AddLabel("labEmpty", "Free percent", {SpanRight - 1650, 675, 1650, 270},
                           Qt::AlignRight | Qt::AlignVCenter, this)),
       m_labEmptySpace(AddLabel("labEmptySpace", "Free space", {SpanRight - 1500, 960, 1500, 270},
                                Qt::AlignRight | Qt::AlignVCenter, this)),
-      m_labFull(AddLabel("labFull", "Used percent", {120, 675, 1500, 270},
+      m_labFull(AddLabel("labFull", "Used percent", {120, 675, 1650, 270},
                          Qt::AlignLeft | Qt::AlignVCenter, this)),
       m_labFullSpace(AddLabel("labFullSpace", "Used space", {120, 960, 1500, 270},
                               Qt::AlignLeft | Qt::AlignVCenter, this)) {
