@@ -23,6 +23,7 @@ frmInvFiles::frmInvFiles()
     Label1->setWordWrap(true);
     Label1->setBuddy(lstItems);
     lstItems->setAccessibleName(tr("Items that were not added"));
+    lstItems->setSpacing(1);
     lstItems->setTextElideMode(Qt::ElideNone);
     lstItems->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);

@@ -26,6 +26,7 @@ frmLog::frmLog()
     setObjectName(QStringLiteral("frmLog"));
     setWindowTitle(QStringLiteral("Log"));
     lstLog->setAccessibleName(tr("Log"));
+    lstLog->setSpacing(1);
     lstLog->setTextElideMode(Qt::ElideNone);
     lstLog->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     connect(cmdClear, &QPushButton::clicked, lstLog, &QListWidget::clear);

@@ -26,6 +26,10 @@ void SetEnterButton(QWidget& window, QPushButton& button) {
     button.setDefault(true);
 }
 
+void PlainButtons(QWidget& dialog) {
+    for (QPushButton* button : dialog.findChildren<QPushButton*>()) button->setIcon(QIcon());
+}
+
 void CenterOnScreen(QWidget& window) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     window.move(screen.center() - QRect(QPoint(0, 0), window.size()).center());

@@ -1,13 +1,16 @@
 #include "ui/toolkit/FileDialog.h"
 
 #include "core/PublicStuff.h"
+#include "ui/toolkit/Controls.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QHeaderView>
 #include <QLayout>
 #include <QRegularExpression>
+#include <QTreeView>
 #include <QUrl>
 
 namespace tavel {
@@ -44,6 +47,17 @@ FileDialog::FileDialog(const FileRequest& request) : QFileDialog(request.owner) 
     if (!request.startName.isEmpty()) selectFile(request.startName);
     if (request.showReadOnly) AddReadOnlyBox(request.readOnly);
     ListDrives();
+    PlainButtons(*this);
+    SetSizes();
+}
+
+void FileDialog::SetSizes() {
+    resize(780, 480);
+    QHeaderView* columns = findChild<QTreeView*>(QStringLiteral("treeView"))->header();
+    columns->resizeSection(0, 280);  // name
+    columns->resizeSection(1, 80);   // size
+    columns->resizeSection(2, 100);  // type
+    columns->setStretchLastSection(true);
 }
 
 void FileDialog::SetFilters(const FileRequest& request) {

@@ -21,6 +21,7 @@ class FileDialog : public QFileDialog {
 
   private:
     const QComboBox& TypeBox() const;
+    void SetSizes();
     void SetFilters(const FileRequest& request);
     void ListDrives();
     void AddReadOnlyBox(bool checked);

@@ -2,6 +2,7 @@
 
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
+#include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ElidedLabel.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
@@ -78,6 +79,8 @@ void FolderDialog::BuildControls(const FolderRequest& request) {
         cmdNewFolder->setAutoDefault(false);
         connect(cmdNewFolder, &QPushButton::clicked, this, [this] { MakeNewFolder(); });
     }
+
+    PlainButtons(*this);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(labTitle);

@@ -1,5 +1,6 @@
 #include "ui/toolkit/RealPrompter.h"
 
+#include "ui/toolkit/Controls.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
 
@@ -26,6 +27,7 @@ class Modal {
     Modal& operator=(const Modal&) = delete;
 
     Box* operator->() const { return m_box; }
+    Box& operator*() const { return *m_box; }
 
     // The result, or 0 when the box has gone with its owner.
     int Run() {
@@ -75,9 +77,8 @@ MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
     box->setWindowTitle(title);
     box->setTextFormat(Qt::PlainText);
     box->setText(WithLineBreaks(text));
-    box->setIcon(buttons == MsgBoxButtons::YesNo ? QMessageBox::Question
-                                                 : QMessageBox::Information);
     box->setStandardButtons(ButtonsOf(buttons));
+    PlainButtons(*box);
     return AnswerOf(box.Run(), buttons);
 }
 
@@ -88,6 +89,7 @@ QString RealPrompter::InputBox(const QString& prompt, const QString& title,
     box->setWindowTitle(title);
     box->setLabelText(prompt);
     box->setTextValue(defaultText);
+    PlainButtons(*box);
     return box.Run() == QDialog::Accepted ? box->textValue() : QString();
 }
 
