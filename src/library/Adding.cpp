@@ -71,7 +71,7 @@ void AddFiles(const std::vector<std::string>& sFiles) {
 
 void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield) {
-    const FolderContents contents = oFSO().GetFolder(sPath);
+    FolderContents contents = oFSO().GetFolder(sPath);
     GroupInMaking group;
     if (contents.SubFolders.empty()) {
         group.bMakeGroup = bMakeGroups;
@@ -80,6 +80,8 @@ void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups,
             AddFolder(folder.Path, true, bMakeGroups, bOnlyNew, bNoYield);
             YieldUnless(bNoYield);
         }
+        // Files may have come and gone at the yields.
+        if (!bNoYield) contents = oFSO().GetFolder(sPath);
     }
     for (const FileEntry& file : contents.Files) {
         if (bOnlyNew && IsFileInDB(file.Path)) continue;

@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QTest>
 
 namespace tavel::test {
 
@@ -254,6 +255,30 @@ TEST_F(CategoryTreeTest, collapsing_a_branch_selects_the_node_collapsed_and_fill
     trvCat().Node("photoall").setExpanded(false);
     EXPECT_EQ(trvCat().SelectedKey(), "photoall");
     EXPECT_EQ(window.iListType, 1);
+}
+
+TEST_F(CategoryTreeTest, collapsing_by_the_arrow_is_no_click_on_the_node_collapsed) {
+    FillLibrary();
+    frmMain& window = Open();
+    ClickNode("musicall");
+    ClickRow(1);
+    const std::vector<std::string> selected = window.sSelected;
+    const QRect rect = trvCat().visualItemRect(&trvCat().Node("photoall"));
+    const QPoint arrow(rect.left() - trvCat().indentation() / 2, rect.center().y());
+    QTest::mouseClick(trvCat().viewport(), Qt::LeftButton, {}, arrow);
+    EXPECT_FALSE(trvCat().Node("photoall").isExpanded());
+    EXPECT_EQ(trvCat().SelectedKey(), "photoall");
+    EXPECT_EQ(window.iListType, 5);
+    EXPECT_EQ(window.sSelected, selected);
+    EXPECT_EQ(RowsOf(grdItems()), "Song");
+}
+
+TEST_F(CategoryTreeTest, a_middle_click_selects_nothing) {
+    FillLibrary();
+    Open();
+    ClickNode("musicall");
+    ClickNode(trvCat(), "photoall", Qt::MiddleButton);
+    EXPECT_EQ(trvCat().SelectedKey(), "musicall");
 }
 
 TEST_F(CategoryTreeTest, RefreshCats_keeps_the_selection_and_the_list) {

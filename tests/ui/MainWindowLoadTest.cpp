@@ -87,6 +87,7 @@ TEST_F(MainWindowLoadTest, the_load_leaves_the_state_at_rest) {
     EXPECT_FALSE(window.bThumbAbove);
     EXPECT_EQ(window.sSelected, std::vector<std::string>{""});
     EXPECT_EQ(trvCat().SelectedKey(), "master");
+    EXPECT_EQ(trvPSPCat().focusPolicy(), Qt::NoFocus);  // there is no device to browse
     EXPECT_EQ(grdSync().ColumnWidth("icon"), 300);
     EXPECT_EQ(grdSync().ColumnWidth("item"), 3015 - 300);
     EXPECT_EQ(Find<QLabel>(window, "labPSPStatus").text(), QStringLiteral("No PSP Connected"));

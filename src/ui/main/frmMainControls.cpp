@@ -86,6 +86,7 @@ void frmMain::AddControls() {
     trvCat = AddTree("trvCat", "Library categories", picCatBack);
     trvCat->SetDropTarget(true);
     trvPSPCat = AddTree("trvPSPCat", "PSP categories", picPSPCatBack);
+    trvPSPCat->setFocusPolicy(Qt::NoFocus);  // covered until a device comes
 
     grdItems = Labelled(new ListView(client), "grdItems", "Items");
     grdItems->SetDragSource(true);

@@ -27,7 +27,10 @@ struct Kind {
     Long Style::*color;
 };
 
-bool ShowsPicture(const QLabel& label) { return !label.pixmap(Qt::ReturnByValue).isNull(); }
+// A label that stretches its contents is made for a picture, even while it has none.
+bool ShowsPicture(const QLabel& label) {
+    return label.hasScaledContents() || !label.pixmap(Qt::ReturnByValue).isNull();
+}
 
 std::optional<Kind> KindOf(const QWidget& control) {
     if (const auto* label = qobject_cast<const QLabel*>(&control)) {

@@ -35,8 +35,11 @@ TreeView::TreeView(QWidget* parent) : QTreeWidget(parent) {
                 Q_EMIT LabelEdited(static_cast<TreeNode&>(*itemFromIndex(index)), sNewText);
             });
     connect(this, &QTreeWidget::itemClicked, this, [this] { m_clicked = true; });
-    connect(this, &QTreeWidget::itemCollapsed, this,
-            [this](QTreeWidgetItem* item) { NodeCollapsed(static_cast<TreeNode&>(*item)); });
+    // What a handler selects at the press on an arrow is no click on that node.
+    connect(this, &QTreeWidget::itemCollapsed, this, [this](QTreeWidgetItem* item) {
+        Q_EMIT NodeCollapsed(static_cast<TreeNode&>(*item));
+        m_keyAtPress = SelectedKey();
+    });
 }
 
 TreeNode& TreeView::AddNode(TreeNode* parent, std::string_view sKey, std::string_view sText,
@@ -102,7 +105,7 @@ void TreeView::StartLabelEdit() {
 void TreeView::mousePressEvent(QMouseEvent* event) {
     m_keyAtPress = SelectedKey();
     m_clicked = false;
-    if (event->button() != Qt::RightButton) QTreeWidget::mousePressEvent(event);
+    if (event->button() == Qt::LeftButton) QTreeWidget::mousePressEvent(event);
 }
 
 // A press selects at once; so the release is a click wherever it happens, or the tree would show a
