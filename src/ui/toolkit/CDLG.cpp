@@ -28,12 +28,20 @@ std::string DialogForm(std::string filter) {
     return filter.append(2, '\0');
 }
 
-void SetFilters(FileRequest& request, const std::string& dialogForm) {
-    const std::vector<std::string> pieces = Split(dialogForm, '\0');
+// What the flags and the filter ask of a dialog.
+FileRequest RequestOf(Long word, const std::string& dialogFilter, Long filterIndex) {
+    FileRequest request;
+    request.mustExist = (word & flagFileMustExist) != 0;
+    request.multiSelect = (word & flagMultiSelect) != 0;
+    request.showReadOnly = (word & flagHideReadOnly) == 0;
+    request.readOnly = (word & flagReadOnly) != 0;
+    const std::vector<std::string> pieces = Split(dialogFilter, '\0');
     for (std::size_t i = 0; i + 1 < pieces.size() && !pieces[i].empty(); i += 2) {
         request.descriptions << ToQString(pieces[i]);
         request.patterns << ToQString(pieces[i + 1]);
     }
+    request.filterIndex = filterIndex - 1;
+    return request;
 }
 
 // The buffer of a dialog: the text and NULs up to its size.
@@ -69,28 +77,20 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     m_apiReturn = 0;
     m_extendedError = 0;
 
-    Long word = flags & ~(flagHook | flagTemplate);
-    if (FileMustExist) word |= flagFileMustExist;
-    if (MultiSelect) word |= flagMultiSelect;
-    if (ReadOnly) word |= flagReadOnly;
-    if (HideReadOnly) word |= flagHideReadOnly;
-
+    const Long word = (flags & ~(flagHook | flagTemplate)) |
+                      (FileMustExist ? flagFileMustExist : 0) |
+                      (MultiSelect ? flagMultiSelect : 0) | (ReadOnly ? flagReadOnly : 0) |
+                      (HideReadOnly ? flagHideReadOnly : 0);
     const std::string dialogFilter = DialogForm(Filter);
     Filename = Buffer(Filename);
     FileTitle = Buffer(FileTitle);
 
-    FileRequest request;
+    FileRequest request = RequestOf(word, dialogFilter, FilterIndex);
     request.owner = Owner;
     request.title = ToQString(DlgTitle);
     request.startFolder = InitDir.empty() ? QString() : ToQString(oFSO().HostPath(InitDir));
     request.startName = ToQString(StrFromZ(Filename));
     request.defaultSuffix = ToQString(DefaultExt);
-    SetFilters(request, dialogFilter);
-    request.filterIndex = FilterIndex - 1;
-    request.mustExist = (word & flagFileMustExist) != 0;
-    request.multiSelect = (word & flagMultiSelect) != 0;
-    request.showReadOnly = (word & flagHideReadOnly) == 0;
-    request.readOnly = (word & flagReadOnly) != 0;
 
     const FileAnswer answer = CurrentPrompter().PickFiles(request);
     m_apiReturn = answer.result;
