@@ -1,5 +1,6 @@
 #include "core/PublicStuff.h"
 #include "ui/support/MainWindow.h"
+#include "ui/toolkit/Strings.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -278,6 +279,21 @@ TEST_F(ItemListTest, FillListFromGroup_leaves_bPSPView_alone_and_FillList_clears
     window.FillList(6);
     EXPECT_FALSE(window.bPSPView);
     EXPECT_EQ(grdItems().Count(), 0);
+}
+
+TEST_F(ItemListTest, only_the_sizes_stand_at_the_right) {
+    frmMain& window = Open();
+    window.SetupItemList(mtMusic);
+    const QAbstractItemModel& model = *grdItems().model();
+    std::string rightAligned;
+    for (int column = 0; column < model.columnCount(); ++column) {
+        const QVariant alignment = model.headerData(column, Qt::Horizontal, Qt::TextAlignmentRole);
+        if ((alignment.toInt() & Qt::AlignRight) != 0) {
+            rightAligned +=
+                FromQString(model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString());
+        }
+    }
+    EXPECT_EQ(rightAligned, "Size");
 }
 
 }  // namespace tavel::test

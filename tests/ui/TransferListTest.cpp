@@ -1,9 +1,11 @@
 #include "core/PublicStuff.h"
+#include "support/DeviceRecorders.h"
 #include "ui/support/MainWindow.h"
 
 #include <QLabel>
 #include <QPushButton>
 #include <QToolButton>
+#include <algorithm>
 
 namespace tavel::test {
 
@@ -213,6 +215,43 @@ TEST_F(TransferListTest, ExpandSyncGrid_moves_the_controls) {
     EXPECT_EQ(Find(window, "cmdSend").y(), 6240 / 15);
     EXPECT_FALSE(imgThumb.isVisible());
     EXPECT_EQ(Find(window, "grdAutoSync").height(), 4095 / 15);
+}
+
+TEST_F(TransferListTest, sending_copies_the_list_and_keeps_it_and_refreshes_the_device_tree) {
+    CopyWindowRecorder copyWindow(calls);
+    PlugStick();
+    temp.Write("beach.jpg", "a picture");
+    temp.Write("film.mp4", "a film");
+    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
+    colVideo.Item("vd_a").sPath = temp.DrivePath("film.mp4");
+    colVideo.Item("vd_a").sFormat = "mp4";
+    AddMagazine("ma_a", {"ph_a"});
+    frmMain& window = Open();
+    window.AddToTransferList("ma_a");
+    window.AddToTransferList("vd_a");
+    const std::string queue = Queue();
+    Click(window, "cmdSend");
+    EXPECT_EQ(temp.Read("stick/psp/photo/Group ma_a/Beach.jpg"), "a picture");
+    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4"), "a film");
+    EXPECT_EQ(Queue(), queue);
+    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);  // the magazine's folder is new
+
+    Click(window, "cmdSend");
+    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10003.mp4"), "a film");
+    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "labFinish on"), 2);
+}
+
+TEST_F(TransferListTest, the_buttons_work_on_the_hidden_list_in_the_AutoSync_view) {
+    MessageBoxesRecorder boxes(calls);
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    ChooseView("auto");
+    boxes.Expect("No PSP Connected", MsgBoxAnswer::OK);
+    Click(window, "cmdSend");
+    EXPECT_EQ(grdSync().Count(), 1);
+    Click(window, "cmdClear");
+    EXPECT_EQ(grdSync().Count(), 0);
 }
 
 }  // namespace tavel::test
