@@ -139,8 +139,8 @@ TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {
 
 TEST_F(OnExfat, Names_behave_as_on_any_other_drive) {
     files->CreateTextFile("e:\\a.txt", true);
-    files->MoveFile("e:\\a.txt", "e:\\A.Txt");
-    EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "A.Txt");
+    EXPECT_EQ(FailureOf([&] { files->MoveFile("e:\\a.txt", "e:\\A.Txt"); }), 58);
+    EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "a.txt");
     files->CreateTextFile("e:\\b.txt", true);
     EXPECT_EQ(FailureOf([&] { files->MoveFile("e:\\B.TXT", "e:\\a.txt"); }), 58);
     EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\a?"); }), 52);

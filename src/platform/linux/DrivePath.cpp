@@ -40,6 +40,12 @@ std::string DrivePath::Text() const {
     return text;
 }
 
+bool DrivePath::HasSecondDrive() const {
+    return std::any_of(names.begin(), names.end(), [](const std::string& name) {
+        return name.size() == 2 && IsLetter(name[0]) && name[1] == ':';
+    });
+}
+
 std::optional<DrivePath> ParseDrivePath(std::string_view text) {
     if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
     DrivePath path;

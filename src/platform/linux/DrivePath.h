@@ -17,6 +17,10 @@ struct DrivePath {
 
     // The path written out, without a separator at its end unless it is the root.
     std::string Text() const;
+
+    // One of the names is a drive itself, a letter and a colon alone. Such a path can be read where
+    // the host has the name, and nothing is ever made at it.
+    bool HasSecondDrive() const;
 };
 
 // Nothing for a text that can be no path: the empty one, and one with a NUL.

@@ -4,11 +4,9 @@
 #include "platform/linux/FileIdentity.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
-#include "platform/linux/HostNames.h"
 
 #include <stdio.h>
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 #include <vector>
@@ -34,13 +32,19 @@ void RequireFree(const Place& place) {
     if (place.name.empty()) Fail(failure::BadFileName);
 }
 
+void RequireOneDrive(const Place& place) {
+    if (place.path.HasSecondDrive()) Fail(failure::BadFileName);
+}
+
 void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
 
 Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
     Place place = FindPlace(drives, target);
     const bool meansFolder = place.path.endsInSeparator || place.path.names.empty();
-    if (!place.IsFolder() || !meansFolder || source.path.names.empty()) return place;
-    return FindPlace(drives, PathBelow(target, source.path.names.back()));
+    if (place.IsFolder() && meansFolder && !source.path.names.empty())
+        place = FindPlace(drives, PathBelow(target, source.path.names.back()));
+    RequireOneDrive(place);
+    return place;
 }
 
 std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
@@ -78,29 +82,6 @@ void CopyBetween(Place source, DriveTable& drives, Place target) {
 
 bool IsSameFile(const Place& a, const Place& b) { return FileIdentity(a) == FileIdentity(b); }
 
-Descriptor FolderOf(const Place& place) {
-    constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
-    if (place.folder.IsOpen()) return Descriptor(openat(place.folder.Get(), ".", flags));
-    const std::string folder = place.hostPath.substr(0, place.hostPath.rfind('/') + 1);
-    return Descriptor(open(folder.c_str(), flags));
-}
-
-// A target whose name differs from the source's in case only finds the source itself: the file is
-// to have the new spelling. False when an entry of just that spelling is there.
-bool Respell(const Place& source, const Place& target) {
-    const std::string& wanted = target.path.names.back();
-    if (!IsSameFile(source, target) || !NamesMatch(source.path.names.back(), wanted)) return false;
-    const Descriptor folder = FolderOf(target);
-    int error = 0;
-    const std::vector<std::string> names = NamesIn(folder.Get(), error);
-    const std::string name = NameToCreate(wanted);
-    if (name.empty()) Fail(failure::BadFileName);
-    if (error != 0 || std::binary_search(names.begin(), names.end(), name)) return false;
-    Require(renameat(source.Parent(), source.name.c_str(), folder.Get(), name.c_str()) == 0);
-    Require(SyncFolderOf(source));
-    return true;
-}
-
 // False when the two lie in different file systems.
 bool RenameIfFree(const Place& source, const Place& target) {
     const char* from = source.name.c_str();
@@ -122,6 +103,7 @@ void MoveAcross(DriveTable& drives, Place source, Place target) {
 }  // namespace
 
 void CreateFolderAt(const Place& place) {
+    RequireOneDrive(place);
     RequireFree(place);
     Require(mkdirat(place.Parent(), place.name.c_str(), 0777) == 0);
     Require(SyncFolderOf(place));
@@ -135,6 +117,7 @@ void DeleteFileAt(const Place& place, bool force) {
 }
 
 void CreateTextFileAt(Place place, bool overwrite) {
+    RequireOneDrive(place);
     if (place.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
     const std::unique_ptr<HostFile> file = OpenOrFail(std::move(place), RawMode::Create);
     if (!file->Close()) Fail(file->Error());
@@ -154,7 +137,6 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place from = FindPlace(drives, source);
     RequireFile(from);
     Place to = FindTarget(drives, target, from);
-    if (to.IsFile() && Respell(from, to)) return;
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
     if (RenameIfFree(from, to)) {

@@ -14,6 +14,7 @@ namespace {
 constexpr std::size_t smallestPiece = 512;
 
 Long WhyNotToOpen(const Place& place, bool isWritten) {
+    if (isWritten && place.path.HasSecondDrive()) return failure::BadFileName;
     if (place.failure == failure::FileNotFound && isWritten) {
         if (place.path.endsInSeparator) return failure::PathNotFound;
         return place.name.empty() ? failure::BadFileName : 0;
