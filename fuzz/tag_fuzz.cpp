@@ -14,13 +14,15 @@ extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t siz
     if (position == 0) return 0;
 
     file.Seek(position - 1);
-    tavel::TagContents tag = tavel::ReadFrames(file);
+    unsigned char version = 0;
     unsigned char genre = 255;
     std::string otherName;
-    for (const tavel::TagFrame& frame : tag.Frames) {
+    std::vector<tavel::TagFrame> framesRead;
+    tavel::ReadFrames(file, version, [&](tavel::TagFrame frame) {
         tavel::ReadGenreText(frame.Text, genre, otherName);
-    }
-    const tavel::FrameList frames(std::move(tag.Frames));
+        framesRead.push_back(std::move(frame));
+    });
+    const tavel::FrameList frames(std::move(framesRead));
     for (tavel::Long i = 1; i <= frames.FrameCount(); ++i) {
         const std::string& id = frames.Frame(i);
         frames.FrameText(id, frames.TagsInFrame(id));

@@ -48,8 +48,7 @@ std::string_view ConvertFrameId(std::string_view id) {
     return {};
 }
 
-std::vector<TagFrame> WalkFrames(FileBytes& file, Long limit, const FrameLayout& layout) {
-    std::vector<TagFrame> frames;
+void WalkFrames(FileBytes& file, Long limit, const FrameLayout& layout, const FrameSink& sink) {
     std::array<char, layoutOf3And4.HeaderSize> buffer{};
     const std::span<char> header = std::span(buffer).first(layout.HeaderSize);
     const std::string_view id(header.data(), layout.IdSize);
@@ -62,10 +61,9 @@ std::vector<TagFrame> WalkFrames(FileBytes& file, Long limit, const FrameLayout&
         const Long size = SwapEndian(sizeBytes);
         if (size < 0 || counted + size > limit) break;
         counted += size;
-        frames.push_back({std::string(layout.IdSize == 3 ? ConvertFrameId(id) : id),
-                          file.ReadWithoutNulls(size)});
+        sink({std::string(layout.IdSize == 3 ? ConvertFrameId(id) : id),
+              file.ReadWithoutNulls(size)});
     } while (file.Offset() < limit);
-    return frames;
 }
 
 }  // namespace
@@ -92,17 +90,15 @@ std::int64_t FindTag(FileBytes& file) {
     return 0;
 }
 
-TagContents ReadFrames(FileBytes& file) {
-    TagContents tag;
+void ReadFrames(FileBytes& file, unsigned char& version, const FrameSink& sink) {
     std::array<char, 7> header{};  // version, revision, flags, size
     file.Read(std::span(header).first(1));
-    tag.Version = static_cast<unsigned char>(header[0]);
-    if (tag.Version < 2 || tag.Version > 4) return tag;
+    version = static_cast<unsigned char>(header[0]);
+    if (version < 2 || version > 4) return;
 
     file.Read(std::span(header).subspan(1));
     const Long limit = SwapEndian({header.data() + 3, 4});
-    tag.Frames = WalkFrames(file, limit, tag.Version == 2 ? layoutOf2 : layoutOf3And4);
-    return tag;
+    WalkFrames(file, limit, version == 2 ? layoutOf2 : layoutOf3And4, sink);
 }
 
 }  // namespace tavel

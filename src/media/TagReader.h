@@ -3,8 +3,8 @@
 #include "media/FileBytes.h"
 #include "platform/Numbers.h"
 
+#include <functional>
 #include <string>
-#include <vector>
 
 namespace tavel {
 
@@ -22,12 +22,11 @@ struct TagFrame {
 // frame (FF FB); the last byte of the file is never looked at. Fails with 5 on an empty file.
 std::int64_t FindTag(FileBytes& file);
 
-struct TagContents {
-    unsigned char Version = 0;  // as the tag tells it; only 2, 3 and 4 have frames
-    std::vector<TagFrame> Frames;
-};
+using FrameSink = std::function<void(TagFrame)>;
 
-// Reads the tag whose version byte is next.
-TagContents ReadFrames(FileBytes& file);
+// Reads the tag whose version byte is next: sets the version as the tag tells it, and hands over
+// the frames of a version 2, 3 or 4 one by one, so that whoever takes them keeps those that came
+// before a read failure.
+void ReadFrames(FileBytes& file, unsigned char& version, const FrameSink& sink);
 
 }  // namespace tavel

@@ -13,13 +13,17 @@ namespace {
 // The label of the class that read tags before this one: what is reported about a file that does
 // not open still goes by it.
 constexpr std::string_view openLabel = ".cMP3ID3v1";
+constexpr std::string_view classLabel = ".cMP3ID3v2";
+
+[[noreturn]] void FailUnder(std::string_view label, const Failure& cause) {
+    throw Failure(cause.Number(), cause.Description(), cause.Source() + std::string(label));
+}
 
 std::unique_ptr<RawFile> OpenForReading(const std::string& path) {
     Long error = 0;
     auto file = oFSO().OpenRaw(path, RawMode::Read, error);
-    if (file) return file;
-    const Failure cause(error);
-    throw Failure(cause.Number(), cause.Description(), cause.Source() + std::string(openLabel));
+    if (!file) FailUnder(openLabel, Failure(error));
+    return file;
 }
 
 }  // namespace
@@ -47,8 +51,17 @@ void cMP3ID3v2::MP3File(const std::string& sPath) {
 
 std::string_view cMP3ID3v2::GenreName(unsigned char number) { return GenreNameOf(number); }
 
+std::string cMP3ID3v2::Frame(Long index) const {
+    const FrameList& frames = Frames();
+    try {
+        return frames.Frame(index);
+    } catch (const Failure& cause) {
+        FailUnder(classLabel, cause);
+    }
+}
+
 const FrameList& cMP3ID3v2::Frames() const {
-    if (!m_isLoaded) Fail(failure::ObjectNotSet);
+    if (!m_isLoaded) FailUnder(classLabel, Failure(failure::ObjectNotSet));
     if (!m_frames) m_frames.emplace(std::exchange(m_framesRead, {}));
     return *m_frames;
 }
@@ -57,18 +70,28 @@ void cMP3ID3v2::LoadTag() {
     m_isLoaded = true;
     m_framesRead.clear();
     m_frames.reset();
+    m_emptyFile.reset();
     ResetFields();
-    const auto file = OpenForReading(m_sMP3File);
-    FileBytes bytes(*file);
+    auto file = OpenForReading(m_sMP3File);
+    if (file->Size() == 0) {
+        m_emptyFile = std::move(file);
+        Fail(failure::InvalidProcedureCall);
+    }
+    try {
+        ReadTag(*file);
+    } catch (const Failure& cause) {
+        FailUnder(classLabel, cause);
+    }
+}
+
+void cMP3ID3v2::ReadTag(RawFile& file) {
+    FileBytes bytes(file);
     const std::int64_t tagPos = FindTag(bytes);
     if (tagPos == 0) return;
 
     m_lTagPos = ToLong(tagPos);
     bytes.Seek(tagPos - 1);
-    TagContents tag = ReadFrames(bytes);
-    m_bVersion = tag.Version;
-    for (const TagFrame& frame : tag.Frames) StoreFrame(frame.Id, frame.Text);
-    m_framesRead = std::move(tag.Frames);
+    ReadFrames(bytes, m_bVersion, [this](TagFrame frame) { StoreFrame(std::move(frame)); });
 }
 
 // The lyrics stay: whoever goes through an album with one object keeps them until a file brings its
@@ -84,16 +107,17 @@ void cMP3ID3v2::ResetFields() {
     }
 }
 
-void cMP3ID3v2::StoreFrame(std::string_view id, const std::string& text) {
-    if (id == "COMM") {
-        StoreComment(text);
-    } else if (id == "TCON") {
-        ReadGenreText(text, m_bGenre, m_sOtherGenreName);
+void cMP3ID3v2::StoreFrame(TagFrame frame) {
+    if (frame.Id == "COMM") {
+        StoreComment(frame.Text);
+    } else if (frame.Id == "TCON") {
+        ReadGenreText(frame.Text, m_bGenre, m_sOtherGenreName);
     } else {
         for (const auto& [fieldId, field] : frameFields) {
-            if (fieldId == id) this->*field = text;
+            if (fieldId == frame.Id) this->*field = frame.Text;
         }
     }
+    m_framesRead.push_back(std::move(frame));
 }
 
 void cMP3ID3v2::StoreComment(const std::string& text) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "media/FrameList.h"
+#include "platform/FileService.h"
 #include "platform/Numbers.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -23,8 +25,9 @@ class cMP3ID3v2 {
 
     // Loads the tag of a file; what an earlier one left is dropped, but for the lyrics. A file that
     // cannot be opened fails with the file service's number and the source "Tavel.cMP3ID3v1", and
-    // leaves an empty tag. An empty file fails with 5; a file that goes away while it is read, with
-    // 57.
+    // leaves an empty tag. A file that goes away while it is read fails with 57 and leaves what was
+    // read until then. An empty file fails with 5, under the program's name alone, and stays open
+    // until the next load or the end of the object.
     void MP3File(const std::string& sPath);
     const std::string& MP3File() const { return m_sMP3File; }
 
@@ -35,7 +38,7 @@ class cMP3ID3v2 {
     // Distinct frame ids, in the order in which they came first. Both fail with 91 before the first
     // load, and Frame with 9 outside 1 to FrameCount.
     Long FrameCount() const { return Frames().FrameCount(); }
-    std::string Frame(Long index) const { return Frames().Frame(index); }
+    std::string Frame(Long index) const;
 
     // The number of instances of a frame, by id or by position in the list of counts, where an id
     // goes to the end with each further instance. 0 when there is no such frame.
@@ -76,10 +79,12 @@ class cMP3ID3v2 {
 
     void LoadTag();
     void ResetFields();
-    void StoreFrame(std::string_view id, const std::string& text);
+    void ReadTag(RawFile& file);
+    void StoreFrame(TagFrame frame);
     void StoreComment(const std::string& text);
 
     std::string m_sMP3File;
+    std::unique_ptr<RawFile> m_emptyFile;
     Long m_lTagPos = 0;  // position, from 1, of the byte behind "ID3"; 0 without a tag
     unsigned char m_bVersion = 0;
     std::string m_sTitle;

@@ -86,8 +86,9 @@ TEST(FindTag, The_last_byte_of_the_file_is_never_looked_at) {
     }
 }
 
-TEST(FindTag, The_sync_in_the_last_two_bytes_is_not_seen_and_nothing_changes) {
-    EXPECT_EQ(SearchIn(Blank(50) + sync).Position, 0);
+TEST(FindTag, The_sync_does_not_end_the_search_before_its_own_chunk_was_searched) {
+    EXPECT_EQ(SearchIn(sync + Blank(4090) + "ID3" + Blank(5000)).Position, 4096);
+    EXPECT_EQ(SearchIn(sync + Blank(4092) + "ID3" + Blank(5000)).Position, 0);
 }
 
 TEST(FindTag, The_letters_are_matched_with_their_case) {

@@ -58,7 +58,7 @@ TEST(FrameList, Ids_may_hold_any_bytes) {
     EXPECT_EQ(list.TagsInFrame("\xFF\0\xC3\x1"s), 1);
 }
 
-TEST(FrameList, A_great_many_repeated_ids_are_counted_in_no_time) {
+TEST(FrameList, Fifty_thousand_ids_twice_each_stand_once_with_two_instances) {
     std::vector<TagFrame> frames;
     for (int round = 0; round < 2; ++round) {
         for (int i = 0; i < 50000; ++i) frames.push_back({std::to_string(50000 + i), ""});

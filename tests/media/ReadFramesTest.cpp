@@ -14,15 +14,23 @@ using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 using namespace std::string_literals;
 
-// The frames of a tag at the very start of a file, each as "id=text".
-std::vector<std::string> FramesOf(MemoryFile& raw) {
-    FileBytes file(raw);
-    file.Seek(3);
-    std::vector<std::string> frames;
-    for (const TagFrame& frame : ReadFrames(file).Frames) {
-        frames.push_back(frame.Id + "=" + frame.Text);
+struct Walk {
+    unsigned char Version = 0;
+    std::vector<std::string> Frames;  // "id=text"
+
+    // Reads the tag behind `before` bytes.
+    void Read(MemoryFile& raw, std::int64_t before = 0) {
+        FileBytes file(raw);
+        file.Seek(before + 3);
+        ReadFrames(file, Version,
+                   [&](const TagFrame& frame) { Frames.push_back(frame.Id + "=" + frame.Text); });
     }
-    return frames;
+};
+
+std::vector<std::string> FramesOf(MemoryFile& raw) {
+    Walk walk;
+    walk.Read(raw);
+    return walk.Frames;
 }
 
 std::vector<std::string> FramesOf(const std::string& bytes) {
@@ -32,9 +40,9 @@ std::vector<std::string> FramesOf(const std::string& bytes) {
 
 int VersionOf(const std::string& bytes) {
     MemoryFile raw(bytes);
-    FileBytes file(raw);
-    file.Seek(3);
-    return ReadFrames(file).Version;
+    Walk walk;
+    walk.Read(raw);
+    return walk.Version;
 }
 
 }  // namespace
@@ -51,10 +59,12 @@ TEST(ReadFrames, Versions_2_to_4_are_read_and_no_other) {
 }
 
 TEST(ReadFrames, The_revision_and_all_flags_are_read_past) {
-    std::string tag = Tag(3, "TIT2"s + BigEndian(3, 4) + "\xFF\xFF"s + "one");
-    tag[4] = '\x07';
-    tag[5] = '\xFF';
-    EXPECT_THAT(FramesOf(tag), ElementsAre("TIT2=one"));
+    const std::string flagged = "TIT2"s + BigEndian(3, 4) + "\xFF\xFF"s + "one";
+    for (std::string tag : {Tag(2, Frame2("TT2", "one")), Tag(3, flagged), Tag(4, flagged)}) {
+        tag[4] = '\x07';
+        tag[5] = '\xFF';
+        EXPECT_THAT(FramesOf(tag), ElementsAre("TIT2=one")) << +tag[3];
+    }
 }
 
 TEST(ReadFrames, An_extended_header_is_walked_as_if_it_were_a_frame) {
@@ -65,17 +75,13 @@ TEST(ReadFrames, An_extended_header_is_walked_as_if_it_were_a_frame) {
 
 TEST(ReadFrames, The_ids_of_version_2_become_the_newer_ones) {
     for (const auto& [older, newer] : {
-             std::pair{"TP1", "TPE1"},
-             std::pair{"TT2", "TIT2"},
-             std::pair{"TAL", "TALB"},
-             std::pair{"COM", "COMM"},
-             std::pair{"TRK", "TRCK"},
-             std::pair{"TEN", "TENC"},
-             std::pair{"TYE", "TYER"},
-             std::pair{"TCO", "TCON"},
-             std::pair{"WXX", ""},
-             std::pair{"PIC", ""},
-             std::pair{"tt2", ""},
+             std::pair{"TP1", "TPE1"}, std::pair{"TT2", "TIT2"}, std::pair{"TAL", "TALB"},
+             std::pair{"COM", "COMM"}, std::pair{"TRK", "TRCK"}, std::pair{"TEN", "TENC"},
+             std::pair{"TYE", "TYER"}, std::pair{"TCO", "TCON"}, std::pair{"WXX", ""},
+             std::pair{"PIC", ""},     std::pair{"tt2", ""},     std::pair{"TCM", ""},
+             std::pair{"TOA", ""},     std::pair{"TP2", ""},     std::pair{"TCR", ""},
+             std::pair{"TXX", ""},     std::pair{"ULT", ""},     std::pair{"CNT", ""},
+             std::pair{"WAF", ""},     std::pair{"WAR", ""},     std::pair{"WCM", ""},
          }) {
         EXPECT_THAT(FramesOf(Tag(2, Frame2(older, "x"))), ElementsAre(newer + "=x"s)) << older;
     }
@@ -131,21 +137,29 @@ TEST(ReadFrames, The_counts_of_several_frames_add_up) {
     const std::string frames = Frame3("TIT2", "a") + Frame3("TPE1", "b");
     EXPECT_THAT(FramesOf(TagOfSize(3, 34, frames)), ElementsAre("TIT2=a", "TPE1=b"));
     EXPECT_THAT(FramesOf(TagOfSize(3, 33, frames)), ElementsAre("TIT2=a"));
+    const std::string older = Frame2("TT2", "a") + Frame2("TP1", "b");
+    EXPECT_THAT(FramesOf(TagOfSize(2, 20, older)), ElementsAre("TIT2=a", "TPE1=b"));
+    EXPECT_THAT(FramesOf(TagOfSize(2, 19, older)), ElementsAre("TIT2=a"));
 }
 
 // A tag far behind the start of a file: what is read lies beyond its size, taken as a position.
 TEST(ReadFrames, The_walk_stops_behind_the_position_that_the_size_of_the_tag_tells) {
     const std::string frames = Frame3("TIT2", "a") + Frame3("TPE1", "b");
-    const auto walk = [&](std::uint32_t size, std::size_t before) {
-        MemoryFile raw(std::string(before, 'x') + TagOfSize(3, size, frames + "rest"));
-        FileBytes file(raw);
-        file.Seek(static_cast<std::int64_t>(before) + 3);
-        return ReadFrames(file).Frames.size();
+    const std::string older = Frame2("TT2", "a") + Frame2("TP1", "b");
+    const auto framesBehind = [&](std::size_t before, int version) {
+        MemoryFile raw(std::string(before, 'x') +
+                       TagOfSize(version, 100, (version == 2 ? older : frames) + "rest"));
+        Walk walk;
+        walk.Read(raw, static_cast<std::int64_t>(before));
+        return walk.Frames.size();
     };
     // Behind the first frame the position, from 1, is `before` + 10 + 11 + 1.
-    EXPECT_EQ(walk(100, 78), 2u);
-    EXPECT_EQ(walk(100, 79), 1u);
-    EXPECT_EQ(walk(100, 5000), 1u);
+    EXPECT_EQ(framesBehind(78, 3), 2u);
+    EXPECT_EQ(framesBehind(79, 3), 1u);
+    EXPECT_EQ(framesBehind(5000, 3), 1u);
+    // Here it is `before` + 10 + 7 + 1.
+    EXPECT_EQ(framesBehind(82, 2), 2u);
+    EXPECT_EQ(framesBehind(83, 2), 1u);
 }
 
 TEST(ReadFrames, A_sync_safe_size_is_read_as_a_larger_plain_number) {
@@ -159,11 +173,21 @@ TEST(ReadFrames, A_sync_safe_size_is_read_as_a_larger_plain_number) {
     EXPECT_EQ(FramesOf(TagOfSize(4, 200, first)).size(), 0u);
 }
 
+TEST(ReadFrames, A_size_of_three_bytes_is_a_plain_number_too) {
+    for (const std::size_t size : {127, 128, 300, 70000}) {
+        const std::string text(size, 'a');
+        EXPECT_THAT(FramesOf(Tag(2, Frame2("TT2", text) + Frame2("TAL", "b"))),
+                    ElementsAre("TIT2=" + text, "TALB=b"));
+    }
+}
+
 TEST(ReadFrames, The_size_of_a_tag_is_a_plain_number_in_every_version) {
     // Sync-safe, 0x0100 would be 128 and too little.
-    const std::string frame = Frame3("TIT2", std::string(140, 'a'));
-    for (const int version : {3, 4})
-        EXPECT_EQ(FramesOf(TagOfSize(version, 0x100, frame)).size(), 1u);
+    const std::string text(140, 'a');
+    for (const int version : {2, 3, 4}) {
+        const std::string frame = version == 2 ? Frame2("TT2", text) : Frame3("TIT2", text);
+        EXPECT_EQ(FramesOf(TagOfSize(version, 0x100, frame)).size(), 1u) << version;
+    }
 }
 
 TEST(ReadFrames, A_size_beyond_the_tag_or_below_nothing_ends_the_walk_with_what_there_is) {
@@ -214,10 +238,13 @@ TEST(ReadFrames, A_large_body_is_read_whole_and_the_walk_goes_on_behind_it) {
     EXPECT_LE(raw.Reads, 6);
 }
 
-TEST(ReadFrames, A_file_that_goes_away_fails) {
-    MemoryFile raw(Tag(3, Frame3("APIC", std::string(10000, 'x'))));
+TEST(ReadFrames, A_file_that_goes_away_fails_behind_what_was_read) {
+    MemoryFile raw(Tag(3, Frame3("TIT2", "one") + Frame3("APIC", std::string(10000, 'x'))));
     raw.FailAt = 1;
-    EXPECT_EQ(FailureOf([&] { FramesOf(raw); }), failure::DeviceIO);
+    Walk walk;
+    EXPECT_EQ(FailureOf([&] { walk.Read(raw); }), failure::DeviceIO);
+    EXPECT_EQ(walk.Version, 3);
+    EXPECT_THAT(walk.Frames, ElementsAre("TIT2=one"));
 }
 
 }  // namespace tavel::test

@@ -16,6 +16,7 @@ class MemoryFile : public RawFile {
     int Reads = 0;
     int FailAt = -1;        // the read, from 0, that fails
     std::int64_t Told = 0;  // what the file's size is told to be beyond what is there
+    bool FailClose = false;
 
     bool Read(std::span<char> buffer, std::size_t& bytesRead) override {
         bytesRead = 0;
@@ -34,7 +35,7 @@ class MemoryFile : public RawFile {
         m_position = static_cast<std::size_t>(position);
         return position >= 0;
     }
-    bool Close() override { return true; }
+    bool Close() override { return !FailClose; }
 
   private:
     std::string m_bytes;

@@ -20,6 +20,7 @@ class OneFileService : public FileService {
     ~OneFileService() override { UseFileService(nullptr); }
 
     int FailAt = -1;  // the read, from 0, that fails
+    bool FailClose = false;
 
     std::unique_ptr<RawFile> OpenRaw(std::string_view, RawMode mode, Long& error) override {
         if (mode != RawMode::Read) Fail(failure::NoSuchMember);
@@ -27,6 +28,7 @@ class OneFileService : public FileService {
         if (m_error != 0) return nullptr;
         auto file = std::make_unique<MemoryFile>(m_bytes);
         file->FailAt = FailAt;
+        file->FailClose = FailClose;
         return file;
     }
 

@@ -39,4 +39,16 @@ Long FailureOf(Call&& call) {
     return 0;
 }
 
+// "number description source" of the Failure that a call throws; empty when it throws none.
+template <class Call>
+std::string FullFailureOf(Call&& call) {
+    try {
+        call();
+    } catch (const Failure& failure) {
+        return std::to_string(failure.Number()) + " " + failure.Description() + " " +
+               failure.Source();
+    }
+    return {};
+}
+
 }  // namespace tavel::test
