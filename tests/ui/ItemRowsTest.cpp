@@ -78,6 +78,14 @@ TEST_F(ItemRowsTest, a_series_loses_the_fraction_of_its_total_member_by_member) 
     EXPECT_EQ(TotalVidSeriesSize("vs_a"), "6 Mb");  // 1.5 to 2, 3.5 to 4, 5.5 to 6
 }
 
+TEST_F(ItemRowsTest, a_member_is_rounded_to_two_decimals_before_its_fraction_is_lost) {
+    AddSeries("vs_a", Videos({504000}));  // 0.5, and so 0; 0.504 would make 1
+    AddMusic("mu_a", "song", "").iSize = 2504000;
+    AddPlaylist("pl_", {"mu_a"});
+    EXPECT_EQ(TotalVidSeriesSize("vs_a"), "0 Mb");
+    EXPECT_EQ(TotalPlaylistSize("pl_"), "2 Mb");
+}
+
 TEST_F(ItemRowsTest, a_playlist_loses_the_fraction_of_its_total_member_by_member) {
     std::vector<std::string> ids;
     for (const char* id : {"mu_0", "mu_1", "mu_2", "mu_3"}) {
@@ -94,6 +102,29 @@ TEST_F(ItemRowsTest, a_magazine_keeps_the_fraction_of_its_total) {
     EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtVideo), "0 Mb");
 }
 
+TEST_F(ItemRowsTest, a_page_counts_with_its_two_decimals) {
+    AddMagazine("ma_a", Photos({4000, 4000, 4000}));
+    EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtMagazine), "0 Mb");
+}
+
+TEST_F(ItemRowsTest, the_total_of_pages_has_the_precision_of_a_float) {
+    std::vector<std::string> ids = Photos({2147480000});
+    ids.resize(20, ids.front());
+    AddMagazine("ma_a", ids);
+    EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtMagazine), "42949.61 Mb");
+}
+
+TEST_F(ItemRowsTest, the_total_of_pages_is_looked_up_among_the_groups_of_its_type) {
+    const auto photos = Photos({1400000, 1400000});
+    AddMagazine("ma_a", photos);
+    AddAlbum("pa_a", {photos[0]});
+    EXPECT_EQ(TotalPhotoSeriesSize("pa_a", mtPhotoAlbum), "1.4 Mb");
+    EXPECT_EQ(FailureOf([] { TotalPhotoSeriesSize("pa_a", mtMagazine); }),
+              failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([] { TotalPhotoSeriesSize("ma_a", mtPhotoAlbum); }),
+              failure::InvalidProcedureCall);
+}
+
 TEST_F(ItemRowsTest, types_without_a_collection_have_no_rows) {
     AddPhoto("ph_a", "a");
     for (const Integer iType : std::initializer_list<Integer>{-1, 6, 7, 9})
@@ -102,10 +133,25 @@ TEST_F(ItemRowsTest, types_without_a_collection_have_no_rows) {
 }
 
 TEST_F(ItemRowsTest, a_member_that_is_gone_fails) {
-    AddMagazine("ma_a", Photos({1}));
+    const auto photos = Photos({1});
+    AddMagazine("ma_a", photos);
+    AddAlbum("pa_a", photos);
+    AddSeries("vs_a", Videos({1}));
+    AddMusic("mu_a", "song", "");
+    AddPlaylist("pl_", {"mu_a"});
     colPhoto.Clear();
-    EXPECT_EQ(FailureOf([] { RowsOfGroup("ma_a"); }), failure::InvalidProcedureCall);
-    EXPECT_EQ(FailureOf([] { RowsOfType(mtMagazine); }), failure::InvalidProcedureCall);
+    colVideo.Clear();
+    colMusic.Clear();
+    for (const auto& [id, type] :
+         std::initializer_list<std::pair<const char*, MediaType>>{{"ma_a", mtMagazine},
+                                                                  {"pa_a", mtPhotoAlbum},
+                                                                  {"vs_a", mtVidSeries},
+                                                                  {"pl_", mtPlaylist}}) {
+        const std::string sID = id;
+        const MediaType iType = type;
+        EXPECT_EQ(FailureOf([&] { RowsOfGroup(sID); }), failure::InvalidProcedureCall) << id;
+        EXPECT_EQ(FailureOf([&] { RowsOfType(iType); }), failure::InvalidProcedureCall) << id;
+    }
 }
 
 TEST_F(ItemRowsTest, GetDBID_takes_two_characters_off) {

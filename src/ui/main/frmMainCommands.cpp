@@ -107,7 +107,7 @@ void frmMain::mnuRemoveComp_Click() {
         "This will remove the file(s) from the DB and from your computer, are you sure?", true);
 }
 
-// sSelected keeps its ids; until the next click a second removal fails at the row that is gone.
+// sSelected keeps its ids; until the next click a second removal fails at the record that is gone.
 void frmMain::RemoveSelectedItems(const char* sQuestion, bool bFromDisk) {
     if (!ConfirmsDelete(sQuestion)) return;
     for (auto sID = sSelected.rbegin(); sID != sSelected.rend(); ++sID) {

@@ -9,6 +9,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <utility>
 
 // There only where the leak sanitizer is.
 extern "C" {
@@ -168,6 +169,14 @@ Music& MainWindowTest::AddMusic(const std::string& sID, const std::string& sName
     return music;
 }
 
+void MainWindowTest::AddPhotosWithFiles() {
+    for (const char* name : {"a", "b", "c", "d"}) {
+        const std::string sFile = std::string(name) + ".jpg";
+        temp.Write(sFile, name);
+        AddPhoto(std::string("ph_") + name, name).sPath = temp.DrivePath(sFile);
+    }
+}
+
 void MainWindowTest::AddMagazine(const std::string& sID, const std::vector<std::string>& sIDs) {
     AddGroup(colMagazine, sID, sIDs, mtPhoto);
 }
@@ -195,8 +204,9 @@ void MainWindowTest::PlugStick() {
 void MainWindowTest::InstallPictures() {
     const QDir folder(QCoreApplication::applicationDirPath());
     ASSERT_TRUE(folder.mkpath(QStringLiteral("UI")));
-    for (const char* name : {"UI/NoThumb.bmp", "UI/multiThumb.bmp"}) {
-        QImage picture(16, 12, QImage::Format_RGB32);
+    for (const auto& [name, width] :
+         {std::pair("UI/NoThumb.bmp", NoThumbWidth), {"UI/multiThumb.bmp", MultiThumbWidth}}) {
+        QImage picture(width, 12, QImage::Format_RGB32);
         picture.fill(Qt::gray);
         ASSERT_TRUE(picture.save(folder.filePath(QLatin1String(name))));
     }
@@ -224,13 +234,16 @@ void MainWindowTest::ClickRow(ListView& list, Long row, Qt::KeyboardModifiers ke
 
 void MainWindowTest::DoubleClickRow(Long row) {
     ClickRow(row);
-    const QPoint point = grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
-    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, point);
+    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, PointOfRow(row));
+}
+
+QPoint MainWindowTest::PointOfRow(Long row) {
+    return grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
 }
 
 void MainWindowTest::Drag(Long row, QWidget& target, QPoint position) {
     QWidget& source = *grdItems().viewport();
-    const QPoint start = grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
+    const QPoint start = PointOfRow(row);
     const DropWhileDragging drop(grdItems(), target, position);
     QTest::mousePress(&source, Qt::LeftButton, {}, start);
     for (int step = 1; step <= 2; ++step) {

@@ -49,6 +49,9 @@ class MainWindowTest : public testing::Test {
     static Video& AddVideo(const std::string& sID, const std::string& sName, Long iSize = 1500000);
     static Music& AddMusic(const std::string& sID, const std::string& sName,
                            const std::string& sArtist);
+    // ph_a to ph_d, each with a file of its name.
+    void AddPhotosWithFiles();
+    bool FileIsThere(const std::string& name) const { return !temp.Read(name + ".jpg").empty(); }
     // Groups of items that are there already, linked on both sides.
     static void AddMagazine(const std::string& sID, const std::vector<std::string>& sIDs);
     static void AddAlbum(const std::string& sID, const std::vector<std::string>& sIDs);
@@ -60,6 +63,8 @@ class MainWindowTest : public testing::Test {
 
     // Puts the pictures of the thumbnail pane beside the program, which is the test's.
     static void InstallPictures();
+    static constexpr int NoThumbWidth = 16;
+    static constexpr int MultiThumbWidth = 24;
 
     // Loads and shows the window.
     frmMain& Open();
@@ -80,6 +85,9 @@ class MainWindowTest : public testing::Test {
     }
     void RightClickRow(Long row) { ClickRow(grdItems(), row, Qt::NoModifier, Qt::RightButton); }
     void DoubleClickRow(Long row);
+    QPoint PointOfRow(Long row);  // in the viewport of the item list
+
+    void RightClickNode(const std::string& sKey) { ClickNode(trvCat(), sKey, Qt::RightButton); }
 
     // Drags a row with the pointer and lets it go over a point of another control.
     void Drag(Long row, QWidget& target, QPoint position);
