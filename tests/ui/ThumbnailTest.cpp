@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QLabel>
+#include <QMouseEvent>
 
 namespace tavel::test {
 
@@ -22,11 +23,10 @@ class ThumbnailTest : public MainWindowTest {
 
     QLabel& imgThumb() { return Find<QLabel>(Main(), "imgThumb"); }
     int PictureWidth() { return imgThumb().pixmap(Qt::ReturnByValue).width(); }
-    void MovePointer(int x, int y) {
-        const QPoint inList(x / 15, y / 15);
-        QTest::mouseMove(grdItems().viewport(),
-                         grdItems().viewport()->mapFrom(&grdItems(), inList));
+    QPoint PointAt(int x, int y) {  // twips of the list; of its viewport
+        return grdItems().viewport()->mapFrom(&grdItems(), QPoint(x / 15, y / 15));
     }
+    void MovePointer(int x, int y) { QTest::mouseMove(grdItems().viewport(), PointAt(x, y)); }
 };
 
 }  // namespace
@@ -40,7 +40,7 @@ TEST_F(ThumbnailTest, in_mode_2_the_picture_shows_at_its_design_place_until_a_no
     EXPECT_EQ(imgThumb().pos(), QPoint(12120 / 15, 5160 / 15));
     EXPECT_EQ(PictureWidth(), 160);
     ClickRow(2);
-    EXPECT_EQ(PictureWidth(), 16);
+    EXPECT_EQ(PictureWidth(), NoThumbWidth);
     ClickNode("photoall");
     EXPECT_FALSE(imgThumb().isVisible());
 }
@@ -49,12 +49,33 @@ TEST_F(ThumbnailTest, the_members_of_a_series_show_theirs_and_rows_of_other_list
     AddPhoto("ph_a", "Beach");
     Open();
     iVidThumbMode = 2;
-    ClickNode("photoall");
-    ClickRow(1);
-    EXPECT_FALSE(imgThumb().isVisible());
+    for (const char* node : {"photoall", "videoseries"}) {
+        ClickNode(node);
+        ClickRow(1);
+        EXPECT_FALSE(imgThumb().isVisible()) << node;
+    }
     ClickNode("vs_a");
     ClickRow(1);
     EXPECT_TRUE(imgThumb().isVisible());
+}
+
+TEST_F(ThumbnailTest, the_selected_node_decides_whatever_the_list_shows) {
+    AddPhoto("ph_a", "Beach");
+    AddMagazine("ma_a", {"ph_a"});
+    AddMusic("mu_a", "Song", "Singer");
+    Open();
+    iVidThumbMode = 2;
+    ClickNode("videoall");
+    RightClickNode("ma_a");
+    ClickRow(1);
+    EXPECT_FALSE(imgThumb().isVisible());
+
+    ClickNode("musicall");
+    RightClickNode("vs_a");
+    EXPECT_EQ(FatalOf([&] { ClickRow(1); }), failure::InvalidProcedureCall);
+    iVidThumbMode = 0;
+    ClickRow(1);
+    EXPECT_EQ(Main().sSelected, std::vector<std::string>{"mu_a"});
 }
 
 TEST_F(ThumbnailTest, in_mode_3_the_picture_floats_under_the_current_row) {
@@ -84,6 +105,31 @@ TEST_F(ThumbnailTest, the_pointer_right_of_the_picture_brings_it_back_under_the_
     MovePointer(1950, top + 30);
     EXPECT_FALSE(window.bThumbAbove);
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
+    EXPECT_EQ(window.Layout().imgThumb.Left, 2640 + grdItems().RowLeft(1));
+    EXPECT_EQ(imgThumb().x(), window.Layout().imgThumb.Left / 15);
+}
+
+TEST_F(ThumbnailTest, the_picture_stays_above_while_a_row_is_dragged) {
+    frmMain& window = Open();
+    iVidThumbMode = 3;
+    ClickNode("videoall");
+    ClickRow(1);
+    QWidget& viewport = *grdItems().viewport();
+    const QPoint point = PointAt(1950, grdItems().RowTop(1) + 30);
+    const auto moveWithLeftButton = [&](QPoint to) {
+        QMouseEvent move(QEvent::MouseMove, to, viewport.mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&viewport, &move);
+    };
+    QTest::mousePress(&viewport, Qt::LeftButton, {}, point);
+    window.bThumbAbove = true;
+    window.bListDrag = true;
+    moveWithLeftButton(point + QPoint(1, 0));
+    EXPECT_TRUE(window.bThumbAbove);
+    window.bListDrag = false;
+    moveWithLeftButton(point);
+    EXPECT_FALSE(window.bThumbAbove);
+    QTest::mouseRelease(&viewport, Qt::LeftButton, {}, point);
 }
 
 TEST_F(ThumbnailTest, in_mode_4_the_picture_stands_in_its_slot) {
@@ -91,13 +137,23 @@ TEST_F(ThumbnailTest, in_mode_4_the_picture_stands_in_its_slot) {
     Open();
     iVidThumbMode = 4;
     ClickNode("videoall");
-    EXPECT_EQ(PictureWidth(), 16);
+    EXPECT_EQ(PictureWidth(), NoThumbWidth);
     ClickRow(1);
     EXPECT_EQ(PictureWidth(), 160);
     EXPECT_EQ(imgThumb().pos(), QPoint(11880 / 15, 4920 / 15));
     ClickNode("photoall");
     EXPECT_FALSE(imgThumb().isVisible());
     EXPECT_EQ(Main().Layout().grdSync.Height, 6000);
+}
+
+TEST_F(ThumbnailTest, a_thumbnail_that_fails_to_load_is_tried_once_more) {
+    Open();
+    iVidThumbMode = 2;
+    ClickNode("videoall");
+    files.FailOn("ReadWhole " + temp.DrivePath("red.jpg"), failure::FileNotFound, 1);
+    ClickRow(1);
+    EXPECT_TRUE(imgThumb().isVisible());
+    EXPECT_EQ(PictureWidth(), 160);
 }
 
 TEST_F(ThumbnailTest, a_thumbnail_that_has_gone_is_fatal) {
@@ -139,7 +195,7 @@ TEST_F(ThumbnailTest, multi_shows_the_picture_of_several) {
     iVidThumbMode = 2;
     Main().LoadThumbnail("multi");
     EXPECT_TRUE(imgThumb().isVisible());
-    EXPECT_EQ(PictureWidth(), 16);
+    EXPECT_EQ(PictureWidth(), MultiThumbWidth);
 }
 
 }  // namespace tavel::test
