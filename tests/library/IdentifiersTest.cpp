@@ -76,18 +76,28 @@ TEST_F(Identifiers, A_name_that_runs_out_into_a_blank_overflows) {
         for (const MediaType type : {mtMagazine, mtPhotoAlbum, mtVidSeries})
             EXPECT_EQ(FailureOf([&] { MakeDBID(name, type); }), failure::Overflow) << name;
     }
-    const std::string sUnnamed = Write(".mp3", "x");
-    EXPECT_EQ(FailureOf([&] { MakeDBID(sUnnamed, mtMusic); }), failure::Overflow);
+    for (const char* name : {".mp3", "abc .mp3", " abc.mp3"})
+        EXPECT_EQ(FailureOf([&] { ItemID(name); }), failure::Overflow) << name;
 }
 
 TEST_F(Identifiers, Blanks_at_the_ends_do_no_harm_to_a_name_of_five_letters) {
     EXPECT_EQ(Fixed(MakeDBID(" abcde ", mtMagazine)), "ma_abcdeedcba");
+    EXPECT_EQ(ItemID(" abcde .jpg"), "ph_abcdeedcba00009");
+}
+
+TEST_F(Identifiers, Other_white_space_is_gathered) {
+    EXPECT_EQ(Fixed(MakeDBID("a\tb\u00a0c", mtMagazine)), "ma_a\tb\u00a0cc\u00a0b\ta");
+}
+
+TEST_F(Identifiers, A_groups_name_is_taken_whole) {
+    EXPECT_EQ(Fixed(MakeDBID("Vol.1", mtMagazine)), "ma_Vol.11.loV");
+    EXPECT_EQ(Fixed(MakeDBID("C:\\x", mtPhotoAlbum)), "pa_C:\\xxx\\:CC");
 }
 
 TEST_F(Identifiers, The_walk_over_a_name_is_counted_in_an_Integer) {
     const auto blanks = [](std::size_t count) { return "abcde" + std::string(count, ' ') + "x"; };
-    EXPECT_EQ(Fixed(MakeDBID(blanks(32761), mtMagazine)), "ma_abcdexedcb");
-    EXPECT_EQ(FailureOf([&] { MakeDBID(blanks(40000), mtMagazine); }), failure::Overflow);
+    EXPECT_EQ(Fixed(MakeDBID(blanks(32762), mtMagazine)), "ma_abcdexedcb");
+    EXPECT_EQ(FailureOf([&] { MakeDBID(blanks(32763), mtMagazine); }), failure::Overflow);
 }
 
 TEST_F(Identifiers, An_items_file_must_exist) {

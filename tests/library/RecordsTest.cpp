@@ -3,6 +3,8 @@
 #include "platform/Failure.h"
 #include "support/Support.h"
 
+#include <tuple>
+
 namespace tavel::test {
 namespace {
 
@@ -80,6 +82,13 @@ TEST(Records, Each_group_has_members_and_count_under_its_own_names) {
     EXPECT_EQ(magazine.Get_sPageID(0), "ph_a");
     EXPECT_EQ(magazine.Count(), 1);
 
+    PhotoAlbum album;
+    album.Redim_sPageID(0, false);
+    album.Set_sPageID(0, "ph_b");
+    album.iPages = 1;
+    EXPECT_EQ(album.Get_sPageID(0), "ph_b");
+    EXPECT_EQ(album.Count(), 1);
+
     VidSeries series;
     series.Redim_sEpisodeID(0, false);
     series.Set_sEpisodeID(0, "vd_a");
@@ -106,18 +115,20 @@ TEST(Collections, Keep_their_order_and_are_reached_by_position_and_by_key_in_any
     Collection<std::string> texts;
     texts.Add("B", "first");
     texts.Add("a", "second");
+    texts.Add("ma_\u00c4", "third");
     EXPECT_EQ(texts.Item(1) + texts.Item(2), "firstsecond");
     EXPECT_EQ(texts.Item("b"), "first");
     EXPECT_EQ(texts.Item("A"), "second");
+    EXPECT_EQ(texts.Item("MA_\u00e4"), "third");
     texts.Remove("b");
     EXPECT_EQ(texts.Item(1), "second");
-    EXPECT_EQ(texts.Count(), 1);
+    EXPECT_EQ(texts.Count(), 2);
 }
 
 TEST(Collections, A_key_twice_a_missing_key_and_a_position_outside_fail) {
     Collection<std::string> texts;
-    texts.Add("a", "x");
-    EXPECT_EQ(FailureOf([&] { texts.Add("A", "y"); }), failure::KeyAlreadyThere);
+    texts.Add("a\u00e4", "x");
+    EXPECT_EQ(FailureOf([&] { texts.Add("A\u00c4", "y"); }), failure::KeyAlreadyThere);
     EXPECT_EQ(FailureOf([&] { texts.Item("b"); }), failure::InvalidProcedureCall);
     EXPECT_EQ(FailureOf([&] { texts.Remove("b"); }), failure::InvalidProcedureCall);
     EXPECT_EQ(FailureOf([&] { texts.Item(0); }), failure::SubscriptOutOfRange);
@@ -167,13 +178,27 @@ TEST_F(LookUps, Removing_a_record_lets_go_of_the_working_reference_to_it_alone) 
     EXPECT_EQ(curPhoto, nullptr);
 }
 
+template <class T>
+struct Filled {
+    Collection<T>& collection;
+    T*& current;
+
+    Filled(Collection<T>& records, T*& reference) : collection(records), current(reference) {
+        current = &collection.Add("a", T{});
+    }
+    void ExpectReleased() const {
+        EXPECT_EQ(collection.Count(), 0);
+        EXPECT_EQ(current, nullptr);
+    }
+};
+
 TEST_F(LookUps, Releasing_empties_the_collections_and_drops_the_working_references) {
-    curMusic = &colMusic.Add("mu_a", Music{});
-    curPlaylist = &colPlaylist.Add("pl_", Playlist{});
+    const std::tuple all{Filled(colPhoto, curPhoto),           Filled(colMagazine, curMagazine),
+                         Filled(colPhotoAlbum, curPhotoAlbum), Filled(colVideo, curVideo),
+                         Filled(colVidSeries, curVidSeries),   Filled(colMusic, curMusic),
+                         Filled(colPlaylist, curPlaylist)};
     ReleaseCollections();
-    EXPECT_EQ(colMusic.Count() + colPlaylist.Count(), 0);
-    EXPECT_EQ(curMusic, nullptr);
-    EXPECT_EQ(curPlaylist, nullptr);
+    std::apply([](const auto&... filled) { (filled.ExpectReleased(), ...); }, all);
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 #include <sys/statvfs.h>
 #include <unistd.h>
 
-
 namespace tavel::test {
 
 namespace {
