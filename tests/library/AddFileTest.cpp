@@ -59,6 +59,7 @@ TEST_F(AddFileTest, Music_is_named_by_its_tag) {
         "track01.mp3", Tag(3, Frame3("TIT2", Latin1("Song")) + Frame3("TPE1", Latin1("Band")) +
                                   Frame3("TALB", Latin1("Record")))));
     const Music& music = colMusic.Item(sID);
+    EXPECT_EQ(music.sDBID, sID);
     EXPECT_EQ(music.sName + "|" + music.sArtist + "|" + music.sAlbum, "Song|Band|Record");
     EXPECT_EQ(music.sFormat, "mp3");
     EXPECT_EQ(music.sPath, temp.DrivePath("track01.mp3"));
@@ -86,13 +87,31 @@ TEST_F(AddFileTest, An_empty_music_file_fails_with_its_record_half_made) {
 }
 
 TEST_F(AddFileTest, A_photo_gets_its_sides_the_right_way_round) {
-    const Photo& photo = colPhoto.Item(AddFile(Write("Holiday 2.BMP", Bitmap(640, 480))));
+    const std::string sID = AddFile(Write("Holiday 2.BMP", Bitmap(640, 480)));
+    const Photo& photo = colPhoto.Item(sID);
+    EXPECT_EQ(photo.sDBID, sID);
+    EXPECT_EQ(photo.sPath, temp.DrivePath("Holiday 2.BMP"));
     EXPECT_EQ(photo.sName, "Holiday 2");
     EXPECT_EQ(photo.sFormat, "bmp");
     EXPECT_EQ(photo.iSizeW, 640);
     EXPECT_EQ(photo.iSizeH, 480);
     EXPECT_EQ(photo.iSize, static_cast<Long>(Bitmap(640, 480).size()));
     EXPECT_EQ(curPhoto, &photo);
+}
+
+TEST_F(AddFileTest, Every_file_stays_where_it_lies) {
+    sDefaultDBPath = temp.DrivePath("library");
+    std::filesystem::create_directories(temp.HostPath("library"));
+    for (const char* name : {"in/a.bmp", "in/a.mp3", "in/a.mp4"}) {
+        AddFile(Write(name, "bytes of a file"));
+        EXPECT_EQ(temp.Read(name), "bytes of a file");
+    }
+    EXPECT_TRUE(std::filesystem::is_empty(temp.HostPath("library")));
+}
+
+TEST_F(AddFileTest, A_name_is_cut_at_its_last_dot_and_not_in_its_folder) {
+    const std::string sPath = Write("some.folder/a.b.mp4", "x");
+    EXPECT_EQ(colVideo.Item(AddFile(sPath)).sName, "a.b");
 }
 
 TEST_F(AddFileTest, A_picture_that_cannot_be_read_is_0_by_0) {
@@ -111,20 +130,33 @@ TEST_F(AddFileTest, A_side_beyond_an_Integer_fails_with_the_record_in_its_collec
     EXPECT_EQ(colPhoto.Item(2).sName, "high");
 }
 
-TEST_F(AddFileTest, A_size_beyond_a_Long_fails_with_the_record_in_its_collection) {
-    const std::string sPath = Write("large.mp4", "");
-    std::filesystem::resize_file(temp.HostPath("large.mp4"), 2147483648U);
-    EXPECT_EQ(FailureOf([&] { AddFile(sPath); }), failure::Overflow);
-    EXPECT_EQ(colVideo.Item(1).sPath, sPath);
-    EXPECT_EQ(colVideo.Item(1).sName, "");
-    std::filesystem::resize_file(temp.HostPath("large.mp4"), 2147483647U);
-    EXPECT_EQ(colVideo.Item(AddFile(sPath)).iSize, 2147483647);
+TEST_F(AddFileTest, A_size_beyond_a_Long_fails_with_what_comes_before_it_assigned) {
+    constexpr std::uintmax_t size = 2147483648U;
+    const auto large = [&](const char* name, const std::string& bytes) {
+        const std::string sPath = Write(name, bytes);
+        std::filesystem::resize_file(temp.HostPath(name), size);
+        return sPath;
+    };
+    const auto read = [](const Item& item) {
+        return item.sDBID.substr(0, 2) + "|" + item.sName + "|" + item.sFormat + "|" + item.sPath;
+    };
+    const std::string sVideo = large("large.mp4", "");
+    const std::string sMusic = large("large.mp3", Tag(3, Frame3("TIT2", Latin1("Song"))));
+    const std::string sPhoto = large("large.bmp", Bitmap(10, 10));
+    for (const std::string& sPath : {sVideo, sMusic, sPhoto})
+        EXPECT_EQ(FailureOf([&] { AddFile(sPath); }), failure::Overflow) << sPath;
+    EXPECT_EQ(read(colVideo.Item(1)), "vd||mp4|" + sVideo);
+    EXPECT_EQ(read(colMusic.Item(1)), "mu|Song|mp3|" + sMusic);
+    EXPECT_EQ(read(colPhoto.Item(1)), "ph||bmp|" + sPhoto);
+    std::filesystem::resize_file(temp.HostPath("large.mp4"), size - 1);
+    EXPECT_EQ(colVideo.Item(AddFile(sVideo)).iSize, 2147483647);
 }
 
 TEST_F(AddFileTest, An_unsupported_file_changes_nothing) {
     EXPECT_EQ(AddFile(Write("a.txt", "x")), "-1");
     EXPECT_EQ(AddFile(temp.DrivePath("none.txt")), "-1");
     EXPECT_FALSE(bDBChanged);
+    EXPECT_EQ(colPhoto.Count() + colVideo.Count() + colMusic.Count(), 0);
 }
 
 TEST_F(AddFileTest, A_hidden_file_is_passed_over_but_marks_the_library_as_changed) {

@@ -43,15 +43,26 @@ TEST_F(AddFilesTest, A_blank_entry_ends_the_list) {
     AddFiles({temp.DrivePath(""), "a.jpg", "  ", "b.jpg"});
     EXPECT_EQ(colPhoto.Count(), 1);
     EXPECT_EQ(windows.calls.back(), "frmAdd.Unload");
+    windows.calls.clear();
     AddFiles({temp.DrivePath(""), " ", "b.jpg"});
     EXPECT_EQ(colPhoto.Count(), 1);
+    EXPECT_EQ(windows.calls, (Calls{"frmAdd.Show", "frmAdd.Unload"}));
 }
 
-TEST_F(AddFilesTest, Unsupported_files_are_passed_over_without_a_word) {
-    Write("a.txt", "x");
-    Write("b.jpg", "x");
-    AddFiles({temp.DrivePath(""), "a.txt", "b.jpg"});
+TEST_F(AddFilesTest, An_entry_is_put_behind_its_folder_and_a_backslash_as_it_stands) {
+    Write(" abcde.jpg", "x");
+    AddFiles({temp.DrivePath("") + "\\", " abcde.jpg", ""});
+    EXPECT_EQ(colPhoto.Item(1).sPath, temp.DrivePath("") + "\\\\ abcde.jpg");
+}
+
+TEST_F(AddFilesTest, Unsupported_and_hidden_files_are_shown_and_passed_over_without_a_word) {
+    Calls expected{"frmAdd.Show"};
+    for (const char* name : {"a.txt", ".a.jpg", "b.jpg"}) ExpectShown(expected, Write(name, "x"));
+    expected.push_back("frmAdd.Unload");
+    AddFiles({temp.DrivePath(""), "a.txt", ".a.jpg", "b.jpg"});
+    EXPECT_EQ(windows.calls, expected);
     EXPECT_EQ(colPhoto.Count(), 1);
+    EXPECT_EQ(colPhoto.Item(1).sName, "b");
 }
 
 TEST_F(AddFilesTest, Cancelling_has_no_effect_and_nothing_is_yielded) {

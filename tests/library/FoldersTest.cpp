@@ -1,4 +1,5 @@
 #include "library/Folders.h"
+#include "library/Groups.h"
 #include "library/LibraryFixture.h"
 #include "library/Scan.h"
 #include "platform/Failure.h"
@@ -36,12 +37,14 @@ class Folders : public LibraryTest {
 };
 
 TEST_F(Folders, The_tree_is_made_in_its_order) {
+    Contain("[options]\r\nsDefaultDBPath=x\r\n");
     EXPECT_TRUE(MakeDBFolders(root));
     Texts expected{root};
     for (const std::string& folder : Tree) expected.push_back(root + folder);
     EXPECT_EQ(CallsOf("CreateFolder "), expected);
     for (const std::string& folder : expected) EXPECT_TRUE(files.FolderExists(folder)) << folder;
     EXPECT_EQ(sDefaultDBPath, root);
+    EXPECT_EQ(DB(), "[options]\r\nsDefaultDBPath=x\r\n");
 }
 
 TEST_F(Folders, A_tree_that_is_there_is_left_alone) {
@@ -66,11 +69,26 @@ TEST_F(Folders, A_root_without_its_parent_cannot_be_made) {
 }
 
 TEST_F(Folders, A_failure_on_the_way_leaves_what_was_made) {
+    for (const char* call : {"CreateFolder ", "FolderExists "}) {
+        SCOPED_TRACE(call);
+        std::filesystem::remove_all(temp.HostPath("library"));
+        sDefaultDBPath = "before";
+        files.FailOn(call + root + "\\Music", failure::DiskFull, 1);
+        EXPECT_FALSE(MakeDBFolders(root));
+        EXPECT_TRUE(files.FolderExists(root + "\\Photos\\PhotoAlbums"));
+        EXPECT_FALSE(files.FolderExists(root + "\\Videos"));
+        EXPECT_EQ(sDefaultDBPath, "before");
+    }
+}
+
+TEST_F(Folders, A_file_in_the_place_of_a_folder_is_a_failure) {
     sDefaultDBPath = "before";
-    files.FailOn("CreateFolder " + root + "\\Music", failure::DiskFull);
-    EXPECT_FALSE(MakeDBFolders(root));
-    EXPECT_TRUE(files.FolderExists(root + "\\Photos\\PhotoAlbums"));
-    EXPECT_FALSE(files.FolderExists(root + "\\Videos"));
+    for (const char* name : {"root", "library/Music"}) {
+        Write(name, "a file");
+        EXPECT_FALSE(
+            MakeDBFolders(temp.DrivePath(name == std::string("root") ? "root" : "library")));
+        EXPECT_EQ(temp.Read(name), "a file");
+    }
     EXPECT_EQ(sDefaultDBPath, "before");
 }
 
@@ -92,6 +110,25 @@ TEST_F(Folders, A_photo_whose_name_is_taken_cannot_move) {
     EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::FileAlreadyExists);
     EXPECT_EQ(photo.sPath, temp.DrivePath("in\\a.jpg"));
     EXPECT_EQ(temp.Read("library/Photos/a.jpg"), "first");
+}
+
+TEST_F(Folders, A_photo_whose_file_or_target_folder_is_not_there_cannot_move) {
+    Photo& photo = Give(colPhoto, "ph_a", Write("in/a.jpg", "x"));
+    photo.sName = "a";
+    sDefaultDBPath = root;
+    EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::PathNotFound);
+    EXPECT_EQ(temp.Read("in/a.jpg"), "x");
+    MakeTree();
+    std::filesystem::remove(temp.HostPath("in/a.jpg"));
+    EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::FileNotFound);
+    EXPECT_EQ(photo.sPath, temp.DrivePath("in\\a.jpg"));
+}
+
+TEST_F(Folders, A_photo_that_lies_there_already_cannot_move_in_any_spelling) {
+    MakeTree();
+    Give(colPhoto, "ph_a", Write("library/Photos/a.JPG", "x")).sName = "a";
+    EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::FileAlreadyExists);
+    EXPECT_EQ(temp.Read("library/Photos/a.JPG"), "x");
 }
 
 class MagazineMove : public Folders {
@@ -125,6 +162,13 @@ TEST_F(MagazineMove, Reuses_a_folder_and_fails_on_a_name_that_it_holds) {
     EXPECT_EQ(temp.Read("library/Photos/Magazines/Summer/two.JPG"), "kept");
 }
 
+TEST_F(MagazineMove, Fails_without_the_folder_of_all_magazines) {
+    std::filesystem::remove(temp.HostPath("library/Photos/Magazines"));
+    EXPECT_EQ(FailureOf([] { MoveToDBFolder("ma_a"); }), failure::PathNotFound);
+    EXPECT_FALSE(files.FolderExists(root + "\\Photos\\Magazines"));
+    EXPECT_EQ(temp.Read("in/one.jpg"), "1");
+}
+
 TEST_F(MagazineMove, Fails_on_a_page_that_is_no_photo_of_the_library) {
     colMagazine.Item("ma_a").Set_sPageID(0, "ph_gone");
     EXPECT_EQ(FailureOf([] { MoveToDBFolder("ma_a"); }), failure::InvalidProcedureCall);
@@ -140,29 +184,39 @@ TEST_F(MagazineMove, The_scan_knows_a_moved_file_by_its_new_path_alone) {
 
 TEST_F(Folders, Videos_and_music_are_refused_by_the_file_service) {
     MakeTree();
-    Video& video = Give(colVideo, "vd_a", Write("in/film.mp4", "v"));
+    // Even where all folders of the target are there.
+    for (const char* folder : {"library/Video/c:", "library/Music/c:"})
+        std::filesystem::create_directories(temp.HostPath(folder) + temp.HostPath("in"));
+    Video& video = Give(colVideo, "vd_a", Write("in/film.MP4", "v"));
     Music& music = Give(colMusic, "mu_a", Write("in/song.mp3", "m"));
-    EXPECT_NE(FailureOf([] { MoveToDBFolder("vd_a"); }), 0);
-    EXPECT_NE(FailureOf([] { MoveToDBFolder("mu_a"); }), 0);
+    for (const char* sID : {"vd_a", "mu_a"})
+        EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::BadFileName) << sID;
     EXPECT_EQ(CallsOf("MoveFile "),
               (Texts{video.sPath + " -> " + root + "\\Video\\" + temp.DrivePath("in\\film.mp4"),
                      music.sPath + " -> " + root + "\\Music\\" + temp.DrivePath("in\\song.mp3")}));
-    EXPECT_EQ(video.sPath, temp.DrivePath("in\\film.mp4"));
-    EXPECT_EQ(temp.Read("in/song.mp3"), "m");
+    EXPECT_EQ(video.sPath, temp.DrivePath("in\\film.MP4"));
+    EXPECT_EQ(music.sPath, temp.DrivePath("in\\song.mp3"));
+    EXPECT_EQ(temp.Read("in/film.MP4") + temp.Read("in/song.mp3"), "vm");
 }
 
-TEST_F(Folders, An_album_fails_before_anything_is_made) {
+TEST_F(Folders, An_album_fails_before_anything_is_made_or_moved) {
     MakeTree();
-    Give(colPhotoAlbum, "pa_a").sName = "Album";
-    EXPECT_EQ(FailureOf([] { MoveToDBFolder("pa_a"); }), failure::NoSuchMember);
-    EXPECT_EQ(CallsOf("CreateFolder "), Texts{});
+    Give(colPhoto, "ph_a", Write("in/a.jpg", "x"));
+    const std::string sID = MakeGroup({"ph_a"}, "Album", mtPhotoAlbum);
+    EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::NoSuchMember);
+    EXPECT_EQ(files.calls, Texts{});
+    EXPECT_EQ(colPhoto.Item("ph_a").sPath, temp.DrivePath("in\\a.jpg"));
 }
 
-TEST_F(Folders, A_series_gets_its_folder_and_then_fails) {
+TEST_F(Folders, A_series_gets_its_folder_and_then_fails_with_its_episodes_in_their_place) {
     MakeTree();
-    Give(colVidSeries, "vs_a").sName = "Series";
-    EXPECT_EQ(FailureOf([] { MoveToDBFolder("vs_a"); }), failure::NoSuchMember);
+    Give(colVideo, "vd_a", Write("in/a.mp4", "x"));
+    const std::string sID = MakeGroup({"vd_a"}, "Series", mtVidSeries);
+    for (int i = 0; i < 2; ++i)
+        EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::NoSuchMember);
     EXPECT_EQ(CallsOf("CreateFolder "), Texts{root + "\\Videos\\VidSeries\\Series\\"});
+    EXPECT_EQ(CallsOf("MoveFile "), Texts{});
+    EXPECT_EQ(colVideo.Item("vd_a").sPath, temp.DrivePath("in\\a.mp4"));
 }
 
 TEST_F(Folders, A_playlist_is_looked_for_among_the_magazines_and_not_found) {

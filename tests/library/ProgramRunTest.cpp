@@ -54,9 +54,25 @@ TEST_F(ProgramRun, Loses_a_change_of_groups_alone) {
     const std::string before = db.Read();
     StartUp();
     const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
+    Give(colPhoto, "ph_b");
+    AddToGroup({"ph_b"}, sID);
     RemoveFromGroup("ph_a", sID);
     EXPECT_FALSE(bDBChanged);
     ShutDown();
+    EXPECT_EQ(db.Read(), before);
+}
+
+TEST_F(ProgramRun, Ends_without_a_word_when_the_library_cannot_be_saved) {
+    const ProgramDB db(std::string(Settings) + Library);
+    const std::string before = db.Read();
+    StartUp();
+    Write("folder/file.txt", "kept");
+    sDBFile = temp.DrivePath("folder");
+    bDBChanged = true;
+    windows.calls.clear();
+    ShutDown();
+    EXPECT_EQ(windows.calls, (Calls{"ShowEnd", "UnloadAllButMain", "EndProcess"}));
+    EXPECT_EQ(temp.Read("folder/file.txt"), "kept");
     EXPECT_EQ(db.Read(), before);
 }
 

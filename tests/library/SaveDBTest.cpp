@@ -1,4 +1,6 @@
+#include "core/modRegistry.h"
 #include "library/Adding.h"
+#include "library/Groups.h"
 #include "library/LibraryFile.h"
 #include "library/LibraryFixture.h"
 #include "media/TagMaker.h"
@@ -76,13 +78,48 @@ TEST_F(SaveDBTest, Each_kind_writes_its_keys_in_its_order) {
               "[DB]\r\nNoOfItems=7\r\n");
 }
 
-TEST_F(SaveDBTest, A_collection_is_written_in_its_own_order) {
+TEST_F(SaveDBTest, The_kinds_are_parted_and_each_keeps_its_own_order) {
+    const std::string rest = "Size=1\r\nSizeW=1\r\nSizeH=1\r\nNoOfGroups=0\r\n";
+    Contain("[DB]\r\nNoOfItems=4\r\n[1]\r\nID=vd_z\r\nType=3\r\n" + rest +
+            "[2]\r\nID=ph_z\r\nType=0\r\n" + rest + "[3]\r\nID=vd_a\r\nType=3\r\n" + rest +
+            "[4]\r\nID=ph_a\r\nType=0\r\n" + rest);
+    LoadDB();
+    SaveDB();
+    std::string ids;
+    for (const char* section : {"1", "2", "3", "4"}) {
+        std::string sID;
+        ReadValue(sDBFile, section, "id", "s", "", sID);
+        ids += sID + " ";
+    }
+    EXPECT_EQ(ids, "ph_z ph_a vd_z vd_a ");
+}
+
+TEST_F(SaveDBTest, An_item_that_lost_groups_leaves_their_keys_and_loads_without_them) {
     Contain("");
-    GivePhoto("ph_z");
-    GivePhoto("ph_a");
+    Photo& photo = GivePhoto("ph_a");
+    for (const char* sGroupID : {"ma_a", "ma_b"}) Link(photo, sGroupID);
+    SaveDB();
+    for (const Integer left : {Integer{1}, Integer{0}}) {
+        colPhoto.Item("ph_a").iNoGroups = left;
+        SaveDB();
+        const std::string count = "NoOfGroups=" + std::to_string(left);
+        EXPECT_NE(DB().find(count + "\r\ngroup0=ma_a\r\ngroup1=ma_b\r\n"), std::string::npos);
+        Reload();
+        EXPECT_EQ(colPhoto.Item("ph_a").iNoGroups, left);
+    }
+}
+
+TEST_F(SaveDBTest, A_smaller_library_comes_back_without_what_it_lost) {
+    Contain("");
+    for (const char* sID : {"ph_a", "ph_b"}) GivePhoto(sID);
+    GiveGroup(colMagazine, "ma_a", {"ph_a", "ph_b"});
+    SaveDB();
+    for (const char* sID : {"ph_a", "ph_b"}) RemoveRecord(mtPhoto, sID);
     SaveDB();
     Reload();
-    EXPECT_EQ(colPhoto.Item(1).sDBID + colPhoto.Item(2).sDBID, "ph_zph_a");
+    EXPECT_EQ(colPhoto.Count(), 0);
+    ASSERT_EQ(colMagazine.Count(), 1);
+    EXPECT_EQ(MembersOf(colMagazine.Item("ma_a")), (Texts{"ph_a", "ph_b"}));
 }
 
 TEST_F(SaveDBTest, A_smaller_library_leaves_the_sections_above_its_count) {
@@ -126,21 +163,41 @@ TEST_F(SaveDBTest, An_empty_group_is_saved_and_fails_at_the_next_load) {
     EXPECT_EQ(FailureOf(LoadDB), failure::SubscriptOutOfRange);
 }
 
-TEST_F(SaveDBTest, A_long_value_is_cut_at_the_next_load) {
+TEST_F(SaveDBTest, A_group_that_was_emptied_is_saved_without_the_member_behind_its_count) {
     Contain("");
-    GivePhoto("ph_a").sName = std::string(300, 'n');
+    GivePhoto("ph_a");
+    RemoveFromGroup("ph_a", MakeGroup({"ph_a"}, "Summer", mtMagazine));
     SaveDB();
-    EXPECT_NE(DB().find("Name=" + std::string(300, 'n') + "\r\n"), std::string::npos);
+    EXPECT_NE(DB().find("Name=Summer\r\nType=1\r\nNoOfPages=0\r\n[DB]"), std::string::npos);
+}
+
+TEST_F(SaveDBTest, A_long_value_is_cut_at_254_bytes_at_the_next_load) {
+    const auto repeated = [](const char* text, int times) {
+        std::string all;
+        for (int i = 0; i < times; ++i) all += text;
+        return all;
+    };
+    Contain("");
+    Photo& photo = GivePhoto("ph_a");
+    photo.sName = repeated("n", 300);
+    photo.sPath = "C:\\" + repeated("\u00e4", 200);
+    Link(photo, repeated("\u00e4", 127));
+    SaveDB();
+    EXPECT_NE(DB().find("Name=" + repeated("n", 300) + "\r\n"), std::string::npos);
     Reload();
-    EXPECT_EQ(colPhoto.Item(1).sName, std::string(254, 'n'));
+    EXPECT_EQ(colPhoto.Item(1).sName, repeated("n", 254));
+    EXPECT_EQ(colPhoto.Item(1).sPath, "C:\\" + repeated("\u00e4", 125));  // no half of a letter
+    EXPECT_EQ(GroupsOf(colPhoto.Item(1)), Texts{repeated("\u00e4", 127)});
 }
 
 TEST_F(SaveDBTest, Bytes_of_any_code_page_come_back_as_they_were) {
     Contain("");
-    GivePhoto("ph_a").sName = "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC";
+    Photo& photo = GivePhoto("ph_a");
+    photo.sName = photo.sPath = "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC";
     SaveDB();
     Reload();
     EXPECT_EQ(colPhoto.Item(1).sName, "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC");
+    EXPECT_EQ(colPhoto.Item(1).sPath, colPhoto.Item(1).sName);
 }
 
 TEST_F(SaveDBTest, Without_its_file_a_save_does_nothing) {
