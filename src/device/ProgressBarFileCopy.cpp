@@ -51,11 +51,13 @@ class PieceCopy {
         return false;
     }
 
-    // The bytes that were really written. A failure is not remembered: the next block is tried.
+    // The bytes that count: of a write that failed, those of the pieces before the failing one. A
+    // failure is not remembered: the next block is tried.
     std::size_t Write(std::size_t size) {
         std::size_t written = 0;
-        if (m_dest != nullptr) m_dest->Write({m_buffer.data(), size}, written);
-        return written;
+        if (m_dest == nullptr || m_dest->Write({m_buffer.data(), size}, written)) return written;
+        // The flush behind a whole block may fail, too.
+        return std::min(written, size - 1) / pieceBytes * pieceBytes;
     }
 
     // A block that the source does not fill ends in a piece of less than 1024 bytes, perhaps of 0.
