@@ -1,4 +1,5 @@
 #include "core/PublicStuff.h"
+#include "core/UsefulFunctions.h"
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
 #include "ui/support/Windows.h"
@@ -170,8 +171,9 @@ class DriveLists : public ::testing::Test {
 
 }  // namespace
 
-TEST_F(DriveLists, shows_the_programs_drive_at_first) {
-    service.Plug('b', stick.HostPath());
+TEST_F(DriveLists, shows_the_current_drive_at_first_wherever_the_program_lies) {
+    service.Plug('b', FromQString(QCoreApplication::applicationDirPath()));
+    ASSERT_EQ(GetAppPath().substr(0, 2), "b:");
     const DriveList drives;
     EXPECT_EQ(drives.count(), 2);
     EXPECT_EQ(drives.Drive().substr(0, 2), "c:");

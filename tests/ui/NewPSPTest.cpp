@@ -26,6 +26,7 @@ class NewPSP : public ::testing::Test {
         WireUpCalls();
         SetupStyle();
         UseFileService(&service);
+        service.Plug('b', temp.HostPath());
         service.Plug('e', stick.HostPath());
         Open();
     }
@@ -46,6 +47,7 @@ class NewPSP : public ::testing::Test {
         return FromQString(Find<QLabel>(Window(), label).text());
     }
 
+    TempFolder temp;
     TempFolder stick;
     FaultyFileService service;
     PromptQueue prompts;
@@ -57,7 +59,7 @@ const QString notConnected = QStringLiteral(
 
 }  // namespace
 
-TEST_F(NewPSP, opens_with_a_name_the_programs_drive_and_its_words) {
+TEST_F(NewPSP, opens_with_a_name_the_current_drive_and_its_words) {
     EXPECT_EQ(FromQString(Window().windowTitle()), "Setup New PSP");
     EXPECT_EQ(Text("Label1"), "PSP Name");
     EXPECT_EQ(Text("Label3"), "PSP Drive");
@@ -65,6 +67,15 @@ TEST_F(NewPSP, opens_with_a_name_the_programs_drive_and_its_words) {
               "We need to create a small file on your PSP to hold some data that Tavel needs to "
               "run properly. The file is tiny (about 2Kb), so it wont take up valuable media space "
               "on your memory stick.");
+    for (const auto& [name, text] : {std::pair("cmdOK", "OK"), std::pair("cmdCancel", "Cancel")}) {
+        EXPECT_EQ(FromQString(Find<QPushButton>(Window(), name).text()), text);
+    }
+    int bottom = 0;
+    for (const char* name : {"Label1", "txtName", "Label3", "drvPSP", "Label2", "cmdOK"}) {
+        const QRect place = Find(Window(), name).geometry();
+        EXPECT_GE(place.top(), bottom) << name;
+        bottom = place.bottom();
+    }
     EXPECT_EQ(FromQString(Name().text()), "My PSP");
     EXPECT_EQ(Drives().Drive().substr(0, 2), "c:");
     EXPECT_EQ(Find(Window(), "Label2").font().family(), QStringLiteral("Verdanda"));
@@ -105,6 +116,14 @@ TEST_F(NewPSP, a_drive_without_media_gets_a_message_and_the_dialog_stays) {
         MsgBoxButtons::OK, MsgBoxAnswer::OK);
     Click(Window(), "cmdOK");
     EXPECT_TRUE(IsOpen());
+}
+
+TEST_F(NewPSP, any_other_failure_is_passed_over_in_silence_and_the_dialog_stays) {
+    service.FailOn("CreateTextFile e", 70);
+    Drives().SetDrive("e:");
+    Click(Window(), "cmdOK");
+    EXPECT_TRUE(IsOpen());
+    EXPECT_EQ(stick.Read("TavelDataFile.tavel"), "");
 }
 
 TEST_F(NewPSP, Cancel_and_Escape_close_and_do_nothing_else) {

@@ -1,7 +1,6 @@
 #include "ui/toolkit/DriveList.h"
 
 #include "core/PublicStuff.h"
-#include "core/UsefulFunctions.h"
 #include "platform/Failure.h"
 #include "ui/toolkit/Strings.h"
 
@@ -9,7 +8,7 @@ namespace tavel {
 
 DriveList::DriveList(QWidget* parent) : QComboBox(parent) {
     ListDrives();
-    SetDrive(GetAppPath());
+    SetDrive("c:");  // the working folder's drive, wherever the program itself lies
 }
 
 std::string DriveList::Drive() const { return FromQString(currentText()); }

@@ -5,8 +5,8 @@
 
 namespace tavel {
 
-// A list of the computer's drives ("e: [LABEL]"), the program's own drive chosen at first. Opening
-// it lists the drives of the moment.
+// A list of the computer's drives ("e: [LABEL]"), the current drive chosen at first. Opening it
+// lists the drives of the moment.
 class DriveList : public QComboBox {
     Q_OBJECT
 
