@@ -8,6 +8,8 @@
 #include "ui/toolkit/ShowNow.h"
 #include "ui/toolkit/TreeView.h"
 
+#include <QScopeGuard>
+
 namespace tavel {
 
 namespace {
@@ -59,9 +61,10 @@ void frmMain::ShowPSPCats(bool bShow) {
     if (!bShow) trvPSPCat->clearFocus();
 }
 
+// When the figures fail, what comes before them is to be seen behind the message.
 void frmMain::RefreshPSPStatus() {
+    const auto show = qScopeGuard([this] { Frame1->ShowPanel(m_status); });
     UpdateStatusPanel(m_status);
-    Frame1->ShowPanel(m_status);
 }
 
 void frmMain::trvPSPCat_NodeClick(const TreeNode& node) {
