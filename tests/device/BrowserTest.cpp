@@ -81,7 +81,7 @@ class BrowserTest : public DeviceTest {
 
 TEST_F(BrowserTest, Group_folders_are_those_of_one_level) {
     fs::create_directories(HostOf('e', "PSP/MUSIC/Mix/Deeper"));
-    fs::create_directories(HostOf('e', "PSP/PHOTO/Trip"));
+    fs::create_directories(HostOf('e', "PSP/PHOTO/Trip/Deeper"));
     fs::create_directories(HostOf('e', "PSP/PHOTO/album"));
     PutPhoto("a.bmp", "x");
     EXPECT_THAT(Names(PSPMusicFolders()), ElementsAre("e:\\psp\\music\\Mix=Mix"));
@@ -103,23 +103,38 @@ TEST_F(BrowserTest, Photos_show_width_and_height_whatever_the_file_is) {
     PutPhoto("wide.bmp", Bitmap(400, 100));
     PutPhoto("text.txt", "no picture");
     PutPhoto("empty.jpg", "");
-    fs::create_directories(HostOf('e', "PSP/PHOTO/Trip"));
+    PutPhoto(".hidden.bmp", Bitmap(1, 1));
+    PutPhoto("kind.tga", std::string("\0\0\2\0\0\0\0\0\0\0\0\0\1\0\1\0\x18\0BGR", 21));
+    PutPhoto("cut.bmp", Bitmap(50, 40).substr(0, 100));  // its header tells the size all the same
+    PutPhoto("Trip/one.bmp", Bitmap(1, 1));
     const std::string sFolder = "e:\\psp\\PHOTO\\";
     EXPECT_THAT(Listed("e:psp\\PHOTO\\", 0),
-                ElementsAre("ID1: empty | 0 X 0 | jpg | 0 Mb | " + sFolder + "empty.jpg",
-                            "ID2: Sea.Side | 3 X 2 | bmp | 0 Mb | " + sFolder + "Sea.Side.BMP",
-                            "ID3: text | 0 X 0 | txt | 0 Mb | " + sFolder + "text.txt",
-                            "ID4: wide | 400 X 100 | bmp | 0.12 Mb | " + sFolder + "wide.bmp"));
+                ElementsAre("ID1: .hidden | 1 X 1 | bmp | 0 Mb | " + sFolder + ".hidden.bmp",
+                            "ID2: cut | 50 X 40 | bmp | 0 Mb | " + sFolder + "cut.bmp",
+                            "ID3: empty | 0 X 0 | jpg | 0 Mb | " + sFolder + "empty.jpg",
+                            "ID4: kind | 0 X 0 | tga | 0 Mb | " + sFolder + "kind.tga",
+                            "ID5: Sea.Side | 3 X 2 | bmp | 0 Mb | " + sFolder + "Sea.Side.BMP",
+                            "ID6: text | 0 X 0 | txt | 0 Mb | " + sFolder + "text.txt",
+                            "ID7: wide | 400 X 100 | bmp | 0.12 Mb | " + sFolder + "wide.bmp"));
+}
+
+TEST_F(BrowserTest, A_group_lists_its_own_files_alone) {
+    PutPhoto("Trip/one.bmp", Bitmap(1, 1));
+    PutPhoto("Trip/Deeper/two.bmp", Bitmap(1, 1));
+    EXPECT_THAT(Listed("e:\\psp\\photo\\Trip", 0),
+                ElementsAre("ID1: one | 1 X 1 | bmp | 0 Mb | e:\\psp\\photo\\Trip\\one.bmp"));
 }
 
 TEST_F(BrowserTest, Tracks_show_their_tags_and_no_file_name) {
     PutTrack("a.mp3", Mp3("Title", "Artist", "Album"));
     PutTrack("b.mp3", std::string(1'500'000, 'x'));
     PutTrack("c.txt", "no track");
+    PutTrack(".d.mp3", "hidden");
     EXPECT_THAT(Listed("e:psp\\MUSIC\\", 5),
-                ElementsAre("ID1: Title | Artist | Album | mp3 | 0 Mb | e:\\psp\\MUSIC\\a.mp3",
-                            "ID2:  |  |  | mp3 | 1.5 Mb | e:\\psp\\MUSIC\\b.mp3",
-                            "ID3:  |  |  | txt | 0 Mb | e:\\psp\\MUSIC\\c.txt"));
+                ElementsAre("ID1:  |  |  | mp3 | 0 Mb | e:\\psp\\MUSIC\\.d.mp3",
+                            "ID2: Title | Artist | Album | mp3 | 0 Mb | e:\\psp\\MUSIC\\a.mp3",
+                            "ID3:  |  |  | mp3 | 1.5 Mb | e:\\psp\\MUSIC\\b.mp3",
+                            "ID4:  |  |  | txt | 0 Mb | e:\\psp\\MUSIC\\c.txt"));
 }
 
 TEST_F(BrowserTest, Each_track_is_read_by_itself) {
@@ -148,6 +163,8 @@ TEST_F(BrowserTest, Videos_show_the_stored_title_or_the_number_and_thumbnails_ha
     EXPECT_THAT(Videos(),
                 ElementsAre("ID1: The Film | mp4 | 2 Mb | e:\\MP_ROOT\\100MNV01\\M4V10001.mp4",
                             "ID3: M4V10002 | avi | 0 Mb | e:\\MP_ROOT\\100MNV01\\M4V10002.avi"));
+    fs::remove(HostOf('e', "TavelDataFile.tavel"));
+    EXPECT_EQ(Videos()[0].substr(0, 13), "ID1: M4V10001");
 }
 
 TEST_F(BrowserTest, A_video_whose_stored_title_is_the_default_itself_shows_its_number) {

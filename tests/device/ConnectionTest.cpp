@@ -1,15 +1,22 @@
 #include "core/PublicStuff.h"
 #include "device/DeviceTest.h"
 #include "device/Discovery.h"
+#include "device/Status.h"
+#include "device/Transfer.h"
+#include "library/Collections.h"
 
 #include <gmock/gmock.h>
 
 #include <filesystem>
+#include <functional>
+#include <memory>
 
 namespace tavel::test {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+
+namespace fs = std::filesystem;
 
 namespace {
 
@@ -47,10 +54,15 @@ TEST_F(ConnectPSPTest, Calls_a_stick_without_a_stored_name_PSP) {
         ConnectPSP("e:");
         EXPECT_EQ(sPSPName, "PSP") << text;
     }
-    std::filesystem::remove(HostOf('e', "TavelDataFile.tavel"));
-    sPSPName = "from before";
-    ConnectPSP("e:");
-    EXPECT_EQ(sPSPName, "PSP");
+    const std::string sFile = HostOf('e', "TavelDataFile.tavel");
+    const std::function<void()> ways[] = {[&] { SpoilIdentityFile(); }, [&] { fs::remove(sFile); },
+                                          [&] { fs::create_directory(sFile); }};
+    for (const auto& makeUnreadable : ways) {
+        makeUnreadable();
+        sPSPName = "from before";
+        ConnectPSP("e:");
+        EXPECT_EQ(sPSPName, "PSP");
+    }
 }
 
 TEST_F(ConnectPSPTest, Keeps_an_empty_name_and_cuts_a_long_one) {
@@ -91,20 +103,37 @@ TEST_F(PollPSPTest, Does_nothing_but_yield_while_the_device_is_there) {
     EXPECT_TRUE(bPSPConnected);
 }
 
-TEST_F(PollPSPTest, Clears_only_the_flag_when_the_device_has_gone) {
+TEST_F(PollPSPTest, Takes_another_stick_that_has_replaced_the_first_for_the_first) {
     Connect();
+    sPSPName = "First";
+    const std::shared_ptr<Drive> drive = oPSPDrive;
+    files.Pull('e');
+    temp.Write("other/TavelDataFile.tavel", "[Data]\r\nPSPName=Other\r\n");
+    files.Plug('e', temp.HostPath("other"));
+    PollPSP();
+    EXPECT_THAT(calls, ElementsAre("Yield"));
+    EXPECT_EQ(sPSPName, "First");
+    EXPECT_EQ(oPSPDrive, drive);
+}
+
+TEST_F(PollPSPTest, Clears_only_the_flag_when_the_device_has_gone) {
+    PlugPSP('e');
+    Put('e', "TavelDataFile.tavel", "[Data]\r\nPSPName=Ann's\r\n");
+    ConnectPSP("e:");
     files.Pull('e');
     PollPSP();
     EXPECT_THAT(calls, ElementsAre("RefreshPSPStatus", "ShowPSPCats off", "Yield"));
     EXPECT_FALSE(bPSPConnected);
     EXPECT_EQ(oPSPDrive->Path(), "e:");
-    EXPECT_EQ(sPSPName, "PSP");
+    EXPECT_EQ(sPSPName, "Ann's");
     EXPECT_EQ(sPSPDataFile, "e:\\taveldatafile.tavel");
 }
 
 TEST_F(PollPSPTest, Goes_on_with_the_missing_stick_when_another_marked_one_is_left) {
-    PlugPSP('f');
-    PlugPSP('g');
+    for (const char letter : {'f', 'g'}) {
+        PlugPSP(letter);
+        Put(letter, "TavelDataFile.tavel", std::string("[Data]\r\nPSPName=") + letter);
+    }
     PollPSP();
     ASSERT_EQ(oPSPDrive->Path(), "f:");
     calls.clear();
@@ -114,6 +143,16 @@ TEST_F(PollPSPTest, Goes_on_with_the_missing_stick_when_another_marked_one_is_le
     EXPECT_TRUE(bPSPConnected);
     EXPECT_EQ(oPSPDrive->Path(), "f:");
     EXPECT_EQ(sPSPDataFile, "f:\\taveldatafile.tavel");
+    EXPECT_EQ(sPSPName, "f");
+
+    // The device's parts then meet the missing drive.
+    PhotoAlbum album;
+    album.sName = "Trip";
+    colPhotoAlbum.Add("pa_1", album);
+    EXPECT_EQ(FailureOf([] { TransferToPSP({"pa_1"}); }), 76);
+    EXPECT_FALSE(IsOn('g', "PSP/PHOTO/Trip"));
+    StatusPanel panel;
+    EXPECT_EQ(FailureOf([&] { UpdateStatusPanel(panel); }), 68);
 }
 
 TEST_F(PollPSPTest, Disconnects_until_the_next_tick_when_the_drive_does_not_answer) {

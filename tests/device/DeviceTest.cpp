@@ -3,6 +3,7 @@
 #include "core/PublicStuff.h"
 #include "device/Discovery.h"
 #include "library/Collections.h"
+#include "platform/ProfileText.h"
 
 #include <filesystem>
 
@@ -73,6 +74,10 @@ std::string DeviceTest::BytesOn(char letter, const std::string& path) const {
 
 bool DeviceTest::IsOn(char letter, const std::string& path) const {
     return fs::exists(HostOf(letter, path));
+}
+
+void DeviceTest::SpoilIdentityFile() const {
+    fs::resize_file(HostOf('e', "TavelDataFile.tavel"), ProfileText::MaxSize + 1);
 }
 
 }  // namespace tavel::test

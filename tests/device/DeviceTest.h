@@ -46,6 +46,8 @@ class DeviceTest : public ::testing::Test {
     void Put(char letter, const std::string& path, const std::string& bytes) const;
     std::string BytesOn(char letter, const std::string& path) const;
     bool IsOn(char letter, const std::string& path) const;
+    // Makes the identity file of e: one that can neither be read nor written, for all its size.
+    void SpoilIdentityFile() const;
 
     TempFolder temp;
     Calls calls;

@@ -34,7 +34,20 @@ TEST_F(FindPSPDriveTest, Gives_the_root_of_the_marked_drive_and_changes_no_state
     EXPECT_FALSE(bPSPConnected);
     EXPECT_EQ(oPSPDrive, nullptr);
     EXPECT_EQ(sPSPDataFile, "");
+    EXPECT_EQ(sPSPName, "");
     EXPECT_THAT(calls, IsEmpty());
+}
+
+TEST_F(FindPSPDriveTest, Leaves_the_state_of_the_connected_device_as_it_is) {
+    Connect();
+    sPSPName = "Ann's";
+    const std::shared_ptr<Drive> drive = oPSPDrive;
+    PlugPSP('d');
+    EXPECT_EQ(Found(), "d:\\");
+    EXPECT_TRUE(bPSPConnected);
+    EXPECT_EQ(oPSPDrive, drive);
+    EXPECT_EQ(sPSPDataFile, "e:\\taveldatafile.tavel");
+    EXPECT_EQ(sPSPName, "Ann's");
 }
 
 TEST_F(FindPSPDriveTest, Tries_the_letters_from_b_to_z_in_order) {
@@ -77,9 +90,11 @@ TEST_F(FindPSPDriveTest, Takes_no_stick_without_the_file_even_with_the_folders_o
     EXPECT_EQ(Found(), "-");
 }
 
-TEST_F(FindPSPDriveTest, Passes_over_a_drive_without_media) {
-    PlugPSP('e').hasMedia = false;
+TEST_F(FindPSPDriveTest, Passes_over_any_number_of_drives_without_media) {
+    for (const char letter : {'b', 'd', 'f'}) PlugPSP(letter).hasMedia = false;
     EXPECT_EQ(Found(), "-");
+    PlugPSP('g');
+    EXPECT_EQ(Found(), "g:\\");
 }
 
 TEST_F(FindPSPDriveTest, Finds_the_identity_file_in_any_case) {

@@ -33,6 +33,12 @@ TEST_F(NextVideoNameTest, Is_number_1_on_an_empty_stick) {
                 ::testing::ElementsAre("FileExists e:\\MP_ROOT\\100MNV01\\M4V10001.mp4"));
 }
 
+TEST_F(NextVideoNameTest, Reserves_no_name_and_takes_the_extension_as_it_is) {
+    Connect();
+    EXPECT_EQ(NextVideoName("MP4"), "M4V10001.MP4");
+    EXPECT_EQ(NextVideoName("MP4"), "M4V10001.MP4");
+}
+
 TEST_F(NextVideoNameTest, Fills_the_first_gap) {
     Connect();
     PutVideo("M4V10001.mp4");

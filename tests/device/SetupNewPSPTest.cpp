@@ -10,6 +10,7 @@ namespace tavel::test {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::Not;
 
@@ -36,8 +37,7 @@ TEST_F(SetupNewPSPTest, Makes_the_identity_file_of_a_fresh_stick_with_the_trimme
     PlugStick('e');
     EXPECT_TRUE(SetupNewPSP("e: [STICK]", "  My PSP "));
     EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"), "[Data]\r\nPSPName=My PSP\r\n");
-    EXPECT_THAT(calls, Not(Contains("RefreshPSPStatus")));
-    EXPECT_THAT(calls, Not(Contains("RefreshPSPCats")));
+    EXPECT_THAT(calls, IsEmpty()) << "nothing in the main window is refreshed";
 }
 
 TEST_F(SetupNewPSPTest, Asks_for_the_drive_then_connects_then_makes_the_file) {
@@ -47,12 +47,17 @@ TEST_F(SetupNewPSPTest, Asks_for_the_drive_then_connects_then_makes_the_file) {
     EXPECT_THAT(first, ElementsAre("GetDrive e:", "DriveExists e:", "GetDrive e:"));
     EXPECT_LT(PlaceOf("FileExists e:\\taveldatafile.tavel"),
               PlaceOf("FileExists e:\\TavelDataFile.tavel"));
-    EXPECT_LT(PlaceOf("FileExists e:\\TavelDataFile.tavel"),
-              PlaceOf("CreateTextFile e:\\TavelDataFile.tavel"));
+    const std::ptrdiff_t made = PlaceOf("CreateTextFile e:\\TavelDataFile.tavel");
+    EXPECT_LT(PlaceOf("FileExists e:\\TavelDataFile.tavel"), made);
+    // The name is written under the spelling of the making.
+    const std::vector<std::string> behind(files.calls.begin() + made + 1, files.calls.end());
+    EXPECT_THAT(behind, Contains(HasSubstr("TavelDataFile.tavel")));
+    EXPECT_THAT(behind, Not(Contains(HasSubstr("taveldatafile.tavel"))));
 }
 
 TEST_F(SetupNewPSPTest, Calls_a_fresh_stick_PSP_until_it_is_connected_again) {
     PlugStick('e');
+    sPSPName = "an earlier stick's";
     EXPECT_TRUE(SetupNewPSP("e:", "My PSP"));
     EXPECT_TRUE(bPSPConnected);
     EXPECT_EQ(sPSPName, "PSP");
@@ -76,6 +81,23 @@ TEST_F(SetupNewPSPTest, Changes_only_the_name_of_a_stick_that_is_marked) {
     EXPECT_FALSE(IsOn('e', "TavelDataFile.tavel"));
     EXPECT_THAT(files.calls, Not(Contains("CreateTextFile e:\\TavelDataFile.tavel")));
     EXPECT_EQ(sPSPName, "Old");
+}
+
+TEST_F(SetupNewPSPTest, Adds_the_name_to_a_file_that_has_titles_alone) {
+    PlugPSP('e');
+    Put('e', "TavelDataFile.tavel", "[video]\r\nM4V10001=The First\r\n");
+    EXPECT_TRUE(SetupNewPSP("e:", "New"));
+    EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"),
+              "[video]\r\nM4V10001=The First\r\n[Data]\r\nPSPName=New\r\n");
+}
+
+TEST_F(SetupNewPSPTest, Closes_though_the_name_could_not_be_written) {
+    PlugPSP('e');
+    SpoilIdentityFile();
+    EXPECT_TRUE(SetupNewPSP("e:", "New"));
+    EXPECT_THAT(calls, IsEmpty());
+    ConnectPSP("e:");
+    EXPECT_EQ(sPSPName, "PSP");
 }
 
 TEST_F(SetupNewPSPTest, Accepts_letter_a) {
@@ -102,6 +124,14 @@ TEST_F(SetupNewPSPTest, Stays_open_for_a_drive_that_has_gone_since_it_was_asked_
     boxes.Expect(notConnected, MsgBoxAnswer::OK);
     EXPECT_FALSE(SetupNewPSP("e:", "A"));
     EXPECT_FALSE(bPSPConnected);
+}
+
+TEST_F(SetupNewPSPTest, Stays_open_without_a_word_for_a_drive_that_goes_before_it_is_connected) {
+    PlugStick('e').operationsUntilGone = 2;  // GetDrive, DriveExists
+    EXPECT_FALSE(SetupNewPSP("e:", "A"));
+    EXPECT_THAT(calls, IsEmpty());
+    EXPECT_TRUE(bPSPConnected);
+    EXPECT_EQ(oPSPDrive, nullptr);
 }
 
 TEST_F(SetupNewPSPTest, Tells_of_a_drive_that_is_not_ready_and_the_next_tick_clears_the_flag) {

@@ -105,6 +105,35 @@ TEST_F(StatusPanelTest, Rounds_percents_to_one_decimal_with_ties_to_even) {
     EXPECT_EQ(panel.labFull, "87.8% Used");
 }
 
+TEST_F(StatusPanelTest, Does_not_round_the_used_percents_anew) {
+    const struct {
+        double freeSpace;
+        const char* labFull;
+    } rows[] = {{999'000'000, "0.09999847% Used"}, {991'000'000, "0.9000015% Used"}};
+    for (const auto& row : rows) {
+        ConnectWith(1'000'000'000, row.freeSpace);
+        UpdateStatusPanel(panel);
+        EXPECT_EQ(panel.labFull, row.labFull);
+    }
+}
+
+TEST_F(StatusPanelTest, Rounds_the_used_megabytes_to_two_decimals_and_the_total_to_one) {
+    const struct {
+        double totalSize, used;
+        const char *labFullSpace, *labEmptySpace;
+    } rows[] = {{1'000'000'000, 333'336'000, "333.34 Mb", "666.66 Mb"},
+                {1'000'000'000, 125'000, "0.12 Mb", "999.88 Mb"},  // ties go to the even digit
+                {1'000'000'000, 1'005'000, "1 Mb", "999 Mb"},
+                {1'250'000, 0, "0 Mb", "1.2 Mb"},
+                {1'040'000, 1'040'000, "1.04 Mb", "-0.03999996 Mb"}};  // a full stick
+    for (const auto& row : rows) {
+        ConnectWith(row.totalSize, row.totalSize - row.used);
+        UpdateStatusPanel(panel);
+        EXPECT_EQ(panel.labFullSpace, row.labFullSpace) << row.used;
+        EXPECT_EQ(panel.labEmptySpace, row.labEmptySpace) << row.used;
+    }
+}
+
 TEST_F(StatusPanelTest, Shows_at_most_seven_digits_of_the_single_difference) {
     ConnectWith(32'010'928'128, 31'010'918'128);
     UpdateStatusPanel(panel);
@@ -177,6 +206,43 @@ TEST_F(StatusPanelTest, Fails_when_the_connected_stick_has_gone_or_has_no_size) 
     EXPECT_EQ(FailureOf([&] { UpdateStatusPanel(panel); }), 71);
     files.Pull('e');
     EXPECT_NE(FailureOf([&] { UpdateStatusPanel(panel); }), 0);
+}
+
+TEST_F(StatusPanelTest, Has_merged_the_bar_and_told_the_name_when_the_figures_fail) {
+    ConnectWith(1'000'000'000, 400'000'000);
+    UpdateStatusPanel(panel);
+    sPSPName = "Ann's";
+    files.Pull('e');
+    EXPECT_EQ(FailureOf([&] { UpdateStatusPanel(panel); }), 68);
+    EXPECT_EQ(panel.labPSPStatus, "Ann's Connected");
+    EXPECT_FALSE(panel.bFiguresVisible);
+    EXPECT_FALSE(panel.bImgFullVisible);
+    ExpectBar(120, 6300, 120, 3780);
+}
+
+namespace {
+
+// Counts how often its figures are asked for.
+class CountingDrive : public Drive {
+  public:
+    mutable int totals = 0;
+    mutable int frees = 0;
+
+    std::string Path() const override { return "e:"; }
+    int DriveType() const override { return DriveRemovable; }
+    double TotalSize() const override { return ++totals, 1'000'000'000.0; }
+    double FreeSpace() const override { return ++frees, 400'000'000.0; }
+};
+
+}  // namespace
+
+TEST_F(StatusPanelTest, Reads_each_figure_again_at_each_use) {
+    const auto drive = std::make_shared<CountingDrive>();
+    oPSPDrive = drive;
+    bPSPConnected = true;
+    UpdateStatusPanel(panel);
+    EXPECT_EQ(drive->totals, 4);
+    EXPECT_EQ(drive->frees, 3);
 }
 
 TEST_F(StatusPanelTest, Reads_the_figures_anew_at_each_call) {

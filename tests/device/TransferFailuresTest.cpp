@@ -1,5 +1,6 @@
 #include "core/PublicStuff.h"
 #include "device/Browser.h"
+#include "device/Status.h"
 #include "device/Transfer.h"
 #include "device/TransferTestBase.h"
 #include "support/HostDrives.h"
@@ -13,6 +14,7 @@ namespace tavel::test {
 
 using ::testing::Contains;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 namespace fs = std::filesystem;
 
@@ -59,6 +61,15 @@ TEST_F(TransferFailuresTest, A_stick_pulled_in_a_chunked_copy_ends_the_run_at_th
     EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"), "");
     ExpectFinished();
     EXPECT_EQ(calls.back(), "RefreshPSPCats");
+}
+
+TEST_F(TransferFailuresTest, The_panels_figures_end_the_run_of_a_stick_that_goes_behind_the_tree) {
+    StatusPanel panel;
+    panels.onRefreshPSPCats = [&] { files.Pull('e'); };
+    panels.onRefreshPSPStatus = [&] { UpdateStatusPanel(panel); };
+    EXPECT_EQ(FailureOfSending({AddPhoto("Photo")}), 68);
+    ExpectFinished();
+    EXPECT_EQ(calls.back(), "RefreshPSPStatus");
 }
 
 TEST_F(TransferFailuresTest, A_stick_pulled_earlier_ends_the_run_at_the_first_folder_of_a_group) {
@@ -121,6 +132,41 @@ TEST_F(TransferFailuresTest, An_id_that_no_collection_holds_ends_the_run) {
         EXPECT_EQ(FailureOfSending({sID}), 5) << sID;
     }
     ExpectNotFinished();
+}
+
+TEST_F(TransferFailuresTest, A_member_of_another_kind_than_its_groups_ends_the_run) {
+    const std::string sPhoto = AddPhoto("P");
+    const std::string sTrack = AddTrack("T");
+    for (const std::string& sID : {AddMagazine("M", {sTrack}), AddAlbum("A", {AddVideo("V")}),
+                                   AddPlaylist("L", {sPhoto}), AddSeries("S", {sTrack})}) {
+        calls.clear();
+        EXPECT_EQ(FailureOfSending({sID}), 5) << sID;
+        EXPECT_THAT(calls, Not(Contains(StartsWith("CopyFile"))));
+        EXPECT_THAT(calls, Not(Contains(StartsWith("Create e:"))));
+    }
+}
+
+TEST_F(TransferFailuresTest, A_copy_that_wrote_nothing_leaves_a_title_and_its_number_free) {
+    const std::string sFirst = AddVideo("First");
+    const std::string sSecond = AddVideo("Second");
+    files.At('e').bytesUntilFull = 0;
+    TransferToPSP({sFirst});
+    EXPECT_TRUE(IsOn('e', "MP_ROOT/100MNV01/M4V10001.mp4"));
+    EXPECT_EQ(BytesOn('e', "MP_ROOT/100MNV01/M4V10001.mp4"), "");
+    EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"), "[video]\r\nM4V10001=First\r\n");
+
+    fs::remove_all(HostOf('e', "MP_ROOT"));
+    TransferToPSP({sFirst, sSecond});
+    EXPECT_FALSE(IsOn('e', "MP_ROOT"));
+    EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"), "[video]\r\nM4V10001=Second\r\n");
+    ExpectFinished();
+}
+
+TEST_F(TransferFailuresTest, A_title_that_cannot_be_written_is_passed_over) {
+    SpoilIdentityFile();
+    TransferToPSP({AddVideo("Film")});
+    EXPECT_EQ(BytesOn('e', "MP_ROOT/100MNV01/M4V10001.mp4"), "video");
+    ExpectFinished();
 }
 
 TEST_F(TransferFailuresTest, A_series_whose_count_was_never_assigned_ends_the_run) {

@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "device/Transfer.h"
 #include "device/TransferTestBase.h"
+#include "library/LibraryFile.h"
 
 #include <gmock/gmock.h>
 
@@ -84,19 +85,45 @@ TEST_F(TransferTest, Sends_the_thumbnail_of_a_video_behind_it_by_the_plain_copy)
     const std::string sID = AddVideo("The Film");
     temp.Write("lib/12.thm", "thumbnail");
     colVideo.Item(sID).sThumbPath = temp.DrivePath("lib/12.thm");
-    Put('e', "MP_ROOT/100MNV01/M4V10001.mp4", "taken");
+    colVideo.Item(sID).sFormat = "avi";
+    Put('e', "MP_ROOT/100MNV01/M4V10001.avi", "taken");
     Put('e', "MP_ROOT/100MNV01/M4V10002.thm", "left over");
-    bool bTitleKnown = true;
-    files.replaceRaw = [&](std::string_view, RawMode) -> std::unique_ptr<RawFile> {
-        bTitleKnown = BytesOn('e', "TavelDataFile.tavel") != "";
-        return nullptr;
-    };
     EXPECT_EQ(CallsOf(sID), Joined({{"labFile The Film", "labSubFile off", "frmCopy.Repaint"},
-                                    Chunked("e:\\MP_ROOT\\100MNV01\\M4V10002.mp4", "5"),
+                                    Chunked("e:\\MP_ROOT\\100MNV01\\M4V10002.avi", "5"),
                                     {"CopyFile e:\\MP_ROOT\\100MNV01\\M4V10002.THM"}}));
-    EXPECT_FALSE(bTitleKnown);
+    const auto isAbout = [](const char* file) {
+        return [file](const std::string& call) { return call.find(file) != std::string::npos; };
+    };
+    EXPECT_LT(std::find_if(files.calls.begin(), files.calls.end(), isAbout("M4V10002.THM")),
+              std::find_if(files.calls.begin(), files.calls.end(), isAbout("taveldatafile")));
     EXPECT_EQ(BytesOn('e', "MP_ROOT/100MNV01/M4V10002.thm"), "thumbnail");
     EXPECT_EQ(BytesOn('e', "TavelDataFile.tavel"), "[video]\r\nM4V10002=The Film\r\n");
+}
+
+TEST_F(TransferTest, Looks_for_a_thumbnail_in_the_record_alone_whatever_the_mode) {
+    const std::string sWith = AddVideo("With");
+    const std::string sWithout = AddVideo("Without");
+    temp.Write("lib/12.thm", "thumbnail");
+    colVideo.Item(sWith).sThumbPath = temp.DrivePath("lib/12.thm");
+    for (iVidThumbMode = 0; iVidThumbMode <= 4; ++iVidThumbMode) {
+        EXPECT_THAT(CallsOf(sWith), Contains(StartsWith("CopyFile"))) << iVidThumbMode;
+        EXPECT_THAT(CallsOf(sWithout), Not(Contains(StartsWith("CopyFile")))) << iVidThumbMode;
+    }
+}
+
+TEST_F(TransferTest, Names_files_and_folders_by_their_records_as_they_are) {
+    const std::string sLong(200, 'x');
+    for (const std::string& sName : {std::string("Dr. No & Co.\xC3\xA4\xC3\xB6"), sLong}) {
+        const std::string sPhoto = AddPhoto(sName);
+        const std::string sTrack = AddTrack(sName);
+        colPhoto.Item(sPhoto).sFormat = "JPG";
+        colMusic.Item(sTrack).sFormat = "M4A";
+        TransferToPSP({sPhoto, sTrack, AddAlbum(sName, {sPhoto}), AddPlaylist(sName, {sTrack})});
+        for (const std::string& sFolder : {std::string(), sName + "/"}) {
+            EXPECT_TRUE(IsOn('e', "PSP/PHOTO/" + sFolder + sName + ".JPG"));
+            EXPECT_TRUE(IsOn('e', "PSP/MUSIC/" + sFolder + sName + ".M4A"));
+        }
+    }
 }
 
 TEST_F(TransferTest, Sends_the_pages_of_magazines_and_albums_by_the_plain_copy) {
@@ -220,15 +247,9 @@ TEST_F(TransferTest, Copies_nothing_for_an_id_without_a_type_but_counts_it) {
     for (const char* sID : {"-1", "", "phx", "photo"}) {
         EXPECT_THAT(CallsOf(sID), IsEmpty()) << sID;
     }
-}
-
-TEST_F(TransferTest, Leaves_a_window_that_is_still_open_as_it_is) {
-    const std::string sID = AddPhoto("A");
-    TransferToPSP({sID});
-    const Calls first = calls;
-    calls.clear();
-    TransferToPSP({sID});
-    EXPECT_EQ(calls, first);
+    TransferToPSP({"phx", AddPhoto("A")});
+    EXPECT_TRUE(IsOn('e', "PSP/PHOTO/A.jpg"));
+    EXPECT_EQ(frmCopy.total.Value(), 2);
 }
 
 TEST_F(TransferTest, Shows_and_finishes_for_an_empty_list) {
@@ -241,6 +262,71 @@ TEST_F(TransferTest, Shows_and_finishes_for_an_empty_list) {
 TEST_F(TransferTest, Lets_no_window_event_run) {
     TransferToPSP({AddVideo("V"), AddAlbum("A", {AddPhoto("P")}), AddSeries("S", {"vd_V"})});
     EXPECT_THAT(calls, Not(Contains("Yield")));
+}
+
+TEST_F(TransferTest, Changes_nothing_in_the_library) {
+    const std::string sPhoto = AddPhoto("P");
+    const std::string sTrack = AddTrack("T");
+    const std::string sVideo = AddVideo("V");
+    temp.Write("lib/12.thm", "thumbnail");
+    colVideo.Item(sVideo).sThumbPath = temp.DrivePath("lib/12.thm");
+    const std::vector<std::string> sIDs = {sPhoto,
+                                           sTrack,
+                                           sVideo,
+                                           AddMagazine("M", {sPhoto}),
+                                           AddAlbum("A", {sPhoto}),
+                                           AddPlaylist("L", {sTrack}),
+                                           AddSeries("S", {sVideo})};
+    sDBFile = temp.DrivePath("db.txt");
+    const auto saved = [&] {
+        temp.Write("db.txt", "");
+        SaveDB();
+        return temp.Read("db.txt");
+    };
+    const std::string before = saved();
+    bDBChanged = false;
+    TransferToPSP(sIDs);
+    EXPECT_FALSE(bDBChanged);
+    EXPECT_EQ(saved(), before);
+}
+
+TEST_F(TransferTest, Does_not_ask_for_room_on_the_stick) {
+    files.At('e').freeSpace = 0;
+    TransferToPSP({AddVideo("V"), AddAlbum("A", {AddPhoto("P")}), "ph_P"});
+    for (const char* sFile :
+         {"MP_ROOT/100MNV01/M4V10001.mp4", "PSP/PHOTO/A/P.jpg", "PSP/PHOTO/P.jpg"}) {
+        EXPECT_TRUE(IsOn('e', sFile)) << sFile;
+    }
+}
+
+namespace {
+
+// A drive that gets another letter.
+class LetteredDrive : public Drive {
+  public:
+    std::string path = "e:";
+
+    std::string Path() const override { return path; }
+    int DriveType() const override { return DriveRemovable; }
+    double TotalSize() const override { return 1; }
+    double FreeSpace() const override { return 1; }
+};
+
+}  // namespace
+
+TEST_F(TransferTest, Asks_the_drive_for_its_path_at_each_item) {
+    PlugPSP('f');
+    const auto drive = std::make_shared<LetteredDrive>();
+    oPSPDrive = drive;
+    frmCopy.total.onValue = [&](float value) {
+        if (value == 1) drive->path = "f:";
+    };
+    TransferToPSP({AddPhoto("A"), AddPhoto("B"), AddAlbum("C", {"ph_A"}), AddVideo("D")});
+    EXPECT_TRUE(IsOn('e', "PSP/PHOTO/A.jpg"));
+    for (const char* sFile :
+         {"PSP/PHOTO/B.jpg", "PSP/PHOTO/C/A.jpg", "MP_ROOT/100MNV01/M4V10001.mp4"}) {
+        EXPECT_TRUE(IsOn('f', sFile)) << sFile;
+    }
 }
 
 }  // namespace tavel::test

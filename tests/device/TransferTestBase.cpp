@@ -29,10 +29,11 @@ std::string AddGroup(Collection<Class>& collection, const char* prefix, const st
 
 }  // namespace
 
-// The file is called by a number: what it is called on the stick comes from the record alone.
+// What the file is called on the stick comes from the record alone: neither name nor extension of
+// the source are the record's.
 void TransferTestBase::FillItem(Item& item, const std::string& sID, const std::string& sFormat,
                                 const std::string& bytes) const {
-    const std::string sFile = "lib/" + std::to_string(m_sources) + "." + sFormat;
+    const std::string sFile = "lib/" + std::to_string(m_sources) + ".bin";
     temp.Write(sFile, bytes);
     item.sDBID = sID;
     item.sFormat = sFormat;

@@ -22,6 +22,11 @@ void CopyWindowRecorder::ShowSubFile(bool bVisible) {
     m_calls.push_back(bVisible ? "labSubFile on" : "labSubFile off");
 }
 
+void DevicePanelsRecorder::RefreshPSPStatus() {
+    m_calls.push_back("RefreshPSPStatus");
+    onRefreshPSPStatus();
+}
+
 void DevicePanelsRecorder::RefreshPSPCats() {
     m_calls.push_back("RefreshPSPCats");
     onRefreshPSPCats();

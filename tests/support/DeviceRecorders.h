@@ -53,14 +53,15 @@ class CopyWindowRecorder : public Standing<CopyWindow> {
     Calls& m_calls;
 };
 
-// Does nothing but record, unless a test gives the rebuilding of the tree something to do.
+// Does nothing but record, unless a test gives it something to do.
 class DevicePanelsRecorder : public Standing<DevicePanels> {
   public:
     explicit DevicePanelsRecorder(Calls& calls) : m_calls(calls) {}
 
     std::function<void()> onRefreshPSPCats = [] {};
+    std::function<void()> onRefreshPSPStatus = [] {};
 
-    void RefreshPSPStatus() override { m_calls.push_back("RefreshPSPStatus"); }
+    void RefreshPSPStatus() override;
     void RefreshPSPCats() override;
     void ShowPSPCats(bool bShow) override;
 

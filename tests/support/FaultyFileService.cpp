@@ -207,7 +207,7 @@ void FaultyFileService::DeleteFile(std::string_view path, bool force) {
 }
 
 void FaultyFileService::CreateTextFile(std::string_view path, bool overwrite) {
-    Record("CreateTextFile " + std::string(path));
+    Record("CreateTextFile " + std::string(path) + (overwrite ? "" : " only if new"));
     const Mapped mapped = MapForChange(path);
     RequireNameAllowed(mapped);
     m_real.CreateTextFile(mapped.real, overwrite);

@@ -57,6 +57,22 @@ TEST_F(CopyWindows, is_on_the_screen_with_its_words_as_designed) {
     EXPECT_EQ(Find(Window(), "labFile").font().family(), QStringLiteral("Verdanda"));
 }
 
+TEST_F(CopyWindows, has_each_bar_below_its_words_and_leaves_other_windows_alone) {
+    Calls().ShowSubFile(true);
+    Calls().ShowFinish();
+    Calls().ShowOK();
+    Calls().Repaint();
+    int bottom = 0;
+    for (const char* name : {"Label1", "pgbCurr", "Label2", "pgbTotal", "labFile", "labSubFile",
+                             "labFinish", "cmdOK"}) {
+        const QRect place = Find(Window(), name).geometry();
+        EXPECT_GE(place.top(), bottom) << name;
+        bottom = place.bottom();
+    }
+    EXPECT_EQ(Find(Window(), "Label3").y(), Find(Window(), "labFile").y());
+    EXPECT_FALSE(Window().isModal());
+}
+
 TEST_F(CopyWindows, follows_the_transfer) {
     const QSize before = Window().size();
     Calls().SetFile("Holiday");
