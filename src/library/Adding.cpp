@@ -80,8 +80,8 @@ void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups,
             AddFolder(folder.Path, true, bMakeGroups, bOnlyNew, bNoYield);
             YieldUnless(bNoYield);
         }
-        // Files may have come and gone at the yields.
-        if (!bNoYield) contents = oFSO().GetFolder(sPath);
+        // Files may have come and gone meanwhile.
+        contents = oFSO().GetFolder(sPath);
     }
     for (const FileEntry& file : contents.Files) {
         if (bOnlyNew && IsFileInDB(file.Path)) continue;

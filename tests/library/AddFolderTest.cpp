@@ -1,6 +1,8 @@
 #include "library/Adding.h"
+#include "library/Groups.h"
 #include "library/LibraryFixture.h"
 #include "platform/Failure.h"
+#include "support/FaultyFileService.h"
 
 #include <filesystem>
 
@@ -57,6 +59,12 @@ TEST_F(AddFolderTest, Without_recursion_only_its_own_files_come) {
     EXPECT_EQ(PhotoNames(), Texts{"a"});
 }
 
+TEST_F(AddFolderTest, Hidden_subfolders_are_walked_too) {
+    Write("m/.sub/a.jpg", "x");
+    Add("m", {});
+    EXPECT_EQ(PhotoNames(), Texts{"a"});
+}
+
 TEST_F(AddFolderTest, It_yields_after_each_subfolder_and_each_file) {
     Write("m/a.jpg", "x");
     Write("m/b.jpg", "x");
@@ -79,8 +87,9 @@ TEST_F(AddFolderTest, Only_new_passes_over_what_is_in_the_library) {
     Calls expected{"Yield", "Yield"};  // the two comparisons with the library
     ExpectAdded(expected, "m\\b.jpg", false);
     EXPECT_EQ(windows.calls, expected);
-    Add("m", {.bOnlyNew = true});
-    EXPECT_EQ(colPhoto.Count(), 2);
+    Write("m/sub/c.jpg", "x");
+    for (int walk = 1; walk <= 2; ++walk) Add("m", {.bOnlyNew = true});
+    EXPECT_EQ(PhotoNames(), (Texts{"", "b", "c"}));
 }
 
 TEST_F(AddFolderTest, Without_only_new_every_file_gets_another_record) {
@@ -132,6 +141,19 @@ TEST_F(AddFolderTest, A_leaf_folder_of_two_types_adds_all_and_makes_no_group) {
     EXPECT_EQ(colPhoto.Count(), 2);
     EXPECT_EQ(colMusic.Count(), 1);
     EXPECT_EQ(colMagazine.Count() + colPlaylist.Count(), 0);
+}
+
+TEST_F(AddFolderTest, A_hidden_file_counts_for_the_type_of_its_folder_and_a_known_one_does_not) {
+    Write("hidden/.a.mp3", "x");
+    Write("hidden/b.jpg", "x");
+    Add("hidden", {.bMakeGroups = true});
+    EXPECT_EQ(colPhoto.Count(), 1);
+    EXPECT_EQ(colMagazine.Count(), 0);
+    Give(colMusic, "mu_a", Write("known/a.mp3", "x"));
+    Write("known/b.jpg", "x");
+    Add("known", {.bMakeGroups = true, .bOnlyNew = true});
+    ASSERT_EQ(colMagazine.Count(), 1);
+    EXPECT_EQ(MembersOf(colMagazine.Item(1)), Texts{colPhoto.Item(2).sDBID});
 }
 
 TEST_F(AddFolderTest, A_folder_with_subfolders_makes_no_group_of_its_own_files) {
@@ -222,6 +244,41 @@ TEST_F(AddFolderTest, Cancelling_ends_the_folder_in_which_it_is_noticed_and_no_o
     EXPECT_EQ(colMagazine.Item(1).sName, "two");
 }
 
+TEST_F(AddFolderTest, Cancelling_is_not_noticed_at_files_that_are_passed_over) {
+    Give(colPhoto, "ph_a", Write("m/a.jpg", "x"));
+    Write("m/b.txt", "x");
+    windows.add.exitChecked = true;
+    Add("m", {.bOnlyNew = true});
+    EXPECT_EQ(windows.calls, Calls{"Yield"});  // the comparison
+    EXPECT_TRUE(windows.add.exitChecked);
+}
+
+TEST_F(AddFolderTest, Cancelling_leaves_what_was_added_without_a_group) {
+    for (const char* name : {"m/a.jpg", "m/b.jpg", "m/c.jpg"}) Write(name, "x");
+    windows.events.onYield = [&] { windows.add.exitChecked = colPhoto.Count() == 2; };
+    Add("m", {.bMakeGroups = true, .bNoYield = false});
+    EXPECT_EQ(PhotoNames(), (Texts{"a", "b"}));
+    EXPECT_EQ(colMagazine.Count(), 0);
+    EXPECT_EQ(windows.calls.back(), "frmAdd.Unload");
+}
+
+TEST_F(AddFolderTest, Without_yields_a_cancel_comes_in_at_a_comparison_alone) {
+    windows.events.onYield = [&] { windows.add.exitChecked = true; };
+    Write("first/a.jpg", "x");
+    Add("first", {.bOnlyNew = true});  // nothing to compare with
+    Calls expected;
+    ExpectAdded(expected, "first\\a.jpg", false);
+    EXPECT_EQ(windows.calls, expected);
+    windows.calls.clear();
+    Write("second/b.jpg", "x");
+    Write("second/c.jpg", "x");
+    Add("second", {.bOnlyNew = true});
+    expected = {"Yield"};
+    ExpectAdded(expected, "second\\b.jpg", false);
+    expected.push_back("frmAdd.Unload");
+    EXPECT_EQ(windows.calls, expected);
+}
+
 TEST_F(AddFolderTest, The_grouping_option_is_looked_at_anew_in_each_folder) {
     Write("m/one/a.jpg", "x");
     Write("m/two/b.jpg", "x");
@@ -232,8 +289,52 @@ TEST_F(AddFolderTest, The_grouping_option_is_looked_at_anew_in_each_folder) {
     EXPECT_EQ(colMagazine.Item(1).sName, "two");
 }
 
-TEST_F(AddFolderTest, A_missing_folder_fails) {
+TEST_F(AddFolderTest, Its_files_are_those_that_are_there_once_its_subfolders_are_done) {
+    for (const bool bNoYield : {false, true}) {
+        ReleaseCollections();
+        Give(colPhoto, "ph_a");
+        Write("m/gone.jpg", "x");
+        std::filesystem::remove(temp.HostPath("m/new.jpg"));
+        Write("m/sub/a.jpg", "x");
+        windows.events.onYield = [&] {
+            std::filesystem::remove(temp.HostPath("m/gone.jpg"));
+            Write("m/new.jpg", "x");
+            windows.events.onYield = [] {};
+        };
+        Add("m", {.bOnlyNew = true, .bNoYield = bNoYield});
+        EXPECT_EQ(PhotoNames(), (Texts{"", "a", "new"}));
+    }
+}
+
+TEST_F(AddFolderTest, A_record_removed_at_a_yield_fails_only_when_a_group_is_made) {
+    windows.events.onYield = [] {
+        bool bDeleteFile = false;
+        RemoveItem(colPhoto.Item(1).sDBID, bDeleteFile);
+    };
+    Write("m/a.jpg", "x");
+    Write("m/b.jpg", "x");
+    Add("m", {.bNoYield = false});
+    EXPECT_EQ(colPhoto.Count(), 0);
+    EXPECT_EQ(FailureOf([&] { Add("m", {.bMakeGroups = true, .bNoYield = false}); }),
+              failure::InvalidProcedureCall);
+}
+
+TEST_F(AddFolderTest, A_folder_that_is_missing_or_cannot_be_read_fails) {
     EXPECT_EQ(FailureOf([&] { Add("none", {}); }), failure::PathNotFound);
+    FaultyFileService files;
+    UseFileService(&files);
+    Write("m/sub/a.jpg", "x");
+    files.FailOn("GetFolder " + temp.DrivePath("m\\sub"), failure::PermissionDenied);
+    EXPECT_EQ(FailureOf([&] { Add("m", {}); }), failure::PermissionDenied);
+    UseFileService(nullptr);
+}
+
+TEST_F(AddFolderTest, A_subfolder_that_vanishes_during_the_walk_fails) {
+    Write("m/sub/a.jpg", "x");
+    Write("m/zoo/b.jpg", "x");
+    windows.events.onYield = [&] { std::filesystem::remove_all(temp.HostPath("m/zoo")); };
+    EXPECT_EQ(FailureOf([&] { Add("m", {.bNoYield = false}); }), failure::PathNotFound);
+    EXPECT_EQ(PhotoNames(), Texts{"a"});
 }
 
 TEST_F(AddFolderTest, A_file_that_vanishes_during_the_walk_fails) {

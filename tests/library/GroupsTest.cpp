@@ -57,8 +57,24 @@ TEST_F(Groups, Making_one_links_both_sides) {
 }
 
 TEST_F(Groups, Making_one_sets_the_working_reference) {
-    const std::string sID = MakeGroup({"ph_a"}, "Summer", mtPhotoAlbum);
-    EXPECT_EQ(curPhotoAlbum, &colPhotoAlbum.Item(sID));
+    for (const Kind& kind : Kinds) {
+        const std::string sID = MakeGroup({kind.a}, "Summer", kind.group);
+        const Group* current[] = {curMagazine, curPhotoAlbum, curVidSeries, curPlaylist};
+        EXPECT_EQ(current[&kind - Kinds], &GroupOf(kind.group, sID)) << kind.group;
+    }
+}
+
+TEST_F(Groups, Making_one_refreshes_the_tree_behind_the_links) {
+    class Tree : public Standing<CategoryTree> {
+      public:
+        void RefreshCats() override {
+            links = MembersOf(colMagazine.Item(1)).back() + " " +
+                    std::to_string(colPhoto.Item("ph_b").iNoGroups);
+        }
+        std::string links;
+    } tree;
+    MakeGroup({"ph_a", "ph_b"}, "Summer", mtMagazine);
+    EXPECT_EQ(tree.links, "ph_b 1");
 }
 
 TEST_F(Groups, One_of_one_item_has_one_entry) {
@@ -66,6 +82,8 @@ TEST_F(Groups, One_of_one_item_has_one_entry) {
     EXPECT_EQ(magazine.iPages, 1);
     EXPECT_EQ(magazine.Get_sPageID(0), "ph_a");
     EXPECT_EQ(FailureOf([&] { magazine.Get_sPageID(1); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([] { colPhoto.Item("ph_a").Get_sGroups(1); }),
+              failure::SubscriptOutOfRange);
 }
 
 TEST_F(Groups, An_item_keeps_its_groups_in_the_order_of_their_making) {
@@ -102,7 +120,8 @@ TEST_F(Groups, Making_one_of_another_type_only_makes_an_id_and_refreshes) {
     const std::string sPath = Write("abcde.jpg", "x");
     EXPECT_EQ(GetDBIDType(MakeGroup({"ph_a"}, sPath, mtVideo)), mtVideo);
     EXPECT_EQ(windows.calls, Calls{"RefreshCats"});
-    MakeGroup({"ph_a"}, "Summer", 6);
+    EXPECT_EQ(MakeGroup({"ph_a"}, "Summer", 6), "_");
+    EXPECT_EQ(windows.calls, (Calls{"RefreshCats", "RefreshCats"}));
     EXPECT_EQ(GroupsOfItem("ph_a"), Texts{});
     EXPECT_EQ(colMagazine.Count() + colPhotoAlbum.Count(), 0);
 }
@@ -110,7 +129,9 @@ TEST_F(Groups, Making_one_of_another_type_only_makes_an_id_and_refreshes) {
 TEST_F(Groups, Adding_puts_the_new_ones_last_and_links_them) {
     for (const Kind& kind : Kinds) {
         const std::string sID = MakeGroup({kind.a}, "Summer", kind.group);
+        windows.calls.clear();
         AddToGroup({kind.b, kind.c}, sID);
+        EXPECT_EQ(windows.calls, Calls{});
         EXPECT_EQ(Members(sID), (Texts{kind.a, kind.b, kind.c}));
         EXPECT_EQ(GroupsOfItem(kind.c).back(), sID);
     }
@@ -133,6 +154,14 @@ TEST_F(Groups, Adding_members_alone_changes_nothing) {
     EXPECT_EQ(Members(sID), (Texts{"ph_a", "ph_b"}));
     const Magazine& magazine = colMagazine.Item(sID);
     EXPECT_EQ(FailureOf([&] { magazine.Get_sPageID(2); }), failure::SubscriptOutOfRange);
+}
+
+TEST_F(Groups, An_id_in_another_case_is_no_member_and_finds_its_item) {
+    const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
+    EXPECT_FALSE(IsInGroup("PH_A", sID));
+    AddToGroup({"PH_A"}, sID);
+    EXPECT_EQ(Members(sID), (Texts{"ph_a", "PH_A"}));
+    EXPECT_EQ(GroupsOfItem("ph_a"), (Texts{sID, sID}));
 }
 
 TEST_F(Groups, Adding_to_what_is_no_group_does_nothing) {
@@ -191,16 +220,44 @@ TEST_F(Groups, Removing_an_item_from_one_of_its_groups_leaves_the_others_in_orde
 
 TEST_F(Groups, Removing_works_for_each_kind) {
     for (const Kind& kind : Kinds) {
+        ReleaseCollections();
+        for (const std::string& sID : {kind.a, kind.b}) {
+            Give(colPhoto, sID);
+            Give(colVideo, sID);
+            Give(colMusic, sID);
+        }
         const std::string sID = MakeGroup({kind.a, kind.b}, "Summer", kind.group);
+        windows.calls.clear();
         RemoveFromGroup(kind.a, sID);
         EXPECT_EQ(Members(sID), Texts{kind.b});
+        EXPECT_EQ(GroupsOfItem(kind.a), Texts{});
+        EXPECT_EQ(GroupsOfItem(kind.b), Texts{sID});
+        RemoveFromGroup(kind.b, sID);
+        const Group& group = GroupOf(kind.group, sID);
+        EXPECT_EQ(group.Count(), 0);
+        EXPECT_EQ(group.Get_sMemberID(0), kind.b);
+        EXPECT_EQ(windows.calls, Calls{});
     }
 }
 
-TEST_F(Groups, Removing_takes_the_last_of_equal_members) {
+TEST_F(Groups, Removing_takes_the_last_of_equal_entries_on_both_sides) {
     const std::string sID = MakeGroup({"ph_a", "ph_b", "ph_a", "ph_c"}, "Summer", mtMagazine);
     RemoveFromGroup("ph_a", sID);
     EXPECT_EQ(Members(sID), (Texts{"ph_a", "ph_b", "ph_c"}));
+    const std::string sOther = MakeGroup({"ph_a"}, "Other", mtMagazine);
+    Photo& photo = colPhoto.Item("ph_a");
+    photo.Redim_sGroups(2, true);
+    photo.Set_sGroups(2, sID);
+    photo.iNoGroups = 3;
+    RemoveFromGroup("ph_a", sID);
+    EXPECT_EQ(GroupsOfItem("ph_a"), (Texts{sID, sOther}));
+}
+
+TEST_F(Groups, Removing_fails_on_ids_that_lead_nowhere) {
+    EXPECT_EQ(FailureOf([] { RemoveFromGroup("ph_a", "ma_x"); }), failure::InvalidProcedureCall);
+    const std::string sID = MakeGroup({"ph_a", "ph_b"}, "Summer", mtMagazine);
+    EXPECT_EQ(FailureOf([&] { RemoveFromGroup("ph_x", sID); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(Members(sID), Texts{"ph_b"});
 }
 
 TEST_F(Groups, Removing_what_is_no_member_takes_the_first_on_both_sides) {
@@ -223,12 +280,21 @@ TEST_F(Groups, Removing_the_last_member_leaves_its_entry_behind_a_count_of_0) {
     EXPECT_EQ(colPhoto.Item("ph_a").Get_sGroups(0), sID);
 }
 
-TEST_F(Groups, An_emptied_group_takes_in_another_item) {
-    const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
-    RemoveFromGroup("ph_a", sID);
-    AddToGroup({"ph_b"}, sID);
-    EXPECT_EQ(Members(sID), Texts{"ph_b"});
-    EXPECT_EQ(GroupsOfItem("ph_b"), Texts{sID});
+TEST_F(Groups, An_emptied_group_takes_in_others_and_skips_its_old_item_while_that_entry_stands) {
+    const struct {
+        Texts added;
+        Texts members;
+    } rows[] = {{{"ph_b"}, {"ph_b"}},
+                {{"ph_b", "ph_c"}, {"ph_b", "ph_c"}},
+                {{"ph_a", "ph_b"}, {"ph_b"}},
+                {{"ph_b", "ph_a"}, {"ph_b", "ph_a"}}};
+    for (const auto& row : rows) {
+        const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
+        RemoveFromGroup("ph_a", sID);
+        AddToGroup(row.added, sID);
+        EXPECT_EQ(Members(sID), row.members);
+        EXPECT_EQ(GroupsOfItem("ph_b").back(), sID);
+    }
 }
 
 TEST_F(Groups, An_emptied_group_fails_on_the_item_that_it_held_last) {

@@ -1,4 +1,5 @@
 #include "library/Groups.h"
+#include "library/Identifiers.h"
 #include "library/LibraryFixture.h"
 #include "platform/Failure.h"
 
@@ -66,6 +67,46 @@ TEST_F(RemoveItemTest, An_item_of_one_group_leaves_it) {
     EXPECT_EQ(colMagazine.Item(sID).iPages, 0);  // an emptied group stays
 }
 
+TEST_F(RemoveItemTest, Each_kind_of_item_leaves_its_group_and_goes_with_its_file) {
+    const struct {
+        const char* sID;
+        const char* other;
+        MediaType group;
+    } rows[] = {{"ph_a", "ph_b", mtPhotoAlbum},
+                {"ph_c", "ph_b", mtMagazine},
+                {"vd_a", "vd_b", mtVidSeries},
+                {"mu_a", "mu_b", mtPlaylist}};
+    for (const auto& row : rows) {
+        const auto type = static_cast<MediaType>(GetMediaClass(row.group));
+        ItemOf(type, row.sID).sPath = Write(row.sID, "x");
+        const std::string sGroupID = MakeGroup({row.sID, row.other}, "Summer", row.group);
+        EXPECT_TRUE(Remove(row.sID, true));
+        EXPECT_EQ(MembersOf(GroupOf(row.group, sGroupID)), Texts{row.other});
+        EXPECT_EQ(FailureOf([&] { ItemOf(type, row.sID); }), failure::InvalidProcedureCall);
+        EXPECT_FALSE(IsThere(row.sID));
+    }
+}
+
+TEST_F(RemoveItemTest, An_item_whose_group_is_missing_fails_and_stays) {
+    Photo& photo = colPhoto.Item("ph_a");
+    photo.iNoGroups = 1;
+    photo.Redim_sGroups(0, false);
+    photo.Set_sGroups(0, "ma_gone");
+    EXPECT_EQ(FailureOf([] { Remove("ph_a"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(GroupsOf(colPhoto.Item("ph_a")), Texts{"ma_gone"});
+    EXPECT_FALSE(bDBChanged);
+}
+
+TEST_F(RemoveItemTest, A_group_whose_member_is_missing_fails_and_stays_without_it) {
+    const std::string sID = MakeGroup({"ph_a", "ph_b"}, "Summer", mtMagazine);
+    colPhoto.Remove("ph_a");
+    bool bDeleteFile = true;
+    EXPECT_EQ(FailureOf([&] { RemoveItem(sID, bDeleteFile); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(MembersOf(colMagazine.Item(sID)), Texts{"ph_b"});
+    EXPECT_TRUE(bDeleteFile);
+    EXPECT_FALSE(bDBChanged);
+}
+
 TEST_F(RemoveItemTest, An_item_of_two_groups_fails_with_the_first_unlinked) {
     const std::string sFirst = MakeGroup({"ph_a", "ph_b"}, "First", mtMagazine);
     const std::string sSecond = MakeGroup({"ph_a", "ph_b"}, "Second", mtMagazine);
@@ -93,8 +134,14 @@ TEST_F(RemoveItemTest, Groups_that_give_their_first_member_go_cleanly_at_any_siz
                 {mtPlaylist, {"mu_a", "mu_b"}}};
     for (const auto& row : rows) {
         bDBChanged = false;
+        for (const std::string& sItemID : row.members)
+            ItemOf(static_cast<MediaType>(GetMediaClass(row.type)), sItemID).sPath =
+                Write(sItemID, "x");
         const std::string sID = MakeGroup(row.members, "Summer", row.type);
+        windows.calls.clear();
         EXPECT_FALSE(Remove(sID, true));
+        for (const std::string& sItemID : row.members) EXPECT_TRUE(IsThere(sItemID)) << sItemID;
+        EXPECT_EQ(windows.calls, Calls{});
         EXPECT_EQ(FailureOf([&] { GroupOf(row.type, sID); }), failure::InvalidProcedureCall);
         EXPECT_TRUE(bDBChanged);
     }
@@ -136,13 +183,28 @@ TEST_F(RemoveItemTest, An_album_of_two_pages_fails_with_the_first_unlinked) {
 }
 
 TEST_F(RemoveItemTest, An_empty_group_goes) {
-    for (const MediaType type : {mtMagazine, mtPhotoAlbum}) {
-        const std::string sID = MakeGroup({"ph_a"}, "Summer", type);
-        RemoveFromGroup("ph_a", sID);
+    const struct {
+        MediaType type;
+        const char* member;
+    } rows[] = {
+        {mtMagazine, "ph_a"}, {mtPhotoAlbum, "ph_a"}, {mtVidSeries, "vd_a"}, {mtPlaylist, "mu_a"}};
+    for (const auto& row : rows) {
+        const std::string sID = MakeGroup({row.member}, "Summer", row.type);
+        RemoveFromGroup(row.member, sID);
         Remove(sID);
+        EXPECT_EQ(FailureOf([&] { GroupOf(row.type, sID); }), failure::InvalidProcedureCall);
     }
-    EXPECT_EQ(colMagazine.Count() + colPhotoAlbum.Count(), 0);
     EXPECT_TRUE(bDBChanged);
+}
+
+TEST_F(RemoveItemTest, A_thumbnail_stays_whatever_goes) {
+    colVideo.Item("vd_a").sThumbPath = Write("a.THM", "x");
+    const std::string sID = MakeGroup({"vd_a", "vd_b"}, "Series", mtVidSeries);
+    RemoveFromGroup("vd_a", sID);
+    AddToGroup({"vd_a"}, sID);
+    Remove(sID, true);
+    EXPECT_TRUE(IsThere("a.THM"));
+    EXPECT_EQ(colVideo.Item("vd_a").sThumbPath, temp.DrivePath("a.THM"));
 }
 
 TEST_F(RemoveItemTest, A_removed_record_is_no_working_reference_any_more) {
