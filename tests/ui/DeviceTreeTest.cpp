@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "device/Discovery.h"
 #include "ui/support/MainWindow.h"
+#include "ui/support/Questions.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -30,6 +31,30 @@ class DeviceTreeTest : public MainWindowTest {
         prompts.ExpectMsgBox(confirmText, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, confirmTitle);
         Pick({"mnuPSPRMB", "mnuPSPDel"});
     }
+
+    void AddVideos(std::initializer_list<const char*> numbers) {
+        for (const std::string number : numbers) temp.Write(VideoFile(number), "video");
+    }
+    static std::string VideoFile(const std::string& number) {
+        return "stick/MP_ROOT/100MNV01/M4V1000" + number + ".mp4";
+    }
+
+    // What the rows are each time that a list is painted.
+    class RowsWhenPainted : public QObject {
+      public:
+        explicit RowsWhenPainted(ListView& list) : m_list(list) {
+            list.viewport()->installEventFilter(this);
+        }
+        std::vector<std::string> rows;
+
+        bool eventFilter(QObject* watched, QEvent* event) override {
+            if (event->type() == QEvent::Paint) rows.push_back(RowsOf(m_list));
+            return QObject::eventFilter(watched, event);
+        }
+
+      private:
+        ListView& m_list;
+    };
 
     std::string Text(const char* label) { return Find<QLabel>(Main(), label).text().toStdString(); }
 };
@@ -110,6 +135,16 @@ TEST_F(DeviceTreeTest, a_known_video_shows_its_title_and_an_unknown_one_its_numb
     EXPECT_EQ(RowsOf(grdItems()), "Holiday|M4V10002");
 }
 
+TEST_F(DeviceTreeTest, a_row_says_Loading_while_the_stick_is_read) {
+    Open();
+    ClickPSP("musicall");
+    RowsWhenPainted painted(grdItems());
+    ClickPSP("videoall");
+    ASSERT_FALSE(painted.rows.empty());
+    EXPECT_EQ(painted.rows.front(), "Loading...");
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
+}
+
 TEST_F(DeviceTreeTest, rows_of_the_device_are_not_taken_as_the_selection) {
     Open();
     ClickPSP("videoall");
@@ -127,9 +162,7 @@ TEST_F(DeviceTreeTest, a_right_click_on_a_row_of_the_device_opens_its_menu_alone
 }
 
 TEST_F(DeviceTreeTest, deleting_rows_2_and_4_of_5_leaves_the_others) {
-    for (const char* number : {"2", "3", "4", "5"}) {
-        temp.Write(std::string("stick/MP_ROOT/100MNV01/M4V1000") + number + ".mp4", "video");
-    }
+    AddVideos({"2", "3", "4", "5"});
     temp.Write("stick/MP_ROOT/100MNV01/M4V10004.THM", "thumb");
     Open();
     ClickPSP("videoall");
@@ -142,6 +175,75 @@ TEST_F(DeviceTreeTest, deleting_rows_2_and_4_of_5_leaves_the_others) {
     EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10004.THM"), "");
     EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10003.mp4"), "video");
     EXPECT_EQ(Text("labEmpty"), "50% Free");
+}
+
+TEST_F(DeviceTreeTest, a_deletion_that_fails_has_removed_the_rows_and_files_after_it) {
+    AddVideos({"2", "3"});
+    Open();
+    ClickPSP("videoall");
+    ClickRow(1);
+    ClickRow(3, Qt::ShiftModifier);
+    std::filesystem::remove(temp.HostPath(VideoFile("2")));
+    files.At('e').freeSpace = 500'000'000;
+    EXPECT_EQ(FatalOf([&] { DeleteRow(1); }), failure::FileNotFound);
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001|M4V10002");
+    EXPECT_EQ(temp.Read(VideoFile("3")), "");
+    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
+    EXPECT_EQ(Text("labEmpty"), "40% Free");  // not refreshed
+}
+
+TEST_F(DeviceTreeTest, a_deletion_after_the_device_has_gone_widens_the_hidden_bar) {
+    Open();
+    ClickPSP("videoall");
+    // The poll takes a stick without its identity file for gone; its files can still be deleted.
+    std::filesystem::remove(temp.HostPath("stick/TavelDataFile.tavel"));
+    PollPSP();
+    QWidget& bar = Find(Main(), "imgEmpty");
+    EXPECT_EQ(bar.width(), 420);
+    DeleteRow(1);
+    EXPECT_EQ(temp.Read(VideoFile("1")), "");
+    EXPECT_EQ(bar.width(), 420 + 252);
+    temp.Write("stick/TavelDataFile.tavel", "[Data]\r\nPSPName=Pocket\r\n");
+    files.At('e').freeSpace = 500'000'000;
+    PollPSP();
+    EXPECT_EQ(bar.geometry().right() + 1, (120 + 10080) / 15);
+}
+
+TEST_F(DeviceTreeTest, the_Delete_key_acts_on_the_librarys_selection_and_fails_at_the_row) {
+    AddPhotosWithFiles();
+    Open();
+    ClickPSP("videoall");
+    ClickRow(1);
+    const auto pressDelete = [&] {
+        prompts.ExpectMsgBox(fromComputer, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+        QTest::keyClick(&grdItems(), Qt::Key_Delete);
+    };
+    EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);
+    EXPECT_EQ(colPhoto.Count(), 4);
+
+    ClickNode("photoall");
+    ClickRow(2);
+    ClickPSP("videoall");
+    ClickRow(1);
+    EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);
+    EXPECT_FALSE(colPhoto.Has("ph_b"));
+    EXPECT_FALSE(FileIsThere("b"));
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
+    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
+}
+
+TEST_F(DeviceTreeTest, a_label_edit_changes_no_record_and_raises_bDBChanged) {
+    Open();
+    ClickPSP("videoall");
+    ClickRow(1);
+    Find<QAction>(Main(), "mnuRename").trigger();
+    auto* editor = grdItems().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, QStringLiteral("New"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    RunEvents();
+    EXPECT_TRUE(bDBChanged);
+    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
 }
 
 TEST_F(DeviceTreeTest, deleting_the_last_file_of_a_group_leaves_its_folder_and_node) {

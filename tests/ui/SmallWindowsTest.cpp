@@ -120,6 +120,7 @@ TEST_F(SmallWindows, the_logs_list_follows_the_width_of_its_window_and_nothing_e
 TEST_F(SmallWindows, Adding_shows_the_path_that_it_is_given) {
     AddCalls().Show();
     EXPECT_TRUE(Add().isVisible());
+    EXPECT_FALSE(Add().isModal());
     EXPECT_EQ(FromQString(Add().windowTitle()), "Adding to DB");
     EXPECT_EQ(TextOf(Add(), "Label2"), "Adding:-");
     EXPECT_EQ(CaptionOf(Add(), "cmdCancel"), "Cancel");

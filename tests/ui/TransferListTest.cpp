@@ -1,6 +1,10 @@
 #include "core/PublicStuff.h"
 #include "support/DeviceRecorders.h"
+#include "ui/main/UpCalls.h"
+#include "ui/main/frmCopy.h"
 #include "ui/support/MainWindow.h"
+#include "ui/support/Questions.h"
+#include "ui/toolkit/Strings.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -36,6 +40,11 @@ class TransferListTest : public MainWindowTest {
                              MsgBoxAnswer::OK);
     }
 
+    QImage IconOf(Long row) {
+        const QVariant icon = grdSync().model()->index(row - 1, 0).data(Qt::DecorationRole);
+        return icon.value<QIcon>().pixmap(16).toImage();
+    }
+
     void ChooseView(const char* key) {
         QMenu& views = *Find<QToolButton>(Main(), "view").menu();
         QTest::mouseClick(
@@ -57,9 +66,16 @@ TEST_F(TransferListTest, a_row_has_the_icon_of_its_type_and_the_name) {
     const struct {
         const char* id;
         const char* name;
-    } entries[] = {{"mu_a", "Song - Singer"}, {"mu_b", "Hum - "},     {"ph_a", "Beach"},
-                   {"vd_a", "Film"},          {"vs_a", "Group vs_a"}, {"pa_a", "Group pa_a"},
-                   {"ma_a", "Group ma_a"},    {"pl_", "Group pl_"}};
+        const char* icon;
+    } entries[] = {{"mu_a", "Song - Singer", ":/artwork/icons/t5.png"},
+                   {"mu_b", "Hum - ", ":/artwork/icons/t5.png"},
+                   {"ph_a", "Beach", ":/artwork/icons/t0.png"},
+                   {"vd_a", "Film", ":/artwork/icons/t3.png"},
+                   {"vs_a", "Group vs_a", ":/artwork/icons/t4.png"},
+                   {"pa_a", "Group pa_a", ":/artwork/icons/t2.png"},
+                   {"ma_a", "Group ma_a", ":/artwork/icons/t1.png"},
+                   {"pl_", "Group pl_", ":/artwork/icons/t8.png"}};
+    std::vector<QImage> images;
     Long row = 0;
     for (const auto& entry : entries) {
         window.AddToTransferList(entry.id);
@@ -67,10 +83,30 @@ TEST_F(TransferListTest, a_row_has_the_icon_of_its_type_and_the_name) {
         EXPECT_EQ(grdSync().Key(row), std::string("ID") + entry.id);
         EXPECT_EQ(grdSync().Cell(row, 0), "");
         EXPECT_EQ(grdSync().Cell(row, 1), entry.name);
-        const auto icon =
-            grdSync().model()->index(row - 1, 0).data(Qt::DecorationRole).value<QIcon>();
-        EXPECT_FALSE(icon.pixmap(16).isNull()) << entry.id;
+        const QImage image = IconOf(row);
+        EXPECT_EQ(image, QIcon(QLatin1String(entry.icon)).pixmap(16).toImage()) << entry.id;
+        if (std::find(images.begin(), images.end(), image) == images.end()) {
+            images.push_back(image);
+        }
     }
+    EXPECT_EQ(images.size(), 7U);  // one of each type
+}
+
+TEST_F(TransferListTest, both_lists_have_a_column_for_the_icon_and_one_for_the_name) {
+    Open();
+    for (const char* name : {"grdSync", "grdAutoSync"}) {
+        auto& list = Find<ListView>(Main(), name);
+        const auto caption = [&](int column) {
+            return list.model()->headerData(column, Qt::Horizontal, Qt::DisplayRole).toString();
+        };
+        EXPECT_EQ(list.model()->columnCount(), 2);
+        EXPECT_EQ(caption(0), QString()) << name;
+        EXPECT_EQ(caption(1), QStringLiteral("Item")) << name;
+        EXPECT_EQ(list.ColumnWidth("icon"), 300) << name;
+    }
+    EXPECT_EQ(grdSync().ColumnWidth("item"), 3015 - 300);
+    EXPECT_EQ(Find<ListView>(Main(), "grdAutoSync").ColumnWidth("item"),
+              ListView::DefaultColumnWidth);
 }
 
 TEST_F(TransferListTest, an_id_that_can_not_be_added_is_passed_over_without_a_word) {
@@ -99,6 +135,27 @@ TEST_F(TransferListTest, adding_a_video_twice_gives_one_row_and_one_message_each
     ExpectAlreadyThere();
     Pick({"mnuRMB", "mnuAddToTransfer"});
     EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_b=Clip;");
+    ExpectAlreadyThere();
+    ExpectAlreadyThere();
+    RightClickRow(1);
+    Pick({"mnuRMB", "mnuAddToTransfer"});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_b=Clip;");
+}
+
+TEST_F(TransferListTest, a_listed_id_whose_record_has_gone_is_passed_over_without_a_word) {
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    colVideo.Remove("vd_a");
+    window.AddToTransferList("vd_a");
+    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+}
+
+TEST_F(TransferListTest, a_drop_adds_the_selected_ids_in_their_order) {
+    frmMain& window = Open();
+    ClickNode("videoall");
+    window.sSelected = {"vd_c", "vd_a"};
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_c=Trailer;IDvd_a=Film;");
 }
 
 TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
@@ -122,6 +179,8 @@ TEST_F(TransferListTest, a_row_dragged_without_a_click_carries_the_former_select
 }
 
 TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_question) {
+    temp.Write("beach.jpg", "a picture");
+    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
     frmMain& window = Open();
     for (const char* id : {"vd_a", "vd_b", "vd_c", "ph_a"}) window.AddToTransferList(id);
     ClickRow(grdSync(), 2);
@@ -129,7 +188,8 @@ TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_qu
     QTest::keyClick(&grdSync(), Qt::Key_Backspace);
     QTest::keyClick(&grdSync(), Qt::Key_Delete);
     EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_c=Trailer;");
-    EXPECT_EQ(colVideo.Count(), 3);
+    EXPECT_EQ(colVideo.Count() + colPhoto.Count(), 4);
+    EXPECT_EQ(temp.Read("beach.jpg"), "a picture");
     EXPECT_FALSE(bDBChanged);
 }
 
@@ -142,9 +202,11 @@ TEST_F(TransferListTest, FormSyncList_gives_the_ids_in_list_order) {
 }
 
 TEST_F(TransferListTest, sending_an_empty_list_does_nothing) {
+    MessageBoxesRecorder boxes(calls);
     Open();
+    calls.clear();
     Click(Main(), "cmdSend");
-    EXPECT_TRUE(prompts.AllAsked());
+    EXPECT_TRUE(calls.empty());
 }
 
 TEST_F(TransferListTest, sending_without_a_PSP_says_so_and_Clear_List_empties_the_list) {
@@ -158,12 +220,30 @@ TEST_F(TransferListTest, sending_without_a_PSP_says_so_and_Clear_List_empties_th
     EXPECT_EQ(Queue(), "");
 }
 
-TEST_F(TransferListTest, a_deleted_record_stays_on_the_list) {
+TEST_F(TransferListTest, what_is_deleted_from_the_library_stays_on_the_list) {
+    AddSeries("vs_a", {"vd_b"});
     frmMain& window = Open();
-    window.AddToTransferList("vd_a");
-    colVideo.Remove("vd_a");
-    window.RefreshCats();
-    EXPECT_EQ(Queue(), "IDvd_a=Film;");
+    for (const char* id : {"vd_a", "vd_c", "vs_a", "ph_a"}) window.AddToTransferList(id);
+    const std::string queue = Queue();
+    const auto expectYes = [&](const QString& question) {
+        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+    };
+    ClickNode("videoall");
+    RightClickRow(1);
+    expectYes(fromDB);
+    Pick({"mnuRMB", "mnuRemoveTop", "mnuRemoveDB"});
+    ClickNode("videoseries");
+    RightClickRow(1);
+    expectYes(theGroup);
+    Pick({"mnuRMB", "mnuDelGroup"});
+    temp.Write("beach.jpg", "a picture");
+    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
+    ClickNode("photoall");
+    ClickRow(1);
+    expectYes(fromComputer);
+    QTest::keyClick(&grdItems(), Qt::Key_Delete);
+    EXPECT_EQ(colVideo.Count() + colVidSeries.Count() + colPhoto.Count(), 2);
+    EXPECT_EQ(Queue(), queue);
 }
 
 TEST_F(TransferListTest, the_view_button_shows_the_one_list_or_the_other) {
@@ -172,13 +252,19 @@ TEST_F(TransferListTest, the_view_button_shows_the_one_list_or_the_other) {
     auto& toolbar = Find(window, "tbrRightView");
     auto& autoSync = Find<ListView>(window, "grdAutoSync");
     EXPECT_EQ(button.text(), QStringLiteral("Transfer View"));
-    const int right = window.Layout().tbrRightView.Left + window.Layout().tbrRightView.Width;
+    std::string views;
+    for (const QAction* entry : button.menu()->actions()) {
+        views += FromQString(entry->objectName() + QLatin1Char('=') + entry->text()) + ";";
+    }
+    EXPECT_EQ(views, "sync=Transfer View;auto=AutoSync View;");
+    const auto right = [&] { return toolbar.x() + toolbar.width(); };
+    EXPECT_EQ(right(), 14610 / 15);
     QTimer::singleShot(0, &window, [&] { ChooseView("auto"); });
     QTest::mouseClick(&button, Qt::LeftButton);
     EXPECT_EQ(button.text(), QStringLiteral("AutoSync View"));
     EXPECT_FALSE(grdSync().isVisible());
     EXPECT_TRUE(autoSync.isVisible());
-    EXPECT_EQ(window.Layout().tbrRightView.Left + window.Layout().tbrRightView.Width, right);
+    EXPECT_EQ(right(), 14610 / 15);
     EXPECT_EQ(toolbar.width(), button.width());
     EXPECT_EQ(button.width(), button.sizeHint().width());
 
@@ -197,24 +283,55 @@ TEST_F(TransferListTest, the_view_button_shows_the_one_list_or_the_other) {
     EXPECT_EQ(button.text(), QStringLiteral("Transfer View"));
     EXPECT_TRUE(grdSync().isVisible());
     EXPECT_FALSE(autoSync.isVisible());
+    EXPECT_EQ(right(), 14610 / 15);
+}
+
+TEST_F(TransferListTest, the_view_button_is_called_View_until_the_load) {
+    frmMain designed;
+    EXPECT_EQ(Find<QToolButton>(designed, "view").text(), QStringLiteral("View"));
 }
 
 TEST_F(TransferListTest, ExpandSyncGrid_moves_the_controls) {
     InstallPictures();
     frmMain& window = Open();
     auto& imgThumb = Find<QLabel>(window, "imgThumb");
+    iVidThumbMode = 2;
+    window.LoadThumbnail("multi");
     window.ExpandSyncGrid(false);
     EXPECT_EQ(grdSync().height(), 4185 / 15);
     EXPECT_EQ(Find(window, "cmdSend").y(), 4365 / 15);
     EXPECT_EQ(Find(window, "cmdClear").y(), 4365 / 15);
     EXPECT_TRUE(imgThumb.isVisible());
     EXPECT_EQ(imgThumb.pos(), QPoint(11880 / 15, 4920 / 15));
-    EXPECT_FALSE(imgThumb.pixmap(Qt::ReturnByValue).isNull());
-    window.ExpandSyncGrid(true);
-    EXPECT_EQ(grdSync().height(), 6000 / 15);
-    EXPECT_EQ(Find(window, "cmdSend").y(), 6240 / 15);
-    EXPECT_FALSE(imgThumb.isVisible());
+    EXPECT_EQ(imgThumb.pixmap(Qt::ReturnByValue).width(), NoThumbWidth);
+    for (int time = 1; time <= 2; ++time) {
+        window.ExpandSyncGrid(true);
+        EXPECT_EQ(grdSync().height(), 6000 / 15);
+        EXPECT_EQ(Find(window, "cmdSend").y(), 6240 / 15);
+        EXPECT_EQ(Find(window, "cmdClear").y(), 6240 / 15);
+        EXPECT_FALSE(imgThumb.isVisible());
+    }
     EXPECT_EQ(Find(window, "grdAutoSync").height(), 4095 / 15);
+}
+
+TEST_F(TransferListTest, no_timer_ticks_while_the_list_is_sent) {
+    WireUpCalls();
+    const AppWindowsRecorder noRealEnd(calls);
+    PlugStick();
+    temp.Write("film.mp4", std::string(100'000, 'x'));
+    colVideo.Item("vd_a").sPath = temp.DrivePath("film.mp4");
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    auto& tmrPSP = Find<QTimer>(window, "tmrPSP");
+    int ticks = 0;
+    QObject::connect(&tmrPSP, &QTimer::timeout, &window, [&] { ++ticks; });
+    tmrPSP.start(0);
+    Find<QPushButton>(window, "cmdSend").click();
+    EXPECT_EQ(ticks, 0);
+    EXPECT_TRUE(Find(SingleWindow<frmCopy>::Get(), "labFinish").isVisible());
+    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4").size(), 100'000U);
+    RunEvents();
+    EXPECT_GT(ticks, 0);
 }
 
 TEST_F(TransferListTest, sending_copies_the_list_and_keeps_it_and_refreshes_the_device_tree) {
