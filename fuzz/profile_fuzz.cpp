@@ -1,8 +1,10 @@
 // Feeds a profile file of any bytes, and edits of any names and values, to the profile's parser.
 // The input is a file and, behind "%%", edits: section, key and value, each ended by byte 1F.
 
+#include "platform/ProfileLines.h"
 #include "platform/ProfileText.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -62,7 +64,7 @@ std::string Plain(std::string_view value) {
     return plain;
 }
 
-Value Read(const ProfileText& profile, const Edit& place) {
+Value Read(ProfileText& profile, const Edit& place) {
     const std::optional<std::string_view> value = profile.Value(place.section, place.key);
     return value ? Value(*value) : Value();
 }
@@ -76,7 +78,7 @@ std::vector<Edit> Places(const std::vector<Edit>& edits) {
     return places;
 }
 
-std::vector<Value> ReadAll(const ProfileText& profile, const std::vector<Edit>& places) {
+std::vector<Value> ReadAll(ProfileText& profile, const std::vector<Edit>& places) {
     std::vector<Value> values;
     for (const Edit& place : places) values.push_back(Read(profile, place));
     return values;
@@ -118,9 +120,38 @@ void Apply(ProfileText& profile, const Edit& edit, const std::vector<Edit>& plac
         const bool isTarget = isWritten && IsSamePlace(places[i], edit);
         Check(isTarget || before[i] == after[i], "another value changed");
     }
-    const ProfileText again(bytes);
+    ProfileText again(bytes);
     Check(ReadAll(again, places) == after, "the file reads otherwise than the memory");
     Check(again.Bytes() == bytes, "reading changed bytes");
+}
+
+// The edits of the first edit's section, each key once, in one go and one by one.
+void ApplyTogether(std::string_view file, const std::vector<Edit>& edits) {
+    if (edits.empty()) return;
+    const std::string_view section = edits.front().section;
+    ProfileText single{std::string(file)};
+    ProfileText whole{std::string(file)};
+    tavel::ProfileLines lines;
+    std::vector<Edit> added;
+    for (Edit edit : edits) {
+        edit.section = section;
+        edit.key = WithoutBlanks(edit.key);
+        const auto isSame = [&](const Edit& other) { return IsSamePlace(edit, other); };
+        const bool isTwice = std::find_if(added.begin(), added.end(), isSame) != added.end();
+        if (isTwice || !tavel::CanBeKey(edit.key)) continue;
+        added.push_back(edit);
+        lines.Add(edit.key, edit.value);
+    }
+    for (int round = 0; round < 2; ++round) {
+        for (const Edit& edit : added) single.Write(section, edit.key, edit.value);
+        whole.Write(section, lines);
+        Check(whole.Bytes() == single.Bytes(), "in one go is not what one by one is");
+        Check(ReadAll(whole, added) == ReadAll(single, added), "values read otherwise");
+        if (added.empty()) return;
+        single.Write(section, added.front().key, "changed");
+        whole.Write(section, added.front().key, "changed");
+        Check(whole.Bytes() == single.Bytes(), "an edit behind it is another");
+    }
 }
 
 }  // namespace
@@ -133,5 +164,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     ProfileText profile{std::string(file)};
     Check(profile.Bytes() == file, "reading changed bytes");
     for (const Edit& edit : edits) Apply(profile, edit, places);
+    ApplyTogether(file, edits);
     return 0;
 }

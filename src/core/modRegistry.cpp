@@ -55,6 +55,19 @@ Long ReadGuarded(std::string_view root, std::string_view section, std::string_vi
     }
 }
 
+template <class Write>
+Long WriteGuarded(std::string_view root, Write&& write) {
+    try {
+        const Long rootKey = GetRootKey(root);
+        if (rootKey == NothingToActOn) return StatusAtStart;
+        if (rootKey != ProfileMode) return RegistryKeyNotFound;
+        write();
+        return 0;
+    } catch (const Failure&) {
+        return StatusAtStart;
+    }
+}
+
 }  // namespace
 
 Long GetRootKey(std::string_view name) {
@@ -77,15 +90,13 @@ Long ReadValue(std::string_view root, std::string_view section, std::string_view
 
 Long WriteValue(std::string_view root, std::string_view section, std::string_view key,
                 std::string_view kind, std::string_view value) {
-    try {
-        const Long rootKey = GetRootKey(root);
-        if (rootKey == NothingToActOn) return StatusAtStart;
-        if (rootKey != ProfileMode) return RegistryKeyNotFound;
+    return WriteGuarded(root, [&] {
         if (IsText(kind)) WritePrivateProfileString(section, key, value, root);
-        return 0;
-    } catch (const Failure&) {
-        return StatusAtStart;
-    }
+    });
+}
+
+Long WriteValues(std::string_view root, std::string_view section, const ProfileLines& lines) {
+    return WriteGuarded(root, [&] { WritePrivateProfileLines(section, lines, root); });
 }
 
 }  // namespace tavel

@@ -2,44 +2,44 @@
 #include "core/modRegistry.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
+#include "platform/ProfileLines.h"
 #include "platform/ProfileService.h"
 
 namespace tavel {
 
 namespace {
 
+// One numbered section. What has been written to it goes to the file at its end, by failure too.
 class SectionWriter {
   public:
-    // Moves on to the next numbered section; fails with 6 when an Integer counts no further.
-    void Next() {
-        m_number = ToInteger(m_number + 1);
-        m_name = std::to_string(m_number);
+    SectionWriter(Integer number, ProfileLines& lines) : m_number(number), m_lines(lines) {
+        m_lines.Clear();
     }
-    Integer Number() const { return m_number; }
+    ~SectionWriter() { WriteValues(sDBFile, std::to_string(m_number), m_lines); }
+    SectionWriter(const SectionWriter&) = delete;
+    SectionWriter& operator=(const SectionWriter&) = delete;
 
-    void Write(std::string_view key, std::string_view value) const {
-        WriteValue(sDBFile, m_name, key, "s", value);
-    }
-    void Write(std::string_view key, Long value) const { Write(key, std::to_string(value)); }
+    void Write(std::string_view key, std::string_view value) { m_lines.Add(key, value); }
+    void Write(std::string_view key, Long value) { Write(key, std::to_string(value)); }
 
   private:
-    Integer m_number = 0;
-    std::string m_name;
+    const Integer m_number;
+    ProfileLines& m_lines;
 };
 
-void WriteHead(const SectionWriter& section, const Record& record, MediaType type) {
+void WriteHead(SectionWriter& section, const Record& record, MediaType type) {
     section.Write("ID", record.sDBID);
     section.Write("Name", record.sName);
     section.Write("Type", Long{type});
 }
 
-void WriteGroupsOf(const SectionWriter& section, const Item& item) {
+void WriteGroupsOf(SectionWriter& section, const Item& item) {
     section.Write("NoOfGroups", Long{item.iNoGroups});
     for (Integer i = 0; i < item.iNoGroups; ++i)
         section.Write("group" + std::to_string(i), item.Get_sGroups(i));
 }
 
-void Write(const SectionWriter& section, const Photo& photo) {
+void Write(SectionWriter& section, const Photo& photo) {
     WriteHead(section, photo, mtPhoto);
     section.Write("Path", photo.sPath);
     section.Write("Format", photo.sFormat);
@@ -49,7 +49,7 @@ void Write(const SectionWriter& section, const Photo& photo) {
     WriteGroupsOf(section, photo);
 }
 
-void Write(const SectionWriter& section, const Music& music) {
+void Write(SectionWriter& section, const Music& music) {
     WriteHead(section, music, mtMusic);
     section.Write("Path", music.sPath);
     section.Write("Size", music.iSize);
@@ -59,7 +59,7 @@ void Write(const SectionWriter& section, const Music& music) {
     WriteGroupsOf(section, music);
 }
 
-void Write(const SectionWriter& section, const Video& video) {
+void Write(SectionWriter& section, const Video& video) {
     WriteHead(section, video, mtVideo);
     section.Write("Path", video.sPath);
     section.Write("Format", video.sFormat);
@@ -68,7 +68,7 @@ void Write(const SectionWriter& section, const Video& video) {
     WriteGroupsOf(section, video);
 }
 
-void WriteGroup(const SectionWriter& section, const Group& group, MediaType type,
+void WriteGroup(SectionWriter& section, const Group& group, MediaType type,
                 std::string_view countKey) {
     WriteHead(section, group, type);
     const Integer iCount = group.Count();
@@ -76,26 +76,28 @@ void WriteGroup(const SectionWriter& section, const Group& group, MediaType type
     for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Get_sMemberID(i));
 }
 
-void Write(const SectionWriter& section, const Magazine& magazine) {
+void Write(SectionWriter& section, const Magazine& magazine) {
     WriteGroup(section, magazine, mtMagazine, "NoOfPages");
 }
 
-void Write(const SectionWriter& section, const PhotoAlbum& album) {
+void Write(SectionWriter& section, const PhotoAlbum& album) {
     WriteGroup(section, album, mtPhotoAlbum, "NoOfPages");
 }
 
-void Write(const SectionWriter& section, const VidSeries& series) {
+void Write(SectionWriter& section, const VidSeries& series) {
     WriteGroup(section, series, mtVidSeries, "NoOfEpisodes");
 }
 
-void Write(const SectionWriter& section, const Playlist& playlist) {
+void Write(SectionWriter& section, const Playlist& playlist) {
     WriteGroup(section, playlist, mtPlaylist, "NoOfTracks");
 }
 
+// `number` is that of the last section written.
 template <class T>
-void WriteAll(SectionWriter& section, const Collection<T>& collection) {
+void WriteAll(Integer& number, ProfileLines& lines, const Collection<T>& collection) {
     for (Long i = 1; i <= collection.Count(); ++i) {
-        section.Next();
+        number = ToInteger(number + 1);
+        SectionWriter section(number, lines);
         Write(section, collection.Item(i));
     }
 }
@@ -104,15 +106,16 @@ void WriteAll(SectionWriter& section, const Collection<T>& collection) {
 
 void SaveDB() {
     const ProfileBatch batch(sDBFile);
-    SectionWriter section;
-    WriteAll(section, colPhoto);
-    WriteAll(section, colMusic);
-    WriteAll(section, colVideo);
-    WriteAll(section, colMagazine);
-    WriteAll(section, colPhotoAlbum);
-    WriteAll(section, colVidSeries);
-    WriteAll(section, colPlaylist);
-    WriteValue(sDBFile, "DB", "NoOfItems", "s", std::to_string(section.Number()));
+    ProfileLines lines;
+    Integer n = 0;
+    WriteAll(n, lines, colPhoto);
+    WriteAll(n, lines, colMusic);
+    WriteAll(n, lines, colVideo);
+    WriteAll(n, lines, colMagazine);
+    WriteAll(n, lines, colPhotoAlbum);
+    WriteAll(n, lines, colVidSeries);
+    WriteAll(n, lines, colPlaylist);
+    WriteValue(sDBFile, "DB", "NoOfItems", "s", std::to_string(n));
 }
 
 }  // namespace tavel

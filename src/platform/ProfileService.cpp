@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "platform/FileService.h"
 #include "platform/ProfileFile.h"
+#include "platform/ProfileLines.h"
 #include "platform/ProfileText.h"
 #include "platform/Text.h"
 
@@ -117,9 +118,14 @@ struct Look {
     Document* const document;
 };
 
-std::string_view WithoutBlanksAfter(std::string_view text) {
-    const std::size_t last = text.find_last_not_of(" \t");
-    return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+template <class Change>
+bool Edit(std::string_view path, Change&& change) {
+    const Look look(path);
+    if (look.document == nullptr || !change(*look.document->text)) return false;
+    if (look.isInBatch) return true;
+    if (!Save(*look.loaded, path)) return false;
+    Keep(look.loaded);
+    return true;
 }
 
 }  // namespace
@@ -150,12 +156,12 @@ unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, in
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, std::string_view path) {
-    const Look look(path);
-    if (look.document == nullptr || !look.document->text->Write(section, key, value)) return false;
-    if (look.isInBatch) return true;
-    if (!Save(*look.loaded, path)) return false;
-    Keep(look.loaded);
-    return true;
+    return Edit(path, [&](ProfileText& text) { return text.Write(section, key, value); });
+}
+
+bool WritePrivateProfileLines(std::string_view section, const ProfileLines& lines,
+                              std::string_view path) {
+    return Edit(path, [&](ProfileText& text) { return text.Write(section, lines); });
 }
 
 ProfileBatch::ProfileBatch(std::string_view path) {

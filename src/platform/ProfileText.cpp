@@ -1,5 +1,7 @@
 #include "platform/ProfileText.h"
 
+#include "platform/ProfileLines.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -10,66 +12,10 @@ namespace {
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view newLine = "\r\n";
 
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
-bool IsQuote(char c) { return c == '"' || c == '\''; }
-
-std::string_view WithoutBlanksBefore(std::string_view text) {
-    std::size_t blanks = 0;
-    while (blanks < text.size() && IsBlank(text[blanks])) ++blanks;
-    return text.substr(blanks);
-}
-
-std::string_view WithoutBlanksAfter(std::string_view text) {
-    std::size_t size = text.size();
-    while (size > 0 && IsBlank(text[size - 1])) --size;
-    return text.substr(0, size);
-}
-
-// Of blanks alone the beginning is left, so that a value goes directly behind its "=".
-std::string_view WithoutBlanks(std::string_view text) {
-    return WithoutBlanksBefore(WithoutBlanksAfter(text));
-}
-
-bool IsQuoted(std::string_view value) {
-    return value.size() >= 2 && IsQuote(value.front()) && value.front() == value.back();
-}
-
-std::string_view AsRead(std::string_view stored) {
-    const std::size_t end = stored.find('\0');
-    if (end != std::string_view::npos) stored = WithoutBlanksAfter(stored.substr(0, end));
-    return IsQuoted(stored) ? stored.substr(1, stored.size() - 2) : stored;
-}
-
-bool NeedsQuotes(std::string_view value) {
-    if (value.empty()) return false;
-    return IsBlank(value.front()) || IsBlank(value.back()) || IsQuoted(value);
-}
-
-// Looks at all of it: without a way out of the loop it runs over many bytes at a time.
-bool IsOneLine(std::string_view value) {
-    bool isBroken = false;
-    for (const char c : value) isBroken |= c == '\0' || IsLineBreak(c);
-    return !isBroken;
-}
-
-std::string OnOneLine(std::string_view value) {
-    value = value.substr(0, value.find('\0'));
-    std::string line;
-    for (std::size_t i = 0; i < value.size(); ++i) {
-        line.push_back(IsLineBreak(value[i]) ? ' ' : value[i]);
-        if (value.substr(i, newLine.size()) == newLine) ++i;
-    }
-    return line;
-}
-
-bool CanBeFoundAgain(std::string_view name) {
-    if (name.empty() || name.front() == ';' || name.front() == '[') return false;
-    return IsOneLine(name) && name.find('=') == std::string_view::npos;
-}
 
 bool CanBeSection(std::string_view name) {
-    return CanBeFoundAgain(name) && name.find(']') == std::string_view::npos;
+    return CanBeKey(name) && name.find(']') == std::string_view::npos;
 }
 
 // Walks over lines. The next LF is remembered, so that a file without any is searched only once.
@@ -106,6 +52,28 @@ bool EndsUnfinished(std::string_view bytes) {
     return bytes.size() > SizeOfMark(bytes) && !IsLineBreak(bytes.back());
 }
 
+// True when both hold the same keys in the same order and to put `after` in the place of `before`
+// leaves what stands around changed values as it was.
+bool DifferOnlyInValues(std::string_view before, std::string_view after) {
+    LineReader old(before, 0);
+    LineReader fresh(after, 0);
+    while (!old.AtEnd() && !fresh.AtEnd()) {
+        const std::size_t start = old.Next();
+        const std::string_view oldLine = old.Take();
+        const std::string_view line = fresh.Take();
+        if (before.substr(start + oldLine.size(), old.Next() - start - oldLine.size()) != newLine) {
+            return false;
+        }
+        if (oldLine == line) continue;
+        const std::size_t equals = line.find('=');
+        if (oldLine.substr(0, equals + 1) != line.substr(0, equals + 1)) return false;
+        const std::string_view oldValue = oldLine.substr(equals + 1);
+        if (WithoutBlanks(oldValue) != oldValue) return false;
+        if (ValueAsRead(oldValue) == ValueAsRead(line.substr(equals + 1))) return false;
+    }
+    return old.AtEnd() && fresh.AtEnd();
+}
+
 }  // namespace
 
 ProfileText::ProfileText(std::string bytes) : m_read(std::move(bytes)) { Parse(); }
@@ -133,6 +101,7 @@ std::uint32_t ProfileText::ParseHeader(std::string_view line, std::uint32_t next
     section.name = name;
     section.firstKey = section.endKey = static_cast<std::uint32_t>(m_keys.size());
     section.insertAt = nextLine;
+    section.body = std::string_view(m_read).substr(nextLine, 0);
     return AddSection(section);
 }
 
@@ -141,11 +110,13 @@ void ProfileText::ParseKey(std::string_view line, std::uint32_t section, std::ui
     if (equals == std::string_view::npos) return;
     const std::string_view name = WithoutBlanksAfter(line.substr(0, equals));
     if (name.empty()) return;
-    m_sections[section].insertAt = nextLine;
+    Section& owner = m_sections[section];
+    owner.insertAt = nextLine;
+    owner.body = {owner.body.data(),
+                  static_cast<std::size_t>(m_read.data() + nextLine - owner.body.data())};
     if (FindKey(section, name) != None) return;
     const std::string_view value = WithoutBlanks(line.substr(equals + 1));
-    m_sections[section].endKey =
-        AddKey(m_sections[section].keyNames, name, value, Origin::Read) + 1;
+    owner.endKey = AddKey(owner.keyNames, name, value, Origin::Read) + 1;
 }
 
 std::uint32_t ProfileText::AddKey(NameTable::Group& group, std::string_view name,
@@ -158,26 +129,25 @@ std::uint32_t ProfileText::AddKey(NameTable::Group& group, std::string_view name
     return index;
 }
 
-std::uint32_t ProfileText::FindSection(std::string_view name) const {
-    if (m_lastSection != None && SameName(m_sections[m_lastSection].name, name)) {
-        return m_lastSection;
-    }
-    const std::uint32_t found =
-        m_names.Find(m_sectionNames, HashOfName(name),
-                     [&](std::uint32_t index) { return SameName(m_sections[index].name, name); });
+std::uint32_t ProfileText::FindSection(std::string_view name) {
+    const auto isNamed = [&](std::uint32_t index) {
+        return SameName(m_sections[index].name, name);
+    };
+    if (m_lastSection != None && isNamed(m_lastSection)) return m_lastSection;
+    const std::uint32_t next = m_lastSection + 1;
+    if (next < m_sections.size() && isNamed(next)) return m_lastSection = next;
+    const std::uint32_t found = m_names.Find(m_sectionNames, HashOfName(name), isNamed);
     if (found != None) m_lastSection = found;
     return found;
 }
 
-std::uint32_t ProfileText::FindKey(std::uint32_t section, std::string_view name) const {
+std::uint32_t ProfileText::FindKey(std::uint32_t section, std::string_view name) {
+    if (!m_sections[section].unlisted.empty()) ListKeys(section);
+    const auto isNamed = [&](std::uint32_t index) { return SameName(m_keys[index].Name(), name); };
     const Section& owner = m_sections[section];
     const std::uint32_t next = m_lastKey + 1;
-    if (next >= owner.firstKey && next < owner.endKey && SameName(m_keys[next].Name(), name)) {
-        return m_lastKey = next;
-    }
-    const std::uint32_t found =
-        m_names.Find(owner.keyNames, HashOfName(name),
-                     [&](std::uint32_t index) { return SameName(m_keys[index].Name(), name); });
+    if (next >= owner.firstKey && next < owner.endKey && isNamed(next)) return m_lastKey = next;
+    const std::uint32_t found = m_names.Find(owner.keyNames, HashOfName(name), isNamed);
     if (found != None) m_lastKey = found;
     return found;
 }
@@ -189,37 +159,70 @@ std::uint32_t ProfileText::AddSection(const Section& section) {
     return m_lastSection = index;
 }
 
-std::optional<std::string_view> ProfileText::Value(std::string_view section,
-                                                   std::string_view key) const {
+std::optional<std::string_view> ProfileText::Value(std::string_view section, std::string_view key) {
     const std::uint32_t inSection = FindSection(section);
     if (inSection == None) return std::nullopt;
     const std::uint32_t found = FindKey(inSection, WithoutBlanks(key));
     if (found == None) return std::nullopt;
-    return AsRead(m_keys[found].Value());
+    return ValueAsRead(m_keys[found].Value());
 }
 
 bool ProfileText::Write(std::string_view section, std::string_view key, std::string_view value) {
     key = WithoutBlanks(key);
+    std::string room;
+    value = ValueAsStored(value, room);
     std::uint32_t inSection = FindSection(section);
     const std::uint32_t found = inSection == None ? None : FindKey(inSection, key);
-    if (found != None && AsRead(m_keys[found].Value()) == value) return true;
-    if (found == None && !CanBeFoundAgain(key)) return false;
-    if (inSection == None && !CanBeSection(section)) return false;
-
-    std::string changed;
-    if (!IsOneLine(value)) {
-        value = changed = OnOneLine(value);
-        if (found != None && AsRead(m_keys[found].Value()) == value) return true;
-    }
-    if (NeedsQuotes(value)) value = changed = '"' + std::string(value) + '"';
-    m_isChanged = true;
     if (found != None) {
+        if (ValueAsRead(m_keys[found].Value()) == ValueAsRead(value)) return true;
+        m_isChanged = m_sections[inSection].isEdited = true;
         Replace(found, value);
         return true;
     }
+    if (!CanBeKey(key) || (inSection == None && !CanBeSection(section))) return false;
     if (inSection == None) inSection = AppendSection(section);
+    m_isChanged = m_sections[inSection].isEdited = true;
     AppendKey(inSection, key, value);
     return true;
+}
+
+bool ProfileText::Write(std::string_view section, const ProfileLines& lines) {
+    if (lines.Bytes().empty()) return true;
+    const std::uint32_t inSection = FindSection(section);
+    if (inSection == None) {
+        if (!CanBeSection(section)) return false;
+        m_isChanged = true;
+        Section& added = m_sections[AppendSection(section)];
+        added.body = added.unlisted = Kept(lines.Bytes());
+        return true;
+    }
+    Section& present = m_sections[inSection];
+    if (!present.isEdited) {
+        if (present.body == lines.Bytes()) return true;
+        if (DifferOnlyInValues(present.body, lines.Bytes())) {
+            PutInPlaceOfBody(present, lines.Bytes());
+            return true;
+        }
+    }
+    for (LineReader reader(lines.Bytes(), 0); !reader.AtEnd();) {
+        const std::string_view line = reader.Take();
+        const std::size_t equals = line.find('=');
+        Write(section, line.substr(0, equals), ValueAsRead(line.substr(equals + 1)));
+    }
+    return true;
+}
+
+// What stands in the read bytes goes, and the lines are new ones of the section.
+void ProfileText::PutInPlaceOfBody(Section& section, std::string_view lines) {
+    if (!section.isNew && !section.isBodyNew) {
+        const auto at = static_cast<std::uint32_t>(section.body.data() - m_read.data());
+        m_replaced.push_back({None, at, static_cast<std::uint32_t>(section.body.size())});
+    }
+    section.body = section.unlisted = Kept(lines);
+    section.isBodyNew = m_isChanged = true;
+    section.keyNames = {};
+    section.firstKey = section.endKey = 0;
+    section.firstNew = section.lastNew = None;
 }
 
 std::string_view ProfileText::Kept(std::string_view text) {
@@ -254,12 +257,22 @@ void ProfileText::AppendKey(std::uint32_t section, std::string_view name, std::s
     *equals = '=';
     char* const end = std::copy(value.begin(), value.end(), equals + 1);
     std::copy(newLine.begin(), newLine.end(), end);
+    AddNewLine(section, {line, name.size()}, {equals + 1, value.size()});
+}
 
+void ProfileText::AddNewLine(std::uint32_t section, std::string_view name, std::string_view value) {
     Section& owner = m_sections[section];
-    const std::uint32_t index =
-        AddKey(owner.keyNames, {line, name.size()}, {equals + 1, value.size()}, Origin::NewLine);
+    const std::uint32_t index = AddKey(owner.keyNames, name, value, Origin::NewLine);
     (owner.lastNew == None ? owner.firstNew : m_keys[owner.lastNew].nextNew) = index;
     owner.lastNew = index;
+}
+
+void ProfileText::ListKeys(std::uint32_t section) {
+    for (LineReader reader(std::exchange(m_sections[section].unlisted, {}), 0); !reader.AtEnd();) {
+        const std::string_view line = reader.Take();
+        const std::size_t equals = line.find('=');
+        AddNewLine(section, line.substr(0, equals), line.substr(equals + 1));
+    }
 }
 
 // Passes the read bytes on, with the replaced values in their places, and what is put between.
@@ -277,7 +290,7 @@ class ProfileText::Output {
         const std::string_view read = m_text.m_read;
         for (; m_next != m_replaced.end() && m_next->at <= place; ++m_next) {
             Put(read.substr(m_done, m_next->at - m_done));
-            Put(m_text.m_keys[m_next->key].Value());
+            if (m_next->key != None) Put(m_text.m_keys[m_next->key].Value());
             m_done = m_next->at + m_next->size;
         }
         Put(read.substr(m_done, place - m_done));
@@ -313,7 +326,7 @@ void ProfileText::Tell(const Sink& sink) const {
     Output output(*this, sink);
     bool endIsUnfinished = EndsUnfinished(m_read);
     for (const Section& section : m_sections) {
-        if (section.firstNew == None) continue;
+        if (section.firstNew == None && section.unlisted.empty()) continue;
         output.CopyUpTo(section.insertAt);
         const bool isAtEnd = section.insertAt == m_read.size();
         if (isAtEnd && std::exchange(endIsUnfinished, false)) output.Put(newLine);
@@ -329,6 +342,7 @@ void ProfileText::PutNew(const Section& section, Output& output) const {
         output.Put(section.name);
         output.Put("]\r\n");
     }
+    output.Put(section.unlisted);
     for (std::uint32_t i = section.firstNew; i != None; i = m_keys[i].nextNew) {
         const Key& key = m_keys[i];
         if (key.origin == Origin::NewLine) {

@@ -14,6 +14,8 @@
 
 namespace tavel {
 
+class ProfileLines;
+
 // The bytes of a profile file with its keys looked up and edited in memory; no file is touched.
 // Any bytes are a profile. A line ends at CR LF, LF or CR; a first visible character ";" makes it
 // a comment, "[" a header up to the first "]", anything else with a name before a "=" a key. Only
@@ -31,7 +33,7 @@ class ProfileText {
 
     // The value as it reads: without the blanks around it, then without one pair of equal quotes.
     // A NUL ends it. Blanks around `key` do not count. The view is good until the next Write.
-    std::optional<std::string_view> Value(std::string_view section, std::string_view key) const;
+    std::optional<std::string_view> Value(std::string_view section, std::string_view key);
 
     // Replaces the value in place, or puts the new key behind the last key of its section, or a
     // new section at the end; a value that reads the same already changes nothing. A NUL ends the
@@ -40,6 +42,9 @@ class ProfileText {
     // again: empty ones, those with "=" or a line break or a NUL, those that begin with ";" or "[",
     // and sections with "]".
     bool Write(std::string_view section, std::string_view key, std::string_view value);
+
+    // As Write of each of the lines' keys in their order. False only for a section's name.
+    bool Write(std::string_view section, const ProfileLines& lines);
 
     // True when Write has changed something since the last MarkSaved.
     bool IsChanged() const { return m_isChanged; }
@@ -55,6 +60,8 @@ class ProfileText {
 
     struct Section {
         std::string_view name;
+        std::string_view body;      // from behind its header to behind its last key
+        std::string_view unlisted;  // a new section's body whose keys nobody has asked for yet
         NameTable::Group keyNames;
         std::uint32_t firstKey = 0;  // its keys that the read bytes hold, to endKey
         std::uint32_t endKey = 0;
@@ -62,6 +69,8 @@ class ProfileText {
         std::uint32_t firstNew = None;
         std::uint32_t lastNew = None;
         bool isNew = false;
+        bool isBodyNew = false;
+        bool isEdited = false;  // the body is no longer what it holds
     };
 
     // Where a key's value is: in the read bytes, in a whole new line, or kept by itself.
@@ -79,7 +88,7 @@ class ProfileText {
         Origin origin;
     };
 
-    // What the read bytes hold in the place of a key's present value.
+    // What the read bytes hold in the place of a key's present value, or with no key, what goes.
     struct Replaced {
         std::uint32_t key;
         std::uint32_t at;
@@ -91,11 +100,14 @@ class ProfileText {
     void Parse();
     std::uint32_t ParseHeader(std::string_view line, std::uint32_t nextLine);
     void ParseKey(std::string_view line, std::uint32_t section, std::uint32_t nextLine);
-    std::uint32_t FindSection(std::string_view name) const;
-    std::uint32_t FindKey(std::uint32_t section, std::string_view name) const;
+    std::uint32_t FindSection(std::string_view name);
+    std::uint32_t FindKey(std::uint32_t section, std::string_view name);
     std::uint32_t AddSection(const Section& section);
     std::uint32_t AppendSection(std::string_view name);
     void AppendKey(std::uint32_t section, std::string_view name, std::string_view value);
+    void PutInPlaceOfBody(Section& section, std::string_view lines);
+    void AddNewLine(std::uint32_t section, std::string_view name, std::string_view value);
+    void ListKeys(std::uint32_t section);
     std::uint32_t AddKey(NameTable::Group& group, std::string_view name, std::string_view value,
                          Origin origin);
     std::string_view Kept(std::string_view text);
@@ -110,8 +122,8 @@ class ProfileText {
     NameTable::Group m_sectionNames;
     NameTable m_names;
     // A library is read and written section by section, key by key in much the same order.
-    mutable std::uint32_t m_lastSection = None;
-    mutable std::uint32_t m_lastKey = None;
+    std::uint32_t m_lastSection = None;
+    std::uint32_t m_lastKey = None;
     bool m_isChanged = false;
 };
 

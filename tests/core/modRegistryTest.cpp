@@ -1,4 +1,5 @@
 #include "core/modRegistry.h"
+#include "platform/ProfileLines.h"
 #include "platform/ProfileText.h"
 #include "support/Support.h"
 
@@ -45,6 +46,18 @@ TEST_F(Registry, GetRootKey_takes_an_ordinary_file_and_nothing_else_for_a_profil
     EXPECT_EQ(GetRootKey("q:\\db.txt"), 0);
     EXPECT_EQ(GetRootKey(""), 0);
     EXPECT_EQ(GetRootKey("HKXX"), 0);
+}
+
+TEST_F(Registry, WriteValues_writes_several_keys_of_a_section) {
+    ProfileLines lines;
+    lines.Add("a", "1");
+    lines.Add("b", " 2");
+    EXPECT_EQ(WriteValues(db, "s", lines), 99);
+    EXPECT_EQ(WriteValues("HKCU", "s", lines), 2);
+    EXPECT_FALSE(std::filesystem::exists(temp.HostPath("db.txt")));
+    Contain("[s]\r\nb=0\r\nc=3\r\n");
+    EXPECT_EQ(WriteValues(db, "s", lines), 0);
+    EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nb=\" 2\"\r\nc=3\r\na=1\r\n");
 }
 
 TEST_F(Registry, ReadValue_gives_the_value_whatever_the_case_of_the_names) {
