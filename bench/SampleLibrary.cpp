@@ -63,8 +63,11 @@ class LibraryText {
             Section(Id(kind.prefix, i), name, kind.type);
             Line("Path=C:\\Media\\Some folder " + std::to_string(i / 100) + "\\" + name + "." +
                  kind.extension);
-            Line("Format=" + kind.extension);
-            Line("Size=" + std::to_string(1000000 + i * 37));
+            const std::string format = "Format=" + kind.extension;
+            const std::string size = "Size=" + std::to_string(1000000 + i * 37);
+            const bool sizeFirst = kind.type == "5";  // as SaveDB puts them
+            Line(sizeFirst ? size : format);
+            Line(sizeFirst ? format : size);
             for (const std::string& key : kind.extraKeys) Line(key);
             const bool grouped = i < (groupPrefix == "pl" ? 1 : m_groups) * membersOfGroup;
             Line(grouped ? "NoOfGroups=1" : "NoOfGroups=0");
