@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <optional>
+#include <vector>
 
 namespace tavel {
 
@@ -20,10 +21,12 @@ namespace {
 
 constexpr Long leaveAlone = -1;
 
-// A control's kind as far as the style goes: which palette role its back colour is, and which of
+using Roles = std::vector<QPalette::ColorRole>;
+
+// A control's kind as far as the style goes: which palette roles its back colour is, and which of
 // the style's two colours it takes.
 struct Kind {
-    QPalette::ColorRole role;
+    Roles roles;
     Long Style::*color;
 };
 
@@ -35,27 +38,29 @@ bool ShowsPicture(const QLabel& label) {
 std::optional<Kind> KindOf(const QWidget& control) {
     if (const auto* label = qobject_cast<const QLabel*>(&control)) {
         if (ShowsPicture(*label)) return std::nullopt;
-        return Kind{QPalette::Window, &Style::lBackColorA};
+        return Kind{{QPalette::Window}, &Style::lBackColorA};
     }
     if (qobject_cast<const QPushButton*>(&control) != nullptr)
-        return Kind{QPalette::Button, &Style::lBackColorA};
+        return Kind{{QPalette::Button}, &Style::lBackColorA};
+    // These two fill themselves as any button does.
     if (qobject_cast<const QCheckBox*>(&control) != nullptr ||
         qobject_cast<const QRadioButton*>(&control) != nullptr)
-        return Kind{QPalette::Window, &Style::lBackColorB};
+        return Kind{{QPalette::Button}, &Style::lBackColorB};
     if (qobject_cast<const QGroupBox*>(&control) != nullptr)
-        return Kind{QPalette::Window, &Style::lBackColorA};
+        return Kind{{QPalette::Window}, &Style::lBackColorA};
     if (qobject_cast<const DriveList*>(&control) != nullptr) return std::nullopt;
     if (qobject_cast<const QComboBox*>(&control) != nullptr)
-        return Kind{QPalette::Base, &Style::lBackColorB};
+        return Kind{{QPalette::Button, QPalette::Base}, &Style::lBackColorB};  // and its list
     if (qobject_cast<const QListWidget*>(&control) != nullptr)
-        return Kind{QPalette::Base, &Style::lBackColorB};
+        return Kind{{QPalette::Base}, &Style::lBackColorB};
     return std::nullopt;
 }
 
-void SetBackColor(QWidget& widget, QPalette::ColorRole role, Long color) {
+void SetBackColor(QWidget& widget, const Roles& roles, Long color) {
     if (color == leaveAlone) return;
     QPalette palette = widget.palette();
-    palette.setColor(role, QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF));
+    for (const QPalette::ColorRole role : roles)
+        palette.setColor(role, QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF));
     widget.setPalette(palette);
     widget.setAutoFillBackground(true);
 }
@@ -79,17 +84,32 @@ void KeepOwnFonts(QWidget& window) {
     }
 }
 
+// Likewise the back colour of a window and of a frame. What a control of the table shows of it by
+// being transparent is no colour of its own either.
+void KeepOwnColors(const QWidget& container) {
+    for (QWidget* child : container.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        QPalette palette = child->palette();
+        palette.setColor(QPalette::Window, palette.color(QPalette::Window));
+        child->setPalette(palette);
+        if (KindOf(*child)) child->setAutoFillBackground(true);
+    }
+}
+
 }  // namespace
 
 void StyleApply(QWidget& window, const Style& style) {
-    SetBackColor(window, QPalette::Window, style.lBackColorA);
+    if (style.lBackColorA != leaveAlone) {
+        KeepOwnColors(window);
+        for (const QGroupBox* frame : window.findChildren<QGroupBox*>()) KeepOwnColors(*frame);
+    }
+    SetBackColor(window, {QPalette::Window}, style.lBackColorA);
     const QStringList styled{ToQString(style.sFontName), QApplication::font().family()};
     KeepOwnFonts(window);
     for (QWidget* control : window.findChildren<QWidget*>()) {
         const std::optional<Kind> kind = KindOf(*control);
         if (!kind) continue;
         SetFontName(*control, styled);
-        SetBackColor(*control, kind->role, style.*(kind->color));
+        SetBackColor(*control, kind->roles, style.*(kind->color));
     }
 }
 
