@@ -159,6 +159,86 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
                                          ToQString(folder.HostPath("b.jpg"))}));
 }
 
+TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
+    folder.Write("Trip/d.jpg", "");
+    request.multiSelect = true;
+    const RealPrompts real;
+    for (const std::string& other : {folder.HostPath("Trip/d.jpg"), std::string("/etc/hosts")}) {
+        WhenModal([&](QWidget& box) {
+            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+            edit.setText(QStringLiteral("\"%1\" \"%2\"")
+                             .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other)));
+            QTest::keyClick(&edit, Qt::Key_Return);
+            EXPECT_TRUE(box.isVisible());
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0) << other;
+    }
+}
+
+TEST_F(FileDialogs, a_file_that_must_exist_is_asked_for_again) {
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+        edit.setText(QStringLiteral("nowhere.jpg"));
+        // Qt says so in a box of its own.
+        WhenModal([&box](QWidget& said) {
+            EXPECT_NE(&said, &box);
+            QTest::keyClick(&said, Qt::Key_Return);
+        });
+        QTest::keyClick(&edit, Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
+    request.mustExist = false;
+    EXPECT_EQ(Type(QStringLiteral("nowhere.jpg")).files,
+              QStringList(ToQString(folder.HostPath("nowhere.jpg"))));
+}
+
+TEST_F(FileDialogs, a_name_without_an_extension_gets_the_default_one) {
+    request.defaultSuffix = QStringLiteral("jpg");
+    EXPECT_EQ(Type(QStringLiteral("b")).files, QStringList(ToQString(folder.HostPath("b.jpg"))));
+}
+
+TEST_F(FileDialogs, the_initial_name_stands_in_the_name_box_and_a_path_opens_its_folder) {
+    folder.Write("Trip/d.jpg", "");
+    request.startName = QStringLiteral("b.jpg");
+    const auto initialName = [this] {
+        FileDialog dialog(request);
+        return FromQString(Find<QLineEdit>(dialog, "fileNameEdit").text());
+    };
+    EXPECT_EQ(initialName(), "b.jpg");
+    request.startName = ToQString(folder.HostPath("Trip/d.jpg"));
+    EXPECT_EQ(initialName(), "d.jpg");
+    EXPECT_EQ(FromQString(FileDialog(request).directory().path()), folder.HostPath("Trip"));
+}
+
+TEST_F(FileDialogs, the_box_has_the_title_and_the_owner_of_the_request) {
+    EXPECT_EQ(FileDialog(request).parentWidget(), nullptr);
+    QWidget owner;
+    request.owner = &owner;
+    const FileDialog dialog(request);
+    EXPECT_EQ(FromQString(dialog.windowTitle()), "Select file(s) to add");
+    EXPECT_EQ(dialog.parentWidget(), &owner);
+}
+
+TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_look_alike) {
+    request.descriptions[1] = request.descriptions[0];
+    request.patterns[1] = request.patterns[0];
+    const RealPrompts real;
+    for (const int steps : {1, 2}) {
+        WhenModal([steps](QWidget& box) {
+            for (int i = 0; i < steps; ++i)
+                QTest::keyClick(&Find<QComboBox>(box, "fileTypeCombo"), Qt::Key_Down);
+            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+            edit.setText(QStringLiteral("b.jpg"));
+            QTest::keyClick(&edit, Qt::Key_Return);
+        });
+        EXPECT_EQ(CurrentPrompter().PickFiles(request).filterIndex, steps);
+    }
+}
+
 TEST_F(FileDialogs, Escape_cancels) {
     const RealPrompts real;
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
@@ -186,11 +266,22 @@ TEST_F(FileDialogs, an_extension_of_odd_characters_does_no_harm) {
     EXPECT_EQ(Listed(), QStringList(QStringLiteral("odd.x(y")));
 }
 
-TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for) {
+TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for_and_tells_its_tick) {
     EXPECT_EQ(FileDialog(request).findChild<QCheckBox*>(QStringLiteral("chkReadOnly")), nullptr);
-    request.showReadOnly = request.readOnly = true;
-    const FileDialog dialog(request);
-    EXPECT_TRUE(dialog.findChild<QCheckBox*>(QStringLiteral("chkReadOnly"))->isChecked());
+    request.showReadOnly = true;
+    const RealPrompts real;
+    for (const bool ticked : {false, true}) {
+        request.readOnly = ticked;
+        WhenModal([ticked](QWidget& box) {
+            auto& tick = Find<QCheckBox>(box, "chkReadOnly");
+            EXPECT_EQ(tick.isChecked(), ticked);
+            tick.click();
+            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+            edit.setText(QStringLiteral("b.jpg"));
+            QTest::keyClick(&edit, Qt::Key_Return);
+        });
+        EXPECT_EQ(CurrentPrompter().PickFiles(request).readOnly, !ticked);
+    }
 }
 
 }  // namespace tavel::test

@@ -69,7 +69,10 @@ class PickerRecorder : public FolderPicker {
         selected = path;
         if (fails) Fail(failure::PathNotFound);
     }
-    void SetStatus(const std::string& text) override { status = text; }
+    void SetStatus(const std::string& text) override {
+        status = text;
+        if (fails) Fail(failure::PathNotFound);
+    }
 
     std::string selected;
     std::string status;
@@ -120,6 +123,8 @@ TEST(BrowseCallback, ignores_all_failures) {
     PickerRecorder picker;
     picker.fails = true;
     EXPECT_EQ(BrowseCallback(picker, 1, ""), 0);
+    EXPECT_EQ(BrowseCallback(picker, 2, "c:\\Music"), 0);
+    EXPECT_EQ(picker.status, "c:\\Music");
 }
 
 TEST_F(FolderPickers, the_tree_has_the_drives_and_reads_folders_as_they_open) {
@@ -135,9 +140,21 @@ TEST_F(FolderPickers, the_tree_has_the_drives_and_reads_folders_as_they_open) {
 }
 
 TEST_F(FolderPickers, files_are_there_when_they_are_asked_for) {
-    request.includeFiles = true;
-    FolderDialog dialog(request);
-    EXPECT_TRUE(Names(Stick(dialog)).contains(QStringLiteral("top.txt")));
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        QTreeWidgetItem* file = Child(Stick(box), "top.txt");
+        ASSERT_NE(file, nullptr);
+        Tree(box).setCurrentItem(file);
+        QTest::mouseClick(&Find(box, "cmdOK"), Qt::LeftButton);
+    });
+    EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "", true, false), "e:\\top.txt");
+}
+
+TEST_F(FolderPickers, the_picker_belongs_to_its_owner) {
+    QWidget owner;
+    EXPECT_EQ(FolderDialog(request).parentWidget(), nullptr);
+    request.owner = &owner;
+    EXPECT_EQ(FolderDialog(request).parentWidget(), &owner);
 }
 
 TEST_F(FolderPickers, a_folder_that_cannot_be_read_looks_empty) {
@@ -148,7 +165,7 @@ TEST_F(FolderPickers, a_folder_that_cannot_be_read_looks_empty) {
     EXPECT_EQ(Child(stick, "photos")->childCount(), 0);
 }
 
-TEST_F(FolderPickers, the_chosen_folder_comes_back_on_Enter_and_nothing_on_Escape) {
+TEST_F(FolderPickers, the_chosen_folder_comes_back_on_OK_and_nothing_on_Escape) {
     const RealPrompts real;
     WhenModal([](QWidget& box) {
         EXPECT_EQ(FromQString(Find<QLabel>(box, "labTitle").text()), "Select a folder");

@@ -36,15 +36,22 @@ struct Call {
     }
 };
 
-class OpensProtected : public CDLG {
-  public:
-    using CDLG::FilterPiece;
-    using CDLG::m_eventSink;
-    using CDLG::RaiseDialogError;
-    using CDLG::StrFromZ;
-};
-
 const QString title = QStringLiteral("Select file(s) to add");
+
+// A call that ends without a choice, whatever was in its arguments before.
+void ExpectNothingChosen(Call& call, Long apiReturn = 0, Long extendedError = 0) {
+    call.Filename = "c:\\old.jpg";
+    call.FileTitle = "old.jpg";
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.Filename, "");
+    EXPECT_EQ(call.FileTitle, "");
+    EXPECT_EQ(call.Filter, "");
+    EXPECT_EQ(call.FilterIndex, -1);
+    EXPECT_EQ(call.flags, 0);
+    EXPECT_EQ(call.dialog.APIReturn(), apiReturn);
+    EXPECT_EQ(call.dialog.ExtendedError(), extendedError);
+}
+void ExpectNothingChosen(Call&& call) { ExpectNothingChosen(call); }
 
 std::string Padded(const std::string& text) { return text + std::string(460 - text.size(), '\0'); }
 
@@ -59,6 +66,7 @@ TEST(VBGetOpenFileName, a_single_file_is_its_path_in_a_buffer_of_460_characters)
     EXPECT_EQ(call.FileTitle, "a b.JPG");
     EXPECT_EQ(call.FilterIndex, 2);
     EXPECT_EQ(call.Filter, "Photo Files" + nul + "*.jpg;*.png;");
+    EXPECT_FALSE(call.ReadOnly) << "the user has not ticked it";
     EXPECT_EQ(call.dialog.APIReturn(), 1);
     EXPECT_EQ(call.dialog.ExtendedError(), 0);
 }
@@ -72,21 +80,17 @@ TEST(VBGetOpenFileName, several_files_are_the_folder_and_the_names_each_ending_i
     EXPECT_EQ(call.FileTitle, "");
     EXPECT_EQ(call.FilterIndex, 1);
     EXPECT_EQ(call.Filter, "Zip Files (*.zip)" + nul + "*.zip");
+
+    prompts.ExpectFiles(title, {QStringLiteral("/a.jpg"), QStringLiteral("/b.jpg")});
+    Call root;
+    EXPECT_TRUE(root.Run());
+    EXPECT_EQ(root.Filename, Padded("c:\\" + nul + "a.jpg" + nul + "b.jpg"));
 }
 
 TEST(VBGetOpenFileName, a_cancel_empties_everything) {
     PromptQueue prompts;
     prompts.ExpectFiles(title, {});
-    Call call;
-    call.Filename = "c:\\old.jpg";
-    call.FileTitle = "old.jpg";
-    EXPECT_FALSE(call.Run());
-    EXPECT_EQ(call.Filename, "");
-    EXPECT_EQ(call.FileTitle, "");
-    EXPECT_EQ(call.Filter, "");
-    EXPECT_EQ(call.FilterIndex, -1);
-    EXPECT_EQ(call.flags, 0);
-    EXPECT_EQ(call.dialog.APIReturn(), 0);
+    ExpectNothingChosen(Call());
 }
 
 TEST(VBGetOpenFileName, a_failure_looks_like_a_cancel_and_leaves_the_extended_error_0) {
@@ -94,10 +98,7 @@ TEST(VBGetOpenFileName, a_failure_looks_like_a_cancel_and_leaves_the_extended_er
     FileAnswer failed;
     failed.error = 0x3002;
     prompts.ExpectFileAnswer(title, failed);
-    Call call;
-    EXPECT_FALSE(call.Run());
-    EXPECT_EQ(call.dialog.APIReturn(), 0);
-    EXPECT_EQ(call.dialog.ExtendedError(), 0);
+    ExpectNothingChosen(Call());
 }
 
 TEST(VBGetOpenFileName, a_result_that_is_neither_0_nor_1_tells_the_extended_error) {
@@ -107,9 +108,7 @@ TEST(VBGetOpenFileName, a_result_that_is_neither_0_nor_1_tells_the_extended_erro
     failed.error = 0x3002;
     prompts.ExpectFileAnswer(title, failed);
     Call call;
-    EXPECT_FALSE(call.Run());
-    EXPECT_EQ(call.dialog.ExtendedError(), 0x3002);
-    EXPECT_EQ(call.FilterIndex, -1);
+    ExpectNothingChosen(call, 2, 0x3002);
     prompts.ExpectFiles(title, {});
     call.Run();
     EXPECT_EQ(call.dialog.ExtendedError(), 0) << "holds until the next call";
@@ -125,8 +124,12 @@ TEST(VBGetOpenFileName, a_selection_beyond_the_buffer_acts_as_a_cancel) {
         PromptQueue prompts;
         prompts.ExpectFiles(title, {QLatin1Char('/') + QString(one.length - 1, QLatin1Char('x'))});
         Call call;
-        EXPECT_EQ(call.Run(), one.fits) << one.length;
-        EXPECT_EQ(call.Filename.size(), one.fits ? 460U : 0U) << one.length;
+        if (!one.fits) {
+            ExpectNothingChosen(call);
+            continue;
+        }
+        EXPECT_TRUE(call.Run()) << one.length;
+        EXPECT_EQ(call.Filename.size(), 460U) << one.length;
     }
 }
 
@@ -155,6 +158,20 @@ TEST(VBGetOpenFileName, a_name_or_title_beyond_460_characters_fails_with_5) {
     EXPECT_EQ(FailureOf([&] { full.Run(); }), 0);
 }
 
+TEST(VBGetOpenFileName, a_call_begins_with_the_results_of_the_last_one_cleared) {
+    PromptQueue prompts;
+    FileAnswer failed;
+    failed.result = 2;
+    failed.error = 0x3002;
+    prompts.ExpectFileAnswer(title, failed);
+    Call call;
+    EXPECT_FALSE(call.Run());
+    call.Filename = std::string(461, 'x');
+    EXPECT_EQ(FailureOf([&] { call.Run(); }), 5);
+    EXPECT_EQ(call.dialog.APIReturn(), 0);
+    EXPECT_EQ(call.dialog.ExtendedError(), 0);
+}
+
 TEST(VBGetOpenFileName, a_colon_parts_the_filter_as_a_bar_does) {
     PromptQueue prompts;
     prompts.ExpectFiles(title, {QStringLiteral("/a.jpg")}, 1);
@@ -167,6 +184,16 @@ TEST(VBGetOpenFileName, a_colon_parts_the_filter_as_a_bar_does) {
     EXPECT_EQ(asked.patterns,
               QStringList({QStringLiteral(" small"), QStringLiteral("Music"), QString()}));
     EXPECT_EQ(call.Filter, "*.jpg" + nul + "Music");
+}
+
+TEST(VBGetOpenFileName, the_filter_ends_in_an_end_mark_behind_its_last_NUL) {
+    PromptQueue prompts;
+    prompts.ExpectFiles(title, {QStringLiteral("/a.zip")}, 1);
+    Call call;
+    call.Filter = "Zip Files (*.zip)|*.zip";
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(prompts.LastFileRequest().patterns, QStringList(QStringLiteral("*.zip")));
+    EXPECT_EQ(call.Filter, nul) << "behind the only pair";
 }
 
 TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
@@ -190,6 +217,25 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     EXPECT_FALSE(asked.showReadOnly);
 }
 
+TEST(VBGetOpenFileName, an_initial_path_is_asked_for_as_the_hosts_own) {
+    PromptQueue prompts;
+    const TempFolder folder;
+    folder.Write("Trip/a.jpg", "");
+    Call call;
+    for (const char* name : {"Trip\\a.jpg", "Trip\\new.jpg"}) {
+        prompts.ExpectFiles(title, {QString::fromStdString(folder.HostPath("Trip/a.jpg"))});
+        call.Filename = folder.DrivePath(name);
+        call.FilterIndex = 1;
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(FromQString(prompts.LastFileRequest().startName),
+                  folder.HostPath("Trip/") + std::string(name).substr(5));
+    }
+    // What a call has left in the variable is the next one's initial name.
+    prompts.ExpectFiles(title, {});
+    call.Run();
+    EXPECT_EQ(FromQString(prompts.LastFileRequest().startName), folder.HostPath("Trip/a.jpg"));
+}
+
 TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     PromptQueue prompts;
     prompts.ExpectFiles(title, {QStringLiteral("/a")});
@@ -197,8 +243,18 @@ TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     call.flags = 0x280000 | 0x20 | 0x40;
     call.ReadOnly = true;
     EXPECT_TRUE(call.Run());
+    EXPECT_TRUE(prompts.LastFileRequest().readOnly);
     EXPECT_EQ(call.flags, 0x281204) << "neither hook nor template, and the tick is the user's";
     EXPECT_TRUE(call.ReadOnly) << "never taken back";
+
+    prompts.ExpectFiles(title, {QStringLiteral("/a")});
+    Call bare;
+    bare.FileMustExist = bare.MultiSelect = bare.HideReadOnly = false;
+    EXPECT_TRUE(bare.Run());
+    EXPECT_FALSE(prompts.LastFileRequest().mustExist);
+    EXPECT_FALSE(prompts.LastFileRequest().multiSelect);
+    EXPECT_FALSE(prompts.LastFileRequest().readOnly);
+    EXPECT_EQ(bare.flags, 0x280000);
 }
 
 TEST(VBGetOpenFileName, a_flag_does_what_its_boolean_does) {
@@ -226,119 +282,6 @@ TEST(VBGetOpenFileName, a_tick_in_the_read_only_box_comes_back) {
     EXPECT_TRUE(call.Run());
     EXPECT_TRUE(call.ReadOnly);
     EXPECT_EQ(call.flags & 1, 1);
-}
-
-TEST(FilterPiece, gives_the_pair_at_the_index) {
-    const std::string form = "Zip" + nul + "*.zip" + nul + "Photo" + nul + "*.jpg" + nul + nul;
-    EXPECT_EQ(OpensProtected::FilterPiece(form, 1), "Zip" + nul + "*.zip");
-    EXPECT_EQ(OpensProtected::FilterPiece(form, 2), "Photo" + nul + "*.jpg");
-    EXPECT_EQ(OpensProtected::FilterPiece(form, 3), nul) << "the end mark";
-    EXPECT_EQ(OpensProtected::FilterPiece(form, 4), "");
-    EXPECT_EQ(OpensProtected::FilterPiece(form, 0), "");
-    EXPECT_EQ(OpensProtected::FilterPiece("", 1), "");
-    EXPECT_EQ(OpensProtected::FilterPiece("no end", 1), "");
-    EXPECT_EQ(OpensProtected::FilterPiece("a" + nul + "to the end", 1), "a" + nul + "to the end");
-}
-
-TEST(StrFromZ, cuts_at_the_first_NUL) {
-    EXPECT_EQ(OpensProtected::StrFromZ("abc" + nul + "def"), "abc");
-    EXPECT_EQ(OpensProtected::StrFromZ("abc"), "abc");
-    EXPECT_EQ(OpensProtected::StrFromZ(nul), "");
-}
-
-TEST(RaiseDialogError, a_low_code_is_a_run_time_error_and_a_high_one_the_dialogs_own) {
-    struct Case {
-        Long code;
-        Long number;
-        const char* source;
-    };
-    for (const Case& one : {Case{5, 5, "Tavel.VBError"}, Case{1000, 1000, "Tavel.VBError"},
-                            Case{1001, static_cast<Long>(0x800403E9), "Tavel.CommonDialog"}}) {
-        try {
-            OpensProtected::RaiseDialogError(one.code);
-            ADD_FAILURE() << "nothing raised";
-        } catch (const Failure& failure) {
-            EXPECT_EQ(failure.Number(), one.number);
-            EXPECT_EQ(failure.Source(), one.source);
-        }
-    }
-}
-
-namespace {
-
-class SinkRecorder : public CDLG::EventSink {
-  public:
-    void InitDialog(QWidget&) override { told += "InitDialog "; }
-    void DialogClose() override { told += "DialogClose "; }
-    void TypeChange(QWidget&) override { told += "TypeChange "; }
-    bool ConfirmOK() override {
-        told += "ConfirmOK ";
-        return confirms;
-    }
-    void FolderChange(QWidget&) override { told += "FolderChange "; }
-    void FileChange(QWidget&) override { told += "FileChange "; }
-
-    std::string told;
-    bool confirms = true;
-};
-
-}  // namespace
-
-TEST(DialogHook, tells_the_sink_what_each_message_stands_for) {
-    struct Case {
-        Long message;
-        Long code;
-        const char* told;
-    };
-    for (const Case& one :
-         {Case{272, 0, "InitDialog "}, Case{130, 0, "DialogClose "}, Case{78, -607, "TypeChange "},
-          Case{78, -606, "ConfirmOK "}, Case{78, -605, ""}, Case{78, -604, ""},
-          Case{78, -603, "FolderChange "}, Case{78, -602, "FileChange "}, Case{1, -607, ""}}) {
-        QWidget dialog;
-        SinkRecorder sink;
-        OpensProtected hook;
-        hook.m_eventSink = &sink;
-        const CDLG::NotifyHeader header{0, 0, one.code};
-        EXPECT_EQ(hook.DialogHook(dialog, one.message, 0, &header), 0);
-        EXPECT_EQ(sink.told, one.told) << one.message << " " << one.code;
-    }
-}
-
-TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
-    const CDLG::NotifyHeader header{0, 0, -606};
-    QWidget dialog;
-    SinkRecorder sink;
-    OpensProtected hook;
-    hook.m_eventSink = &sink;
-    sink.confirms = false;
-    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 1);
-    EXPECT_EQ(dialog.property("DialogResult").toInt(), 1);
-    sink.confirms = true;
-    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 0);
-    EXPECT_EQ(dialog.property("DialogResult").toInt(), 0);
-}
-
-TEST(DialogHook, does_nothing_without_a_sink) {
-    const CDLG::NotifyHeader header{0, 0, -606};
-    QWidget dialog;
-    CDLG hook;
-    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 0);
-    EXPECT_FALSE(dialog.property("DialogResult").isValid());
-}
-
-TEST(DialogHook, a_call_takes_the_sink_away) {
-    PromptQueue prompts;
-    prompts.ExpectFiles(QString(), {});
-    SinkRecorder sink;
-    OpensProtected dialog;
-    dialog.m_eventSink = &sink;
-    std::string name, fileTitle, filter;
-    bool readOnly = false;
-    Long index = 1, flags = 0;
-    dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index, "", "",
-                             "", nullptr, flags, true, &sink);
-    EXPECT_EQ(dialog.m_eventSink, nullptr);
-    EXPECT_EQ(sink.told, "");
 }
 
 }  // namespace tavel::test

@@ -54,6 +54,12 @@ std::string DrivePath(const QString& hostPath) {
     return oFSO().FromHostPath(FromQString(hostPath));
 }
 
+// A name with a drive is a path, such as an earlier call has left; any other is shown as it stands.
+QString InitialName(const std::string& name) {
+    const bool isPath = name.size() > 1 && name[1] == ':';
+    return ToQString(isPath ? oFSO().HostPath(name) : name);
+}
+
 // What a dialog leaves in its buffer: a single path, or the folder and the names.
 std::string Selection(const QStringList& files) {
     if (files.size() == 1) return DrivePath(files.front());
@@ -89,7 +95,7 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     request.owner = Owner;
     request.title = ToQString(DlgTitle);
     request.startFolder = InitDir.empty() ? QString() : ToQString(oFSO().HostPath(InitDir));
-    request.startName = ToQString(StrFromZ(Filename));
+    request.startName = InitialName(StrFromZ(Filename));
     request.defaultSuffix = ToQString(DefaultExt);
 
     const FileAnswer answer = CurrentPrompter().PickFiles(request);

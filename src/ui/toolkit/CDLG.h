@@ -38,9 +38,9 @@ class CDLG {
     // Lets the user choose one or more existing files. False on cancel and on failure, which look
     // alike: Filename, FileTitle and Filter empty, flags 0, FilterIndex -1.
     //
-    // Filename: in, the initial name; out, all MaxFile characters: the path, or the folder and the
-    // names with a NUL behind each, and NULs to the end. FileTitle: the chosen name without its
-    // folder. Filter: in, descriptions and patterns, each parted by "|" or ":"; out, the chosen
+    // Filename: in, the initial name or path; out, all MaxFile characters: the path, or the folder
+    // and the names with a NUL behind each, and NULs to the end. FileTitle: the chosen name without
+    // its folder. Filter: in, descriptions and patterns, each parted by "|" or ":"; out, the chosen
     // pair, joined by a NUL. FilterIndex counts from 1. Owner may be null. Hook and EventSink have
     // no effect. Fails with 5 when Filename or FileTitle is longer than MaxFile.
     bool VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool FileMustExist,

@@ -7,11 +7,13 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QFileInfo>
 #include <QHeaderView>
 #include <QLayout>
 #include <QRegularExpression>
 #include <QTreeView>
 #include <QUrl>
+#include <algorithm>
 
 namespace tavel {
 
@@ -89,6 +91,15 @@ void FileDialog::AddReadOnlyBox(bool checked) {
     chkReadOnly->setObjectName(QStringLiteral("chkReadOnly"));
     chkReadOnly->setChecked(checked);
     layout()->addWidget(chkReadOnly);
+}
+
+// Paths of different folders may be typed, but an answer has one folder: the box stays for another.
+void FileDialog::accept() {
+    const QStringList files = selectedFiles();
+    const auto isElsewhere = [&](const QString& file) {
+        return QFileInfo(file).absolutePath() != QFileInfo(files.front()).absolutePath();
+    };
+    if (std::none_of(files.begin(), files.end(), isElsewhere)) QFileDialog::accept();
 }
 
 FileAnswer FileDialog::Answer() const {

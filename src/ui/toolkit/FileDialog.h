@@ -19,6 +19,9 @@ class FileDialog : public QFileDialog {
     // What was picked, after the dialog was accepted.
     FileAnswer Answer() const;
 
+  protected:
+    void accept() override;
+
   private:
     const QComboBox& TypeBox() const;
     void SetSizes();

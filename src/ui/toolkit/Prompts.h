@@ -16,7 +16,7 @@ struct FileRequest {
     QWidget* owner = nullptr;
     QString title;
     QString startFolder;  // empty: the dialog's own choice
-    QString startName;    // empty: none
+    QString startName;    // of a file or a path; empty: none
     QString defaultSuffix;
     QStringList patterns;  // one a filter, in its order: "*.jpg;*.png;"
     QStringList descriptions;

@@ -1,0 +1,145 @@
+#include "platform/Failure.h"
+#include "ui/support/PromptQueue.h"
+#include "ui/toolkit/CDLG.h"
+
+#include <gtest/gtest.h>
+
+#include <QVariant>
+#include <QWidget>
+
+namespace tavel::test {
+
+namespace {
+
+const std::string nul(1, '\0');
+
+class OpensProtected : public CDLG {
+  public:
+    using CDLG::FilterPiece;
+    using CDLG::m_eventSink;
+    using CDLG::RaiseDialogError;
+    using CDLG::StrFromZ;
+};
+
+class SinkRecorder : public CDLG::EventSink {
+  public:
+    void InitDialog(QWidget& hDlg) override { Tell("InitDialog ", &hDlg); }
+    void DialogClose() override { Tell("DialogClose "); }
+    void TypeChange(QWidget& hDlg) override { Tell("TypeChange ", &hDlg); }
+    bool ConfirmOK() override {
+        Tell("ConfirmOK ");
+        return confirms;
+    }
+    void FolderChange(QWidget& hDlg) override { Tell("FolderChange ", &hDlg); }
+    void FileChange(QWidget& hDlg) override { Tell("FileChange ", &hDlg); }
+
+    std::string told;
+    const QWidget* dialog = nullptr;
+    bool confirms = true;
+
+  private:
+    void Tell(const char* what, const QWidget* hDlg = nullptr) {
+        told += what;
+        dialog = hDlg;
+    }
+};
+
+}  // namespace
+
+TEST(FilterPiece, gives_the_pair_at_the_index) {
+    const std::string form = "Zip" + nul + "*.zip" + nul + "Photo" + nul + "*.jpg" + nul + nul;
+    EXPECT_EQ(OpensProtected::FilterPiece(form, 1), "Zip" + nul + "*.zip");
+    EXPECT_EQ(OpensProtected::FilterPiece(form, 2), "Photo" + nul + "*.jpg");
+    EXPECT_EQ(OpensProtected::FilterPiece(form, 3), nul) << "the end mark";
+    EXPECT_EQ(OpensProtected::FilterPiece(form, 4), "");
+    EXPECT_EQ(OpensProtected::FilterPiece(form, 0), "");
+    EXPECT_EQ(OpensProtected::FilterPiece("", 1), "");
+    EXPECT_EQ(OpensProtected::FilterPiece("no end", 1), "");
+    EXPECT_EQ(OpensProtected::FilterPiece("a" + nul + "to the end", 1), "a" + nul + "to the end");
+}
+
+TEST(StrFromZ, cuts_at_the_first_NUL) {
+    EXPECT_EQ(OpensProtected::StrFromZ("abc" + nul + "def"), "abc");
+    EXPECT_EQ(OpensProtected::StrFromZ("abc"), "abc");
+    EXPECT_EQ(OpensProtected::StrFromZ(nul), "");
+}
+
+TEST(RaiseDialogError, a_low_code_is_a_run_time_error_and_a_high_one_the_dialogs_own) {
+    struct Case {
+        Long code;
+        Long number;
+        const char* source;
+    };
+    for (const Case& one : {Case{5, 5, "Tavel.VBError"}, Case{1000, 1000, "Tavel.VBError"},
+                            Case{1001, static_cast<Long>(0x800403E9), "Tavel.CommonDialog"}}) {
+        try {
+            OpensProtected::RaiseDialogError(one.code);
+            ADD_FAILURE() << "nothing raised";
+        } catch (const Failure& failure) {
+            EXPECT_EQ(failure.Number(), one.number);
+            EXPECT_EQ(failure.Source(), one.source);
+        }
+    }
+}
+
+TEST(DialogHook, tells_the_sink_what_each_message_stands_for) {
+    struct Case {
+        Long message;
+        Long code;
+        const char* told;
+        bool withDialog = false;
+    };
+    for (const Case& one :
+         {Case{272, 0, "InitDialog ", true}, Case{130, 0, "DialogClose "},
+          Case{78, -607, "TypeChange ", true}, Case{78, -606, "ConfirmOK "}, Case{78, -605, ""},
+          Case{78, -604, ""}, Case{78, -603, "FolderChange ", true},
+          Case{78, -602, "FileChange ", true}, Case{1, -607, ""}}) {
+        QWidget dialog;
+        SinkRecorder sink;
+        OpensProtected hook;
+        hook.m_eventSink = &sink;
+        const CDLG::NotifyHeader header{0, 0, one.code};
+        EXPECT_EQ(hook.DialogHook(dialog, one.message, 0, &header), 0);
+        EXPECT_EQ(sink.told, one.told) << one.message << " " << one.code;
+        EXPECT_EQ(sink.dialog, one.withDialog ? &dialog : nullptr) << one.told;
+    }
+}
+
+TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
+    const CDLG::NotifyHeader header{0, 0, -606};
+    QWidget dialog;
+    SinkRecorder sink;
+    OpensProtected hook;
+    hook.m_eventSink = &sink;
+    sink.confirms = false;
+    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 1);
+    EXPECT_EQ(dialog.property("DialogResult").toInt(), 1);
+    sink.confirms = true;
+    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 0);
+    EXPECT_EQ(dialog.property("DialogResult").toInt(), 0);
+}
+
+TEST(DialogHook, does_nothing_without_a_sink) {
+    const CDLG::NotifyHeader header{0, 0, -606};
+    QWidget dialog;
+    CDLG hook;
+    EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 0);
+    EXPECT_FALSE(dialog.property("DialogResult").isValid());
+}
+
+TEST(DialogHook, a_call_takes_the_sink_away) {
+    PromptQueue prompts;
+    prompts.ExpectFiles(QString(), {});
+    SinkRecorder sink;
+    OpensProtected dialog;
+    dialog.m_eventSink = &sink;
+    std::string name, fileTitle, filter;
+    bool readOnly = false;
+    Long index = 1, flags = 0;
+    dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index, "", "",
+                             "", nullptr, flags, true, &sink);
+    EXPECT_EQ(dialog.m_eventSink, nullptr);
+    EXPECT_EQ(sink.told, "");
+}
+
+}  // namespace tavel::test
