@@ -3,6 +3,7 @@
 #include "ui/main/MainLayout.h"
 #include "ui/toolkit/ElidedLabel.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QLabel>
 #include <QPainter>
@@ -46,11 +47,11 @@ QLabel* AddLabel(const char* name, const char* role, const Box& box, Qt::Alignme
     return label;
 }
 
+// Both ends become pixels by themselves, so that the free part always ends where the span does.
 void PlaceInBar(QWidget& part, float left, float width) {
-    const auto begin = static_cast<int>(std::lround(left));
-    const auto end = static_cast<int>(std::lround(left + width));
-    const Box box{begin, BarTop, end - begin, BarHeight};
-    Place(part, box);
+    const int begin = Pixels(static_cast<int>(std::lround(left)));
+    const int end = Pixels(static_cast<int>(std::lround(left + width)));
+    part.setGeometry(begin, Pixels(BarTop), end - begin, Pixels(BarHeight));
 }
 
 }  // namespace
