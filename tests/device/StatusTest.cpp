@@ -4,6 +4,8 @@
 #include "device/Status.h"
 #include "platform/Numbers.h"
 
+#include <algorithm>
+
 namespace tavel::test {
 
 namespace {
@@ -220,29 +222,12 @@ TEST_F(StatusPanelTest, Has_merged_the_bar_and_told_the_name_when_the_figures_fa
     ExpectBar(120, 6300, 120, 3780);
 }
 
-namespace {
-
-// Counts how often its figures are asked for.
-class CountingDrive : public Drive {
-  public:
-    mutable int totals = 0;
-    mutable int frees = 0;
-
-    std::string Path() const override { return "e:"; }
-    int DriveType() const override { return DriveRemovable; }
-    double TotalSize() const override { return ++totals, 1'000'000'000.0; }
-    double FreeSpace() const override { return ++frees, 400'000'000.0; }
-};
-
-}  // namespace
-
 TEST_F(StatusPanelTest, Reads_each_figure_again_at_each_use) {
-    const auto drive = std::make_shared<CountingDrive>();
-    oPSPDrive = drive;
-    bPSPConnected = true;
+    ConnectWith(1'000'000'000, 400'000'000);
+    files.calls.clear();
     UpdateStatusPanel(panel);
-    EXPECT_EQ(drive->totals, 4);
-    EXPECT_EQ(drive->frees, 3);
+    EXPECT_EQ(std::count(files.calls.begin(), files.calls.end(), "TotalSize e:"), 4);
+    EXPECT_EQ(std::count(files.calls.begin(), files.calls.end(), "FreeSpace e:"), 3);
 }
 
 TEST_F(StatusPanelTest, Reads_the_figures_anew_at_each_call) {

@@ -15,11 +15,12 @@ class FakeDriveHandle : public Drive {
 
     std::string Path() const override { return {m_letter, ':'}; }
     int DriveType() const override { return m_driveType; }
-    double TotalSize() const override { return Ready().totalSize; }
-    double FreeSpace() const override { return Ready().freeSpace; }
+    double TotalSize() const override { return Ready("TotalSize ").totalSize; }
+    double FreeSpace() const override { return Ready("FreeSpace ").freeSpace; }
 
   private:
-    const FakeDrive& Ready() const {
+    const FakeDrive& Ready(const char* call) const {
+        m_service.Record(call + Path());
         if (!m_service.Touch(m_letter)) Fail(failure::DeviceUnavailable);
         const FakeDrive& drive = m_service.At(m_letter);
         if (!drive.hasMedia) Fail(failure::DiskNotReady);

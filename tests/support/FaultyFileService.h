@@ -56,7 +56,7 @@ class FaultyFileService : public FileService {
     void FailClose(const std::string& name) { m_closeFaults.insert(name); }
 
     // Every call in order, as it was made: "FileExists e:\a.txt", "CopyFile c:\a -> e:\b",
-    // "OpenRaw Create e:\b", "DriveExists e:\".
+    // "OpenRaw Create e:\b", "DriveExists e:\", "TotalSize e:".
     std::vector<std::string> calls;
     // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Close e:\b".
     std::vector<std::string> rawCalls;

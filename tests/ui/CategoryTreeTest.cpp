@@ -12,18 +12,6 @@ namespace {
 
 class CategoryTreeTest : public MainWindowTest {
   protected:
-    std::string Tree(const QTreeWidgetItem& item) const {
-        const auto& node = static_cast<const TreeNode&>(item);
-        std::string text = node.Key() + "=" + node.Text();
-        if (node.childCount() == 0) return text;
-        text += node.isExpanded() ? "+(" : "-(";
-        for (int i = 0; i < node.childCount(); ++i) {
-            text += (i == 0 ? "" : " ") + Tree(*node.child(i));
-        }
-        return text + ")";
-    }
-    std::string Tree(const TreeView& tree) const { return Tree(*tree.topLevelItem(0)); }
-
     std::string Columns() {
         const QAbstractItemModel& model = *grdItems().model();
         std::string captions;

@@ -1,120 +1,150 @@
 #include "core/PublicStuff.h"
 #include "device/Discovery.h"
-#include "ui/support/MainWindow.h"
-#include "ui/support/Questions.h"
+#include "media/TagMaker.h"
+#include "ui/support/DeviceWindow.h"
+#include "ui/toolkit/ImageList.h"
 
-#include <QLabel>
+#include <gmock/gmock.h>
+
+#include <QEvent>
+#include <QImage>
 #include <QLineEdit>
 #include <filesystem>
+#include <functional>
 
 namespace tavel::test {
 
+using ::testing::Contains;
+
+namespace fs = std::filesystem;
+
 namespace {
 
-const QString confirmTitle = QStringLiteral("Confirm Delete");
-const QString confirmText =
-    QStringLiteral("This will remove the file(s) from the PSP, are you sure?");
+class DeviceTreeTest : public DeviceWindowTest {};
 
-class DeviceTreeTest : public MainWindowTest {
-  protected:
-    DeviceTreeTest() {
-        sPhotoSupport = {"jpg"};
-        sMusicSupport = {"mp3"};
-        sVideoSupport = {"mp4"};
-        PlugStick();
+// Calls back at each painting of a widget.
+class OnPaint : public QObject {
+  public:
+    OnPaint(QWidget& widget, std::function<void()> act) : m_act(std::move(act)) {
+        widget.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) m_act();
+        return false;
     }
 
-    void ClickPSP(const std::string& sKey) { ClickNode(trvPSPCat(), sKey); }
-
-    void DeleteRow(Long row) {
-        RightClickRow(row);
-        prompts.ExpectMsgBox(confirmText, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, confirmTitle);
-        Pick({"mnuPSPRMB", "mnuPSPDel"});
-    }
-
-    void AddVideos(std::initializer_list<const char*> numbers) {
-        for (const std::string number : numbers) temp.Write(VideoFile(number), "video");
-    }
-    static std::string VideoFile(const std::string& number) {
-        return "stick/MP_ROOT/100MNV01/M4V1000" + number + ".mp4";
-    }
-
-    // What the rows are each time that a list is painted.
-    class RowsWhenPainted : public QObject {
-      public:
-        explicit RowsWhenPainted(ListView& list) : m_list(list) {
-            list.viewport()->installEventFilter(this);
-        }
-        std::vector<std::string> rows;
-
-        bool eventFilter(QObject* watched, QEvent* event) override {
-            if (event->type() == QEvent::Paint) rows.push_back(RowsOf(m_list));
-            return QObject::eventFilter(watched, event);
-        }
-
-      private:
-        ListView& m_list;
-    };
-
-    std::string Text(const char* label) { return Find<QLabel>(Main(), label).text().toStdString(); }
+  private:
+    std::function<void()> m_act;
 };
 
 }  // namespace
 
-TEST_F(DeviceTreeTest, a_stick_at_the_load_shows_its_tree_and_its_space) {
+TEST_F(DeviceTreeTest, a_rebuilt_tree_has_the_folders_of_one_level_and_only_its_root_open) {
+    fs::create_directories(temp.HostPath("stick/psp/photo/Trip/Deeper"));
+    fs::create_directories(temp.HostPath("stick/psp/photo/Autumn"));
     Open();
-    EXPECT_TRUE(bPSPConnected);
-    EXPECT_EQ(Text("labPSPStatus"), "Pocket Connected");
-    EXPECT_EQ(Main().Layout().picCatBack.Height, 3240);
-    EXPECT_EQ(trvCat().height(), 3240 / 15);
+    const std::string tree =
+        "master=PSP+(photoall=Photos-(e:\\psp\\photo\\Autumn=Autumn e:\\psp\\photo\\Trip=Trip) "
+        "musicall=Music-(e:\\psp\\music\\Tunes=Tunes) videoall=Videos)";
+    EXPECT_EQ(Tree(trvPSPCat()), tree);
     EXPECT_EQ(trvPSPCat().Node("e:\\psp\\music\\Tunes").Parent(), Main().nodMusic);
     EXPECT_EQ(trvPSPCat().Node("e:\\psp\\photo\\Trip").Parent(), Main().nodPhotos);
-    EXPECT_EQ(trvPSPCat().Node("e:\\psp\\photo\\Trip").Text(), "Trip");
-    EXPECT_FALSE(trvPSPCat().Node("photoall").isExpanded());
-    EXPECT_EQ(Text("labEmpty"), "40% Free");
-    EXPECT_EQ(Text("labFull"), "60% Used");
-    EXPECT_EQ(Text("labFullSpace"), "600 Mb");
-    EXPECT_EQ(Text("labEmptySpace"), "400 Mb");
-    EXPECT_TRUE(Find(Main(), "imgFull").isVisible());
+
+    trvPSPCat().Node("master").setExpanded(false);
+    trvPSPCat().Node("photoall").setExpanded(true);
+    trvPSPCat().Node("musicall").setExpanded(true);
+    Main().RefreshPSPCats();
+    EXPECT_EQ(Tree(trvPSPCat()), tree);
+    EXPECT_EQ(trvPSPCat().Node("e:\\psp\\photo\\Trip").Parent(), Main().nodPhotos);
 }
 
 TEST_F(DeviceTreeTest, folder_nodes_of_photos_have_the_icon_of_music) {
     Open();
-    const auto picture = [&](const char* key) {
-        return trvPSPCat().Node(key).icon(0).pixmap(16).toImage();
-    };
-    EXPECT_EQ(picture("e:\\psp\\photo\\Trip"), picture("musicall"));
-    EXPECT_NE(picture("e:\\psp\\photo\\Trip"), picture("photoall"));
+    const auto picture = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };
+    for (const auto& [key, name] : {std::pair("master", "psp"),
+                                    {"photoall", "photo"},
+                                    {"musicall", "music"},
+                                    {"videoall", "video"},
+                                    {"e:\\psp\\photo\\Trip", "music"},
+                                    {"e:\\psp\\music\\Tunes", "music"}}) {
+        ImageList icons;
+        icons.Add(QStringLiteral("a"), QLatin1String(name));
+        EXPECT_EQ(picture(trvPSPCat().Node(key).icon(0)), picture(icons.Icon(QStringLiteral("a"))))
+            << key;
+    }
 }
 
 TEST_F(DeviceTreeTest, each_node_lists_its_folder_in_the_columns_of_its_kind) {
     temp.Write("stick/psp/photo/loose.jpg", "no picture");
     temp.Write("stick/psp/music/loose.mp3", "no tag");
+    temp.Write("stick/psp/photo/Trip/Deeper/two.jpg", "no picture");
     Open();
+    // The case of a path is that of the words it was asked for with.
     const struct {
         const char* key;
         int iListType;
         int columns;
+        const char* folder;
         const char* path;
-    } nodes[] = {{"photoall", 0, 5, "e:\\psp\\photo\\loose.jpg"},
-                 {"musicall", 5, 6, "e:\\psp\\music\\loose.mp3"},
-                 {"e:\\psp\\photo\\Trip", 0, 5, "e:\\psp\\photo\\Trip\\one.jpg"},
-                 {"e:\\psp\\music\\Tunes", 5, 6, "e:\\psp\\music\\Tunes\\one.mp3"},
-                 {"videoall", 3, 4, "e:\\MP_ROOT\\100MNV01\\M4V10001.mp4"}};
+    } nodes[] = {
+        {"photoall", 0, 5, "e:psp\\PHOTO\\", "e:\\psp\\PHOTO\\loose.jpg"},
+        {"musicall", 5, 6, "e:psp\\MUSIC\\", "e:\\psp\\MUSIC\\loose.mp3"},
+        {"e:\\psp\\photo\\Trip", 0, 5, "e:\\psp\\photo\\Trip", "e:\\psp\\photo\\Trip\\one.jpg"},
+        {"e:\\psp\\music\\Tunes", 5, 6, "e:\\psp\\music\\Tunes", "e:\\psp\\music\\Tunes\\one.mp3"},
+        {"videoall", 3, 4, "e:\\MP_ROOT\\100MNV01\\", "e:\\MP_ROOT\\100MNV01\\M4V10001.mp4"}};
     for (const auto& node : nodes) {
         Main().bPSPView = false;
+        files.calls.clear();
         ClickPSP(node.key);
         EXPECT_EQ(Main().iListType, node.iListType) << node.key;
         EXPECT_TRUE(Main().bPSPView);
         EXPECT_EQ(grdItems().model()->columnCount(), node.columns);
         ASSERT_EQ(grdItems().Count(), 1) << node.key;
-        const std::string sPath = grdItems().Cell(1, grdItems().CellCount(1) - 1);
-        EXPECT_EQ(QString::fromStdString(sPath).toLower(),
-                  QString::fromLatin1(node.path).toLower());
+        EXPECT_EQ(grdItems().Cell(1, grdItems().CellCount(1) - 1), node.path);
+        EXPECT_THAT(files.calls, Contains(std::string("GetFolder ") + node.folder));
     }
     ClickPSP("master");
     EXPECT_EQ(Main().iListType, 3);
     EXPECT_EQ(grdItems().Count(), 1);
+}
+
+TEST_F(DeviceTreeTest, rows_have_their_cells_and_the_number_of_their_file) {
+    ASSERT_TRUE(QImage(30, 20, QImage::Format_RGB32)
+                    .save(QString::fromStdString(temp.HostPath("stick/psp/photo/sea.bmp"))));
+    const std::string zero(1, '\0');
+    temp.Write("stick/psp/music/song.mp3",
+               Tag(3, Frame3("TIT2", zero + "Song") + Frame3("TPE1", zero + "Singer") +
+                          Frame3("TALB", zero + "Album")));
+    temp.Write("stick/MP_ROOT/100MNV01/M4V10001.THM", "thumb");
+    temp.Write("stick/MP_ROOT/100MNV01/M4V10002.mp4", std::string(1'500'000, 'v'));
+    Open();
+    ClickPSP("photoall");
+    EXPECT_EQ(CellsOf(grdItems(), 1), "sea|30 X 20|bmp|0 Mb|e:\\psp\\PHOTO\\sea.bmp");
+    ClickPSP("musicall");
+    EXPECT_EQ(CellsOf(grdItems(), 1), "Song|Singer|Album|mp3|0 Mb|e:\\psp\\MUSIC\\song.mp3");
+    ClickPSP("videoall");
+    EXPECT_EQ(CellsOf(grdItems(), 2), "M4V10002|mp4|1.5 Mb|e:\\MP_ROOT\\100MNV01\\M4V10002.mp4");
+    // The thumbnail between the two has a number, but no row.
+    EXPECT_EQ(grdItems().Key(1), "ID1");
+    EXPECT_EQ(grdItems().Key(2), "ID3");
+}
+
+TEST_F(DeviceTreeTest, a_listing_paints_that_it_is_loading_and_lets_no_event_run) {
+    Open();
+    ClickPSP("videoall");
+    std::vector<std::string> painted;
+    int ticks = 0;
+    const OnPaint watch(*grdItems().viewport(), [&] { painted.push_back(RowsOf(grdItems())); });
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(0);
+    Main().FillListFromPSP("e:\\MP_ROOT\\100MNV01\\", 3);
+    EXPECT_THAT(painted, Contains("Loading..."));
+    EXPECT_EQ(ticks, 0);
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
+    painted.clear();
+    ClickPSP("photoall");
+    EXPECT_THAT(painted, Contains("Loading..."));
 }
 
 TEST_F(DeviceTreeTest, a_click_on_the_same_node_reads_the_stick_anew) {
@@ -135,101 +165,11 @@ TEST_F(DeviceTreeTest, a_known_video_shows_its_title_and_an_unknown_one_its_numb
     EXPECT_EQ(RowsOf(grdItems()), "Holiday|M4V10002");
 }
 
-TEST_F(DeviceTreeTest, a_row_says_Loading_while_the_stick_is_read) {
-    Open();
-    ClickPSP("musicall");
-    RowsWhenPainted painted(grdItems());
-    ClickPSP("videoall");
-    ASSERT_FALSE(painted.rows.empty());
-    EXPECT_EQ(painted.rows.front(), "Loading...");
-    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
-}
-
 TEST_F(DeviceTreeTest, rows_of_the_device_are_not_taken_as_the_selection) {
     Open();
     ClickPSP("videoall");
     ClickRow(1);
     EXPECT_EQ(Main().sSelected, std::vector<std::string>{""});
-}
-
-TEST_F(DeviceTreeTest, a_right_click_on_a_row_of_the_device_opens_its_menu_alone) {
-    Open();
-    ClickPSP("videoall");
-    RightClickRow(1);
-    EXPECT_TRUE(Shows("mnuPSPRMB"));
-    EXPECT_FALSE(Shows("mnuRMB"));
-    EXPECT_EQ(EntriesOf("mnuPSPRMB"), "mnuPSPDel ");
-}
-
-TEST_F(DeviceTreeTest, deleting_rows_2_and_4_of_5_leaves_the_others) {
-    AddVideos({"2", "3", "4", "5"});
-    temp.Write("stick/MP_ROOT/100MNV01/M4V10004.THM", "thumb");
-    Open();
-    ClickPSP("videoall");
-    ClickRow(2);
-    ClickRow(4, Qt::ControlModifier);
-    files.At('e').freeSpace = 500'000'000;
-    DeleteRow(4);
-    EXPECT_EQ(RowsOf(grdItems()), "M4V10001|M4V10003|M4V10005");
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4"), "");
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10004.THM"), "");
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10003.mp4"), "video");
-    EXPECT_EQ(Text("labEmpty"), "50% Free");
-}
-
-TEST_F(DeviceTreeTest, a_deletion_that_fails_has_removed_the_rows_and_files_after_it) {
-    AddVideos({"2", "3"});
-    Open();
-    ClickPSP("videoall");
-    ClickRow(1);
-    ClickRow(3, Qt::ShiftModifier);
-    std::filesystem::remove(temp.HostPath(VideoFile("2")));
-    files.At('e').freeSpace = 500'000'000;
-    EXPECT_EQ(FatalOf([&] { DeleteRow(1); }), failure::FileNotFound);
-    EXPECT_EQ(RowsOf(grdItems()), "M4V10001|M4V10002");
-    EXPECT_EQ(temp.Read(VideoFile("3")), "");
-    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
-    EXPECT_EQ(Text("labEmpty"), "40% Free");  // not refreshed
-}
-
-TEST_F(DeviceTreeTest, a_deletion_after_the_device_has_gone_widens_the_hidden_bar) {
-    Open();
-    ClickPSP("videoall");
-    // The poll takes a stick without its identity file for gone; its files can still be deleted.
-    std::filesystem::remove(temp.HostPath("stick/TavelDataFile.tavel"));
-    PollPSP();
-    QWidget& bar = Find(Main(), "imgEmpty");
-    EXPECT_EQ(bar.width(), 420);
-    DeleteRow(1);
-    EXPECT_EQ(temp.Read(VideoFile("1")), "");
-    EXPECT_EQ(bar.width(), 420 + 252);
-    temp.Write("stick/TavelDataFile.tavel", "[Data]\r\nPSPName=Pocket\r\n");
-    files.At('e').freeSpace = 500'000'000;
-    PollPSP();
-    EXPECT_EQ(bar.geometry().right() + 1, (120 + 10080) / 15);
-}
-
-TEST_F(DeviceTreeTest, the_Delete_key_acts_on_the_librarys_selection_and_fails_at_the_row) {
-    AddPhotosWithFiles();
-    Open();
-    ClickPSP("videoall");
-    ClickRow(1);
-    const auto pressDelete = [&] {
-        prompts.ExpectMsgBox(fromComputer, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
-        QTest::keyClick(&grdItems(), Qt::Key_Delete);
-    };
-    EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);
-    EXPECT_EQ(colPhoto.Count(), 4);
-
-    ClickNode("photoall");
-    ClickRow(2);
-    ClickPSP("videoall");
-    ClickRow(1);
-    EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);
-    EXPECT_FALSE(colPhoto.Has("ph_b"));
-    EXPECT_FALSE(FileIsThere("b"));
-    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
-    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
 }
 
 TEST_F(DeviceTreeTest, a_label_edit_changes_no_record_and_raises_bDBChanged) {
@@ -243,72 +183,26 @@ TEST_F(DeviceTreeTest, a_label_edit_changes_no_record_and_raises_bDBChanged) {
     QTest::keyClick(editor, Qt::Key_Return);
     RunEvents();
     EXPECT_TRUE(bDBChanged);
-    EXPECT_EQ(temp.Read(VideoFile("1")), "video");
-}
-
-TEST_F(DeviceTreeTest, deleting_the_last_file_of_a_group_leaves_its_folder_and_node) {
-    Open();
-    ClickPSP("e:\\psp\\photo\\Trip");
-    DeleteRow(1);
-    EXPECT_EQ(grdItems().Count(), 0);
-    EXPECT_NE(trvPSPCat().Find("e:\\psp\\photo\\Trip"), nullptr);
-    EXPECT_TRUE(std::filesystem::is_directory(temp.HostPath("stick/psp/photo/Trip")));
-}
-
-TEST_F(DeviceTreeTest, No_deletes_nothing) {
-    Open();
-    ClickPSP("videoall");
-    RightClickRow(1);
-    prompts.ExpectMsgBox(confirmText, MsgBoxButtons::YesNo, MsgBoxAnswer::No, confirmTitle);
-    Pick({"mnuPSPRMB", "mnuPSPDel"});
-    EXPECT_EQ(grdItems().Count(), 1);
-}
-
-TEST_F(DeviceTreeTest, a_list_type_without_files_loses_its_rows_and_no_file) {
-    Open();
-    ClickPSP("videoall");
-    Main().iListType = 8;
-    DeleteRow(1);
-    EXPECT_EQ(grdItems().Count(), 0);
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10001.mp4"), "video");
+    EXPECT_EQ(OnStick("MP_ROOT/100MNV01"), "M4V10001.mp4 ");
 }
 
 TEST_F(DeviceTreeTest, a_folder_that_has_gone_fails) {
     Open();
-    std::filesystem::remove_all(temp.HostPath("stick/MP_ROOT"));
+    fs::remove_all(temp.HostPath("stick/MP_ROOT"));
     EXPECT_EQ(FatalOf([&] { ClickPSP("videoall"); }), failure::PathNotFound);
 }
 
-TEST_F(DeviceTreeTest, a_pulled_stick_covers_the_tree_and_keeps_the_rows) {
-    Open();
-    ClickPSP("videoall");
-    files.Pull('e');
-    PollPSP();
-    EXPECT_EQ(Text("labPSPStatus"), "No PSP Connected");
-    EXPECT_EQ(Main().Layout().picCatBack.Height, 6735);
-    EXPECT_EQ(grdItems().Count(), 1);
-    EXPECT_TRUE(Main().bPSPView);
-    EXPECT_FALSE(Find(Main(), "imgEmpty").isVisible());
-    EXPECT_FALSE(trvPSPCat().hasFocus());
-    EXPECT_EQ(trvPSPCat().focusPolicy(), Qt::NoFocus);
-    PlugStick();
-    PollPSP();
-    EXPECT_EQ(Main().Layout().picCatBack.Height, 3240);
-    EXPECT_EQ(trvPSPCat().focusPolicy(), Qt::StrongFocus);
-}
-
-TEST_F(DeviceTreeTest, the_bar_is_split_where_the_used_part_ends) {
-    Open();
-    const QRect full = Find(Main(), "imgFull").geometry();
-    const QRect empty = Find(Main(), "imgEmpty").geometry();
-    EXPECT_EQ(full.left(), 8);
-    EXPECT_EQ(full.right() + 1, empty.left());
-    EXPECT_EQ(empty.left(), (120 + 3780) / 15);
-    EXPECT_EQ(empty.right() + 1, 6420 / 15);
-    files.At('e').freeSpace = 0;
-    Main().RefreshPSPStatus();
-    EXPECT_EQ(Find(Main(), "imgFull").width(), 420);
-    EXPECT_EQ(Find(Main(), "imgEmpty").width(), 0);
+TEST_F(DeviceTreeTest, a_marked_stick_without_the_PSPs_folders_fails) {
+    for (const char* missing : {"stick/psp/photo", "stick/psp"}) {
+        fs::remove_all(temp.HostPath(missing));
+        SingleWindow<frmMain>::Unload();
+        bPSPConnected = false;
+        EXPECT_EQ(FailureOf([&] { Open(); }), failure::PathNotFound) << missing;
+        files.Pull('e');
+        PollPSP();
+        files.Plug('e', temp.HostPath("stick"));
+        EXPECT_EQ(FailureOf([] { PollPSP(); }), failure::PathNotFound) << missing;
+    }
 }
 
 }  // namespace tavel::test

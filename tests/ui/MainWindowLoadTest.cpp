@@ -3,6 +3,7 @@
 
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 
 namespace tavel::test {
 
@@ -52,6 +53,8 @@ TEST_F(MainWindowLoadTest, the_controls_stand_where_they_are_designed) {
             << control.name;
         EXPECT_FALSE(widget.accessibleName().isEmpty()) << control.name;
     }
+    EXPECT_EQ(Find<QPushButton>(window, "cmdSend").text(), QStringLiteral("Send To PSP"));
+    EXPECT_EQ(Find<QPushButton>(window, "cmdClear").text(), QStringLiteral("Clear List"));
     EXPECT_FALSE(Find(window, "grdAutoSync").isVisible());
     EXPECT_FALSE(Find(window, "imgThumb").isVisible());
 }
@@ -91,7 +94,6 @@ TEST_F(MainWindowLoadTest, the_load_leaves_the_state_at_rest) {
     EXPECT_EQ(grdSync().ColumnWidth("icon"), 300);
     EXPECT_EQ(grdSync().ColumnWidth("item"), 3015 - 300);
     EXPECT_EQ(Find<QLabel>(window, "labPSPStatus").text(), QStringLiteral("No PSP Connected"));
-    EXPECT_FALSE(Find(window, "imgEmpty").isVisible());
 }
 
 TEST_F(MainWindowLoadTest, the_timers_tick_from_the_load_on) {
@@ -109,6 +111,14 @@ TEST_F(MainWindowLoadTest, the_timers_tick_from_the_load_on) {
     EXPECT_EQ(tmrBack.interval(), 60000);
 }
 
+TEST_F(MainWindowLoadTest, the_device_is_polled_only_after_the_first_look) {
+    files.FailOn("DriveExists", 57, 2);
+    EXPECT_EQ(FailureOf([&] { Open(); }), 57);
+    const auto& tmrPSP = Find<QTimer>(Main(), "tmrPSP");
+    EXPECT_FALSE(tmrPSP.isActive());
+    EXPECT_EQ(tmrPSP.interval(), 1000);
+}
+
 TEST_F(MainWindowLoadTest, a_delay_that_is_missing_is_an_hour) {
     temp.Write("db.txt", "");
     Open();
@@ -120,7 +130,7 @@ TEST_F(MainWindowLoadTest, the_load_touches_the_device_in_its_order) {
     Open();
     // Found, connected, music before photos, and the figures last.
     std::vector<std::string> wanted{"FileExists e:", "GetDrive e:", "GetFolder e:\\psp\\music",
-                                    "GetFolder e:\\psp\\photo"};
+                                    "GetFolder e:\\psp\\photo", "TotalSize e:"};
     auto next = wanted.begin();
     for (const std::string& call : files.calls) {
         if (next != wanted.end() && call.rfind(*next, 0) == 0) ++next;

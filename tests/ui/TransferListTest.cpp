@@ -1,5 +1,4 @@
 #include "core/PublicStuff.h"
-#include "support/DeviceRecorders.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
 #include "ui/support/MainWindow.h"
@@ -201,14 +200,6 @@ TEST_F(TransferListTest, FormSyncList_gives_the_ids_in_list_order) {
     EXPECT_EQ(ids, (Ids{"vd_b", "ph_a", "vd_a"}));
 }
 
-TEST_F(TransferListTest, sending_an_empty_list_does_nothing) {
-    MessageBoxesRecorder boxes(calls);
-    Open();
-    calls.clear();
-    Click(Main(), "cmdSend");
-    EXPECT_TRUE(calls.empty());
-}
-
 TEST_F(TransferListTest, sending_without_a_PSP_says_so_and_Clear_List_empties_the_list) {
     MessageBoxesRecorder boxes(calls);
     frmMain& window = Open();
@@ -332,31 +323,6 @@ TEST_F(TransferListTest, no_timer_ticks_while_the_list_is_sent) {
     EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4").size(), 100'000U);
     RunEvents();
     EXPECT_GT(ticks, 0);
-}
-
-TEST_F(TransferListTest, sending_copies_the_list_and_keeps_it_and_refreshes_the_device_tree) {
-    CopyWindowRecorder copyWindow(calls);
-    PlugStick();
-    temp.Write("beach.jpg", "a picture");
-    temp.Write("film.mp4", "a film");
-    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
-    colVideo.Item("vd_a").sPath = temp.DrivePath("film.mp4");
-    colVideo.Item("vd_a").sFormat = "mp4";
-    AddMagazine("ma_a", {"ph_a"});
-    frmMain& window = Open();
-    window.AddToTransferList("ma_a");
-    window.AddToTransferList("vd_a");
-    const std::string queue = Queue();
-    Click(window, "cmdSend");
-    EXPECT_EQ(temp.Read("stick/psp/photo/Group ma_a/Beach.jpg"), "a picture");
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4"), "a film");
-    EXPECT_EQ(Queue(), queue);
-    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);  // the magazine's folder is new
-
-    Click(window, "cmdSend");
-    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10003.mp4"), "a film");
-    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);
-    EXPECT_EQ(std::count(calls.begin(), calls.end(), "labFinish on"), 2);
 }
 
 TEST_F(TransferListTest, the_buttons_work_on_the_hidden_list_in_the_AutoSync_view) {

@@ -58,6 +58,17 @@ void AddGroup(Collection<T>& groups, const std::string& sID, const std::vector<s
     }
 }
 
+std::string TextOfNode(const QTreeWidgetItem& item) {
+    const auto& node = static_cast<const TreeNode&>(item);
+    std::string text = node.Key() + "=" + node.Text();
+    if (node.childCount() == 0) return text;
+    text += node.isExpanded() ? "+(" : "-(";
+    for (int i = 0; i < node.childCount(); ++i) {
+        text += (i == 0 ? "" : " ") + TextOfNode(*node.child(i));
+    }
+    return text + ")";
+}
+
 // Takes the failure message; all other prompts go on to the test's own.
 class FailureBoxes : public Prompter {
   public:
@@ -282,6 +293,8 @@ std::string MainWindowTest::EntriesOf(const char* menu) {
     }
     return names;
 }
+
+std::string MainWindowTest::Tree(const TreeView& tree) { return TextOfNode(*tree.topLevelItem(0)); }
 
 std::string MainWindowTest::RowsOf(const ListView& list) {
     std::string rows;

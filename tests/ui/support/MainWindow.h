@@ -97,6 +97,8 @@ class MainWindowTest : public testing::Test {
     bool Shows(const char* menu) { return Find<QMenu>(Main(), menu).isVisible(); }
     std::string EntriesOf(const char* menu);  // names of those that show, each with a blank
 
+    // "key=text" of each node, "-(...)" or "+(...)" around its children as they are open.
+    static std::string Tree(const TreeView& tree);
     static std::string RowsOf(const ListView& list);             // first cells, parted by "|"
     static std::string CellsOf(const ListView& list, Long row);  // cells, parted by "|"
 

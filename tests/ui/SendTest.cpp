@@ -1,0 +1,142 @@
+#include "core/PublicStuff.h"
+#include "device/Discovery.h"
+#include "support/DeviceRecorders.h"
+#include "ui/main/UpCalls.h"
+#include "ui/main/frmCopy.h"
+#include "ui/support/DeviceWindow.h"
+#include "ui/toolkit/ProgressBar.h"
+
+#include <gmock/gmock.h>
+
+#include <algorithm>
+
+namespace tavel::test {
+
+using ::testing::Contains;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+namespace {
+
+class SendTest : public DeviceWindowTest {
+  protected:
+    SendTest() {
+        temp.Write("beach.jpg", "a picture");
+        temp.Write("film.mp4", "a film");
+        AddPhoto("ph_a", "Beach").sPath = temp.DrivePath("beach.jpg");
+        AddVideo("vd_a", "Film").sPath = temp.DrivePath("film.mp4");
+        AddMagazine("ma_a", {"ph_a"});
+    }
+
+    void OpenWith(std::initializer_list<const char*> ids) {
+        Open();
+        for (const char* id : ids) Main().AddToTransferList(id);
+    }
+};
+
+// Notes at each painting of frmCopy whether it tells of an end.
+class FinishWatch : public QObject {
+  public:
+    explicit FinishWatch(frmCopy& window) : m_finish(Find(window, "labFinish")) {
+        window.installEventFilter(this);
+    }
+
+    std::vector<bool> shown;
+
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Paint) shown.push_back(m_finish.isVisible());
+        return false;
+    }
+
+  private:
+    QWidget& m_finish;
+};
+
+}  // namespace
+
+TEST_F(SendTest, copies_the_list_and_keeps_it_and_refreshes_the_device_tree) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ma_a", "vd_a"});
+    ClickPSP("videoall");
+    Click(Main(), "cmdSend");
+    EXPECT_EQ(temp.Read("stick/psp/photo/Group ma_a/Beach.jpg"), "a picture");
+    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10002.mp4"), "a film");
+    EXPECT_EQ(grdSync().Key(1) + grdSync().Key(2), "IDma_aIDvd_a");
+    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);  // the magazine's folder is new
+    EXPECT_TRUE(Main().bPSPView);
+
+    Click(Main(), "cmdSend");
+    EXPECT_EQ(temp.Read("stick/MP_ROOT/100MNV01/M4V10003.mp4"), "a film");
+    EXPECT_EQ(grdSync().Count(), 2);
+    EXPECT_EQ(trvPSPCat().Node("photoall").childCount(), 2);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "labFinish on"), 2);
+}
+
+TEST_F(SendTest, an_empty_list_does_nothing_with_a_PSP_or_without) {
+    MessageBoxesRecorder boxes(calls);
+    CopyWindowRecorder copyWindow(calls);
+    Open();
+    for (const bool bConnected : {true, false}) {
+        bPSPConnected = bConnected;
+        files.calls.clear();
+        calls.clear();
+        Click(Main(), "cmdSend");
+        EXPECT_THAT(calls, IsEmpty());
+        EXPECT_THAT(files.calls, IsEmpty());
+    }
+}
+
+TEST_F(SendTest, the_copy_window_waits_for_its_OK_with_the_main_window_usable_behind_it) {
+    WireUpCalls();
+    const AppWindowsRecorder noRealEnd(calls);
+    OpenWith({"ph_a"});
+    Click(Main(), "cmdSend");
+    ASSERT_TRUE(SingleWindow<frmCopy>::Loaded());
+    frmCopy& window = SingleWindow<frmCopy>::Get();
+    EXPECT_TRUE(Find(window, "labFinish").isVisible());
+    EXPECT_TRUE(Find(window, "cmdOK").isEnabled());
+    ClickPSP("videoall");
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001");
+
+    FinishWatch watch(window);
+    Click(Main(), "cmdSend");
+    EXPECT_THAT(watch.shown, Contains(true));
+    EXPECT_THAT(watch.shown, Not(Contains(false))) << "the end of the first run goes on showing";
+    Click(window, "cmdOK");
+    EXPECT_FALSE(SingleWindow<frmCopy>::Loaded());
+}
+
+TEST_F(SendTest, Clear_List_touches_nothing_else) {
+    WireUpCalls();
+    const AppWindowsRecorder noRealEnd(calls);
+    OpenWith({"ph_a", "vd_a"});
+    Click(Main(), "cmdSend");
+    ClickNode("videoall");
+    ClickRow(1);
+    auto& total = SingleWindow<frmCopy>::Get().TotalBar();
+    ASSERT_EQ(total.Value(), 2);
+    Click(Main(), "cmdClear");
+    EXPECT_EQ(grdSync().Count(), 0);
+    EXPECT_EQ(total.Value(), 2);
+    EXPECT_EQ(RowsOf(grdItems()), "Film");
+    EXPECT_EQ(Main().sSelected, std::vector<std::string>{"vd_a"});
+    EXPECT_FALSE(bDBChanged);
+}
+
+TEST_F(SendTest, a_stick_that_is_pulled_on_the_way_ends_the_program_at_the_trees_folders) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a"});
+    files.At('e').bytesUntilGone = 3;
+    EXPECT_EQ(FatalOf([&] { Click(Main(), "cmdSend"); }), failure::PathNotFound);
+    EXPECT_THAT(calls, Contains("cmdOK on"));
+}
+
+TEST_F(SendTest, a_library_file_that_is_missing_ends_the_program) {
+    CopyWindowRecorder copyWindow(calls);
+    colVideo.Item("vd_a").sPath = temp.DrivePath("none.mp4");
+    OpenWith({"vd_a"});
+    EXPECT_EQ(FatalOf([&] { Click(Main(), "cmdSend"); }), failure::FileNotFound);
+    EXPECT_THAT(calls, Not(Contains("labFinish on")));
+}
+
+}  // namespace tavel::test
