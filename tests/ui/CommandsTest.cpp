@@ -71,6 +71,8 @@ TEST_F(CommandsTest, Add_Folder_shows_frmAdd_for_as_long_as_it_takes) {
     Pick({"mnuFile", "mnuAdd", "mnuAddFolder"});
     EXPECT_EQ(calls.front(), "frmAdd.Show");
     EXPECT_EQ(calls.back(), "frmAdd.Unload");
+    for (const char* once : {"frmAdd.Show", "frmAdd.Unload"})
+        EXPECT_EQ(std::count(calls.begin(), calls.end(), once), 1) << once;
     EXPECT_EQ(colPhoto.Count(), 6);
     EXPECT_EQ(colMagazine.Count(), 0);
     EXPECT_EQ(prompts.LastFolderRequest().owner, &Main());
@@ -94,6 +96,17 @@ TEST_F(CommandsTest, Add_Folder_passes_over_what_is_there_and_does_not_yield_by_
     EXPECT_EQ(colPhoto.Count(), 1);
     EXPECT_EQ(yields(), 1);  // the comparison with the library
     EXPECT_EQ(colPhoto.Count(), 1);
+}
+
+TEST_F(CommandsTest, a_failure_while_a_folder_is_added_saves_nothing) {
+    temp.Write("media/a.jpg", "picture");
+    temp.Write("media/nodot", "a name without an extension");
+    Open();
+    prompts.ExpectFolder(QStringLiteral("Select a folder"), temp.DrivePath("media"));
+    EXPECT_EQ(FatalOf([&] { Pick({"mnuFile", "mnuAdd", "mnuAddFolder"}); }), failure::Overflow);
+    EXPECT_EQ(colPhoto.Count(), 5);
+    EXPECT_TRUE(bDBChanged);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "SaveDB"), 0);
 }
 
 TEST_F(CommandsTest, a_cancelled_folder_does_nothing) {

@@ -110,6 +110,7 @@ TEST_F(GroupCommandsTest, Remove_From_Group_asks_nothing_and_takes_the_row_out) 
     EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ph_c ");
     EXPECT_EQ(colPhoto.Item("ph_b").iNoGroups, 0);
     EXPECT_TRUE(colPhoto.Has("ph_b"));
+    EXPECT_TRUE(FileIsThere("b"));
     EXPECT_EQ(Main().sSelected, Ids{"ph_b"});
 }
 

@@ -127,7 +127,10 @@ TEST_F(ItemDeleteTest, from_DB_removes_the_current_item_and_keeps_its_file) {
     EXPECT_EQ(Main().sSelected, Ids{"ph_b"});
 }
 
-TEST_F(ItemDeleteTest, from_Computer_removes_the_current_item_with_its_file) {
+TEST_F(ItemDeleteTest,
+       from_Computer_removes_the_current_item_with_its_file_and_no_copy_on_a_stick) {
+    PlugStick();
+    temp.Write("stick/psp/photo/b.jpg", "b");
     Open();
     ClickNode("photoall");
     ClickRow(1);
@@ -141,6 +144,7 @@ TEST_F(ItemDeleteTest, from_Computer_removes_the_current_item_with_its_file) {
     EXPECT_EQ(RowsOf(grdItems()), "a|c|d");
     EXPECT_FALSE(FileIsThere("b"));
     EXPECT_TRUE(FileIsThere("a"));
+    EXPECT_EQ(temp.Read("stick/psp/photo/b.jpg"), "b");
     EXPECT_EQ(Main().sSelected, Ids{"ph_b"});
 }
 

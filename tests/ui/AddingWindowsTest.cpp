@@ -1,0 +1,67 @@
+#include "core/PublicStuff.h"
+#include "library/Adding.h"
+#include "library/Collections.h"
+#include "support/Recorders.h"
+#include "support/Support.h"
+#include "ui/main/UpCalls.h"
+#include "ui/main/frmAdd.h"
+#include "ui/main/frmInvFiles.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QLabel>
+#include <QListWidget>
+
+namespace tavel::test {
+
+namespace {
+
+// The real windows of adding, behind their up-calls.
+class AddingWindows : public ::testing::Test {
+  protected:
+    AddingWindows() {
+        WireUpCalls();
+        sPhotoSupport = {"jpg"};
+    }
+    ~AddingWindows() override { ReleaseCollections(); }
+
+    static frmAdd& Add() { return SingleWindow<frmAdd>::Get(); }
+
+    TempFolder temp;
+};
+
+}  // namespace
+
+TEST_F(AddingWindows, a_cancel_takes_the_window_away_and_the_next_folder_goes_into_a_hidden_one) {
+    for (const char* name : {"m/one/a.jpg", "m/one/b.jpg", "m/two/c.jpg"})
+        temp.Write(name, "a file");
+    Calls calls;
+    EventLoopRecorder events(calls);
+    bool isCancelled = false;
+    events.onYield = [&] {
+        if (isCancelled) return;
+        isCancelled = true;
+        Click(Add(), "cmdCancel");
+        Click(Add(), "cmdCancel");  // a second click changes nothing
+    };
+    UpCall<AddWindow>::Get().Show();
+    AddFolder(temp.DrivePath("m"), true, false, false, false);
+    ASSERT_EQ(colPhoto.Count(), 2);
+    EXPECT_EQ(colPhoto.Item(1).sName + colPhoto.Item(2).sName, "ac");
+    EXPECT_TRUE(SingleWindow<frmAdd>::Loaded());
+    EXPECT_FALSE(Add().isVisible());
+    EXPECT_EQ(FromQString(Find<QLabel>(Add(), "labPath").text()), temp.DrivePath("m\\two\\c.jpg"));
+}
+
+TEST_F(AddingWindows, none_of_them_locks_the_others_and_what_was_rejected_adds_up) {
+    UpCall<AddWindow>::Get().Show();
+    EXPECT_FALSE(Add().isModal());
+    ShowInvalidFiles({"c:\\a.doc"});
+    ShowInvalidFiles({"c:\\b.doc", "c:\\c.doc"});
+    frmInvFiles& rejected = SingleWindow<frmInvFiles>::Get();
+    EXPECT_FALSE(rejected.isModal());
+    EXPECT_EQ(Find<QListWidget>(rejected, "lstItems").count(), 3);
+}
+
+}  // namespace tavel::test
