@@ -1,3 +1,4 @@
+#include "platform/ProfileService.h"
 #include "platform/linux/HostFileService.h"
 #include "support/ExfatStick.h"
 #include "support/HostDrives.h"
@@ -120,6 +121,47 @@ TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
     EXPECT_LT(total, std::int64_t{24} << 20);
     EXPECT_FALSE(file->Close());
     EXPECT_LE(files->GetFile("e:\\a.bin").Size, total);
+}
+
+TEST(OnABrokenStick, Nothing_is_taken_once_a_flush_has_failed) {
+    const ExfatStick stick(200, 16);
+    if (!stick.WhyNot().empty()) GTEST_SKIP() << stick.WhyNot();
+    const TempFolder program;
+    fs::create_directories(program.HostPath("drives"));
+    fs::create_directory_symlink(stick.MountFolder(), program.HostPath("drives/e"));
+    const auto files = MakeHostFileService(program.HostPath(), MakeHostMounts());
+    Long error = 0;
+    const auto file = files->OpenRaw("e:\\a.bin", RawMode::Create, error);
+    ASSERT_TRUE(file);
+    const std::string piece(std::size_t{1} << 20, 'x');
+    std::size_t count = 0;
+    int pieces = 0;
+    while (pieces < 150 && file->Write(piece, count)) ++pieces;
+    EXPECT_LT(pieces, 150);
+    EXPECT_FALSE(file->Write(piece, count));
+    EXPECT_EQ(count, 0U);
+    EXPECT_FALSE(file->Close());
+}
+
+// A stick is asked for its identity file under two spellings.
+TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
+    UseHostFileService(files.get());
+    files->CreateTextFile("e:\\TavelDataFile.tavel", true);
+    for (int i = 0; i < 5; ++i) {
+        const std::string key = std::to_string(i);
+        EXPECT_TRUE(WritePrivateProfileString("a", key, "v", "e:\\TavelDataFile.tavel"));
+        EXPECT_TRUE(WritePrivateProfileString("b", key, "v", "e:\\taveldatafile.TAVEL"));
+        EXPECT_EQ(GetPrivateProfileString("a", key, "", 255, "e:\\taveldatafile.tavel"), "v");
+    }
+    for (int i = 0; i < 5; ++i) {
+        const std::string key = std::to_string(i);
+        for (const char* section : {"a", "b"})
+            EXPECT_EQ(GetPrivateProfileString(section, key, "", 255, "e:\\TAVELdatafile.tavel"),
+                      "v");
+    }
+    UseHostFileService(nullptr);
+    EXPECT_THAT(files->GetFolder("e:\\").Files, ::testing::SizeIs(1));
+    EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "TavelDataFile.tavel");
 }
 
 TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {

@@ -13,14 +13,20 @@ bool Run(const std::string& command) {
 
 }  // namespace
 
-ExfatStick::ExfatStick(int mebibytes) {
+ExfatStick::ExfatStick(int mebibytes, int soundMebibytes) {
     std::filesystem::create_directory(MountFolder());
-    const std::string image = m_temp.HostPath("image");
-    m_temp.Write("image", "");
-    std::filesystem::resize_file(image, static_cast<std::uintmax_t>(mebibytes) << 20);
-    if (!Try("mkfs.exfat", "mkfs.exfat " + image)) return;
+    const std::string medium = m_temp.HostPath("medium");
+    std::filesystem::create_directory(medium);
+    if (soundMebibytes != 0) {
+        const std::string size = std::to_string(soundMebibytes) + "m";
+        if (!Try("tmpfs", "mount -t tmpfs -o size=" + size + " tmpfs " + medium)) return;
+        m_isMediumMounted = true;
+    }
+    m_temp.Write("medium/image", "");
+    std::filesystem::resize_file(Image(), static_cast<std::uintmax_t>(mebibytes) << 20);
+    if (!Try("mkfs.exfat", "mkfs.exfat " + Image())) return;
     const std::string name = m_temp.HostPath("device");
-    if (!Try("losetup", "losetup -f --show " + image + " >" + name)) return;
+    if (!Try("losetup", "losetup -f --show " + Image() + " >" + name)) return;
     m_device = m_temp.Read("device");
     m_device.resize(m_device.find('\n'));
     Try("mount", "mount.exfat-fuse " + m_device + " " + MountFolder());
@@ -29,6 +35,7 @@ ExfatStick::ExfatStick(int mebibytes) {
 ExfatStick::~ExfatStick() {
     Pull();
     if (!m_device.empty()) Run("losetup -d " + m_device);
+    if (m_isMediumMounted) Run("umount -l " + m_temp.HostPath("medium"));
 }
 
 bool ExfatStick::Try(const std::string& what, const std::string& command) {
@@ -51,8 +58,7 @@ std::string ExfatStick::BytesWhenPulled(const std::string& name) {
     const std::string copy = m_temp.HostPath("copy");
     const std::string folder = m_temp.HostPath("other");
     std::filesystem::create_directory(folder);
-    std::filesystem::copy_file(m_temp.HostPath("image"), copy,
-                               std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::copy_file(Image(), copy, std::filesystem::copy_options::overwrite_existing);
     const std::string answer = m_temp.HostPath("otherDevice");
     Run("losetup -r -f --show " + copy + " >" + answer);
     std::string device = m_temp.Read("otherDevice");

@@ -10,7 +10,8 @@ namespace tavel::test {
 // not allow that, WhyNot says what failed, and the test is to be skipped.
 class ExfatStick {
   public:
-    explicit ExfatStick(int mebibytes);
+    // `soundMebibytes`: where the medium breaks while the file system still has room; 0 for never.
+    explicit ExfatStick(int mebibytes, int soundMebibytes = 0);
     ~ExfatStick();
     ExfatStick(const ExfatStick&) = delete;
     ExfatStick& operator=(const ExfatStick&) = delete;
@@ -28,7 +29,10 @@ class ExfatStick {
   private:
     bool Try(const std::string& what, const std::string& command);
 
+    std::string Image() const { return m_temp.HostPath("medium/image"); }
+
     TempFolder m_temp;
+    bool m_isMediumMounted = false;
     std::string m_device;
     std::string m_whyNot;
 };

@@ -66,6 +66,7 @@ bool HostFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
 // ones fill the medium to its end, so that what follows finds it full and leaves no gap.
 bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
     bytesWritten = 0;
+    if (m_isMediumLost) return false;
     std::size_t limit = buffer.size();
     while (bytesWritten < buffer.size()) {
         const ssize_t count = write(m_file.Get(), buffer.data() + bytesWritten,
@@ -78,7 +79,9 @@ bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
         if (count < 0) return Failed();
         bytesWritten += static_cast<std::size_t>(count);
     }
-    return !m_place.isOnRemovable || m_pace.Wrote(m_file.Get(), bytesWritten) || Failed();
+    if (!m_place.isOnRemovable || m_pace.Wrote(m_file.Get(), bytesWritten)) return true;
+    m_isMediumLost = true;
+    return Failed();
 }
 
 std::int64_t HostFile::Size() {

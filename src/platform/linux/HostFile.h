@@ -42,6 +42,7 @@ class HostFile : public RawFile {
     bool m_isNew;
     WritePace m_pace;
     Long m_error = 0;
+    bool m_isMediumLost = false;  // what had been taken did not reach it
 };
 
 // Null when the file can't be opened; `error` then is the run-time's number for it, else 0.

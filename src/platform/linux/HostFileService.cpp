@@ -99,7 +99,8 @@ class LinuxFileService : public FileService {
     std::string HostPath(std::string_view path) override {
         const Place place = Find(path);
         const bool canBeCreated = place.failure == failure::FileNotFound && !place.name.empty();
-        return place.failure == 0 || canBeCreated ? place.hostPath : std::string();
+        if (place.failure != 0) return canBeCreated ? place.hostPath : std::string();
+        return place.isOnRemovable ? HostPathInOwnSpelling(place) : place.hostPath;
     }
 
     std::string FromHostPath(std::string_view hostPath) override {

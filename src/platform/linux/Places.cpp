@@ -190,4 +190,14 @@ Place FindPlace(DriveTable& drives, std::string_view path) {
     return place;
 }
 
+std::string HostPathInOwnSpelling(const Place& place) {
+    if (place.path.names.empty()) return place.hostPath;
+    int error = 0;
+    const std::vector<std::string> names = NamesIn(place.folder.Get(), error);
+    if (std::binary_search(names.begin(), names.end(), place.name)) return place.hostPath;
+    const std::string_view own = MatchingName(names, place.name);
+    if (own.empty()) return place.hostPath;
+    return place.hostPath.substr(0, place.hostPath.size() - place.name.size()).append(own);
+}
+
 }  // namespace tavel

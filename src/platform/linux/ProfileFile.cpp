@@ -1,7 +1,6 @@
 #include "platform/ProfileFile.h"
 
 #include "platform/linux/Descriptor.h"
-#include "platform/linux/HostNames.h"
 
 #include <errno.h>
 #include <fcntl.h>
@@ -10,11 +9,9 @@
 #include <time.h>
 #include <unistd.h>
 
-#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <utility>
-#include <vector>
 
 namespace tavel {
 
@@ -142,14 +139,6 @@ class Successor {
     bool m_isPlaced = false;
 };
 
-// A file system that ignores case takes any spelling of a name. A rename to a spelling that is not
-// the folder's own would change what the file is called.
-bool IsOwnSpelling(int folder, const std::string& name) {
-    int error = 0;
-    const std::vector<std::string> names = NamesIn(folder, error);
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
 // The room is claimed first, so that a full disk is told before a byte has changed. File systems
 // that cannot claim room say so, and are written all the same.
 bool OverwriteInPlace(int folder, const std::string& name, const ByteTeller& bytes) {
@@ -212,9 +201,6 @@ bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes) {
     // A rename would get around the file's own write protection.
     if (!S_ISREG(former.st_mode)) return false;
     if (faccessat(folder.Get(), place.name.c_str(), W_OK, AT_EACCESS) != 0) return false;
-    if (!IsOwnSpelling(folder.Get(), place.name)) {
-        return OverwriteInPlace(folder.Get(), place.name, bytes);
-    }
 
     Successor successor(folder.Get(), former);
     const bool isPlaced =
