@@ -1,9 +1,12 @@
 #include "core/PublicStuff.h"
+#include "support/DeviceRecorders.h"
+#include "ui/main/frmLog.h"
 #include "ui/support/MainWindow.h"
 
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <algorithm>
 
 namespace tavel::test {
 
@@ -21,6 +24,17 @@ class MainWindowLoadTest : public MainWindowTest {
         }
         return text;
     }
+};
+
+// Looks at the log's window when the shutting down begins.
+class EndWatcher : public AppWindowsRecorder {
+  public:
+    using AppWindowsRecorder::AppWindowsRecorder;
+    void ShowEnd() override {
+        logIsLoaded = SingleWindow<frmLog>::Loaded();
+        AppWindowsRecorder::ShowEnd();
+    }
+    bool logIsLoaded = true;
 };
 
 }  // namespace
@@ -77,19 +91,32 @@ TEST_F(MainWindowLoadTest, the_menus_have_their_entries_in_order) {
     EXPECT_EQ(Entries(Find<QMenu>(window, "mnuPSPRMB").actions()), "mnuPSPDel=Delete from PSP;");
     EXPECT_EQ(Entries(Find<QMenu>(window, "mnuCats").actions()),
               "mnuRename_Cat=Rename...;mnuSep6=-;mnuDelGroup_Cat=Delete Group;");
+    EXPECT_EQ(Find<QMenu>(window, "mnuRMB").title(), QStringLiteral("grdItems RMB Menu"));
+    EXPECT_EQ(Find<QMenu>(window, "mnuPSPRMB").title(), QStringLiteral("grdItems PSPView RMB"));
+    EXPECT_EQ(Find<QMenu>(window, "mnuCats").title(), QStringLiteral("trvCat RMB Menu"));
 }
 
 TEST_F(MainWindowLoadTest, the_load_leaves_the_state_at_rest) {
+    frmMain window;
     iScanTicks = 5;
-    frmMain& window = Open();
+    window.iListType = 3;
+    window.bPSPView = window.bListDrag = true;
+    window.sSelected = {"ph_a", "ph_b"};
+    window.Load();
     EXPECT_EQ(iScanDelay, 7);
     EXPECT_EQ(iScanTicks, 0);
     EXPECT_EQ(window.iListType, -1);
     EXPECT_FALSE(window.bPSPView);
     EXPECT_FALSE(window.bListDrag);
-    EXPECT_FALSE(window.bThumbAbove);
     EXPECT_EQ(window.sSelected, std::vector<std::string>{""});
+}
+
+TEST_F(MainWindowLoadTest, after_the_load_the_window_shows_neither_items_nor_a_device) {
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
     EXPECT_EQ(trvCat().SelectedKey(), "master");
+    EXPECT_EQ(grdItems().Count(), 0);
+    EXPECT_EQ(grdItems().model()->columnCount(), 0);
     EXPECT_EQ(trvPSPCat().focusPolicy(), Qt::NoFocus);  // there is no device to browse
     EXPECT_EQ(grdSync().ColumnWidth("icon"), 300);
     EXPECT_EQ(grdSync().ColumnWidth("item"), 3015 - 300);
@@ -98,12 +125,19 @@ TEST_F(MainWindowLoadTest, the_load_leaves_the_state_at_rest) {
 
 TEST_F(MainWindowLoadTest, the_timers_tick_from_the_load_on) {
     frmMain& window = Open();
-    const auto& tmrPSP = Find<QTimer>(window, "tmrPSP");
-    const auto& tmrBack = Find<QTimer>(window, "tmrBack");
+    auto& tmrPSP = Find<QTimer>(window, "tmrPSP");
+    auto& tmrBack = Find<QTimer>(window, "tmrBack");
     EXPECT_TRUE(tmrPSP.isActive());
     EXPECT_EQ(tmrPSP.interval(), 1000);
     EXPECT_TRUE(tmrBack.isActive());
     EXPECT_EQ(tmrBack.interval(), 60000);
+    EXPECT_EQ(iScanTicks, 0);
+    EXPECT_TRUE(QMetaObject::invokeMethod(&tmrBack, "timeout"));
+    EXPECT_EQ(iScanTicks, 1);
+    PlugStick();
+    EXPECT_TRUE(QMetaObject::invokeMethod(&tmrPSP, "timeout"));
+    EXPECT_TRUE(bPSPConnected);
+    EXPECT_EQ(iScanTicks, 1);
     window.Enable(false);
     EXPECT_FALSE(tmrBack.isActive());
     window.Enable(true);
@@ -125,7 +159,27 @@ TEST_F(MainWindowLoadTest, a_delay_that_is_missing_is_an_hour) {
     EXPECT_EQ(iScanDelay, 60);
 }
 
-TEST_F(MainWindowLoadTest, the_load_touches_the_device_in_its_order) {
+TEST_F(MainWindowLoadTest, the_load_shows_a_device_in_its_order_and_the_figures_always) {
+    {
+        frmMain window;
+        DevicePanelsRecorder panels(calls);
+        calls.clear();
+        window.Load();
+        EXPECT_EQ(calls, Calls{"RefreshPSPStatus"});
+    }
+    PlugStick();
+    frmMain window;
+    DevicePanelsRecorder panels(calls);
+    panels.onRefreshPSPCats = [] { EXPECT_TRUE(bPSPConnected); };
+    calls.clear();
+    window.Load();
+    calls.erase(std::remove_if(calls.begin(), calls.end(),
+                               [](const std::string& call) { return call.rfind("Log ", 0) == 0; }),
+                calls.end());
+    EXPECT_EQ(calls, (Calls{"RefreshPSPCats", "ShowPSPCats on", "RefreshPSPStatus"}));
+}
+
+TEST_F(MainWindowLoadTest, the_load_reads_the_device_in_its_order) {
     PlugStick();
     Open();
     // Found, connected, music before photos, and the figures last.
@@ -136,6 +190,20 @@ TEST_F(MainWindowLoadTest, the_load_touches_the_device_in_its_order) {
         if (next != wanted.end() && call.rfind(*next, 0) == 0) ++next;
     }
     EXPECT_EQ(next, wanted.end()) << *next;
+}
+
+TEST_F(MainWindowLoadTest, the_logs_window_goes_before_the_program_shuts_down) {
+    for (const bool byMenu : {true, false}) {
+        EndWatcher watcher(calls);
+        Open();
+        SingleWindow<frmLog>::Get();
+        if (byMenu) {
+            Pick({"mnuFile", "mnuExit"});
+        } else {
+            Main().close();
+        }
+        EXPECT_FALSE(watcher.logIsLoaded);
+    }
 }
 
 }  // namespace tavel::test
