@@ -80,7 +80,9 @@ TEST_F(RemoveItemTest, Each_kind_of_item_leaves_its_group_and_goes_with_its_file
         const auto type = static_cast<MediaType>(GetMediaClass(row.group));
         ItemOf(type, row.sID).sPath = Write(row.sID, "x");
         const std::string sGroupID = MakeGroup({row.sID, row.other}, "Summer", row.group);
+        windows.calls.clear();
         EXPECT_TRUE(Remove(row.sID, true));
+        EXPECT_EQ(windows.calls, Calls{});
         EXPECT_EQ(MembersOf(GroupOf(row.group, sGroupID)), Texts{row.other});
         EXPECT_EQ(FailureOf([&] { ItemOf(type, row.sID); }), failure::InvalidProcedureCall);
         EXPECT_FALSE(IsThere(row.sID));

@@ -75,6 +75,9 @@ TEST_P(FileNames, Nothing_is_put_behind_a_second_drive_even_where_the_host_has_i
     files->MoveFile(At("c:\\in\\taken.bin"), At("b.bin"));
     EXPECT_EQ(files->ReadWhole(At("b.bin")), "y");
     EXPECT_TRUE(fs::is_empty(Host("c:/in")));
+    fs::create_directory(Host("c:x"));
+    files->CreateTextFile(At("c:x\\b.txt"), true);
+    EXPECT_TRUE(Has("c:x/b.txt")) << "no drive";
 }
 
 TEST_P(FileNames, Names_that_only_look_like_devices_are_created) {
