@@ -4,6 +4,7 @@
 #include "ui/toolkit/Application.h"
 
 #include <QIcon>
+#include <algorithm>
 
 namespace {
 
@@ -18,7 +19,9 @@ QIcon ProgramIcon() {
 }  // namespace
 
 int main(int argc, char** argv) {
-    tavel::Application application(argc, argv);
+    // The program takes no command line, and Qt would take options of its own from it.
+    int nameAlone = std::min(argc, 1);
+    tavel::Application application(nameAlone, argv);
     tavel::Application::setWindowIcon(ProgramIcon());
     tavel::WireUpCalls();
     application.Guard(tavel::Main);

@@ -2,6 +2,7 @@
 #include "core/PublicStuff.h"
 #include "core/UsefulFunctions.h"
 #include "platform/Failure.h"
+#include "support/FaultyFileService.h"
 #include "support/ProgramDB.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
@@ -41,11 +42,27 @@ TEST_F(MainTest, Controls_that_cannot_be_readied_keep_nothing_from_starting) {
     EXPECT_EQ(FailureOf(Main), 0);
 }
 
-TEST_F(MainTest, The_wizard_takes_the_place_of_the_main_window_and_the_log_line_stays) {
-    const ProgramDB db(WithOptions("bFirstTime=True\r\n"));
-    StartUp();
-    EXPECT_EQ(windows.calls, (Calls{"ShowSplash", "LoadDB", "UnloadSplash", "ShowStartWizard",
-                                    "Log FORM: frmMain and frmLog Opened"}));
+TEST_F(MainTest, The_wizard_takes_the_place_of_the_main_window_for_every_text_that_is_true) {
+    const struct {
+        const char* option;
+        bool isTrue;
+    } rows[] = {{"bFirstTime=True\r\n", true},
+                {"bFirstTime=true\r\n", true},
+                {"bFirstTime=-1\r\n", true},
+                {"bFirstTime=1\r\n", true},
+                {"bFirstTime=2\r\n", true},
+                {"bFirstTime=0\r\n", false},
+                {"", false},
+                {"bFirstTime=False\r\n", false}};
+    for (const auto& row : rows) {
+        const ProgramDB db(WithOptions(row.option));
+        windows.calls.clear();
+        StartUp();
+        EXPECT_EQ(windows.calls, (Calls{"ShowSplash", "LoadDB", "UnloadSplash",
+                                        row.isTrue ? "ShowStartWizard" : "ShowMain",
+                                        "Log FORM: frmMain and frmLog Opened"}))
+            << row.option;
+    }
 }
 
 TEST_F(MainTest, A_scan_at_the_start_comes_last_on_both_paths) {
@@ -75,13 +92,20 @@ TEST_F(MainTest, Path_style_and_options_are_there_before_the_library_and_the_lis
     EXPECT_EQ(sMusicSupport, std::vector<std::string>{"mp3"});
 }
 
-TEST_F(MainTest, StartUp_clears_the_flags_behind_the_library) {
-    const ProgramDB db(WithOptions(""));
-    bPSPConnected = true;
-    library.onLoadDB = [] { bDBChanged = true; };
-    StartUp();
-    EXPECT_FALSE(bPSPConnected);
-    EXPECT_FALSE(bDBChanged);
+// The main window looks for a PSP in its load, and may have found one when it is shown.
+TEST_F(MainTest, StartUp_clears_the_flags_between_the_library_and_the_first_window) {
+    for (const char* first : {"0", "1"}) {
+        const ProgramDB db(WithOptions("bFirstTime=" + std::string(first) + "\r\n"));
+        library.onLoadDB = [] { bPSPConnected = bDBChanged = true; };
+        windows.app.onFirstWindow = [] {
+            EXPECT_FALSE(bPSPConnected);
+            EXPECT_FALSE(bDBChanged);
+            bPSPConnected = true;
+        };
+        StartUp();
+        EXPECT_TRUE(bPSPConnected);
+        EXPECT_FALSE(bDBChanged);
+    }
 }
 
 TEST_F(MainTest, An_option_that_does_not_convert_ends_the_start_before_any_window) {
@@ -103,6 +127,37 @@ TEST_F(MainTest, Missing_extension_lists_end_the_start_behind_the_splash) {
     EXPECT_EQ(windows.calls, (Calls{"ShowSplash", "LoadDB", "UnloadSplash"}));
 }
 
+TEST_F(MainTest, Without_its_file_the_start_ends_behind_the_splash_and_makes_none) {
+    const ProgramDB db("");
+    db.Remove();
+    EXPECT_EQ(FailureOf(StartUp), failure::SubscriptOutOfRange);
+    EXPECT_EQ(windows.calls, (Calls{"ShowSplash", "LoadDB", "UnloadSplash"}));
+    EXPECT_FALSE(oFSO().FileExists(sDBFile));
+}
+
+TEST_F(MainTest, A_failure_of_the_scan_at_the_start_is_not_guarded) {
+    const ProgramDB db(WithOptions("bScanOnAppStart=1\r\n"));
+    library.onBackgroundScan = [] { Fail(failure::PathNotFound); };
+    EXPECT_EQ(FailureOf(StartUp), failure::PathNotFound);
+    EXPECT_EQ(windows.calls.back(), "BackgroundScan");
+}
+
+TEST_F(MainTest, A_save_that_fails_ends_the_shutdown_there) {
+    bDBChanged = true;
+    library.onSaveDB = [] { Fail(failure::Overflow); };
+    EXPECT_EQ(FailureOf(ShutDown), failure::Overflow);
+    EXPECT_EQ(windows.calls, (Calls{"ShowEnd", "SaveDB"}));
+}
+
+TEST_F(MainTest, ShutDown_lets_go_of_the_file_service_behind_the_save) {
+    FaultyFileService other;
+    UseFileService(&other);
+    bDBChanged = true;
+    library.onSaveDB = [&] { EXPECT_EQ(&oFSO(), &other); };
+    ShutDown();
+    EXPECT_NE(&oFSO(), &other);
+}
+
 TEST_F(MainTest, SetupStyle_names_its_font_and_leaves_all_colours) {
     SetupStyle();
     EXPECT_EQ(gStyle.sFontName, "Verdanda");
@@ -115,7 +170,6 @@ TEST_F(MainTest, ShutDown_saves_a_changed_library_between_frmEnd_and_the_release
     ShutDown();
     EXPECT_EQ(windows.calls,
               (Calls{"ShowEnd", "SaveDB", "Release", "UnloadAllButMain", "EndProcess"}));
-    EXPECT_TRUE(bDBChanged);
 }
 
 TEST_F(MainTest, ShutDown_shows_frmEnd_and_saves_nothing_when_nothing_has_changed) {

@@ -10,6 +10,8 @@
 namespace tavel::test {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 class Options : public ::testing::Test {
   protected:
     Options() { sDBFile = temp.DrivePath("db.txt"); }
@@ -20,46 +22,52 @@ class Options : public ::testing::Test {
     TempFolder temp;
 };
 
-TEST_F(Options, LoadOptions_reads_all_seven) {
-    Contain(
-        "[options]\r\nbFirstTime=1\r\nbGroupZip=1\r\nbAutoGroup=1\r\nbScanOnAppStart=1\r\n"
-        "bAddHiddenFiles=1\r\niVidThumbMode=2\r\nsDefaultDBPath=c:\\Media\r\n");
-    LoadOptions();
-    EXPECT_TRUE(bFirstTime);
-    EXPECT_TRUE(bGroupZip);
-    EXPECT_TRUE(bAutoGroup);
-    EXPECT_TRUE(bScanOnAppStart);
-    EXPECT_TRUE(bAddHiddenFiles);
-    EXPECT_EQ(iVidThumbMode, 2);
-    EXPECT_EQ(sDefaultDBPath, "c:\\Media");
+// The keys in the order in which they are read, each with a value and what it is read as.
+constexpr const char* Keys[][2] = {{"bFirstTime", "1"},
+                                   {"bGroupZip", "1"},
+                                   {"bAutoGroup", "1"},
+                                   {"bScanOnAppStart", "1"},
+                                   {"bAddHiddenFiles", "1"},
+                                   {"iVidThumbMode", "2"},
+                                   {"sDefaultDBPath", "c:\\Media"}};
+
+// What the options hold, in the same order.
+Texts Values() {
+    return {std::to_string(bFirstTime),
+            std::to_string(bGroupZip),
+            std::to_string(bAutoGroup),
+            std::to_string(bScanOnAppStart),
+            std::to_string(bAddHiddenFiles),
+            std::to_string(iVidThumbMode),
+            sDefaultDBPath};
 }
 
-TEST_F(Options, LoadOptions_takes_0_for_every_missing_key) {
-    Contain("");
-    bFirstTime = bGroupZip = bAutoGroup = bScanOnAppStart = bAddHiddenFiles = true;
-    iVidThumbMode = 7;
-    LoadOptions();
-    EXPECT_FALSE(bFirstTime || bGroupZip || bAutoGroup || bScanOnAppStart || bAddHiddenFiles);
-    EXPECT_EQ(iVidThumbMode, 0);
-    EXPECT_EQ(sDefaultDBPath, "0");
-}
-
-TEST_F(Options, LoadOptions_takes_0_for_everything_without_the_file) {
-    LoadOptions();
-    EXPECT_FALSE(bFirstTime);
-    EXPECT_EQ(sDefaultDBPath, "0");
-}
-
-TEST_F(Options, The_wizard_starts_for_every_text_that_is_true) {
-    const struct {
-        const char* text;
-        bool isTrue;
-    } rows[] = {{"True", true}, {"true", true},   {"-1", true}, {"1", true},
-                {"0", false},   {"False", false}, {"2", true}};
-    for (const auto& row : rows) {
-        Contain(std::string("[options]\r\nbFirstTime=") + row.text + "\r\n");
+TEST_F(Options, LoadOptions_reads_each_key_into_its_own_variable) {
+    std::string all = "[options]\r\n";
+    Texts allValues;
+    for (std::size_t i = 0; i < std::size(Keys); ++i) {
+        const std::string line = std::string(Keys[i][0]) + "=" + Keys[i][1] + "\r\n";
+        all += line;
+        allValues.push_back(Keys[i][1]);
+        Contain("[options]\r\n" + line);
         LoadOptions();
-        EXPECT_EQ(bFirstTime, row.isTrue) << row.text;
+        Texts expected(std::size(Keys), "0");
+        expected[i] = Keys[i][1];
+        EXPECT_EQ(Values(), expected) << line;
+    }
+    Contain(all);
+    LoadOptions();
+    EXPECT_EQ(Values(), allValues);
+}
+
+TEST_F(Options, LoadOptions_takes_0_for_every_missing_key_and_for_all_without_the_file) {
+    for (const bool isThere : {false, true}) {
+        if (isThere) Contain("");
+        bFirstTime = bGroupZip = bAutoGroup = bScanOnAppStart = bAddHiddenFiles = true;
+        iVidThumbMode = 7;
+        sDefaultDBPath = "before";
+        LoadOptions();
+        EXPECT_EQ(Values(), Texts(std::size(Keys), "0"));
     }
 }
 
@@ -75,13 +83,20 @@ TEST_F(Options, LoadOptions_fails_on_text_that_does_not_convert) {
 }
 
 TEST_F(Options, LoadOptions_reads_in_its_fixed_order_up_to_a_failure) {
-    Contain(
-        "[options]\r\nsDefaultDBPath=late\r\niVidThumbMode=3\r\nbAddHiddenFiles=bad\r\n"
-        "bScanOnAppStart=1\r\nbAutoGroup=1\r\nbGroupZip=1\r\nbFirstTime=1\r\n");
-    EXPECT_EQ(FailureOf(LoadOptions), failure::TypeMismatch);
-    EXPECT_TRUE(bFirstTime && bGroupZip && bAutoGroup && bScanOnAppStart);
-    EXPECT_EQ(iVidThumbMode, 0);
-    EXPECT_EQ(sDefaultDBPath, "");
+    for (std::size_t bad = 0; bad + 1 < std::size(Keys); ++bad) {
+        ResetPublicStuff();
+        sDBFile = temp.DrivePath("db.txt");
+        Texts expected = Values();
+        std::string text;
+        for (std::size_t i = 0; i < std::size(Keys); ++i) {
+            const std::string value = i == bad ? "bad" : Keys[i][1];
+            text = std::string(Keys[i][0]) + "=" + value + "\r\n" + text;  // the last one first
+            if (i < bad) expected[i] = value;
+        }
+        Contain("[options]\r\n" + text);
+        EXPECT_EQ(FailureOf(LoadOptions), failure::TypeMismatch);
+        EXPECT_EQ(Values(), expected) << Keys[bad][0];
+    }
 }
 
 TEST_F(Options, LoadSupportedExts_reads_each_list) {

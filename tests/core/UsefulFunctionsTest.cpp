@@ -1,9 +1,11 @@
 #include "core/UsefulFunctions.h"
 #include "platform/Failure.h"
 #include "platform/FileService.h"
+#include "support/FaultyFileService.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
 
+#include <filesystem>
 #include <set>
 
 namespace tavel::test {
@@ -40,13 +42,15 @@ TEST(UsefulFunctions, GetFileExt_of_a_name_without_a_dot_overflows) {
 }
 
 TEST(UsefulFunctions, GetFileExt_counts_the_characters_of_its_walk_in_an_Integer) {
-    const std::string letters(32766, 'x');
-    EXPECT_EQ(GetFileExt("." + letters), letters);
-    EXPECT_EQ(FailureOf([&] { GetFileExt("." + letters + "x"); }), failure::Overflow);
     std::string umlauts;  // two bytes each, one character
     for (int i = 0; i < 32766; ++i) umlauts += "\xC3\xA4";
-    EXPECT_EQ(GetFileExt("a." + umlauts), umlauts);
-    EXPECT_EQ(FailureOf([&] { GetFileExt("a." + umlauts + "x"); }), failure::Overflow);
+    for (const std::string& letters : {std::string(32766, 'x'), umlauts}) {
+        EXPECT_EQ(GetFileExt("a." + letters), letters);
+        EXPECT_EQ(StripExt("a." + letters), "a");
+        const std::string longer = "a." + letters + "x";
+        EXPECT_EQ(FailureOf([&] { GetFileExt(longer); }), failure::Overflow);
+        EXPECT_EQ(FailureOf([&] { StripExt(longer); }), failure::Overflow);
+    }
 }
 
 TEST(UsefulFunctions, PadZeros_fills_up_to_the_width_and_cuts_nothing) {
@@ -79,6 +83,20 @@ TEST(UsefulFunctions, RandomLetters_differ_while_the_timer_stands_still) {
     EXPECT_EQ(texts.size(), 1000U);
 }
 
+class CountingClock : public FixedClock {
+  public:
+    int asked = 0;
+    double Timer() override { return timer + ++asked; }
+};
+
+TEST(UsefulFunctions, Each_random_number_takes_a_seed_from_the_timer) {
+    CountingClock clock;
+    RandomInt(5, 1);
+    EXPECT_EQ(clock.asked, 1);
+    RandomLetters(10);
+    EXPECT_EQ(clock.asked, 12);
+}
+
 TEST(UsefulFunctions, RandomInt_gives_both_ends_and_nothing_beyond) {
     std::set<Integer> seen;
     for (int i = 0; i < 1000; ++i) seen.insert(RandomInt(7, 5));
@@ -106,9 +124,17 @@ TEST(UsefulFunctions, GetFileName_is_what_follows_the_last_backslash) {
 
 TEST(UsefulFunctions, GetAppPath_is_the_programs_folder_with_one_backslash) {
     const std::string path = GetAppPath();
-    EXPECT_EQ(path, ProgramFolder() + "\\");
+    EXPECT_EQ(path.back(), '\\');
     EXPECT_NE(path[path.size() - 2], '\\');
     EXPECT_TRUE(HostFileService().FileExists(path + "test_core"));
+}
+
+TEST(UsefulFunctions, GetAppPath_of_a_program_in_the_root_of_a_drive_has_one_backslash) {
+    FaultyFileService files;
+    files.Plug('e', std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
+    UseHostFileService(&files);
+    EXPECT_EQ(GetAppPath(), "e:\\");
+    UseHostFileService(nullptr);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "core/modRegistry.h"
 #include "platform/ProfileLines.h"
 #include "platform/ProfileText.h"
+#include "support/FaultyFileService.h"
 #include "support/Support.h"
 
 #include <sys/stat.h>
@@ -30,7 +31,8 @@ TEST_F(Registry, GetRootKey_knows_the_roots_in_any_case) {
         std::uint32_t handle;
     } rows[] = {{"HKCU", 0x80000001}, {"HKLM", 0x80000002}, {"HKU", 0x80000003},
                 {"HKDD", 0x80000006}, {"HKCC", 0x80000005}, {"HKCR", 0x80000000},
-                {"hkcu", 0x80000001}};
+                {"hkcu", 0x80000001}, {"hKlM", 0x80000002}, {"hku", 0x80000003},
+                {"hkdD", 0x80000006}, {"Hkcc", 0x80000005}, {"hkCR", 0x80000000}};
     for (const auto& row : rows)
         EXPECT_EQ(static_cast<std::uint32_t>(GetRootKey(row.name)), row.handle) << row.name;
 }
@@ -60,6 +62,40 @@ TEST_F(Registry, WriteValues_writes_several_keys_of_a_section) {
     EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nb=\" 2\"\r\nc=3\r\na=1\r\n");
 }
 
+TEST_F(Registry, GetRootKey_takes_a_test_that_fails_for_a_missing_file) {
+    Contain("[s]\r\nk=7\r\n");
+    for (const char* test : {"FileExists", "GetFile"}) {
+        FaultyFileService files;
+        UseHostFileService(&files);
+        EXPECT_EQ(GetRootKey(db), 1);
+        files.FailOn(test, failure::PermissionDenied);
+        EXPECT_EQ(GetRootKey(db), 0) << test;
+        std::string out;
+        EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", out), 99);
+        EXPECT_EQ(out, "default");
+        UseHostFileService(nullptr);
+    }
+}
+
+TEST_F(Registry, A_failure_inside_a_wrapper_ends_it_with_the_status_reached_so_far) {
+    Contain("[s]\r\nk=7\r\n");
+    FaultyFileService files;
+    UseHostFileService(&files);
+    files.FailOn("HostPath", failure::DeviceIO);
+    std::string text = "before";
+    Integer number = 1;
+    EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", text), 99);
+    EXPECT_EQ(ReadValue(db, "s", "k", "s", "5", number), 99);
+    EXPECT_EQ(WriteValue(db, "s", "k", "s", "8"), 99);
+    ProfileLines lines;
+    lines.Add("k", "9");
+    EXPECT_EQ(WriteValues(db, "s", lines), 99);
+    UseHostFileService(nullptr);
+    EXPECT_EQ(text, "default");
+    EXPECT_EQ(number, 5);
+    EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nk=7\r\n");
+}
+
 TEST_F(Registry, ReadValue_gives_the_value_whatever_the_case_of_the_names) {
     Contain("[DB]\r\nNoOfItems=12\r\n");
     std::string out;
@@ -83,8 +119,24 @@ TEST_F(Registry, Without_the_file_reads_give_the_default_and_writes_do_nothing) 
     std::string out = "before";
     EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", out), 99);
     EXPECT_EQ(out, "default");
+    Integer number = 1;
+    EXPECT_EQ(ReadValue(db, "s", "k", "s", "60", number), 99);
+    EXPECT_EQ(number, 60);
     EXPECT_EQ(WriteValue(db, "s", "k", "s", "v"), 99);
     EXPECT_FALSE(std::filesystem::exists(temp.HostPath("db.txt")));
+}
+
+TEST_F(Registry, The_file_is_looked_for_at_every_call) {
+    Contain("[s]\r\nk=" + std::string(100000, '7') + "\r\n");  // one that is kept in memory
+    std::string out;
+    EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", out), 0);
+    std::filesystem::remove(temp.HostPath("db.txt"));
+    EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", out), 99);
+    EXPECT_EQ(out, "default");
+    EXPECT_EQ(WriteValue(db, "s", "k", "s", "v"), 99);
+    EXPECT_FALSE(std::filesystem::exists(temp.HostPath("db.txt")));
+    Contain("[s]\r\nk=8\r\n");
+    EXPECT_EQ(Text("k"), "8");
 }
 
 TEST_F(Registry, ReadValue_of_another_kind_keeps_the_default_in_a_profile) {

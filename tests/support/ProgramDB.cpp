@@ -21,14 +21,18 @@ ProgramDB::ProgramDB(const std::string& contents) {
 }
 
 ProgramDB::~ProgramDB() {
-    std::error_code ignored;
-    std::filesystem::remove(m_path, ignored);
+    Remove();
     close(m_lock);
 }
 
 std::string ProgramDB::Read() const {
     std::ifstream file(m_path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void ProgramDB::Remove() const {
+    std::error_code ignored;
+    std::filesystem::remove(m_path, ignored);
 }
 
 }  // namespace tavel::test

@@ -14,6 +14,7 @@ class ProgramDB {
     ProgramDB& operator=(const ProgramDB&) = delete;
 
     std::string Read() const;
+    void Remove() const;
 
   private:
     std::string m_path;

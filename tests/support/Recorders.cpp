@@ -10,9 +10,34 @@ bool AppWindowsRecorder::InitCommonControls(Long requestSize, Long classMask) {
     return initCommonControls();
 }
 
+void AppWindowsRecorder::ShowStartWizard() {
+    m_calls.push_back("ShowStartWizard");
+    onFirstWindow();
+}
+
+void AppWindowsRecorder::ShowMain() {
+    m_calls.push_back("ShowMain");
+    onFirstWindow();
+}
+
+void AppWindowsRecorder::ShowEnd() {
+    m_calls.push_back("ShowEnd");
+    onShowEnd();
+}
+
 void LibraryStoreRecorder::LoadDB() {
     m_calls.push_back("LoadDB");
     onLoadDB();
+}
+
+void LibraryStoreRecorder::SaveDB() {
+    m_calls.push_back("SaveDB");
+    onSaveDB();
+}
+
+void LibraryStoreRecorder::BackgroundScan() {
+    m_calls.push_back("BackgroundScan");
+    onBackgroundScan();
 }
 
 void LogWindowRecorder::AddItem(const std::string& line) {

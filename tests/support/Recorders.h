@@ -36,13 +36,15 @@ class AppWindowsRecorder : public Standing<AppWindows> {
     explicit AppWindowsRecorder(Calls& calls) : m_calls(calls) {}
 
     std::function<bool()> initCommonControls = [] { return true; };
+    std::function<void()> onFirstWindow = [] {};  // the wizard or the main window
+    std::function<void()> onShowEnd = [] {};
 
     bool InitCommonControls(Long requestSize, Long classMask) override;
     void ShowSplash() override { m_calls.push_back("ShowSplash"); }
     void UnloadSplash() override { m_calls.push_back("UnloadSplash"); }
-    void ShowStartWizard() override { m_calls.push_back("ShowStartWizard"); }
-    void ShowMain() override { m_calls.push_back("ShowMain"); }
-    void ShowEnd() override { m_calls.push_back("ShowEnd"); }
+    void ShowStartWizard() override;
+    void ShowMain() override;
+    void ShowEnd() override;
     void UnloadAllButMain() override { m_calls.push_back("UnloadAllButMain"); }
     void EndProcess() override { m_calls.push_back("EndProcess"); }
 
@@ -56,10 +58,12 @@ class LibraryStoreRecorder : public Standing<LibraryStore> {
     explicit LibraryStoreRecorder(Calls& calls) : m_calls(calls) {}
 
     std::function<void()> onLoadDB = [] {};
+    std::function<void()> onSaveDB = [] {};
+    std::function<void()> onBackgroundScan = [] {};
 
     void LoadDB() override;
-    void SaveDB() override { m_calls.push_back("SaveDB"); }
-    void BackgroundScan() override { m_calls.push_back("BackgroundScan"); }
+    void SaveDB() override;
+    void BackgroundScan() override;
     void Release() override { m_calls.push_back("Release"); }
 
   private:

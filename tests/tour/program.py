@@ -48,9 +48,10 @@ class Program:
 
     def start(self):
         with open(self.log, "ab") as log:
-            # From a folder of no meaning: the program finds its own by itself.
-            self.process = subprocess.Popen([str(self.folder / "tavel")], cwd="/", stdin=subprocess.DEVNULL,
-                                            stdout=log, stderr=log)
+            # From a folder of no meaning: the program finds its own by itself. It has no command line,
+            # so what would leave it without a display does nothing.
+            self.process = subprocess.Popen([str(self.folder / "tavel"), "-platform", "none"], cwd="/",
+                                            stdin=subprocess.DEVNULL, stdout=log, stderr=log)
         self.screen = Screen(self.process)
         return self.screen
 

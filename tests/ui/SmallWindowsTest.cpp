@@ -4,13 +4,19 @@
 #include "core/Main.h"
 #include "core/PublicStuff.h"
 #include "library/Adding.h"
+#include "library/Collections.h"
 #include "library/LibraryWindows.h"
+#include "library/Scan.h"
 #include "platform/UpCall.h"
+#include "support/FaultyFileService.h"
+#include "support/Recorders.h"
+#include "support/Support.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmAdd.h"
 #include "ui/main/frmEnd.h"
 #include "ui/main/frmInvFiles.h"
 #include "ui/main/frmLog.h"
+#include "ui/main/frmMain.h"
 #include "ui/main/frmSplash.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/SingleWindow.h"
@@ -74,9 +80,9 @@ TEST_F(SmallWindows, closing_the_log_loses_its_lines_and_opening_it_again_shows_
     Log().show();
     Log().close();
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
-    Log().show();
-    EXPECT_EQ(Lines().count(), 0);
     AddLog("Back Scan", "Background scan finished");
+    EXPECT_TRUE(SingleWindow<frmLog>::Loaded());
+    EXPECT_FALSE(Log().isVisible()) << "a line shows no window";
     EXPECT_EQ(Lines().count(), 1);
 }
 
@@ -97,10 +103,46 @@ TEST_F(SmallWindows, the_log_does_not_scroll_to_a_new_line) {
     EXPECT_EQ(Lines().row(Lines().itemAt(4, 4)), 0);
 }
 
+TEST_F(SmallWindows, the_log_takes_more_lines_than_an_Integer_counts) {
+    for (int i = 0; i < 40000; ++i) AddLog("DB", std::to_string(i));
+    ASSERT_EQ(Lines().count(), 40000);
+    EXPECT_TRUE(Lines().item(0)->text().endsWith(QStringLiteral("\t0")));
+    EXPECT_TRUE(Lines().item(39999)->text().endsWith(QStringLiteral("\t39999")));
+}
+
+TEST_F(SmallWindows, Clear_during_a_scan_leaves_the_later_lines_of_the_scan) {
+    const TempFolder temp;
+    sDBFile = temp.DrivePath("db.txt");
+    sPhotoSupport = {"jpg"};
+    temp.Write("media/a.jpg", "picture");
+    temp.Write("media/b.jpg", "picture");
+    temp.Write("db.txt", "[watch]\r\nnoofflds=1\r\n0=" + temp.DrivePath("media") + "\r\n");
+    Log().show();
+    Calls yields;
+    EventLoopRecorder loop(yields);
+    loop.onYield = [&] {
+        if (yields.size() == 2) Click(Log(), "cmdClear");  // after the first file
+    };
+    BackgroundScan();
+    ReleaseCollections();
+    ASSERT_EQ(Lines().count(), 2);
+    EXPECT_TRUE(Lines().item(0)->text().endsWith(QStringLiteral("b.jpg")));
+    EXPECT_TRUE(
+        Lines().item(1)->text().endsWith(QStringLiteral("BACK SCAN\tBackground scan finished")));
+}
+
 TEST_F(SmallWindows, the_log_stands_flush_at_the_right_of_the_screen) {
     EXPECT_EQ(FromQString(Log().windowTitle()), "Log");
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    EXPECT_EQ(Log().x() + Log().width(), screen.x() + screen.width());
+    EXPECT_EQ(Log().frameGeometry().right(), screen.right());
+    Log().show();
+    RunEvents();
+    EXPECT_GT(Log().frameGeometry().width(), Log().width());
+    EXPECT_EQ(Log().frameGeometry().right(), screen.right());
+    EXPECT_EQ(Log().y(), QWidget().y()) << "its top is not moved";
+    Log().move(30, 40);
+    RunEvents();
+    EXPECT_EQ(Log().pos(), QPoint(30, 40)) << "it stays where the user puts it";
 }
 
 TEST_F(SmallWindows, the_logs_list_follows_the_width_of_its_window_and_nothing_else_moves) {
@@ -215,6 +257,19 @@ TEST_F(SmallWindows, all_windows_but_the_main_one_are_unloaded_at_the_end) {
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
     EXPECT_FALSE(SingleWindow<frmAdd>::Loaded());
     EXPECT_FALSE(mainUnloaded);
+}
+
+TEST_F(SmallWindows, the_main_window_stands_in_for_the_wizard) {
+    const TempFolder temp;
+    sDBFile = temp.DrivePath("db.txt");
+    FaultyFileService noDrives;
+    UseFileService(&noDrives);
+    App().ShowStartWizard();
+    EXPECT_TRUE(SingleWindow<frmMain>::Get().isVisible());
+    EXPECT_FALSE(SingleWindow<frmMain>::Get().isModal());
+    SingleWindow<frmMain>::Unload();
+    RunEvents();
+    UseFileService(nullptr);
 }
 
 using SmallWindowsDeathTest = SmallWindows;

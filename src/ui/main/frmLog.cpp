@@ -40,14 +40,25 @@ frmLog::frmLog()
     setMinimumWidth(Pixels(3000));
     resize(designWidth, height());
 
-    const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    move(screen.right() + 1 - width(), screen.top() + (screen.height() - height()) / 2);
+    PlaceAtRight();
     PlaceList();
 }
 
 void frmLog::AddItem(const std::string& line) { lstLog->addItem(ToQString(line)); }
 
 void frmLog::resizeEvent(QResizeEvent*) { PlaceList(); }
+
+// The desktop puts its frame around a window when it shows it, and moves the window in doing so.
+void frmLog::moveEvent(QMoveEvent*) {
+    if (m_isFrameKnown || frameGeometry() == geometry()) return;
+    m_isFrameKnown = true;
+    PlaceAtRight();
+}
+
+void frmLog::PlaceAtRight() {
+    const QRect screen = QGuiApplication::primaryScreen()->geometry();
+    move(screen.right() + 1 - frameGeometry().width(), y());
+}
 
 void frmLog::PlaceList() {
     lstLog->setGeometry(Pixels(120), lstLog->y(), width() - Pixels(315), lstLog->height());

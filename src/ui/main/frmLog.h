@@ -19,12 +19,15 @@ class frmLog : public QWidget {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    void moveEvent(QMoveEvent* event) override;
 
   private:
+    void PlaceAtRight();
     void PlaceList();
 
     QListWidget* lstLog;
     QPushButton* cmdClear;
+    bool m_isFrameKnown = false;
 };
 
 }  // namespace tavel
