@@ -5,8 +5,11 @@
 #include "library/Groups.h"
 #include "library/LibraryFixture.h"
 #include "library/LibraryStore.h"
+#include "platform/ProfileText.h"
 #include "platform/UpCall.h"
 #include "support/ProgramDB.h"
+
+#include <filesystem>
 
 namespace tavel::test {
 namespace {
@@ -82,6 +85,7 @@ TEST_F(ProgramRun, Saves_what_was_added_and_finds_it_again) {
     AddFiles({Write("new.bmp", Bitmap(30, 20)), ""});
     MakeGroup({"ph_a", colPhoto.Item(2).sDBID}, "Summer", mtPhotoAlbum);
     ShutDown();
+    EXPECT_TRUE(bDBChanged) << "nothing can follow the save";
     EXPECT_EQ(db.Read().substr(0, std::string(Settings).size()), Settings);
     StartUp();
     ASSERT_EQ(colPhoto.Count(), 2);
@@ -90,6 +94,21 @@ TEST_F(ProgramRun, Saves_what_was_added_and_finds_it_again) {
     ASSERT_EQ(colPhotoAlbum.Count(), 1);
     EXPECT_EQ(MembersOf(colPhotoAlbum.Item(1)), (Texts{"ph_a", colPhoto.Item(2).sDBID}));
     EXPECT_EQ(GroupsOf(colPhoto.Item(2)), Texts{colPhotoAlbum.Item(1).sDBID});
+}
+
+TEST_F(ProgramRun, Ends_as_if_a_save_that_fails_had_worked) {
+    const ProgramDB db(std::string(Settings) + Library);
+    StartUp();
+    AddFiles({Write("new.bmp", Bitmap(30, 20)), ""});
+    ASSERT_TRUE(bDBChanged);
+    // A file this large is no profile, so that nothing can be put in its place.
+    constexpr std::uintmax_t tooLarge = ProfileText::MaxSize + std::uintmax_t{1};
+    const std::string path = HostFileService().HostPath(sDBFile);
+    std::filesystem::resize_file(path, tooLarge);
+    windows.calls.clear();
+    ShutDown();
+    EXPECT_EQ(windows.calls, (Calls{"ShowEnd", "UnloadAllButMain", "EndProcess"}));
+    EXPECT_EQ(std::filesystem::file_size(path), tooLarge);
 }
 
 TEST_F(ProgramRun, Scans_at_its_start_behind_the_wizard) {

@@ -1,6 +1,7 @@
 #include "library/LibraryFixture.h"
 #include "library/Scan.h"
 #include "platform/Failure.h"
+#include "support/FaultyFileService.h"
 
 #include <filesystem>
 
@@ -125,7 +126,11 @@ TEST_F(Scan, A_watch_folder_that_has_gone_fails) {
 
 TEST_F(Scan, A_folder_number_that_is_missing_is_no_folder) {
     Contain("[watch]\r\nnoofflds=1\r\n");
+    FaultyFileService files;
+    UseFileService(&files);
     EXPECT_EQ(FailureOf(BackgroundScan), failure::PathNotFound);
+    EXPECT_EQ(files.calls.back(), "GetFolder XYZXYZ");
+    UseFileService(nullptr);
 }
 
 TEST_F(Scan, The_list_is_read_before_anything_is_added) {

@@ -1,3 +1,5 @@
+#include "core/PublicStuff.h"
+#include "support/Recorders.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Application.h"
@@ -72,6 +74,19 @@ TEST(FatalFailure, a_failure_in_start_up_is_fatal) {
     ExpectMessage(prompts, "Run-time error '9':\r\rSubscript out of range");
     static_cast<Application*>(qApp)->Guard([] { Fail(failure::SubscriptOutOfRange); });
     EXPECT_EQ(ends.Count(), 1);
+}
+
+TEST(FatalFailure, nothing_is_saved_on_the_way_to_the_end) {
+    PromptQueue prompts;
+    const FatalEnds ends;
+    Calls calls;
+    const AppWindowsRecorder windows(calls);
+    const LibraryStoreRecorder store(calls);
+    bDBChanged = true;
+    ExpectMessage(prompts, "Run-time error '76':\r\rPath not found");
+    ClickThatRuns([] { Fail(failure::PathNotFound); });
+    EXPECT_EQ(ends.Count(), 1);
+    EXPECT_EQ(calls, Calls{});
 }
 
 TEST(FatalFailure, no_timer_of_the_program_runs_while_the_message_stands) {

@@ -3,6 +3,7 @@
 #include "ui/main/frmNewPSP.h"
 #include "ui/support/MainWindow.h"
 
+#include <QListWidget>
 #include <algorithm>
 
 namespace tavel::test {
@@ -16,6 +17,12 @@ class CommandsTest : public MainWindowTest {
         sMusicSupport = {"mp3"};
         sVideoSupport = {"avi"};
         AddPhotosWithFiles();
+    }
+
+    // Both ways out unload the log before anything else.
+    void ExpectNoLogFromTheEndOn() {
+        SingleWindow<frmLog>::Get();
+        appWindows.onShowEnd = [] { EXPECT_FALSE(SingleWindow<frmLog>::Loaded()); };
     }
 };
 
@@ -47,6 +54,14 @@ TEST_F(CommandsTest, Add_Files_offers_the_supported_extensions_and_adds_what_is_
     EXPECT_EQ(colPhoto.Item(5).sName, "new");
     EXPECT_EQ(colPhoto.Item(6).sName, "other");
     EXPECT_EQ(RowsOf(grdItems()), "a|b|c|d");
+}
+
+TEST_F(CommandsTest, an_entry_that_the_lists_lack_stands_in_the_filter_as_it_is) {
+    sVideoSupport = {"avi", "XYZXYZ"};
+    Open();
+    prompts.ExpectFiles(QStringLiteral("Select file(s) to add"), {});
+    Pick({"mnuFile", "mnuAdd", "mnuAddFile"});
+    EXPECT_EQ(prompts.LastFileRequest().patterns.last(), QStringLiteral("*.avi;*.XYZXYZ;"));
 }
 
 TEST_F(CommandsTest, a_single_file_is_added_and_a_cancel_does_nothing) {
@@ -119,9 +134,15 @@ TEST_F(CommandsTest, a_cancelled_folder_does_nothing) {
 
 TEST_F(CommandsTest, Show_Log_Window_and_Setup_New_PSP_show_their_windows) {
     Open();
-    Pick({"mnuView", "mnuShowLog"});
-    EXPECT_TRUE(SingleWindow<frmLog>::Get().isVisible());
-    EXPECT_FALSE(SingleWindow<frmLog>::Get().isModal());
+    SingleWindow<frmLog>::Get().AddItem("a line that came before");
+    for (const int lines : {1, 0}) {
+        Pick({"mnuView", "mnuShowLog"});
+        EXPECT_TRUE(SingleWindow<frmLog>::Get().isVisible());
+        EXPECT_FALSE(SingleWindow<frmLog>::Get().isModal());
+        EXPECT_EQ(Find<QListWidget>(SingleWindow<frmLog>::Get(), "lstLog").count(), lines);
+        EXPECT_FALSE(Find<QAction>(Main(), "mnuShowLog").isCheckable());
+        SingleWindow<frmLog>::Get().close();
+    }
     Pick({"mnuTools", "mnuSetupPSP"});
     EXPECT_TRUE(SingleWindow<frmNewPSP>::Get().isVisible());
     EXPECT_FALSE(SingleWindow<frmNewPSP>::Get().isModal());
@@ -137,7 +158,7 @@ TEST_F(CommandsTest, what_is_not_built_yet_is_in_the_menu_and_disabled) {
 
 TEST_F(CommandsTest, Exit_unloads_the_log_and_shuts_down) {
     Open();
-    SingleWindow<frmLog>::Get();
+    ExpectNoLogFromTheEndOn();
     calls.clear();
     Pick({"mnuFile", "mnuExit"});
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
@@ -146,7 +167,7 @@ TEST_F(CommandsTest, Exit_unloads_the_log_and_shuts_down) {
 
 TEST_F(CommandsTest, closing_the_window_does_what_Exit_does) {
     frmMain& window = Open();
-    SingleWindow<frmLog>::Get();
+    ExpectNoLogFromTheEndOn();
     bDBChanged = true;
     calls.clear();
     window.close();

@@ -22,14 +22,17 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
+#include <iostream>
 
 namespace tavel::test {
 
@@ -276,6 +279,31 @@ using SmallWindowsDeathTest = SmallWindows;
 
 TEST_F(SmallWindowsDeathTest, EndProcess_ends_at_once_and_well) {
     EXPECT_EXIT(App().EndProcess(), testing::ExitedWithCode(0), "");
+}
+
+// Tells each release, of which there is one in each ShutDown.
+class TellingStore : public Standing<LibraryStore> {
+  public:
+    void LoadDB() override {}
+    void SaveDB() override {}
+    void BackgroundScan() override {}
+    void Release() override { std::cerr << "release " << ++m_releases << '\n'; }
+
+  private:
+    int m_releases = 0;
+};
+
+TEST_F(SmallWindowsDeathTest, Exit_ends_the_process_without_unloading_the_main_window) {
+    const TempFolder temp;
+    const TellingStore store;
+    sDBFile = temp.DrivePath("db.txt");
+    const auto exit = [] {
+        App().ShowMain();
+        Find<QAction>(SingleWindow<frmMain>::Get(), "mnuExit").trigger();
+    };
+    EXPECT_EXIT(exit(), testing::ExitedWithCode(0),
+                testing::AllOf(testing::HasSubstr("release 1\n"),
+                               testing::Not(testing::HasSubstr("release 2"))));
 }
 
 }  // namespace tavel::test
