@@ -7,6 +7,8 @@
 #include "platform/Failure.h"
 #include "platform/UpCall.h"
 
+#include <unordered_map>
+
 namespace tavel {
 
 namespace {
@@ -45,13 +47,27 @@ void LinkToGroup(Integer groupType, const std::string& sItemID, const std::strin
     item.iNoGroups = ToInteger(n + 1);
 }
 
-bool IsMember(const Group& group, const std::string& sItemID) {
-    const Integer iCount = group.Count();
-    for (Integer i = 0; i < iCount; ++i) {
-        if (group.Get_sMemberID(i) == sItemID) return true;
+// How often each id stands among a group's members: thousands may be added to thousands.
+class MemberCounts {
+  public:
+    explicit MemberCounts(const Group& group) {
+        const Integer iCount = group.Count();
+        for (Integer i = 0; i < iCount; ++i) ++m_counts[group.Get_sMemberID(i)];
     }
-    return false;
-}
+
+    bool Has(const std::string& sItemID) const {
+        const auto found = m_counts.find(sItemID);
+        return found != m_counts.end() && found->second > 0;
+    }
+
+    void Replace(const std::string& sOld, const std::string& sNew) {
+        --m_counts[sOld];
+        ++m_counts[sNew];
+    }
+
+  private:
+    std::unordered_map<std::string, int> m_counts;
+};
 
 // The last of equal entries goes, and the first of all when none is equal. A list of one keeps its
 // entry behind the count of 0 that this returns.
@@ -116,11 +132,13 @@ void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupI
     const Integer iCount = ToInteger(iOld + static_cast<std::int64_t>(sIDs.size()));
     group.SetCount(iCount);
     group.Redim_sMemberID(ToInteger(iCount - 1), true);
+    // The count is raised already, so that an id that comes twice is seen, too; so is one that a
+    // group emptied before still holds behind its count.
+    MemberCounts members(group);
     Integer iWrite = iOld;
     for (const std::string& sItemID : sIDs) {
-        // The count is raised already, so that an id that comes twice is seen, too; so is one that
-        // a group emptied before still holds behind its count.
-        if (IsMember(group, sItemID)) continue;
+        if (members.Has(sItemID)) continue;
+        members.Replace(group.Get_sMemberID(iWrite), sItemID);
         group.Set_sMemberID(iWrite, sItemID);
         LinkToGroup(iType, sItemID, sGroupID);
         ++iWrite;
@@ -131,8 +149,13 @@ void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupI
 
 bool IsInGroup(const std::string& sItemID, const std::string& sGroupID) {
     const Integer iType = GetDBIDType(sGroupID);
-    return IsGroupType(iType) &&
-           IsMember(GroupOf(static_cast<MediaType>(iType), sGroupID), sItemID);
+    if (!IsGroupType(iType)) return false;
+    const Group& group = GroupOf(static_cast<MediaType>(iType), sGroupID);
+    const Integer iCount = group.Count();
+    for (Integer i = 0; i < iCount; ++i) {
+        if (group.Get_sMemberID(i) == sItemID) return true;
+    }
+    return false;
 }
 
 void RemoveFromGroup(std::string sItemID, std::string sGroupID) {
