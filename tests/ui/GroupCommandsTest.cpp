@@ -27,17 +27,6 @@ class GroupCommandsTest : public MainWindowTest {
                                QStringLiteral("Name Group"), QStringLiteral("New Group"),
                                QString::fromUtf8(answer));
     }
-    // Drags row 2 of the list on a node.
-    void DropOn(const char* key) {
-        TreeNode& node = trvCat().Node(key);
-        trvCat().scrollToItem(&node);
-        Drag(2, *trvCat().viewport(), trvCat().visualItemRect(&node).center());
-    }
-    static std::string Members(const Group& group) {
-        std::string members;
-        for (Integer i = 0; i < group.Count(); ++i) members += group.Get_sMemberID(i) + " ";
-        return members;
-    }
 };
 
 }  // namespace
@@ -268,58 +257,6 @@ TEST_F(GroupCommandsTest, Delete_Group_of_the_tree_fails_over_an_empty_list_with
     EXPECT_EQ(FatalOf([&] { Pick({"mnuCats", "mnuDelGroup_Cat"}); }), failure::ObjectNotSet);
     EXPECT_FALSE(colMagazine.Has("ma_a"));
     EXPECT_NE(trvCat().Find("ma_a"), nullptr);  // not refreshed
-}
-
-TEST_F(GroupCommandsTest, rows_dropped_on_a_group_of_their_kind_go_into_it) {
-    AddMagazine("ma_a", {"ph_a"});
-    AddAlbum("pa_a", {"ph_b"});
-    Open();
-    trvCat().Node("magazines").setExpanded(true);
-    trvCat().Node("photoalbums").setExpanded(true);
-
-    ClickNode("photoall");
-    ClickRow(2);
-    DropOn("ma_a");
-    EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ph_b ");
-    EXPECT_EQ(RowsOf(grdItems()), "a|b|c|d");
-    DropOn("ma_a");
-    EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ph_b ");
-
-    ClickNode("musicall");
-    ClickRow(2);
-    DropOn("ma_a");
-    EXPECT_EQ(colMagazine.Item("ma_a").iPages, 2);
-
-    // From inside another group of the class it works; from a list of groups it does not.
-    colMagazine.Item("ma_a").sName = "changed";
-    AddAlbum("pa_b", {"ph_c", "ph_d"});
-    Main().RefreshCats();
-    ClickNode("pa_b");
-    ClickRow(2);
-    DropOn("ma_a");
-    EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ph_b ph_d ");
-    ClickNode("photoalbums");
-    ClickRow(2);
-    DropOn("ma_a");
-    EXPECT_EQ(colMagazine.Item("ma_a").iPages, 3);
-}
-
-TEST_F(GroupCommandsTest, a_fixed_node_takes_no_drop_and_opens_no_menu) {
-    frmMain& window = Open();
-    ClickNode("photoall");
-    ClickRow(2);
-    for (const char* key : {"master", "photoall", "musicall", "videoall", "magazines",
-                            "photoalbums", "playlists", "videoseries"}) {
-        for (const Integer iListType : std::initializer_list<Integer>{mtPhoto, -1}) {
-            window.iListType = iListType;
-            DropOn(key);
-        }
-        RightClickNode(key);
-        EXPECT_FALSE(Shows("mnuCats")) << key;
-        EXPECT_EQ(trvCat().SelectedKey(), "photoall") << key;
-    }
-    EXPECT_EQ(RowsOf(grdItems()), "a|b|c|d");
-    EXPECT_EQ(colPhoto.Item("ph_b").iNoGroups, 0);
 }
 
 }  // namespace tavel::test

@@ -1,10 +1,13 @@
 #include "support/Support.h"
 #include "ui/support/Windows.h"
+#include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/TreeView.h"
 
 #include <gtest/gtest.h>
 
+#include <QDragMoveEvent>
 #include <QLineEdit>
+#include <QMimeData>
 
 namespace tavel::test {
 
@@ -136,6 +139,37 @@ TEST_F(TreeViewTest, only_renamable_nodes_are_edited) {
     RunEvents();
     EXPECT_EQ(edited, "Group>New;");
     EXPECT_EQ(group->Text(), "New");
+}
+
+TEST_F(TreeViewTest, a_click_on_the_selected_node_edits_it_if_it_is_a_renamable_one) {
+    const int interval = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(0);  // no second click to wait for
+    const auto editsAt = [this](TreeNode& node) {
+        tree.Select(node);
+        ClickNode(node);
+        RunEvents();
+        return tree.findChild<QLineEdit*>() != nullptr;
+    };
+    EXPECT_FALSE(editsAt(*fixed));
+    EXPECT_TRUE(editsAt(*group));
+    QApplication::setDoubleClickInterval(interval);
+}
+
+TEST_F(TreeViewTest, what_is_dragged_over_a_node_changes_nothing_that_can_be_seen) {
+    tree.SetDropTarget(true);
+    fixed->setExpanded(false);
+    const std::unique_ptr<QMimeData> rows(MakeDraggedRows());
+    const QImage before = tree.grab().toImage();
+    QDragEnterEvent enter(On(*fixed), Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+    QApplication::sendEvent(tree.viewport(), &enter);
+    for (TreeNode* node : {fixed, group, root, fixed}) {
+        QDragMoveEvent move(On(*node), Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(tree.viewport(), &move);
+        EXPECT_TRUE(move.isAccepted());
+        EXPECT_EQ(tree.grab().toImage(), before) << node->Key();
+    }
+    EXPECT_EQ(tree.SelectedKey(), "root");
+    EXPECT_FALSE(fixed->isExpanded());
 }
 
 }  // namespace tavel::test

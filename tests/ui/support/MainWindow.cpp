@@ -310,6 +310,12 @@ std::string MainWindowTest::CellsOf(const ListView& list, Long row) {
     return cells;
 }
 
+std::string MainWindowTest::Members(const Group& group) {
+    std::string members;
+    for (Integer i = 0; i < group.Count(); ++i) members += group.Get_sMemberID(i) + " ";
+    return members;
+}
+
 Long MainWindowTest::FatalOf(const std::function<void()>& work) {
     const FatalEnds ends;
     const LeaksOverlooked overlooked;

@@ -102,6 +102,8 @@ class MainWindowTest : public testing::Test {
     static std::string RowsOf(const ListView& list);             // first cells, parted by "|"
     static std::string CellsOf(const ListView& list, Long row);  // cells, parted by "|"
 
+    static std::string Members(const Group& group);  // ids, each with a blank
+
     // The number of the failure that reached the event loop while `work` ran; 0 for none.
     Long FatalOf(const std::function<void()>& work);
 
