@@ -31,6 +31,11 @@ void ExpectMessage(PromptQueue& prompts, const char* text, PromptQueue::During d
 
 }  // namespace
 
+TEST(TextSize, is_what_the_windows_leave_room_for_on_any_desktop) {
+    EXPECT_EQ(QApplication::font().pointSizeF(), 8.25);
+    EXPECT_EQ(QPushButton().font().pointSizeF(), 8.25);
+}
+
 TEST(FatalFailure, a_failure_in_a_handler_is_shown_with_number_and_text_and_ends_the_process) {
     PromptQueue prompts;
     const FatalEnds ends;

@@ -125,6 +125,18 @@ TEST_F(ItemFillTest, only_the_sizes_stand_at_the_right) {
     }
 }
 
+TEST_F(ItemFillTest, what_a_listed_magazine_says_fits_its_columns) {
+    AddMagazine("ma_a", std::vector<std::string>(20, "ph_a"));
+    Open();
+    ClickNode("magazines");
+    ASSERT_EQ(grdItems().Cell(1, 2), "20 pages");
+    const QHeaderView& header = *grdItems().header();
+    for (int column = 0; column < header.count(); ++column) {
+        const QModelIndex index = grdItems().model()->index(0, column);
+        EXPECT_LE(grdItems().sizeHintForIndex(index).width(), header.sectionSize(column)) << column;
+    }
+}
+
 TEST_F(ItemFillTest, columns_without_a_width_of_their_own_have_the_default_one) {
     frmMain& window = Open();
     window.SetupItemList(mtPhoto);

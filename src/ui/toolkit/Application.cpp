@@ -5,6 +5,7 @@
 #include "ui/toolkit/Strings.h"
 
 #include <QEvent>
+#include <QFont>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +15,8 @@
 namespace tavel {
 
 namespace {
+
+constexpr double textPoints = 8.25;
 
 constexpr Long outOfMemory = 7;
 constexpr Long internalError = 51;
@@ -39,6 +42,10 @@ Application::Application(int& argc, char** argv)
     : QApplication(argc, argv), m_end([] { std::_Exit(1); }) {
     setApplicationName(QLatin1String(ProgramTitle));
     setApplicationDisplayName(QString());
+    // The desktop's font, in the size that the windows' fixed places leave room for.
+    QFont text = font();
+    text.setPointSizeF(textPoints);
+    setFont(text);
     // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
     // process alive. The end is ShutDown's.
     setQuitOnLastWindowClosed(false);
