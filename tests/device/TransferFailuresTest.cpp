@@ -45,7 +45,8 @@ TEST_F(TransferFailuresTest, A_full_stick_cuts_a_chunked_copy_short_without_a_wo
     ExpectFinished();
 }
 
-TEST_F(TransferFailuresTest, A_stick_pulled_in_a_chunked_copy_ends_the_run_at_the_trees_folders) {
+TEST_F(TransferFailuresTest,
+       A_stick_pulled_in_a_chunked_copy_is_passed_over_until_the_tree_is_read) {
     const std::string sPhoto = AddPhoto("Photo", std::string(5000, 'p'));
     const std::string sTrack = AddTrack("Track");
     const std::string sVideo = AddVideo("Film");
