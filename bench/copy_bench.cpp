@@ -52,7 +52,10 @@ int main(int argc, char** argv) {
                 std::filesystem::resize_file(stick + "/ours.bin", 0);
             }
             Shell("cp '" + source + "' '" + stick + "/rival.bin' && sync -f '" + stick + "'");
-        });
+        },
+        // sync -f ends while the disk below the loop device still has a part to write, which our
+        // first flush would have to wait for.
+        [](int) { Shell("sync"); });
     if (std::filesystem::file_size(stick + "/ours.bin") != std::filesystem::file_size(source)) {
         throw std::runtime_error("the copy is not whole");
     }
