@@ -4,6 +4,9 @@
 #include <locale.h>
 
 #include <array>
+#include <cstdlib>
+#include <optional>
+#include <utility>
 
 namespace tavel {
 
@@ -25,19 +28,38 @@ class UserLocale {
     locale_t m_locale;
 };
 
+std::string LocaleSettings() {
+    std::string settings;
+    for (const char* name : {"LC_ALL", "LC_NUMERIC", "LC_TIME", "LANG"}) {
+        const char* const value = std::getenv(name);
+        settings.append(value != nullptr ? value : "").append("\n");
+    }
+    return settings;
+}
+
+// Kept for as long as the settings stay: every file that is added is a line of the log, and making
+// a locale reads the host's files for each of its categories.
+locale_t LocaleOfUser() {
+    static std::optional<UserLocale> locale;
+    static std::string madeFor;
+    std::string settings = LocaleSettings();
+    if (!locale || settings != madeFor) {
+        locale.emplace();
+        madeFor = std::move(settings);
+    }
+    return locale->Get();
+}
+
 }  // namespace
 
-std::string HostDecimalMark() {
-    const UserLocale locale;
-    return nl_langinfo_l(RADIXCHAR, locale.Get());
-}
+std::string HostDecimalMark() { return nl_langinfo_l(RADIXCHAR, LocaleOfUser()); }
 
 std::string HostDateTimeText(std::time_t when) {
     std::tm parts{};
     if (localtime_r(&when, &parts) == nullptr) return {};
-    const UserLocale locale;
     std::array<char, 200> text{};
-    const std::size_t length = strftime_l(text.data(), text.size(), "%x %X", &parts, locale.Get());
+    const std::size_t length =
+        strftime_l(text.data(), text.size(), "%x %X", &parts, LocaleOfUser());
     return {text.data(), length};
 }
 
