@@ -85,8 +85,7 @@ std::vector<FolderEntry> PSPPhotoFolders() {
 }
 
 // The keys count all files of the folder, those that get no row too.
-std::vector<PSPRow> ListPSPFiles(const std::string& sPath, Integer iType) {
-    std::vector<PSPRow> rows;
+void ListPSPFiles(const std::string& sPath, Integer iType, std::vector<PSPRow>& rows) {
     std::size_t number = 0;
     for (const FileEntry& file : oFSO().GetFolder(sPath).Files) {
         ++number;
@@ -95,7 +94,6 @@ std::vector<PSPRow> ListPSPFiles(const std::string& sPath, Integer iType) {
         row->sKey = "ID" + std::to_string(number);
         rows.push_back(std::move(*row));
     }
-    return rows;
 }
 
 void DeletePSPFile(const PSPRow& row, Integer iListType) {

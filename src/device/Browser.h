@@ -19,8 +19,9 @@ struct PSPRow {
     std::vector<std::string> sSubItems;
 };
 
-// What a folder of the stick holds, as rows of the list for type 0, 3 or 5; none for another type.
-std::vector<PSPRow> ListPSPFiles(const std::string& sPath, Integer iType);
+// Appends what a folder of the stick holds, as rows of the list for type 0, 3 or 5; none for
+// another type. When a file fails, the rows before it are there.
+void ListPSPFiles(const std::string& sPath, Integer iType, std::vector<PSPRow>& rows);
 
 // Deletes the file that a row of that list type names, a video's thumbnail with it.
 void DeletePSPFile(const PSPRow& row, Integer iListType);

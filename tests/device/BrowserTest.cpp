@@ -59,10 +59,15 @@ class BrowserTest : public DeviceTest {
         Put('e', "MP_ROOT/100MNV01/" + sName, bytes);
     }
 
+    static std::vector<PSPRow> Rows(const std::string& sPath, Integer iType) {
+        std::vector<PSPRow> rows;
+        ListPSPFiles(sPath, iType, rows);
+        return rows;
+    }
     // Rows as "key: text | sub-item | sub-item".
     static std::vector<std::string> Listed(const std::string& sPath, Integer iType) {
         std::vector<std::string> texts;
-        for (const PSPRow& row : ListPSPFiles(sPath, iType)) {
+        for (const PSPRow& row : Rows(sPath, iType)) {
             texts.push_back(row.sKey + ": " + row.sText);
             for (const std::string& sSubItem : row.sSubItems) texts.back() += " | " + sSubItem;
         }
@@ -94,7 +99,7 @@ TEST_F(BrowserTest, A_stick_without_the_PSPs_folders_fails) {
     EXPECT_EQ(FailureOf([] { PSPMusicFolders(); }), 76);
     EXPECT_EQ(FailureOf([] { PSPPhotoFolders(); }), 76);
     for (const Integer iType : std::initializer_list<Integer>{0, 3, 5, 8}) {
-        EXPECT_EQ(FailureOf([&] { ListPSPFiles("e:psp\\PHOTO\\", iType); }), 76) << iType;
+        EXPECT_EQ(FailureOf([&] { Rows("e:psp\\PHOTO\\", iType); }), 76) << iType;
     }
 }
 
@@ -140,7 +145,7 @@ TEST_F(BrowserTest, Tracks_show_their_tags_and_no_file_name) {
 TEST_F(BrowserTest, Each_track_is_read_by_itself) {
     PutTrack("a.mp3", Mp3("Title", "Artist", "Album"));
     PutTrack("b.mp3", std::string(100, 'x'));
-    const std::vector<PSPRow> rows = ListPSPFiles("e:psp\\MUSIC\\", 5);
+    const std::vector<PSPRow> rows = Rows("e:psp\\MUSIC\\", 5);
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(rows[1].sText, "");
     EXPECT_EQ(rows[1].sSubItems[0], "");
@@ -148,10 +153,10 @@ TEST_F(BrowserTest, Each_track_is_read_by_itself) {
 
 TEST_F(BrowserTest, A_track_that_cannot_be_read_fails) {
     PutTrack("a.mp3", "");
-    EXPECT_EQ(FailureOf([] { ListPSPFiles("e:psp\\MUSIC\\", 5); }), 5);
+    EXPECT_EQ(FailureOf([] { Rows("e:psp\\MUSIC\\", 5); }), 5);
     PutTrack("a.mp3", Mp3("Title", "Artist", "Album"));
     files.FailOn("OpenRaw Read", 70);
-    EXPECT_EQ(FailureOf([] { ListPSPFiles("e:psp\\MUSIC\\", 5); }), 70);
+    EXPECT_EQ(FailureOf([] { Rows("e:psp\\MUSIC\\", 5); }), 70);
 }
 
 TEST_F(BrowserTest, Videos_show_the_stored_title_or_the_number_and_thumbnails_have_no_row) {
@@ -171,7 +176,7 @@ TEST_F(BrowserTest, A_video_whose_stored_title_is_the_default_itself_shows_its_n
     PutVideo("M4V10001.mp4");
     PutVideo("M4V10002.mp4");
     Put('e', "TavelDataFile.tavel", "[video]\r\nM4V10001=####\r\nM4V10002=\r\n");
-    const std::vector<PSPRow> rows = ListPSPFiles("e:\\MP_ROOT\\100MNV01\\", 3);
+    const std::vector<PSPRow> rows = Rows("e:\\MP_ROOT\\100MNV01\\", 3);
     ASSERT_EQ(rows.size(), 2u);
     EXPECT_EQ(rows[0].sText, "M4V10001");
     EXPECT_EQ(rows[1].sText, "");  // an empty title is one
@@ -184,7 +189,7 @@ TEST_F(BrowserTest, Any_supported_file_is_listed_among_the_videos) {
     sVideoSupport.push_back("thm");
     PutVideo("d.THM");
     std::vector<std::string> keys;
-    for (const PSPRow& row : ListPSPFiles("e:\\MP_ROOT\\100MNV01\\", 3)) {
+    for (const PSPRow& row : Rows("e:\\MP_ROOT\\100MNV01\\", 3)) {
         keys.push_back(row.sKey + row.sText);
     }
     EXPECT_THAT(keys, ElementsAre("ID1a", "ID2b", "ID4d"));
@@ -199,17 +204,28 @@ TEST_F(BrowserTest, Other_types_have_no_rows) {
 
 TEST_F(BrowserTest, A_file_without_a_dot_cannot_be_listed) {
     PutPhoto("noext", Bitmap(1, 1));
-    EXPECT_EQ(FailureOf([] { ListPSPFiles("e:psp\\PHOTO\\", 0); }), 6);
+    EXPECT_EQ(FailureOf([] { Rows("e:psp\\PHOTO\\", 0); }), 6);
     PutTrack("noext", "x");
-    EXPECT_EQ(FailureOf([] { ListPSPFiles("e:psp\\MUSIC\\", 5); }), 6);
+    EXPECT_EQ(FailureOf([] { Rows("e:psp\\MUSIC\\", 5); }), 6);
     PutVideo("noext");
     EXPECT_EQ(FailureOf([] { Videos(); }), 6);
+}
+
+TEST_F(BrowserTest, The_rows_before_a_file_that_fails_are_there) {
+    PutVideo("a.mp4");
+    PutVideo("b.mp4");
+    PutVideo("noext");
+    PutVideo("z.mp4");
+    std::vector<PSPRow> rows;
+    EXPECT_EQ(FailureOf([&] { ListPSPFiles("e:\\MP_ROOT\\100MNV01\\", 3, rows); }), 6);
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[1].sText, "b");
 }
 
 TEST_F(BrowserTest, Sizes_have_the_users_decimal_mark) {
     SetDecimalMark(",");
     PutVideo("a.mp4", std::string(1'500'000, 'v'));
-    EXPECT_EQ(ListPSPFiles("e:\\MP_ROOT\\100MNV01\\", 3)[0].sSubItems[1], "1,5 Mb");
+    EXPECT_EQ(Rows("e:\\MP_ROOT\\100MNV01\\", 3)[0].sSubItems[1], "1,5 Mb");
     SetDecimalMark(".");
 }
 
@@ -227,7 +243,7 @@ class DeletePSPFileTest : public BrowserTest {
   protected:
     // Deletes the row of that text.
     static void Delete(const std::string& sPath, Integer iType, const std::string& sText) {
-        for (const PSPRow& row : ListPSPFiles(sPath, iType)) {
+        for (const PSPRow& row : Rows(sPath, iType)) {
             if (row.sText == sText) DeletePSPFile(row, iType);
         }
     }

@@ -2,15 +2,14 @@
 #include "device/Discovery.h"
 #include "media/TagMaker.h"
 #include "ui/support/DeviceWindow.h"
+#include "ui/support/OnPaint.h"
 #include "ui/toolkit/ImageList.h"
 
 #include <gmock/gmock.h>
 
-#include <QEvent>
 #include <QImage>
 #include <QLineEdit>
 #include <filesystem>
-#include <functional>
 
 namespace tavel::test {
 
@@ -21,21 +20,6 @@ namespace fs = std::filesystem;
 namespace {
 
 class DeviceTreeTest : public DeviceWindowTest {};
-
-// Calls back at each painting of a widget.
-class OnPaint : public QObject {
-  public:
-    OnPaint(QWidget& widget, std::function<void()> act) : m_act(std::move(act)) {
-        widget.installEventFilter(this);
-    }
-    bool eventFilter(QObject*, QEvent* event) override {
-        if (event->type() == QEvent::Paint) m_act();
-        return false;
-    }
-
-  private:
-    std::function<void()> m_act;
-};
 
 }  // namespace
 
@@ -190,6 +174,17 @@ TEST_F(DeviceTreeTest, a_folder_that_has_gone_fails) {
     Open();
     fs::remove_all(temp.HostPath("stick/MP_ROOT"));
     EXPECT_EQ(FatalOf([&] { ClickPSP("videoall"); }), failure::PathNotFound);
+}
+
+TEST_F(DeviceTreeTest, a_file_that_fails_leaves_the_rows_before_it_behind_the_message) {
+    Open();
+    ClickPSP("photoall");
+    for (const char* name : {"/M4V10002.mp4", "/noext", "/z.mp4"}) {
+        temp.Write(std::string("stick/MP_ROOT/100MNV01") + name, "video");
+    }
+    EXPECT_EQ(FatalOf([&] { ClickPSP("videoall"); }), failure::Overflow);
+    EXPECT_EQ(RowsOf(grdItems()), "M4V10001|M4V10002");
+    EXPECT_EQ(Main().iListType, 0) << "still that of the list before";
 }
 
 TEST_F(DeviceTreeTest, a_marked_stick_without_the_PSPs_folders_fails) {

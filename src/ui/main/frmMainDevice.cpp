@@ -22,6 +22,16 @@ PSPRow RowOfList(const ListView& list, Long row) {
     return psp;
 }
 
+std::vector<ListRow> ListRowsOf(std::vector<PSPRow> found) {
+    std::vector<ListRow> rows;
+    for (PSPRow& psp : found) {
+        ListRow row{std::move(psp.sKey), {std::move(psp.sText)}};
+        for (const std::string& sSubItem : psp.sSubItems) row.sCells.Add(sSubItem);
+        rows.push_back(std::move(row));
+    }
+    return rows;
+}
+
 }  // namespace
 
 void frmMain::AddPSPCats() {
@@ -90,6 +100,7 @@ void frmMain::ListPSPFolder(const std::string& sPath, Integer iType) {
     iListType = iType;
 }
 
+// When a file fails, the rows of those before it are to be seen behind the message.
 void frmMain::FillListFromPSP(const std::string& sPath, Integer iType) {
     bPSPView = true;
     grdItems->Clear();
@@ -97,13 +108,9 @@ void frmMain::FillListFromPSP(const std::string& sPath, Integer iType) {
     RepaintNow(*grdItems);
     grdItems->Clear();
 
-    std::vector<ListRow> rows;
-    for (PSPRow& psp : ListPSPFiles(sPath, iType)) {
-        ListRow row{std::move(psp.sKey), {std::move(psp.sText)}};
-        for (const std::string& sSubItem : psp.sSubItems) row.sCells.Add(sSubItem);
-        rows.push_back(std::move(row));
-    }
-    grdItems->Add(std::move(rows));
+    std::vector<PSPRow> found;
+    const auto show = qScopeGuard([&] { grdItems->Add(ListRowsOf(std::move(found))); });
+    ListPSPFiles(sPath, iType, found);
 }
 
 void frmMain::mnuPSPDel_Click() {
