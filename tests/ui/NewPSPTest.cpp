@@ -99,6 +99,23 @@ TEST_F(NewPSP, Enter_is_OK) {
     EXPECT_TRUE(bPSPConnected);
 }
 
+TEST_F(NewPSP, Enter_belongs_to_the_button_that_has_the_focus) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter}) {
+        Open();
+        Drives().SetDrive("e:");
+        Find(Window(), "cmdCancel").setFocus();
+        QTest::keyClick(&Find(Window(), "cmdCancel"), key);
+        EXPECT_FALSE(IsOpen());
+        EXPECT_FALSE(bPSPConnected);
+        EXPECT_EQ(stick.Read("TavelDataFile.tavel"), "");
+    }
+    Open();
+    Drives().SetDrive("e:");
+    Find(Window(), "cmdOK").setFocus();
+    QTest::keyClick(&Find(Window(), "cmdOK"), Qt::Key_Enter);
+    EXPECT_TRUE(bPSPConnected);
+}
+
 TEST_F(NewPSP, a_drive_that_is_not_removable_gets_a_message_and_the_dialog_stays) {
     for (const MsgBoxAnswer answer : {MsgBoxAnswer::OK, MsgBoxAnswer::Cancel}) {
         prompts.ExpectMsgBox(notConnected, MsgBoxButtons::OKCancel, answer);

@@ -9,20 +9,25 @@ namespace tavel {
 
 namespace {
 
-void ClickOnKey(QWidget& window, QPushButton& button, Qt::Key key) {
+template <class Click>
+void OnKey(QWidget& window, QPushButton& button, Qt::Key key, Click click) {
     auto* shortcut = new QShortcut(key, &window);
-    QObject::connect(shortcut, &QShortcut::activated, &button, [&button] { button.click(); });
+    QObject::connect(shortcut, &QShortcut::activated, &button, click);
 }
 
 }  // namespace
 
 void SetEscapeButton(QWidget& window, QPushButton& button) {
-    ClickOnKey(window, button, Qt::Key_Escape);
+    OnKey(window, button, Qt::Key_Escape, [&button] { button.click(); });
 }
 
 void SetEnterButton(QWidget& window, QPushButton& button) {
-    ClickOnKey(window, button, Qt::Key_Return);
-    ClickOnKey(window, button, Qt::Key_Enter);
+    const auto click = [&window, &button] {
+        auto* focused = qobject_cast<QPushButton*>(window.focusWidget());
+        (focused != nullptr ? *focused : button).click();
+    };
+    OnKey(window, button, Qt::Key_Return, click);
+    OnKey(window, button, Qt::Key_Enter, click);
     button.setDefault(true);
 }
 

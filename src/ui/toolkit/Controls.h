@@ -19,7 +19,7 @@ Control* Named(const char* name, Arguments&&... arguments) {
 // The Escape key of the window clicks the button.
 void SetEscapeButton(QWidget& window, QPushButton& button);
 
-// The Enter keys of the window click the button.
+// The Enter keys of the window click the button that has the focus, or else this one.
 void SetEnterButton(QWidget& window, QPushButton& button);
 
 // Takes the pictures off a stock dialog's buttons, so that they look like the program's own.
