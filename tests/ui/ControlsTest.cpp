@@ -195,6 +195,18 @@ TEST_F(DriveLists, opening_it_lists_the_drives_of_the_moment_and_keeps_the_choic
     EXPECT_EQ(drives.Drive(), "e: [PSP]");
 }
 
+TEST_F(DriveLists, opening_it_goes_back_to_the_current_drive_when_the_chosen_one_has_gone) {
+    for (const char letter : {'a', 'd', 'e'}) service.Plug(letter, stick.HostPath());
+    DriveList drives;
+    EXPECT_EQ(drives.Drive().substr(0, 2), "c:");
+    drives.SetDrive("e:");
+    service.Pull('e');
+    drives.showPopup();
+    drives.hidePopup();
+    EXPECT_EQ(drives.count(), 3);
+    EXPECT_EQ(drives.Drive().substr(0, 2), "c:");
+}
+
 TEST_F(DriveLists, a_drive_that_is_not_there_cannot_be_chosen) {
     DriveList drives;
     EXPECT_EQ(FailureOf([&] { drives.SetDrive("x:\\"); }), 68);

@@ -6,10 +6,7 @@
 
 namespace tavel {
 
-DriveList::DriveList(QWidget* parent) : QComboBox(parent) {
-    ListDrives();
-    SetDrive("c:");  // the working folder's drive, wherever the program itself lies
-}
+DriveList::DriveList(QWidget* parent) : QComboBox(parent) { ListDrives(); }
 
 std::string DriveList::Drive() const { return FromQString(currentText()); }
 
@@ -25,13 +22,14 @@ void DriveList::showPopup() {
 }
 
 // A stick comes and goes while the list stands open to the user; what was chosen stays chosen for
-// as long as it is there.
+// as long as it is there. Otherwise c: is chosen, the working folder's drive: never another stick.
 void DriveList::ListDrives() {
     const QString chosen = currentText();
     clear();
     for (const std::string& text : oFSO().DriveTexts()) addItem(ToQString(text));
-    const int row = findText(chosen.left(1), Qt::MatchStartsWith);
-    if (!chosen.isEmpty() && row >= 0) setCurrentIndex(row);
+    const int row = chosen.isEmpty() ? -1 : findText(chosen.left(1), Qt::MatchStartsWith);
+    if (row < 0) return SetDrive("c:");
+    setCurrentIndex(row);
 }
 
 }  // namespace tavel

@@ -6,7 +6,7 @@
 namespace tavel {
 
 // A list of the computer's drives ("e: [LABEL]"), the current drive chosen at first. Opening it
-// lists the drives of the moment.
+// lists the drives of the moment; the current drive is chosen again when the chosen one has gone.
 class DriveList : public QComboBox {
     Q_OBJECT
 
