@@ -33,9 +33,6 @@ void ProgressBar::SetValue(float value) {
     Draw();
 }
 
-// Every setter has painted what changed already; what is left is a bar that was never painted.
-void ProgressBar::Repaint() { Draw(); }
-
 void ProgressBar::Draw() {
     const float span = m_max - m_min;
     const float part = span > 0 ? std::clamp((m_value - m_min) / span, 0.0F, 1.0F) : 0.0F;

@@ -18,7 +18,7 @@ class ProgressBar : public QProgressBar, public ProgressBarView {
     void SetMax(float value) override;
     void SetValue(float value) override;
     float Value() const override { return m_value; }  // as it was set, inside the range or not
-    void Repaint() override;
+    void Repaint() override {}  // every setter has painted what changed already
 
   private:
     void Draw();
