@@ -222,6 +222,15 @@ TEST_F(StatusPanelTest, Has_merged_the_bar_and_told_the_name_when_the_figures_fa
     ExpectBar(120, 6300, 120, 3780);
 }
 
+TEST_F(StatusPanelTest, Fails_when_it_counts_as_connected_without_a_drive) {
+    bPSPConnected = true;
+    sPSPName = "Ann's";
+    EXPECT_EQ(FailureOf([&] { UpdateStatusPanel(panel); }), 91);
+    EXPECT_EQ(panel.labPSPStatus, "Ann's Connected");
+    EXPECT_FALSE(panel.bFiguresVisible);
+    EXPECT_FALSE(panel.bImgFullVisible);
+}
+
 TEST_F(StatusPanelTest, Reads_each_figure_again_at_each_use) {
     ConnectWith(1'000'000'000, 400'000'000);
     files.calls.clear();

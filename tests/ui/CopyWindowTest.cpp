@@ -3,6 +3,7 @@
 #include "platform/UpCall.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
+#include "ui/support/OnPaint.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/ProgressBar.h"
 #include "ui/toolkit/SingleWindow.h"
@@ -118,12 +119,16 @@ TEST_F(CopyWindows, one_that_is_still_open_stays_as_it_is_for_the_next_run) {
 
 TEST_F(CopyWindows, paints_without_letting_a_timer_run) {
     int ticks = 0;
+    int paints = 0;
     QTimer timer;
     QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
     timer.start(0);
     Calls().Show();
+    const OnPaint watch(Find(Window(), "labFile"), [&] { ++paints; });
     Calls().SetFile("a");
+    EXPECT_EQ(paints, 0);
     Calls().Repaint();
+    EXPECT_EQ(paints, 1);
     Calls().pgbCurr().SetValue(50);
     Calls().pgbCurr().Repaint();
     EXPECT_EQ(ticks, 0);

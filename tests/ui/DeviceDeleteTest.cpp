@@ -188,6 +188,22 @@ TEST_F(DeviceDeleteTest, the_Delete_key_acts_on_the_librarys_selection_and_fails
     EXPECT_EQ(OnStick(videos), "M4V10001.mp4 ");
 }
 
+// A group's members are listed with the view of the device still on.
+TEST_F(DeviceDeleteTest, a_row_of_a_library_group_after_the_device_loses_its_file_on_the_computer) {
+    AddPhotosWithFiles();
+    AddAlbum("pa_a", {"ph_a"});
+    Open();
+    ClickPSP("videoall");
+    ClickNode("pa_a");
+    ASSERT_EQ(RowsOf(grdItems()), "a");
+    DeleteRow(1);
+    EXPECT_FALSE(FileIsThere("a"));
+    EXPECT_TRUE(colPhoto.Has("ph_a"));
+    EXPECT_EQ(grdItems().Count(), 0);
+    EXPECT_EQ(OnStick(videos), "M4V10001.mp4 ");
+    EXPECT_FALSE(bDBChanged);
+}
+
 TEST_F(DeviceDeleteTest, the_library_is_left_alone) {
     temp.Write("one.jpg", "mine");
     Photo& photo = AddPhoto("ph_one", "one");
