@@ -8,7 +8,7 @@
 namespace tavel {
 
 // Copies what the ids name to the stick, in their order, with frmCopy showing both bars. Nothing
-// is looked up on the stick first and nothing is cancelled. Lets no window event run.
+// asks what was sent already, and nothing is cancelled. Lets no window event run.
 void TransferToPSP(const std::vector<std::string>& sIDs);
 
 }  // namespace tavel

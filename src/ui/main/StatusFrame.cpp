@@ -41,7 +41,6 @@ QLabel* AddLabel(const char* name, const char* role, const Box& box, Qt::Alignme
     auto* label = new ElidedLabel(parent);
     label->setObjectName(QLatin1String(name));
     label->setAccessibleDescription(QLatin1String(role));
-    label->setTextFormat(Qt::PlainText);
     label->setAlignment(alignment);
     Place(*label, box);
     return label;
