@@ -158,6 +158,34 @@ TEST(ElidedLabel, keeps_its_text_and_never_widens_the_window) {
     EXPECT_EQ(label.text().size(), 5000);
 }
 
+TEST(ElidedLabel, a_text_that_does_not_fit_is_its_tip) {
+    ElidedLabel label;
+    label.resize(200, 20);
+    for (const char* start : {"c:\\Rock & Roll\\", "c:\\<b>\\", "c:\\two  blanks\\"}) {
+        const QString text = QLatin1String(start) + QString(100, QLatin1Char('x'));
+        label.setText(text);
+        EXPECT_EQ(TipAt(label, {9, 9}), text);
+    }
+    label.setText(QStringLiteral("c:\\"));
+    EXPECT_EQ(TipAt(label, {9, 9}), QString());
+}
+
+TEST(ElidedLabel, a_line_break_is_shown_as_a_blank) {
+    ElidedLabel label;
+    const QString lines = QStringLiteral("one\ntwo\u2028three");
+    for (const int width : {200, 30}) {
+        label.resize(width, 20);
+        label.setText(QStringLiteral("one two three"));
+        const QImage usual = label.grab().toImage();
+        const QSize hint = label.sizeHint();
+        label.setText(lines);
+        EXPECT_EQ(label.grab().toImage(), usual);
+        EXPECT_EQ(label.sizeHint(), hint);
+    }
+    EXPECT_EQ(TipAt(label, {9, 9}), QStringLiteral("one two three"));
+    EXPECT_EQ(label.text(), lines);
+}
+
 namespace {
 
 class DriveLists : public ::testing::Test {

@@ -156,6 +156,20 @@ TEST_F(DeviceTreeTest, rows_of_the_device_are_not_taken_as_the_selection) {
     EXPECT_EQ(Main().sSelected, std::vector<std::string>{""});
 }
 
+TEST_F(DeviceTreeTest,
+       members_of_a_group_listed_after_the_devices_files_are_still_taken_for_these) {
+    AddVideo("vd_a", "Film");
+    AddSeries("vs_a", {"vd_a"});
+    Open();
+    ClickPSP("videoall");
+    ClickNode("vs_a");
+    EXPECT_EQ(RowsOf(grdItems()), "Film");
+    RightClickRow(1);
+    EXPECT_TRUE(Shows("mnuPSPRMB"));
+    EXPECT_FALSE(Shows("mnuRMB"));
+    EXPECT_EQ(Main().sSelected, std::vector<std::string>{""});
+}
+
 TEST_F(DeviceTreeTest, a_label_edit_changes_no_record_and_raises_bDBChanged) {
     Open();
     ClickPSP("videoall");

@@ -15,9 +15,9 @@ class ItemDeleteTest : public MainWindowTest {
     void Expect(const QString& question, MsgBoxAnswer answer) {
         prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, answer, deleteTitle);
     }
-    void PressDelete(MsgBoxAnswer answer) {
+    void PressDelete(MsgBoxAnswer answer, Qt::KeyboardModifiers keys = Qt::NoModifier) {
         Expect(fromComputer, answer);
-        QTest::keyClick(&grdItems(), Qt::Key_Delete);
+        QTest::keyClick(&grdItems(), Qt::Key_Delete, keys);
     }
     void PickFromDB(MsgBoxAnswer answer) {
         Expect(fromDB, answer);
@@ -51,6 +51,8 @@ TEST_F(ItemDeleteTest, No_to_the_Delete_key_removes_nothing_and_other_keys_ask_n
     QTest::keyClick(&grdItems(), Qt::Key_Backspace);
     QTest::keyClick(&grdItems(), Qt::Key_X);
     PressDelete(MsgBoxAnswer::No);
+    PressDelete(MsgBoxAnswer::No, Qt::ShiftModifier);
+    PressDelete(MsgBoxAnswer::No, Qt::ControlModifier);
     EXPECT_EQ(RowsOf(grdItems()), "a|b|c|d");
     EXPECT_EQ(colPhoto.Count(), 4);
 }

@@ -15,6 +15,19 @@ class ItemListTest : public MainWindowTest {
         AddVideo("vd_a", "Film");
         AddSeries("vs_a", {"vd_a"});
     }
+
+    // Types a new name for the first row.
+    void Rename(const QString& name) {
+        RightClickRow(1);
+        Main().sSelected = {"ph_d"};  // the edit goes by the current row
+        Pick({"mnuRMB", "mnuRename"});
+        auto* editor = grdItems().findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClick(editor, Qt::Key_Delete);
+        QTest::keyClicks(editor, name);
+        QTest::keyClick(editor, Qt::Key_Return);
+        RunEvents();
+    }
 };
 
 using Ids = std::vector<std::string>;
@@ -135,6 +148,17 @@ TEST_F(ItemListTest, a_jump_leaves_columns_thumbnail_and_selected_ids_as_they_we
     EXPECT_EQ(window.Layout().grdSync.Height, 4185);
 }
 
+TEST_F(ItemListTest, a_jump_brings_the_groups_node_into_view) {
+    for (int i = 0; i < 60; ++i) AddMagazine("ma_" + std::to_string(i), {"ph_a"});
+    Open();
+    ClickNode("magazines");
+    QTest::keyClick(&grdItems(), Qt::Key_End);
+    DoubleClickRow(60);
+    EXPECT_EQ(trvCat().SelectedKey(), "ma_59");
+    EXPECT_TRUE(
+        trvCat().viewport()->rect().contains(trvCat().visualItemRect(&trvCat().Node("ma_59"))));
+}
+
 TEST_F(ItemListTest, JumpToGroup_without_a_node_fails) {
     frmMain& window = Open();
     EXPECT_EQ(FailureOf([&] { window.JumpToGroup("ma_none"); }), failure::ListElementNotFound);
@@ -157,21 +181,23 @@ TEST_F(ItemListTest, a_label_edit_renames_the_record_of_any_kind) {
     for (const auto& list : lists) {
         bDBChanged = false;
         ClickNode(list.node);
-        RightClickRow(1);
-        Main().sSelected = {"ph_d"};  // the edit goes by the current row
-        Pick({"mnuRMB", "mnuRename"});
-        auto* editor = grdItems().findChild<QLineEdit*>();
-        ASSERT_NE(editor, nullptr) << list.id;
-        QTest::keyClicks(editor, QStringLiteral("New"));
-        QTest::keyClick(editor, Qt::Key_Return);
-        RunEvents();
-        EXPECT_EQ(RecordOf(list.type, list.id).sName, "New");
+        Rename(QStringLiteral("New"));
+        EXPECT_EQ(RecordOf(list.type, list.id).sName, "New") << list.id;
         EXPECT_EQ(grdItems().Cell(1, 0), "New");
         EXPECT_TRUE(bDBChanged);
     }
     EXPECT_EQ(trvCat().Node("ma_a").Text(), "Group ma_a");
     Main().RefreshCats();
     EXPECT_EQ(trvCat().Node("ma_a").Text(), "New");
+}
+
+TEST_F(ItemListTest, a_new_name_is_taken_as_it_was_typed) {
+    Open();
+    ClickNode("photoall");
+    for (const char* name : {"  New", ""}) {
+        Rename(QLatin1String(name));
+        EXPECT_EQ(colPhoto.Item("ph_a").sName, name);
+    }
 }
 
 TEST_F(ItemListTest, below_thumbnail_mode_2_a_click_on_a_video_shows_nothing) {

@@ -1,11 +1,16 @@
 #include "support/Support.h"
 #include "ui/support/Windows.h"
+#include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/ListView.h"
 
 #include <gtest/gtest.h>
 
+#include <QDropEvent>
 #include <QHeaderView>
 #include <QLineEdit>
+#include <QMimeData>
+#include <memory>
+#include <tuple>
 
 namespace tavel::test {
 
@@ -171,6 +176,36 @@ TEST_F(ListViewTest, moving_by_keyboard_counts_as_a_click) {
     EXPECT_EQ(clicked, "bc");
 }
 
+TEST_F(ListViewTest, selecting_the_current_row_by_keyboard_counts_as_a_click) {
+    Show();
+    for (const auto& [key, modifiers, selected] :
+         {std::tuple(Qt::Key_Space, Qt::NoModifier, "a"), {Qt::Key_A, Qt::ControlModifier, "ab"}}) {
+        list.Clear();
+        Fill("ab");
+        clicked.clear();
+        QTest::keyClick(&list, key, modifiers);
+        EXPECT_EQ(SelectedKeys(), selected);
+        EXPECT_EQ(clicked, "a");
+        QTest::keyClick(&list, key, modifiers);
+        EXPECT_EQ(clicked, "a");
+    }
+}
+
+TEST_F(ListViewTest, a_frame_drawn_from_empty_space_to_the_current_row_counts_as_a_click_on_it) {
+    Fill("ab");
+    Show();
+    QTest::mousePress(list.viewport(), Qt::LeftButton, {}, On(2) + QPoint(0, 100));
+    for (const Long row : {2, 1}) {
+        QMouseEvent move(QEvent::MouseMove, On(row), list.viewport()->mapToGlobal(On(row)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(list.viewport(), &move);
+    }
+    EXPECT_EQ(clicked, "");
+    Release(1);
+    EXPECT_EQ(SelectedKeys(), "ab");
+    EXPECT_EQ(clicked, "a");
+}
+
 TEST_F(ListViewTest, a_right_press_selects_an_unselected_row_and_keeps_a_selection_it_is_part_of) {
     Fill("abcd");
     Show();
@@ -193,6 +228,10 @@ TEST_F(ListViewTest, a_press_on_empty_space_is_no_click) {
     const QPoint below = On(1) + QPoint(0, 100);
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, below);
     EXPECT_EQ(clicked, "");
+    ClickRow(1);
+    QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, below);
+    EXPECT_EQ(SelectedKeys(), "");
+    EXPECT_EQ(clicked, "a");
     EXPECT_EQ(list.RowAt(below), 0);
     EXPECT_EQ(list.RowAt(On(1)), 1);
 }
@@ -271,6 +310,31 @@ TEST_F(ListViewTest, a_byte_outside_UTF_8_is_shown_as_its_Windows_1252_character
     list.Add(ListRow{"a", {"caf\xE9"}});
     EXPECT_EQ(list.model()->index(0, 0).data().toString(), QStringLiteral("caf\u00E9"));
     EXPECT_EQ(list.Cell(1, 0), "caf\xE9");
+}
+
+TEST_F(ListViewTest, rows_of_another_process_are_not_taken) {
+    list.SetDropTarget(true);
+    int drops = 0;
+    QObject::connect(&list, &ListView::RowsDropped, [&] { ++drops; });
+    const auto drop = [this](const QMimeData& rows) {
+        QDragEnterEvent enter({9, 9}, Qt::CopyAction, &rows, Qt::LeftButton, {});
+        enter.ignore();
+        QApplication::sendEvent(list.viewport(), &enter);
+        QDropEvent event({9, 9}, Qt::CopyAction, &rows, Qt::LeftButton, {});
+        QApplication::sendEvent(list.viewport(), &event);
+        return enter.isAccepted();
+    };
+    const std::unique_ptr<QMimeData> own(MakeDraggedRows());
+    EXPECT_TRUE(drop(*own));
+    EXPECT_EQ(drops, 1);
+    QMimeData others;
+    for (const QString& format : own->formats()) {
+        others.setData(format, {});
+        EXPECT_FALSE(drop(others));
+        others.setData(format, "another");
+        EXPECT_FALSE(drop(others));
+    }
+    EXPECT_EQ(drops, 1);
 }
 
 }  // namespace tavel::test

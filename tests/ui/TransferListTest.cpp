@@ -163,6 +163,9 @@ TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
     ClickRow(2);
     Drag(2, *grdSync().viewport(), {40, 60});
     EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+    ExpectAlreadyThere();
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;");
 }
 
 TEST_F(TransferListTest, a_row_dragged_without_a_click_carries_the_former_selection) {
@@ -175,6 +178,15 @@ TEST_F(TransferListTest, a_row_dragged_without_a_click_carries_the_former_select
     EXPECT_EQ(Queue(), "IDvd_a=Film;");
     // With the drag over, the Delete key is to act on the row that is shown as current.
     EXPECT_EQ(window.sSelected, Ids{"vd_c"});
+}
+
+TEST_F(TransferListTest, a_drag_of_the_first_row_of_a_new_list_counts_as_a_click_once_it_is_over) {
+    frmMain& window = Open();
+    ClickNode("videoall");
+    Drag(1, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "");
+    EXPECT_TRUE(grdItems().Selected(1));
+    EXPECT_EQ(window.sSelected, Ids{"vd_a"});
 }
 
 TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_question) {

@@ -155,6 +155,20 @@ TEST_F(TreeViewTest, a_click_on_the_selected_node_edits_it_if_it_is_a_renamable_
     QApplication::setDoubleClickInterval(interval);
 }
 
+TEST_F(TreeViewTest, a_line_break_is_shown_as_a_blank_and_makes_no_row_higher) {
+    const auto showing = [this](const QString& text) {
+        root->setText(0, text);
+        tree.doItemsLayout();
+        return tree.grab().toImage();
+    };
+    const int height = tree.visualItemRect(root).height();
+    EXPECT_GE(height, 18);
+    const QImage usual = showing(QStringLiteral("one two"));
+    EXPECT_EQ(showing(QStringLiteral("one\ntwo")), usual);
+    EXPECT_EQ(root->Text(), "one\ntwo");
+    for (TreeNode* node : {root, fixed}) EXPECT_EQ(tree.visualItemRect(node).height(), height);
+}
+
 TEST_F(TreeViewTest, what_is_dragged_over_a_node_changes_nothing_that_can_be_seen) {
     tree.SetDropTarget(true);
     fixed->setExpanded(false);

@@ -32,7 +32,7 @@ ListView* AddSyncList(const char* name, const char* role, QWidget* parent) {
     ListView* list = Labelled(new ListView(parent), name, role);
     list->AddColumn("icon", "", 300);
     list->AddColumn("item", "Item");
-    // The second column is as wide as what the frame and a scroll bar leave, and a bit more.
+    // The transfer list's second column is wider than what the frame and a scroll bar leave.
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return list;
 }

@@ -2,6 +2,7 @@
 
 #include <QDropEvent>
 #include <QMimeData>
+#include <QUuid>
 #include <memory>
 
 namespace tavel {
@@ -10,16 +11,21 @@ namespace {
 
 const QString DraggedRowsType = QStringLiteral("application/x-tavel-rows");
 
+const QByteArray& OwnMark() {
+    static const QByteArray mark = QUuid::createUuid().toByteArray();
+    return mark;
+}
+
 }  // namespace
 
 QMimeData* MakeDraggedRows() {
     auto content = std::make_unique<QMimeData>();
-    content->setData(DraggedRowsType, {});
+    content->setData(DraggedRowsType, OwnMark());
     return content.release();
 }
 
 bool AcceptDraggedRows(QDropEvent& event) {
-    if (!event.mimeData()->hasFormat(DraggedRowsType)) return false;
+    if (event.mimeData()->data(DraggedRowsType) != OwnMark()) return false;
     event.acceptProposedAction();
     return true;
 }

@@ -1,5 +1,7 @@
 #include "ui/toolkit/ElidedLabel.h"
 
+#include "ui/toolkit/ShownText.h"
+
 #include <QHelpEvent>
 #include <QPainter>
 #include <QStyle>
@@ -15,12 +17,12 @@ ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
 QSize ElidedLabel::minimumSizeHint() const { return {0, sizeHint().height()}; }
 
 QSize ElidedLabel::sizeHint() const {
-    return {fontMetrics().horizontalAdvance(text()), fontMetrics().height()};
+    return {fontMetrics().horizontalAdvance(Shown()), fontMetrics().height()};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, width());
+    const QString shown = fontMetrics().elidedText(Shown(), Qt::ElideMiddle, width());
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(),
                           shown, foregroundRole());
 }
@@ -28,10 +30,12 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
 bool ElidedLabel::event(QEvent* event) {
     if (event->type() != QEvent::ToolTip) return QLabel::event(event);
     const auto* help = static_cast<QHelpEvent*>(event);
-    QToolTip::showText(help->globalPos(), Fits() ? QString() : text().toHtmlEscaped(), this);
+    QToolTip::showText(help->globalPos(), Fits() ? QString() : TipOf(Shown()), this);
     return true;
 }
 
-bool ElidedLabel::Fits() const { return fontMetrics().horizontalAdvance(text()) <= width(); }
+QString ElidedLabel::Shown() const { return OneLine(text()); }
+
+bool ElidedLabel::Fits() const { return fontMetrics().horizontalAdvance(Shown()) <= width(); }
 
 }  // namespace tavel

@@ -5,7 +5,7 @@
 namespace tavel {
 
 // A label for a text of any length, a path above all: what does not fit is left out in its middle
-// and shown as a tip. Its text never widens the window.
+// and shown as a tip. Its text is shown in one line and never widens the window.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 
@@ -20,6 +20,7 @@ class ElidedLabel : public QLabel {
     bool event(QEvent* event) override;
 
   private:
+    QString Shown() const;
     bool Fits() const;
 };
 

@@ -1,24 +1,33 @@
 #include "ui/toolkit/LabelDelegate.h"
 
+#include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
 #include <QLineEdit>
 #include <QToolTip>
+#include <algorithm>
 
 namespace tavel {
 
+QString LabelDelegate::displayText(const QVariant& value, const QLocale& locale) const {
+    return OneLine(QStyledItemDelegate::displayText(value, locale));
+}
+
 QSize LabelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
-    return QStyledItemDelegate::sizeHint(option, index).expandedTo({0, 18});
+    QSize hint = QStyledItemDelegate::sizeHint(option, index);
+    hint.setHeight(std::max({18, option.fontMetrics.height(), option.decorationSize.height()}));
+    return hint;
 }
 
 bool LabelDelegate::helpEvent(QHelpEvent* event, QAbstractItemView* view,
                               const QStyleOptionViewItem& option, const QModelIndex& index) {
     if (event->type() != QEvent::ToolTip) return false;
-    const bool bFits = !index.isValid() || sizeHint(option, index).width() <= option.rect.width();
-    const QString text = bFits ? QString() : displayText(index.data(), option.locale);
-    QToolTip::showText(event->globalPos(), text.toHtmlEscaped(), view);
+    const int width = option.rect.intersected(view->viewport()->rect()).width();
+    const bool bFits = !index.isValid() || sizeHint(option, index).width() <= width;
+    const QString tip = bFits ? QString() : TipOf(displayText(index.data(), option.locale));
+    QToolTip::showText(event->globalPos(), tip, view);
     return true;
 }
 

@@ -5,18 +5,22 @@
 
 namespace tavel {
 
-// Draws and edits the labels of lists and trees. A finished edit is told before the label takes
-// the new text, so that its handler still finds the old one; one that is broken off is not told.
+// Draws and edits the labels of lists and trees, each in one line. A finished edit is told before
+// the label takes the new text, so that its handler still finds the old one; one that is broken
+// off is not told.
 class LabelDelegate : public QStyledItemDelegate {
     Q_OBJECT
 
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
-    // At least as high as a row with an icon, so that all lists have the same rows.
+    QString displayText(const QVariant& value, const QLocale& locale) const override;
+
+    // The height is that of every row, whatever its text and its icon: a view with rows of one
+    // height asks for that of its first row alone.
     QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
-    // A text that doesn't fit its cell is shown as a tip.
+    // A text that doesn't fit what is in view of its cell is shown as a tip.
     bool helpEvent(QHelpEvent* event, QAbstractItemView* view, const QStyleOptionViewItem& option,
                    const QModelIndex& index) override;
 

@@ -31,6 +31,8 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
     setItemDelegate(labels);
     connect(labels, &LabelDelegate::LabelEdited, this,
             [this](const QModelIndex&, const std::string& sNewText) { LabelEdited(sNewText); });
+    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this] { m_selectionChanged = true; });
     connect(this, &QTreeView::clicked, this, [this] { m_clicked = true; });
     connect(this, &QTreeView::doubleClicked, this, [this] { RowDoubleClicked(); });
 }

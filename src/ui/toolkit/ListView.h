@@ -61,8 +61,9 @@ class ListView : public QTreeView {
     void SetDropTarget(bool bDropTarget);
 
   Q_SIGNALS:
-    // The user has made a row the current one, by pointer or by keyboard, or clicked it again. A
-    // right press counts as a click and selects the row first, if it was not selected.
+    // The user has made a row the current one, by pointer or by keyboard, or has clicked or
+    // selected the current one. A right press counts as a click and selects the row first, if it
+    // was not selected.
     void RowClicked();
     void RowDoubleClicked();
     void MouseReleased(Qt::MouseButton button, QPoint viewportPosition);
@@ -86,7 +87,8 @@ class ListView : public QTreeView {
     int Place(Long row) const;
     int ColumnOf(std::string_view sKey) const;
     void RemovePlaces(int first, int count);
-    bool CurrentMoved() const;
+    void BeginInput();
+    bool RowChosen() const;
 
     struct Column {
         std::string sKey;
@@ -96,6 +98,7 @@ class ListView : public QTreeView {
     ListModel m_rows;
     std::vector<Column> m_columns;
     QPersistentModelIndex m_currentAtPress;
+    bool m_selectionChanged = false;
     bool m_pressed = false;
     bool m_clicked = false;
 };

@@ -9,12 +9,20 @@
 
 namespace tavel {
 
-bool ListView::CurrentMoved() const {
-    return HasCurrent() && QModelIndex(m_currentAtPress).row() != currentIndex().row();
+void ListView::BeginInput() {
+    m_currentAtPress = currentIndex();
+    m_selectionChanged = false;
+}
+
+// The first row is current from the fill on: it can be selected without a move to it.
+bool ListView::RowChosen() const {
+    if (!HasCurrent()) return false;
+    return QModelIndex(m_currentAtPress).row() != currentIndex().row() ||
+           (m_selectionChanged && Selected(Current()));
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
-    m_currentAtPress = currentIndex();
+    BeginInput();
     m_pressed = true;
     m_clicked = false;
     QTreeView::mousePressEvent(event);
@@ -33,7 +41,7 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const bool bPressed = std::exchange(m_pressed, false);
     QTreeView::mouseReleaseEvent(event);
     const bool bClicked = std::exchange(m_clicked, false);
-    if (bClicked || (bPressed && CurrentMoved())) Q_EMIT RowClicked();
+    if (bClicked || (bPressed && RowChosen())) Q_EMIT RowClicked();
     Q_EMIT MouseReleased(event->button(), event->pos());
 }
 
@@ -47,19 +55,19 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
 // edit would end up in another record.
 void ListView::keyPressEvent(QKeyEvent* event) {
     if (state() == EditingState) return;
-    m_currentAtPress = currentIndex();
+    BeginInput();
     QTreeView::keyPressEvent(event);
-    if (CurrentMoved()) Q_EMIT RowClicked();
+    if (RowChosen()) Q_EMIT RowClicked();
     Q_EMIT KeyPressed(event->key());
 }
 
 // A drag leaves the row that it began on as the current one; with the drag over, that counts as a
-// click, so that the Delete key never acts on another row than the one that is shown as current.
+// click, so that it doesn't make the Delete key act on another row than the one shown as current.
 // While it lasts, what it carries is still what the last click gave.
 void ListView::startDrag(Qt::DropActions actions) {
     m_pressed = false;
     QTreeView::startDrag(actions);
-    if (CurrentMoved()) Q_EMIT RowClicked();
+    if (RowChosen()) Q_EMIT RowClicked();
 }
 
 void ListView::SetDragSource(bool bDragSource) {

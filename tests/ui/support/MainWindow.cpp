@@ -244,8 +244,10 @@ void MainWindowTest::ClickRow(ListView& list, Long row, Qt::KeyboardModifiers ke
 }
 
 void MainWindowTest::DoubleClickRow(Long row) {
+    const QPoint point = PointOfRow(row);
     ClickRow(row);
-    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, PointOfRow(row));
+    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, point);
+    QTest::mouseRelease(grdItems().viewport(), Qt::LeftButton, {}, point);
 }
 
 QPoint MainWindowTest::PointOfRow(Long row) {

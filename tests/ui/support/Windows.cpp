@@ -6,6 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <QHelpEvent>
+#include <QTextDocumentFragment>
+#include <QToolTip>
+
 // The leak checker's own, where there is one.
 extern "C" [[gnu::weak]] void __lsan_disable();
 extern "C" [[gnu::weak]] void __lsan_enable();
@@ -19,6 +23,17 @@ Application& TheApplication() { return *static_cast<Application*>(qApp); }
 void FailTheTest() { ADD_FAILURE() << "the process would have ended"; }
 
 }  // namespace
+
+// A tip that has been taken away stays for a moment.
+QString TipAt(QWidget& control, QPoint position) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->inherits("QTipLabel")) delete window;
+    }
+    QHelpEvent event(QEvent::ToolTip, position, control.mapToGlobal(position));
+    QApplication::sendEvent(&control, &event);
+    const QString text = QToolTip::text();
+    return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
+}
 
 void RunEvents() {
     QCoreApplication::processEvents();

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QString>
 #include <QTest>
 #include <QWidget>
 #include <stdexcept>
@@ -19,6 +20,9 @@ Control& Find(QWidget& window, const char* name) {
 inline void Click(QWidget& window, const char* name) {
     QTest::mouseClick(&Find(window, name), Qt::LeftButton);
 }
+
+// What the tip over a point of the control reads; empty when there is none.
+QString TipAt(QWidget& control, QPoint position);
 
 // Lets what was posted run, deferred deletes included.
 void RunEvents();
