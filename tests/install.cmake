@@ -1,0 +1,37 @@
+# cmake -D BUILD=<build folder> -D SOURCE=<source folder> -P install.cmake
+# An install lays out the program, and an install over it leaves the user's library as it is; so does a staged one.
+
+function(expect_same file expected)
+    execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${file} ${expected} RESULT_VARIABLE differs)
+    if(differs)
+        message(SEND_ERROR "${file} is not what ${expected} is")
+    endif()
+endfunction()
+
+function(install_to prefix)
+    execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}
+        OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+set(work ${BUILD}/install-test)
+foreach(stage IN ITEMS "" ${work}/stage)
+    file(REMOVE_RECURSE ${work})
+    file(MAKE_DIRECTORY ${work})
+    set(ENV{DESTDIR} "${stage}")
+    set(prefix ${work}/Tavel)
+    set(folder ${stage}${prefix})
+
+    install_to(${prefix})
+    foreach(name tavel UI drives)
+        if(NOT EXISTS ${folder}/${name})
+            message(SEND_ERROR "There is no ${folder}/${name}")
+        endif()
+    endforeach()
+    expect_same(${folder}/db.txt ${SOURCE}/data/db.txt)
+
+    file(APPEND ${folder}/db.txt "[1]\r\n")
+    file(COPY_FILE ${folder}/db.txt ${work}/library)
+    install_to(${prefix})
+    expect_same(${folder}/db.txt ${work}/library)
+endforeach()
+file(REMOVE_RECURSE ${work})
