@@ -186,9 +186,9 @@ ProfileBatch::~ProfileBatch() {
 }
 
 bool ProfileFileExists(std::string_view path) {
-    if (IsIn(Running(), path)) return Running()->fileExists;
     // Any failure of the test stands for a missing file.
     try {
+        if (IsIn(Running(), path)) return Running()->fileExists;
         return HostFileService().FileExists(path) && !HostFileService().GetFile(path).Hidden;
     } catch (const Failure&) {
         return false;

@@ -1,4 +1,5 @@
 #include "platform/ProfileService.h"
+#include "support/FaultyFileService.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
@@ -224,6 +225,20 @@ TEST_F(ProfileBatching, Another_file_is_written_at_once) {
     EXPECT_TRUE(WritePrivateProfileString("s", "k", "2", m_folder.DrivePath("other.txt")));
     EXPECT_EQ(m_folder.Read("other.txt"), "[s]\r\nk=2\r\n");
     EXPECT_EQ(Get("s", "k"), "1");
+}
+
+TEST_F(ProfileBatching, Another_file_that_cannot_be_looked_for_is_a_missing_one) {
+    FaultyFileService files;
+    const std::string other = m_folder.DrivePath("other.txt");
+    m_folder.Write("other.txt", "");
+    UseHostFileService(&files);
+    {
+        const ProfileBatch batch(m_path);
+        EXPECT_TRUE(ProfileFileExists(other));
+        files.FailOn("HostPath " + other, failure::DeviceIO);
+        EXPECT_FALSE(ProfileFileExists(other));
+    }
+    UseHostFileService(nullptr);
 }
 
 TEST_F(ProfileBatching, A_batch_within_joins_and_one_on_another_file_is_refused) {
