@@ -18,7 +18,7 @@ namespace tavel {
 // Texts hold one character per byte of the file, with the NUL bytes taken out: a text's encoding
 // byte is gone when it is 0 and stays as the leading character when it is not, and so does a byte
 // order mark. What a tag lies about, and whatever is cut off or not a tag at all, gives fewer
-// frames, never a failure.
+// frames. A tag that begins beyond 2 GiB is the one that fails.
 class cMP3ID3v2 {
   public:
     static constexpr unsigned char NoGenre = 255;
@@ -26,8 +26,9 @@ class cMP3ID3v2 {
     // Loads the tag of a file; what an earlier one left is dropped, but for the lyrics. A file that
     // cannot be opened fails with the file service's number and the source "Tavel.cMP3ID3v1", and
     // leaves an empty tag. A file that goes away while it is read fails with 57 and leaves what was
-    // read until then. An empty file fails with 5, under the program's name alone, and stays open
-    // until the next load or the end of the object.
+    // read until then. A tag that begins beyond 2 GiB fails with 6 and leaves an empty tag. An
+    // empty file fails with 5, under the program's name alone, and stays open until the next load
+    // or the end of the object.
     void MP3File(const std::string& sPath);
     const std::string& MP3File() const { return m_sMP3File; }
 

@@ -201,6 +201,9 @@ TEST(GenreText, The_number_in_brackets_is_cut_one_short) {
              GenreText{"(0099)Folk", 9, "Folk"},
              GenreText{"before (17)", 1, "Classic Rock"},
              GenreText{utf16, 1, "Rock"},
+             GenreText{"( 17)", 1, "Classic Rock"},
+             GenreText{"(&H11)", 1, "Classic Rock"},
+             GenreText{"(1e1x)", 10, "New Age"},
          }) {
         ExpectGenre(row, 255);
     }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tavel::test {
 
 namespace {
@@ -58,6 +60,43 @@ void ExpectLyricsAlone(const cMP3ID3v2& tag) {
     EXPECT_EQ(tag.FrameCount(), 0);
     EXPECT_EQ(tag.TagsInFrame("USLT"), 0);
 }
+
+// A file of blanks with a tag's mark at an offset that no Long can tell.
+class FarTagFile : public MemoryFile {
+  public:
+    FarTagFile() : MemoryFile("") {}
+
+    std::int64_t Size() override { return tagOffset + 100; }
+    bool Seek(std::int64_t position) override {
+        m_position = position;
+        return true;
+    }
+    bool Read(std::span<char> buffer, std::size_t& bytesRead) override {
+        bytesRead = buffer.size();
+        std::fill(buffer.begin(), buffer.end(), ' ');
+        const std::int64_t toTag = tagOffset - m_position;
+        m_position += std::ssize(buffer);
+        if (toTag >= 0 && m_position > tagOffset + std::ssize(mark)) {
+            std::copy(mark.begin(), mark.end(), buffer.begin() + toTag);
+        }
+        return true;
+    }
+
+  private:
+    static constexpr std::int64_t tagOffset = std::int64_t{1} << 31;
+    static constexpr std::string_view mark = "ID3";
+
+    std::int64_t m_position = 0;
+};
+
+class FarTagService : public OneFileService {
+  public:
+    FarTagService() : OneFileService("") {}
+    std::unique_ptr<RawFile> OpenRaw(std::string_view, RawMode, Long& error) override {
+        error = 0;
+        return std::make_unique<FarTagFile>();
+    }
+};
 
 std::string EveryFrame() {
     std::string frames;
@@ -183,6 +222,14 @@ TEST(cMP3ID3v2, A_tag_behind_other_bytes_is_read) {
     EXPECT_EQ(tag.Title(), "title");
 }
 
+TEST(cMP3ID3v2, A_tag_beyond_2_GiB_overflows) {
+    const FarTagService files;
+    cMP3ID3v2 tag;
+    EXPECT_EQ(FullFailureOf([&] { tag.MP3File("c:\\far.mp3"); }), "6 Overflow Tavel.cMP3ID3v2");
+    EXPECT_FALSE(tag.HasID3v2Tag());
+    EXPECT_EQ(tag.FrameCount(), 0);
+}
+
 TEST(cMP3ID3v2, The_old_tag_at_the_end_of_a_file_is_not_looked_at) {
     const cMP3ID3v2 tag =
         Loaded("\xFF\xFB"s + std::string(500, 'x') + "TAGtitle" + std::string(120, '\0'));
@@ -197,6 +244,8 @@ TEST(cMP3ID3v2, A_second_load_drops_all_but_the_lyrics) {
 
     Load(tag, Tag(3, Frame3("USLT", "new")));
     EXPECT_EQ(tag.Lyrics(), "new");
+    EXPECT_EQ(tag.FrameCount(), 1);
+    EXPECT_EQ(tag.Frame(1), "USLT");
 }
 
 TEST(cMP3ID3v2, Before_the_first_load_there_is_no_frame_list) {
@@ -228,6 +277,10 @@ TEST(cMP3ID3v2, A_file_that_does_not_open_fails_under_the_older_label_and_leaves
             std::to_string(error) + " " + std::string(FailureText(error)) + " Tavel.cMP3ID3v1");
         EXPECT_EQ(tag.MP3File(), "e:\\gone.mp3");
         ExpectLyricsAlone(tag);
+
+        cMP3ID3v2 fresh;
+        EXPECT_EQ(FailureOf([&] { fresh.MP3File("e:\\gone.mp3"); }), error);
+        EXPECT_EQ(fresh.FrameCount(), 0);
     }
 }
 
@@ -237,6 +290,10 @@ TEST(cMP3ID3v2, An_empty_file_fails_without_the_label_of_the_class_and_leaves_an
     EXPECT_EQ(FullFailureOf([&] { tag.MP3File("c:\\empty.mp3"); }),
               "5 Invalid procedure call or argument Tavel");
     ExpectLyricsAlone(tag);
+
+    cMP3ID3v2 fresh;
+    EXPECT_EQ(FailureOf([&] { fresh.MP3File("c:\\empty.mp3"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(fresh.FrameCount(), 0);
 }
 
 // The number that keeps a file from being written; 0 for none.
