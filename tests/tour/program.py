@@ -46,13 +46,16 @@ class Program:
         """Where a folder is linked as a removable drive."""
         return self.folder / "drives" / letter
 
-    def start(self):
+    def launch(self):
         with open(self.log, "ab") as log:
             # From a folder of no meaning: the program finds its own by itself. It has no command line,
             # so what would leave it without a display does nothing.
-            self.process = subprocess.Popen([str(self.folder / "tavel"), "-platform", "none"], cwd="/",
-                                            stdin=subprocess.DEVNULL, stdout=log, stderr=log)
-        self.screen = Screen(self.process)
+            return Screen(subprocess.Popen([str(self.folder / "tavel"), "-platform", "none"], cwd="/",
+                                           stdin=subprocess.DEVNULL, stdout=log, stderr=log))
+
+    def start(self):
+        self.screen = self.launch()
+        self.process = self.screen.process
         return self.screen
 
     def wait_for_end(self):
