@@ -40,7 +40,9 @@ TEST(FatalFailure, a_failure_in_a_handler_is_shown_with_number_and_text_and_ends
     PromptQueue prompts;
     const FatalEnds ends;
     ExpectMessage(prompts, "Run-time error '6':\r\rOverflow");
+    testing::internal::CaptureStderr();
     ClickThatRuns([] { Fail(failure::Overflow); });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Tavel: run-time error 6: Overflow\n");
     EXPECT_EQ(ends.Count(), 1);
 }
 

@@ -1,6 +1,5 @@
 #include "core/PublicStuff.h"
 #include "support/DeviceRecorders.h"
-#include "ui/main/frmLog.h"
 #include "ui/support/MainWindow.h"
 
 #include <QLabel>
@@ -24,17 +23,6 @@ class MainWindowLoadTest : public MainWindowTest {
         }
         return text;
     }
-};
-
-// Looks at the log's window when the shutting down begins.
-class EndWatcher : public AppWindowsRecorder {
-  public:
-    using AppWindowsRecorder::AppWindowsRecorder;
-    void ShowEnd() override {
-        logIsLoaded = SingleWindow<frmLog>::Loaded();
-        AppWindowsRecorder::ShowEnd();
-    }
-    bool logIsLoaded = true;
 };
 
 }  // namespace
@@ -190,20 +178,6 @@ TEST_F(MainWindowLoadTest, the_load_reads_the_device_in_its_order) {
         if (next != wanted.end() && call.rfind(*next, 0) == 0) ++next;
     }
     EXPECT_EQ(next, wanted.end()) << *next;
-}
-
-TEST_F(MainWindowLoadTest, the_logs_window_goes_before_the_program_shuts_down) {
-    for (const bool byMenu : {true, false}) {
-        EndWatcher watcher(calls);
-        Open();
-        SingleWindow<frmLog>::Get();
-        if (byMenu) {
-            Pick({"mnuFile", "mnuExit"});
-        } else {
-            Main().close();
-        }
-        EXPECT_FALSE(watcher.logIsLoaded);
-    }
 }
 
 }  // namespace tavel::test

@@ -61,6 +61,15 @@ std::string CaptionOf(QWidget& window, const char* button) {
     return FromQString(Find<QPushButton>(window, button).text());
 }
 
+// A library of its own that watches a folder with a.jpg and b.jpg.
+void WatchTwoPictures(const TempFolder& temp) {
+    sDBFile = temp.DrivePath("db.txt");
+    sPhotoSupport = {"jpg"};
+    temp.Write("media/a.jpg", "picture");
+    temp.Write("media/b.jpg", "picture");
+    temp.Write("db.txt", "[watch]\r\nnoofflds=1\r\n0=" + temp.DrivePath("media") + "\r\n");
+}
+
 bool IsStyled(QWidget& window, const char* control) {
     return Find(window, control).font().family() == QLatin1String("Verdanda");
 }
@@ -115,11 +124,7 @@ TEST_F(SmallWindows, the_log_takes_more_lines_than_an_Integer_counts) {
 
 TEST_F(SmallWindows, Clear_during_a_scan_leaves_the_later_lines_of_the_scan) {
     const TempFolder temp;
-    sDBFile = temp.DrivePath("db.txt");
-    sPhotoSupport = {"jpg"};
-    temp.Write("media/a.jpg", "picture");
-    temp.Write("media/b.jpg", "picture");
-    temp.Write("db.txt", "[watch]\r\nnoofflds=1\r\n0=" + temp.DrivePath("media") + "\r\n");
+    WatchTwoPictures(temp);
     Log().show();
     Calls yields;
     EventLoopRecorder loop(yields);
@@ -152,10 +157,11 @@ TEST_F(SmallWindows, the_logs_list_follows_the_width_of_its_window_and_nothing_e
     Log().show();
     const QRect button = Find(Log(), "cmdClear").geometry();
     const int height = Lines().height();
+    const int windowHeight = Log().height();
     EXPECT_EQ(Lines().x(), 8);
     EXPECT_EQ(Lines().width(), Log().width() - 21);
     Log().resize(900, 900);
-    EXPECT_EQ(Log().width(), 900);
+    EXPECT_EQ(Log().size(), QSize(900, windowHeight));
     EXPECT_EQ(Lines().x(), 8);
     EXPECT_EQ(Lines().width(), 879);
     EXPECT_EQ(Lines().height(), height);
@@ -304,6 +310,24 @@ TEST_F(SmallWindowsDeathTest, Exit_ends_the_process_without_unloading_the_main_w
     EXPECT_EXIT(exit(), testing::ExitedWithCode(0),
                 testing::AllOf(testing::HasSubstr("release 1\n"),
                                testing::Not(testing::HasSubstr("release 2"))));
+}
+
+TEST_F(SmallWindowsDeathTest, Exit_in_the_middle_of_a_scan_saves_what_it_found_and_ends) {
+    const TempFolder temp;
+    WatchTwoPictures(temp);
+    Calls yields;
+    EventLoopRecorder loop(yields);
+    loop.onYield = [] {
+        if (colPhoto.Count() == 1) Find<QAction>(SingleWindow<frmMain>::Get(), "mnuExit").trigger();
+    };
+    const auto exit = [] {
+        App().ShowMain();
+        BackgroundScan();
+    };
+    EXPECT_EXIT(exit(), testing::ExitedWithCode(0), "");
+    EXPECT_THAT(temp.Read("db.txt"),
+                testing::AllOf(testing::HasSubstr("NoOfItems=1\r\n"), testing::HasSubstr("a.jpg"),
+                               testing::Not(testing::HasSubstr("b.jpg"))));
 }
 
 }  // namespace tavel::test
