@@ -53,13 +53,22 @@ TEST_F(ShownTextTest, a_line_break_of_any_kind_is_shown_as_a_blank_in_a_row_of_t
     }
 }
 
-TEST_F(ShownTextTest, rows_with_an_icon_are_as_high_as_rows_without) {
-    Fill("row a");
-    const int height = RectOf(1).height();
+TEST_F(ShownTextTest, a_row_is_as_high_as_the_lists_font_or_icons_whether_it_has_an_icon_or_not) {
     QPixmap picture(64, 64);
     picture.fill(Qt::gray);
-    Fill("row a", picture);
-    EXPECT_EQ(RectOf(1).height(), height);
+    const QFont usual = list.font();
+    QFont large = usual;
+    large.setPixelSize(50);
+    for (const QIcon& icon : {QIcon(), QIcon(picture)}) {
+        list.setIconSize({40, 40});
+        Fill("row a", icon);
+        EXPECT_EQ(RectOf(1).height(), 40);
+        list.setIconSize({16, 16});
+        EXPECT_EQ(RectOf(1).height(), std::max(18, list.fontMetrics().height()));
+        list.setFont(large);
+        EXPECT_EQ(RectOf(1).height(), list.fontMetrics().height());
+        list.setFont(usual);
+    }
 }
 
 TEST_F(ShownTextTest, a_text_that_does_not_fit_its_column_is_its_tip) {

@@ -5,6 +5,7 @@
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ElidedLabel.h"
 #include "ui/toolkit/InputBox.h"
+#include "ui/toolkit/LabelDelegate.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
 
@@ -64,6 +65,7 @@ void FolderDialog::BuildControls(const FolderRequest& request) {
     trvFolders->setAccessibleName(tr("Folders"));
     trvFolders->setHeaderHidden(true);
     trvFolders->setUniformRowHeights(true);
+    trvFolders->setItemDelegate(new LabelDelegate(trvFolders));
     trvFolders->header()->setStretchLastSection(true);
     labTitle->setBuddy(trvFolders);
 
