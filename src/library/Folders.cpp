@@ -45,7 +45,7 @@ void MoveByWholePath(Item& item, const std::string& sFolder) {
     MoveItem(item, sFolder + StripExt(item.sPath) + "." + GetFileExt(item.sPath));
 }
 
-// Series and playlists have no pages to move; only their folder is made.
+// A series has no pages to move; only its folder is made.
 [[noreturn]] void MakeFolderOnly(const std::string& sFolder) {
     CreateIfMissing(sFolder);
     Fail(failure::NoSuchMember);

@@ -6,7 +6,6 @@
 #include "platform/Failure.h"
 #include "platform/Text.h"
 
-#include <algorithm>
 #include <iterator>
 #include <limits>
 #include <vector>

@@ -94,9 +94,9 @@ TEST_F(AddFolderTest, Only_new_passes_over_what_is_in_the_library) {
 
 TEST_F(AddFolderTest, Without_only_new_every_file_gets_another_record) {
     Write("m/a.jpg", "x");
-    Add("m", {});
-    Add("m", {});
-    EXPECT_EQ(colPhoto.Count(), 2);
+    Write("m/sub/b.jpg", "x");
+    for (int walk = 1; walk <= 2; ++walk) Add("m", {});
+    EXPECT_EQ(PhotoNames(), (Texts{"b", "a", "b", "a"}));
 }
 
 TEST_F(AddFolderTest, Unsupported_files_leave_no_trace) {

@@ -303,6 +303,15 @@ TEST_F(Groups, An_emptied_group_fails_on_the_item_that_it_held_last) {
     EXPECT_EQ(FailureOf([&] { AddToGroup({"ph_a"}, sID); }), failure::SubscriptOutOfRange);
 }
 
+TEST_F(Groups, Adding_the_empty_id_fails_in_an_emptied_group_and_is_passed_over_in_others) {
+    const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
+    AddToGroup({"", "ph_b"}, sID);
+    EXPECT_EQ(Members(sID), (Texts{"ph_a", "ph_b"}));
+    RemoveFromGroup("ph_a", sID);
+    RemoveFromGroup("ph_b", sID);
+    EXPECT_EQ(FailureOf([&] { AddToGroup({""}, sID); }), failure::InvalidProcedureCall);
+}
+
 TEST_F(Groups, Removing_from_an_empty_group_fails) {
     const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
     RemoveFromGroup("ph_a", sID);

@@ -206,6 +206,18 @@ TEST_F(SaveDBTest, Without_its_file_a_save_does_nothing) {
     EXPECT_FALSE(HostFileService().FileExists(sDBFile));
 }
 
+TEST_F(SaveDBTest, The_largest_library_comes_back) {
+    Contain("");
+    for (int i = 1; i <= 32767; ++i) {
+        Video& video = Give(colVideo, "vd_" + std::to_string(i));
+        video.sName = std::to_string(i);
+    }
+    SaveDB();
+    Reload();
+    EXPECT_EQ(colVideo.Count(), 32767);
+    EXPECT_EQ(colVideo.Item(32767).sName, "32767");
+}
+
 TEST_F(SaveDBTest, Beyond_32767_entries_the_sections_are_written_and_the_count_stays) {
     Contain("[DB]\r\nNoOfItems=1\r\n[32767]\r\nID=old\r\n");
     for (int i = 0; i <= 32767; ++i) Give(colPlaylist, "pl_" + std::to_string(i));

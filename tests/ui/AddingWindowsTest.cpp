@@ -6,12 +6,14 @@
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmAdd.h"
 #include "ui/main/frmInvFiles.h"
+#include "ui/support/OnPaint.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QLabel>
 #include <QListWidget>
+#include <QWindow>
 
 namespace tavel::test {
 
@@ -52,6 +54,18 @@ TEST_F(AddingWindows, a_cancel_takes_the_window_away_and_the_next_folder_goes_in
     EXPECT_TRUE(SingleWindow<frmAdd>::Loaded());
     EXPECT_FALSE(Add().isVisible());
     EXPECT_EQ(FromQString(Find<QLabel>(Add(), "labPath").text()), temp.DrivePath("m\\two\\c.jpg"));
+}
+
+TEST_F(AddingWindows, the_path_is_painted_before_the_file_is_added) {
+    AddWindow& window = UpCall<AddWindow>::Get();
+    window.Show();
+    EXPECT_TRUE(Add().windowHandle()->isExposed());
+    int paints = 0;
+    const OnPaint watch(Find(Add(), "labPath"), [&] { ++paints; });
+    window.SetPath("c:\\a.jpg");
+    EXPECT_EQ(paints, 0);
+    window.Repaint();
+    EXPECT_EQ(paints, 1);
 }
 
 TEST_F(AddingWindows, none_of_them_locks_the_others_and_what_was_rejected_adds_up) {
