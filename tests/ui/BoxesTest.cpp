@@ -1,3 +1,5 @@
+#include "core/PublicStuff.h"
+#include "support/FaultyFileService.h"
 #include "support/Support.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
@@ -5,17 +7,20 @@
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
 
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDir>
 #include <QFileInfo>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QUrl>
 
 namespace tavel::test {
 
@@ -112,21 +117,31 @@ class FileDialogs : public ::testing::Test {
     }
 
     // Types into the name box of the dialog and confirms.
+    static void TypeInto(QWidget& box, const QString& typed) {
+        auto& edit = Find<QLineEdit>(box, "fileNameEdit");
+        edit.setText(typed);
+        QTest::keyClick(&edit, Qt::Key_Return);
+    }
     FileAnswer Type(const QString& typed) {
         const RealPrompts real;
+        WhenModal([typed](QWidget& box) { TypeInto(box, typed); });
+        return CurrentPrompter().PickFiles(request);
+    }
+
+    // The same for what the box stays for.
+    FileAnswer TypeInVain(const QString& typed) {
+        const RealPrompts real;
         WhenModal([typed](QWidget& box) {
-            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
-            edit.setText(typed);
-            QTest::keyClick(&edit, Qt::Key_Return);
+            TypeInto(box, typed);
+            EXPECT_TRUE(box.isVisible()) << FromQString(typed);
+            QTest::keyClick(&box, Qt::Key_Escape);
         });
         return CurrentPrompter().PickFiles(request);
     }
 
-    // The names that the dialog lists, once it has read the folder.
-    QStringList Listed() {
-        FileDialog dialog(request);
-        dialog.show();
-        const auto& list = Find<QListView>(dialog, "listView");
+    // The names that the box lists, once it has read the folder.
+    static QStringList NamesIn(QWidget& box) {
+        const auto& list = Find<QListView>(box, "listView");
         QStringList names;
         const auto read = [&] {
             names.clear();
@@ -137,6 +152,11 @@ class FileDialogs : public ::testing::Test {
         };
         EXPECT_TRUE(QTest::qWaitFor(read));
         return names;
+    }
+    QStringList Listed() {
+        FileDialog dialog(request);
+        dialog.show();
+        return NamesIn(dialog);
     }
 
     TempFolder folder;
@@ -162,18 +182,100 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
 TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
     folder.Write("Trip/d.jpg", "");
     request.multiSelect = true;
-    const RealPrompts real;
     for (const std::string& other : {folder.HostPath("Trip/d.jpg"), std::string("/etc/hosts")}) {
-        WhenModal([&](QWidget& box) {
-            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
-            edit.setText(QStringLiteral("\"%1\" \"%2\"")
-                             .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other)));
-            QTest::keyClick(&edit, Qt::Key_Return);
-            EXPECT_TRUE(box.isVisible());
-            QTest::keyClick(&box, Qt::Key_Escape);
-        });
-        EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0) << other;
+        const QString typed = QStringLiteral("\"%1\" \"%2\"")
+                                  .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other));
+        EXPECT_EQ(TypeInVain(typed).result, 0);
     }
+}
+
+TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
+    folder.Write("Trip/d.jpg", "");
+    const RealPrompts real;
+    const auto pick = [this](const QString& typed) {
+        WhenModal([typed](QWidget& box) {
+            // For a file that the list leaves out Qt gives the words themselves.
+            EXPECT_FALSE(NamesIn(box).contains(QStringLiteral("c.mp3")));
+            TypeInto(box, typed);
+            if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        return CurrentPrompter().PickFiles(request).files;
+    };
+    const QString file = ToQString(folder.HostPath("c.mp3"));
+    EXPECT_EQ(pick(QStringLiteral("Trip/../c.mp3")), QStringList(file));
+    request.multiSelect = true;
+    EXPECT_EQ(pick(QStringLiteral("\"Trip/../c.mp3\" \"%1\"").arg(file)),
+              QStringList({file, file}));
+}
+
+TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
+    folder.Write("a\\b.jpg", "");
+    EXPECT_EQ(TypeInVain(QStringLiteral("a\\b.jpg")).result, 0);
+    request.multiSelect = true;
+    EXPECT_EQ(TypeInVain(QStringLiteral("\"b.jpg\" \"a\\b.jpg\"")).result, 0);
+    EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
+}
+
+TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
+    folder.Write("Trip/d.jpg", "");
+    const RealPrompts real;
+    WhenModal([this](QWidget& box) {
+        TypeInto(box, QStringLiteral("Trip"));
+        EXPECT_EQ(FromQString(static_cast<FileDialog&>(box).directory().path()),
+                  folder.HostPath("Trip"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
+}
+
+TEST_F(FileDialogs, the_box_starts_at_home_and_then_where_files_were_picked_last) {
+    folder.Write("Trip/d.jpg", "");
+    request.startFolder.clear();
+    RealPrompter prompter;
+    std::string startedIn;
+    const auto pick = [&](const QString& typed) {
+        WhenModal([&, typed](QWidget& box) {
+            startedIn = FromQString(static_cast<FileDialog&>(box).directory().path());
+            TypeInto(box, typed);
+            if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        prompter.PickFiles(request);
+        return startedIn;
+    };
+    const QString elsewhere = ToQString(folder.HostPath());
+    EXPECT_EQ(pick(elsewhere), FromQString(QDir::homePath()));
+    EXPECT_EQ(pick(ToQString(folder.HostPath("Trip/d.jpg"))), FromQString(QDir::homePath()));
+    EXPECT_EQ(pick(elsewhere), folder.HostPath("Trip"));
+    EXPECT_EQ(pick(elsewhere), folder.HostPath("Trip"));
+}
+
+TEST_F(FileDialogs, home_and_the_drives_with_a_medium_stand_at_the_side) {
+    FaultyFileService service;
+    service.Plug('e', folder.HostPath());
+    service.Plug('f', folder.HostPath()).hasMedia = false;
+    UseFileService(&service);
+    EXPECT_EQ(FileDialog(request).sidebarUrls(),
+              QList<QUrl>({QUrl::fromLocalFile(QDir::homePath()),
+                           QUrl::fromLocalFile(QStringLiteral("/")),
+                           QUrl::fromLocalFile(ToQString(folder.HostPath()))}));
+    UseFileService(nullptr);
+}
+
+TEST_F(FileDialogs, nothing_is_kept_in_nor_taken_from_the_file_that_Qt_programs_share) {
+    const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME"));
+    const QString name = QStringLiteral("QtProject.conf");
+    { const FileDialog dialog(request); }
+    EXPECT_FALSE(config.exists(name));
+
+    const QByteArray others = "[FileDialog]\nviewMode=List\n";
+    QFile file(config.filePath(name));
+    ASSERT_TRUE(file.open(QIODevice::ReadWrite));
+    file.write(others);
+    file.flush();
+    EXPECT_EQ(FileDialog(request).viewMode(), QFileDialog::Detail);
+    file.seek(0);
+    EXPECT_EQ(file.readAll(), others);
+    file.remove();
 }
 
 TEST_F(FileDialogs, a_file_that_must_exist_is_asked_for_again) {
@@ -231,9 +333,7 @@ TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_lo
         WhenModal([steps](QWidget& box) {
             for (int i = 0; i < steps; ++i)
                 QTest::keyClick(&Find<QComboBox>(box, "fileTypeCombo"), Qt::Key_Down);
-            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
-            edit.setText(QStringLiteral("b.jpg"));
-            QTest::keyClick(&edit, Qt::Key_Return);
+            TypeInto(box, QStringLiteral("b.jpg"));
         });
         EXPECT_EQ(CurrentPrompter().PickFiles(request).filterIndex, steps);
     }
@@ -276,9 +376,7 @@ TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for_and_tells_
             auto& tick = Find<QCheckBox>(box, "chkReadOnly");
             EXPECT_EQ(tick.isChecked(), ticked);
             tick.click();
-            auto& edit = Find<QLineEdit>(box, "fileNameEdit");
-            edit.setText(QStringLiteral("b.jpg"));
-            QTest::keyClick(&edit, Qt::Key_Return);
+            TypeInto(box, QStringLiteral("b.jpg"));
         });
         EXPECT_EQ(CurrentPrompter().PickFiles(request).readOnly, !ticked);
     }

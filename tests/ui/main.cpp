@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTemporaryDir>
+
 namespace {
 
 class CleanBetweenTests : public testing::EmptyTestEventListener {
@@ -24,6 +26,9 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     // Whatever desktop it is run on; "-platform xcb" shows what goes on.
     qputenv("QT_QPA_PLATFORM", "offscreen");
+    // A place for what must not be kept there.
+    const QTemporaryDir config;
+    qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
     const tavel::Application application(argc, argv);
     // gtest owns its listeners.
     testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);

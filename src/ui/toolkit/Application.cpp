@@ -6,6 +6,7 @@
 
 #include <QEvent>
 #include <QFont>
+#include <QSettings>
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
@@ -20,6 +21,13 @@ constexpr double textPoints = 8.25;
 
 constexpr Long outOfMemory = 7;
 constexpr Long internalError = 51;
+
+// Qt's file dialog keeps its look and the folders it was in in a file that all Qt programs of the
+// user share. Ours neither takes anything from it nor leaves anything there.
+void ForgetQtSettings() {
+    for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
+        QSettings::setPath(QSettings::NativeFormat, scope, QStringLiteral("/dev/null"));
+}
 
 // The failure that is being handled, whatever it was thrown as.
 Failure CurrentFailure() {
@@ -49,6 +57,7 @@ Application::Application(int& argc, char** argv)
     // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
     // process alive. The end is ShutDown's.
     setQuitOnLastWindowClosed(false);
+    ForgetQtSettings();
 }
 
 bool Application::notify(QObject* receiver, QEvent* event) {

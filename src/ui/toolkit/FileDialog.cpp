@@ -35,7 +35,8 @@ QString QtFilter(const QString& description, const QString& patterns) {
 
 }  // namespace
 
-FileDialog::FileDialog(const FileRequest& request) : QFileDialog(request.owner) {
+FileDialog::FileDialog(const FileRequest& request)
+    : QFileDialog(request.owner), m_mustExist(request.mustExist) {
     setObjectName(QStringLiteral("FileDialog"));
     // The desktop's own dialogs match the patterns with regard to case, and cameras write ".JPG".
     setOption(DontUseNativeDialog);
@@ -93,18 +94,33 @@ void FileDialog::AddReadOnlyBox(bool checked) {
     layout()->addWidget(chkReadOnly);
 }
 
-// Paths of different folders may be typed, but an answer has one folder: the box stays for another.
-void FileDialog::accept() {
-    const QStringList files = selectedFiles();
-    const auto isElsewhere = [&](const QString& file) {
-        return QFileInfo(file).absolutePath() != QFileInfo(files.front()).absolutePath();
-    };
-    if (std::none_of(files.begin(), files.end(), isElsewhere)) QFileDialog::accept();
+// Qt gives what was typed as it stands behind the folder's path, but a drive is told by the
+// beginning of a path.
+QStringList FileDialog::Picked() const {
+    QStringList files = selectedFiles();
+    for (QString& file : files) file = QDir::cleanPath(file);
+    return files;
+}
+
+// Paths of different folders may be typed, but an answer has one folder. And Qt finds files that
+// have no drive path: names with a backslash, links on a stick.
+bool FileDialog::CanAnswer() const {
+    const QStringList files = Picked();
+    return std::all_of(files.begin(), files.end(), [&](const QString& file) {
+        return QFileInfo(file).path() == QFileInfo(files.front()).path() &&
+               (!m_mustExist || oFSO().FileExists(oFSO().FromHostPath(FromQString(file))));
+    });
+}
+
+// Qt comes here once it has looked into folders and complained of what it does not find. The box
+// stays for what is no answer.
+void FileDialog::done(int result) {
+    if (result == Rejected || CanAnswer()) QFileDialog::done(result);
 }
 
 FileAnswer FileDialog::Answer() const {
     FileAnswer answer;
-    answer.files = selectedFiles();
+    answer.files = Picked();
     answer.result = answer.files.isEmpty() ? 0 : 1;
     answer.filterIndex = TypeBox().currentIndex();
     answer.readOnly = chkReadOnly != nullptr && chkReadOnly->isChecked();

@@ -20,15 +20,18 @@ class FileDialog : public QFileDialog {
     FileAnswer Answer() const;
 
   protected:
-    void accept() override;
+    void done(int result) override;
 
   private:
     const QComboBox& TypeBox() const;
+    QStringList Picked() const;
+    bool CanAnswer() const;
     void SetSizes();
     void SetFilters(const FileRequest& request);
     void ListDrives();
     void AddReadOnlyBox(bool checked);
 
+    bool m_mustExist;
     QCheckBox* chkReadOnly = nullptr;
 };
 
