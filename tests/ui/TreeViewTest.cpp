@@ -33,6 +33,8 @@ class TreeViewTest : public testing::Test {
                          });
         QObject::connect(&tree, &TreeView::NodeRightClicked,
                          [this](TreeNode& node, QPoint) { rightClicked += node.Key() + ";"; });
+        QObject::connect(&tree, &TreeView::RowsDropped,
+                         [this](TreeNode& node) { dropped += node.Key() + ";"; });
         QObject::connect(&tree, &TreeView::LabelEdited,
                          [this](TreeNode& node, const std::string& sNewText) {
                              edited += node.Text() + ">" + sNewText + ";";
@@ -51,6 +53,7 @@ class TreeViewTest : public testing::Test {
     TreeNode* child;
     std::string clicked;
     std::string rightClicked;
+    std::string dropped;
     std::string edited;
 };
 
@@ -88,6 +91,42 @@ TEST_F(TreeViewTest, a_press_that_slides_away_still_clicks_the_node_that_it_sele
     QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*group));
     EXPECT_EQ(tree.SelectedKey(), "fixed");
     EXPECT_EQ(clicked, "root>fixed;");
+}
+
+TEST_F(TreeViewTest, a_click_of_another_button_before_the_release_is_no_press) {
+    for (const Qt::MouseButton other : {Qt::RightButton, Qt::MiddleButton}) {
+        clicked.clear();
+        tree.Select(*root);
+        QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, On(*fixed));
+        ClickNode(*group, other);
+        QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*fixed));
+        EXPECT_EQ(clicked, "root>fixed;") << other;
+    }
+}
+
+TEST_F(TreeViewTest, a_double_click_is_one_click_on_a_node_that_was_not_selected) {
+    ClickNode(*child);
+    QTest::mouseDClick(tree.viewport(), Qt::LeftButton, {}, On(*child));
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*child));
+    EXPECT_EQ(clicked, "root>child;");
+}
+
+TEST_F(TreeViewTest, beside_all_nodes_nothing_happens) {
+    const QPoint beside(100, 190);
+    tree.SetDropTarget(true);
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, beside);
+    QTest::mouseClick(tree.viewport(), Qt::RightButton, {}, beside);
+    const std::unique_ptr<QMimeData> rows(MakeDraggedRows());
+    for (const QPoint point : {beside, On(*group)}) {
+        EXPECT_EQ(dropped, "");
+        QDragEnterEvent enter(point, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(tree.viewport(), &enter);
+        QDropEvent drop(point, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(tree.viewport(), &drop);
+    }
+    EXPECT_EQ(dropped, "group;");
+    EXPECT_EQ(clicked + rightClicked, "");
+    EXPECT_EQ(tree.SelectedKey(), "root");
 }
 
 TEST_F(TreeViewTest, moving_by_keyboard_counts_as_a_click_on_the_node_moved_to) {

@@ -103,9 +103,10 @@ void TreeView::StartLabelEdit() {
 }
 
 void TreeView::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
     m_keyAtPress = SelectedKey();
     m_clicked = false;
-    if (event->button() == Qt::LeftButton) QTreeWidget::mousePressEvent(event);
+    QTreeWidget::mousePressEvent(event);
 }
 
 // A press selects at once; so the release is a click wherever it happens, or the tree would show a
@@ -114,11 +115,11 @@ void TreeView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) {
         TreeNode* node = NodeAt(event->pos());
         if (node != nullptr) Q_EMIT NodeRightClicked(*node, event->globalPosition().toPoint());
-        return;
     }
+    if (event->button() != Qt::LeftButton) return;
     QTreeWidget::mouseReleaseEvent(event);
     const bool bClicked = std::exchange(m_clicked, false);
-    if (event->button() != Qt::LeftButton || Selected() == nullptr) return;
+    if (Selected() == nullptr) return;
     const std::string sSelectedKey = std::exchange(m_keyAtPress, SelectedKey());
     if (bClicked || sSelectedKey != SelectedKey()) Q_EMIT NodeClicked(*Selected(), sSelectedKey);
 }
