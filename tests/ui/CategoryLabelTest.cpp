@@ -97,6 +97,9 @@ TEST_F(CategoryLabelTest, a_right_click_on_a_group_selects_it_and_fills_nothing)
     Pick({"mnuCats", "mnuRename_Cat"});
     Edit("Weekly");
     EXPECT_EQ(colMagazine.Item("ma_a").sName, "Weekly");
+    ClickNode("ma_a");
+    EXPECT_EQ(RowsOf(grdItems()), "Song") << "it is the selected node by now";
+    EXPECT_EQ(window.iListType, 5);
 }
 
 TEST_F(CategoryLabelTest, collapsing_a_branch_selects_the_node_collapsed_and_fills_nothing) {

@@ -149,6 +149,17 @@ TEST_F(DeviceTreeTest, a_known_video_shows_its_title_and_an_unknown_one_its_numb
     EXPECT_EQ(RowsOf(grdItems()), "Holiday|M4V10002");
 }
 
+TEST_F(DeviceTreeTest, its_nodes_can_neither_be_renamed_nor_dropped_on) {
+    Open();
+    for (const char* key : {"master", "videoall", "e:\\psp\\music\\Tunes"}) {
+        trvPSPCat().Select(trvPSPCat().Node(key));
+        QTest::keyClick(&trvPSPCat(), Qt::Key_F2);
+        EXPECT_EQ(trvPSPCat().findChild<QLineEdit*>(), nullptr) << key;
+    }
+    EXPECT_FALSE(trvPSPCat().viewport()->acceptDrops());
+    EXPECT_TRUE(trvCat().viewport()->acceptDrops());
+}
+
 TEST_F(DeviceTreeTest, rows_of_the_device_are_not_taken_as_the_selection) {
     Open();
     ClickPSP("videoall");

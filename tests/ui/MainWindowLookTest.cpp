@@ -18,7 +18,7 @@ namespace {
 using MainWindowLookTest = MainWindowTest;
 
 QImage Picture(const std::string& name) {
-    const QString file = ToQString(":/artwork/icons/" + name + ".png");
+    const QString file = ToQString(TAVEL_SOURCE_FOLDER "/data/artwork/icons/" + name + ".png");
     return QImage(file).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
@@ -112,6 +112,7 @@ TEST_F(MainWindowLookTest, rows_of_the_transfer_list_have_the_picture_of_their_k
     AddMusic("mu_a", "Song", "Singer");
     AddVideo("vd_a", "Film");
     AddMagazine("ma_a", {});
+    AddAlbum("pa_a", {});
     AddPlaylist("pl_", {});
     AddSeries("vs_a", {});
     frmMain& window = Open();
@@ -120,11 +121,13 @@ TEST_F(MainWindowLookTest, rows_of_the_transfer_list_have_the_picture_of_their_k
         const char* id;
         const char* picture;
     } entries[] = {{"vd_a", "video"},     {"ph_a", "photo"},    {"mu_a", "music"},
-                   {"vs_a", "vidseries"}, {"ma_a", "magazine"}, {"pl_", "playlist"}};
+                   {"vs_a", "vidseries"}, {"ma_a", "magazine"}, {"pa_a", "album"},
+                   {"pl_", "playlist"}};
     for (const auto& entry : entries) {
         window.AddToTransferList(entry.id);
         const QModelIndex row = grdSync().model()->index(grdSync().Count() - 1, 0);
-        EXPECT_EQ(Shown(row.data(Qt::DecorationRole).value<QIcon>(), 16), Picture(entry.picture));
+        EXPECT_EQ(Shown(row.data(Qt::DecorationRole).value<QIcon>(), 16), Picture(entry.picture))
+            << entry.id;
     }
 }
 

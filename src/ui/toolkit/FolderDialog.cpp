@@ -76,7 +76,8 @@ void FolderDialog::BuildControls(const FolderRequest& request) {
     connect(buttons, &QDialogButtonBox::accepted, this, &QDialog::accept);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     if (request.newStyle) {
-        cmdNewFolder = buttons->addButton(tr("Make &New Folder"), QDialogButtonBox::ActionRole);
+        auto* cmdNewFolder =
+            buttons->addButton(tr("Make &New Folder"), QDialogButtonBox::ActionRole);
         cmdNewFolder->setObjectName(QStringLiteral("cmdNewFolder"));
         cmdNewFolder->setAutoDefault(false);
         connect(cmdNewFolder, &QPushButton::clicked, this, [this] { MakeNewFolder(); });

@@ -43,7 +43,6 @@ class FolderDialog : public QDialog, private FolderPicker {
     QTreeWidget* trvFolders = nullptr;
     QLabel* labStatus = nullptr;
     QPushButton* cmdOK = nullptr;
-    QPushButton* cmdNewFolder = nullptr;
 };
 
 }  // namespace tavel

@@ -11,29 +11,9 @@
 #include <QMouseEvent>
 #include <utility>
 
-// There only where the leak sanitizer is.
-extern "C" {
-[[gnu::weak]] void __lsan_disable();
-[[gnu::weak]] void __lsan_enable();
-}
-
 namespace tavel::test {
 
 namespace {
-
-// Qt's own code lets go of what it holds when a failure passes through it. The program ends then;
-// a test goes on, and must not take that for a leak of ours.
-class LeaksOverlooked {
-  public:
-    LeaksOverlooked() {
-        if (__lsan_disable != nullptr) __lsan_disable();
-    }
-    ~LeaksOverlooked() {
-        if (__lsan_enable != nullptr) __lsan_enable();
-    }
-    LeaksOverlooked(const LeaksOverlooked&) = delete;
-    LeaksOverlooked& operator=(const LeaksOverlooked&) = delete;
-};
 
 template <class T>
 T& AddRecord(Collection<T>& records, const std::string& sID, const std::string& sName) {
@@ -320,7 +300,6 @@ std::string MainWindowTest::Members(const Group& group) {
 
 Long MainWindowTest::FatalOf(const std::function<void()>& work) {
     const FatalEnds ends;
-    const LeaksOverlooked overlooked;
     FailureBoxes boxes(prompts);
     UsePrompter(&boxes);
     work();
