@@ -9,9 +9,10 @@ namespace tavel::bench {
 // a row of the table. The work is told the round, for those who need a fresh place for each.
 // `target` is the ratio to reach; 0 where there is only a figure to report. `prepare` runs before
 // our work in each round, outside of the measured time.
-void Compare(const std::string& work, const std::string& rivalName, int rounds, double target,
-             const std::function<void(int)>& ours, const std::function<void(int)>& rival,
-             const std::function<void(int)>& prepare = [](int) {});
+void Compare(
+    const std::string& work, const std::string& rivalName, int rounds, double target,
+    const std::function<void(int)>& ours, const std::function<void(int)>& rival,
+    const std::function<void(int)>& prepare = [](int) {});
 
 // The median time of a piece of work in milliseconds.
 double MedianMilliseconds(int rounds, const std::function<void(int)>& work);

@@ -21,9 +21,9 @@ void AddFiles(const std::vector<std::string>& sFiles);
 
 // Adds what lies in a folder. bRecurse: subfolders too; bMakeGroups: a leaf folder of one media
 // type becomes a group, looked at anew in each folder, since the option can change while the walk
-// is yielded; bOnlyNew: files in the library already are passed over; bNoYield: hands over to the event
-// loop at the comparisons of bOnlyNew alone. Fails with 76 when the folder is not there. Cancelling in frmAdd ends the
-// folder in which it is noticed, and no other.
+// is yielded; bOnlyNew: files in the library already are passed over; bNoYield: hands over to the
+// event loop at the comparisons of bOnlyNew alone. Fails with 76 when the folder is not there.
+// Cancelling in frmAdd ends the folder in which it is noticed, and no other.
 void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield);
 

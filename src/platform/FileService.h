@@ -16,8 +16,8 @@ namespace tavel {
 // regard to case, the exact spelling first. `X:name\` is relative to the current folder of drive X,
 // which is its root; a path without a drive is relative to the program's working folder. "." and
 // ".." are taken lexically, and ".." never leaves the root of a drive. A separator at the end of a
-// folder's path is allowed everywhere. Nothing is made, moved or copied to a path with a second drive
-// in it (52), even where the host has a folder of such a name.
+// folder's path is allowed everywhere. Nothing is made, moved or copied to a path with a second
+// drive in it (52), even where the host has a folder of such a name.
 
 inline constexpr int DriveRemovable = 1;
 inline constexpr int DriveFixed = 2;
