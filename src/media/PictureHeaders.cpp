@@ -8,8 +8,9 @@ using namespace std::string_view_literals;
 
 namespace {
 
-// More than a decoder can hold: a file that claims as much is not decoded, so it is no picture.
-constexpr std::int64_t mostPixels = std::int64_t{1} << 31;
+// More than a decoder can hold, even at one bit a pixel: a file that claims as much is not decoded,
+// so it is no picture.
+constexpr std::int64_t mostPixels = std::int64_t{1} << 34;
 
 bool IsTiff(std::string_view start) {
     for (const std::string_view mark : {"II*\0"sv, "MM\0*"sv, "II+\0"sv, "MM\0+"sv}) {

@@ -42,14 +42,32 @@ Narrow FromText(std::string_view text) {
     return static_cast<Narrow>(static_cast<Bits>(number.bits));
 }
 
+// What the run-time's general form is for most numbers: the shortest form that gives the number
+// back, when that is 15 digits or less. Nothing for other numbers. Lists of thousands of sizes are
+// made of it, and rounding to 15 digits takes several times as long.
+std::string ShortForm(double value) {
+    const double size = std::abs(value);
+    if (!(size >= 1e-4 && size < 1e15)) return {};
+    std::array<char, 40> buffer{};
+    const auto end =
+        std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed)
+            .ptr;
+    std::string text(buffer.data(), end);
+    const std::size_t first = text.find_first_of("123456789");
+    const bool hasPoint = text.find('.', first) != std::string::npos;
+    return text.size() - first - (hasPoint ? 1 : 0) <= 15 ? text : std::string();
+}
+
 template <class Number>
 std::string GeneralForm(Number value, int digits) {
-    if (value == 0) return "0";  // a negative zero too
     std::array<char, 40> buffer{};
     const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), value,
                                    std::chars_format::general, digits)
                          .ptr;
-    std::string text(buffer.data(), end);
+    return {buffer.data(), end};
+}
+
+std::string InUsersForm(std::string text) {
     if (const std::size_t point = text.find('.'); point != std::string::npos) {
         text.replace(point, 1, DecimalMark());
     }
@@ -57,6 +75,15 @@ std::string GeneralForm(Number value, int digits) {
         text[exponent] = 'E';
     }
     return text;
+}
+
+// Every size that a list shows is rounded to two decimals, and pow takes its time.
+double PowerOfTen(int exponent) {
+    constexpr int mostExact = 22;
+    if (exponent > mostExact) return std::pow(10.0, exponent);
+    double power = 1;
+    for (int i = 0; i < exponent; ++i) power *= 10;
+    return power;
 }
 
 std::string& Mark() {
@@ -79,7 +106,7 @@ Long RoundToLong(double value) { return RoundedTo<Long>(value); }
 
 double Round(double value, int decimals) {
     if (decimals < 0) Fail(failure::InvalidProcedureCall);
-    const double scale = std::pow(10.0, decimals);
+    const double scale = PowerOfTen(decimals);
     const double scaled = value * scale;
     if (!std::isfinite(scaled)) return value;
     return std::nearbyint(scaled) / scale;
@@ -96,9 +123,16 @@ bool TextToBoolean(std::string_view text) {
     return number.isBits ? number.bits != 0 : number.value != 0;
 }
 
-std::string TextOfSingle(float value) { return GeneralForm(value, 7); }
+std::string TextOfSingle(float value) {
+    if (value == 0) return "0";  // a negative zero too
+    return InUsersForm(GeneralForm(value, 7));
+}
 
-std::string TextOfDouble(double value) { return GeneralForm(value, 15); }
+std::string TextOfDouble(double value) {
+    if (value == 0) return "0";
+    const std::string text = ShortForm(value);
+    return InUsersForm(text.empty() ? GeneralForm(value, 15) : text);
+}
 
 std::string_view DecimalMark() { return Mark(); }
 

@@ -123,11 +123,13 @@ TEST_F(AddFileTest, A_picture_that_cannot_be_read_is_0_by_0) {
 TEST_F(AddFileTest, A_side_beyond_an_Integer_fails_with_the_record_in_its_collection) {
     const std::string sWide = Write("wide.bmp", Bitmap(40000, 10));
     const std::string sHigh = Write("high.bmp", Bitmap(10, 40000));
+    const std::string sBoth = Write("both.bmp", Bitmap(65536, 65536));
     EXPECT_EQ(FailureOf([&] { AddFile(sWide); }), failure::Overflow);
     EXPECT_EQ(colPhoto.Item(1).iSizeH, 10);
     EXPECT_EQ(FailureOf([&] { AddFile(sHigh); }), failure::Overflow);
     EXPECT_EQ(colPhoto.Item(2).iSizeW, 0);
     EXPECT_EQ(colPhoto.Item(2).sName, "high");
+    EXPECT_EQ(FailureOf([&] { AddFile(sBoth); }), failure::Overflow);
 }
 
 TEST_F(AddFileTest, A_size_beyond_a_Long_fails_with_what_comes_before_it_assigned) {

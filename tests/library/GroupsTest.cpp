@@ -312,6 +312,14 @@ TEST_F(Groups, Adding_the_empty_id_fails_in_an_emptied_group_and_is_passed_over_
     EXPECT_EQ(FailureOf([&] { AddToGroup({""}, sID); }), failure::InvalidProcedureCall);
 }
 
+TEST_F(Groups, More_members_than_an_Integer_counts_fail) {
+    const auto make = [](std::size_t count) {
+        MakeGroup(Texts(count, "ph_a"), "Crowd", mtMagazine);
+    };
+    EXPECT_EQ(FailureOf([&] { make(32768); }), failure::Overflow);
+    EXPECT_EQ(FailureOf([&] { make(65537); }), failure::Overflow);
+}
+
 TEST_F(Groups, Removing_from_an_empty_group_fails) {
     const std::string sID = MakeGroup({"ph_a"}, "Summer", mtMagazine);
     RemoveFromGroup("ph_a", sID);

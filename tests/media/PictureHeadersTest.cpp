@@ -100,7 +100,9 @@ TEST(BitmapSize, A_header_that_makes_no_sense_tells_none) {
 TEST(SizeByContent, A_side_of_more_than_an_Integer_is_told) {
     EXPECT_EQ(SizeOf(Bitmap(40, 40000, 1)), "40000x1");
     EXPECT_EQ(SizeOf(Bitmap(40, 65535, 32767)), "65535x32767");
-    EXPECT_EQ(SizeOf(Bitmap(40, 65536, 32769)), "0x0") << "more than a decoder can hold";
+    EXPECT_EQ(SizeOf(Bitmap(40, 65536, 32769)), "65536x32769");
+    EXPECT_EQ(SizeOf(Bitmap(40, 131072, 131072)), "131072x131072");
+    EXPECT_EQ(SizeOf(Bitmap(40, 131072, 131073)), "0x0") << "more than a decoder can hold";
 }
 
 TEST(JpegSize, Frames_of_every_kind_with_a_decoder_tell_it) {

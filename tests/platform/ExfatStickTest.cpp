@@ -111,6 +111,24 @@ TEST_F(OnExfat, A_full_stick_takes_what_fits_and_says_so) {
     EXPECT_FALSE(files->FileExists("e:\\c.bin"));
 }
 
+TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
+    UseHostFileService(files.get());
+    files->CreateTextFile("e:\\TavelDataFile.tavel", true);
+    const std::string path = "e:\\taveldatafile.tavel";
+    ASSERT_TRUE(WritePrivateProfileString("video", "M4V10001", "Old", path));
+    const std::string piece(1024, 'x');
+    const auto filler = Create("e:\\a.bin");
+    std::size_t count = 0;
+    while (filler->Write(piece, count)) continue;
+    filler->Close();
+    EXPECT_EQ(files->GetDrive("e")->FreeSpace(), 0);
+    EXPECT_TRUE(WritePrivateProfileString("video", "M4V10001", "New and longer", path));
+    EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
+    EXPECT_FALSE(WritePrivateProfileString("video", "M4V10002", std::string(200'000, 'x'), path));
+    EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
+    UseHostFileService(nullptr);
+}
+
 TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
     const std::string piece(1024, 'x');
     const auto file = Create("e:\\a.bin");

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
 #include <cmath>
+#include <cstdio>
 #include <limits>
+#include <random>
 
 namespace tavel::test {
 namespace {
@@ -179,6 +183,20 @@ TEST_F(Numbers, Text_of_a_single_has_up_to_seven_digits_and_no_trailing_zeros) {
     for (const auto& row : rows) EXPECT_EQ(TextOfSingle(row.value), row.text);
 }
 
+TEST_F(Numbers, A_double_has_the_15_digits_that_the_c_library_gives_it) {
+    std::mt19937_64 random(1);
+    for (int i = 0; i < 100000; ++i) {
+        const double anything = std::bit_cast<double>(random());
+        const double size = static_cast<double>(random() % 10'000'000'000) / 100;
+        for (const double value : {anything, size, -size, 1 / size}) {
+            if (!std::isfinite(value)) continue;
+            std::array<char, 64> expected{};
+            std::snprintf(expected.data(), expected.size(), "%.15G", value);
+            ASSERT_EQ(TextOfDouble(value), expected.data());
+        }
+    }
+}
+
 TEST_F(Numbers, Text_of_a_double_has_up_to_fifteen_digits) {
     EXPECT_EQ(TextOfDouble(0.1), "0.1");
     EXPECT_EQ(TextOfDouble(1.0 / 3), "0.333333333333333");
@@ -186,6 +204,10 @@ TEST_F(Numbers, Text_of_a_double_has_up_to_fifteen_digits) {
     EXPECT_EQ(TextOfDouble(123456789012345), "123456789012345");
     EXPECT_EQ(TextOfDouble(1e15), "1E+15");
     EXPECT_EQ(TextOfDouble(-1.5), "-1.5");
+    EXPECT_EQ(TextOfDouble(0.00012345), "0.00012345");
+    EXPECT_EQ(TextOfDouble(0.000012345), "1.2345E-05");
+    EXPECT_EQ(TextOfDouble(999999999999999), "999999999999999");
+    EXPECT_EQ(TextOfDouble(123456789012345.6), "123456789012346");
 }
 
 TEST_F(Numbers, Text_of_a_number_has_the_users_decimal_mark) {

@@ -9,6 +9,7 @@
 #include <time.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdlib>
 #include <memory>
 #include <utility>
@@ -119,6 +120,7 @@ class Successor {
     bool IsOpen() const { return m_file >= 0; }
     // The folder or its file system does not let files be made or replaced in it.
     bool IsRefused() const { return m_error == EACCES || m_error == EPERM || m_error == EBUSY; }
+    bool IsDiskFull() const { return m_error == ENOSPC; }
 
   private:
     static std::string FreshName() {
@@ -138,6 +140,14 @@ class Successor {
     int m_error = 0;
     bool m_isPlaced = false;
 };
+
+// A full stick may have no room for a second file where the room that the first one takes up
+// already would do. What goes to the disk in one write is not left half done.
+bool FitsInOwnRoom(const struct stat& former, const ByteTeller& tellBytes) {
+    constexpr off_t oneWrite = 4096;
+    constexpr off_t blockSize = 512;
+    return SizeOf(tellBytes) <= std::min(oneWrite, off_t{former.st_blocks} * blockSize);
+}
 
 // The room is claimed first, so that a full disk is told before a byte has changed. File systems
 // that cannot claim room say so, and are written all the same.
@@ -206,7 +216,9 @@ bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes) {
     const bool isPlaced =
         successor.IsOpen() && successor.Fill(bytes) && successor.TakePlaceOf(place.name);
     if (isPlaced) return FlushFolder(folder.Get());
-    return successor.IsRefused() && OverwriteInPlace(folder.Get(), place.name, bytes);
+    const bool canBeInPlace =
+        successor.IsRefused() || (successor.IsDiskFull() && FitsInOwnRoom(former, bytes));
+    return canBeInPlace && OverwriteInPlace(folder.Get(), place.name, bytes);
 }
 
 }  // namespace tavel
