@@ -8,8 +8,6 @@ namespace tavel {
 
 namespace {
 
-constexpr std::string_view newLine = "\r\n";
-
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
 bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
 bool IsQuote(char c) { return c == '"' || c == '\''; }
@@ -33,12 +31,14 @@ bool IsPlain(const char* bytes) {
 }
 
 bool IsOneLine(std::string_view value) {
-    std::size_t at = 0;
-    while (at + 8 <= value.size() && IsPlain(value.data() + at)) at += 8;
-    for (; at < value.size(); ++at) {
-        if (value[at] == '\0' || IsLineBreak(value[at])) return false;
+    if (value.size() >= 8) {
+        bool isPlain = IsPlain(value.data() + value.size() - 8);  // overlaps the last whole eight
+        for (std::size_t at = 0; at + 8 <= value.size(); at += 8)
+            isPlain &= IsPlain(value.data() + at);
+        if (isPlain) return true;
     }
-    return true;
+    const auto ends = [](char c) { return c == '\0' || IsLineBreak(c); };
+    return std::none_of(value.begin(), value.end(), ends);
 }
 
 std::string OnOneLine(std::string_view value) {
@@ -46,7 +46,7 @@ std::string OnOneLine(std::string_view value) {
     std::string line;
     for (std::size_t i = 0; i < value.size(); ++i) {
         line.push_back(IsLineBreak(value[i]) ? ' ' : value[i]);
-        if (value.substr(i, newLine.size()) == newLine) ++i;
+        if (value.substr(i, 2) == "\r\n") ++i;
     }
     return line;
 }
@@ -75,6 +75,8 @@ std::string_view ValueAsRead(std::string_view stored) {
     return IsQuoted(stored) ? stored.substr(1, stored.size() - 2) : stored;
 }
 
+bool IsStoredAsItIs(std::string_view value) { return IsOneLine(value) && !NeedsQuotes(value); }
+
 std::string_view ValueAsStored(std::string_view value, std::string& room) {
     if (!IsOneLine(value)) value = room = OnOneLine(value);
     if (NeedsQuotes(value)) value = room = '"' + std::string(value) + '"';
@@ -84,26 +86,6 @@ std::string_view ValueAsStored(std::string_view value, std::string& room) {
 bool CanBeKey(std::string_view name) {
     if (name.empty() || name.front() == ';' || name.front() == '[') return false;
     return IsOneLine(name) && name.find('=') == std::string_view::npos;
-}
-
-void ProfileLines::Add(std::string_view key, std::string_view value) {
-    if (IsOneLine(value) && !NeedsQuotes(value)) {
-        AddStored(key, value);
-    } else {
-        std::string room;
-        AddStored(key, ValueAsStored(value, room));
-    }
-}
-
-void ProfileLines::AddStored(std::string_view key, std::string_view value) {
-    const std::size_t size = m_size + key.size() + 1 + value.size() + newLine.size();
-    if (size > m_bytes.size()) m_bytes.resize(size * 2);
-    char* at = m_bytes.data() + m_size;
-    at = std::copy(key.begin(), key.end(), at);
-    *at++ = '=';
-    at = std::copy(value.begin(), value.end(), at);
-    std::copy(newLine.begin(), newLine.end(), at);
-    m_size = size;
 }
 
 }  // namespace tavel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -17,6 +18,8 @@ std::string_view ValueAsRead(std::string_view stored);
 // undone. `room` holds the result where it is not the value itself.
 std::string_view ValueAsStored(std::string_view value, std::string& room);
 
+bool IsStoredAsItIs(std::string_view value);
+
 // False for a name that could not be found again: an empty one, one with "=", a line break or a
 // NUL, one that begins with ";" or "[".
 bool CanBeKey(std::string_view name);
@@ -31,14 +34,32 @@ std::string_view WithoutBlanks(std::string_view text);
 class ProfileLines {
   public:
     // The key can be one (see CanBeKey), has no blanks around it and was not added before.
-    void Add(std::string_view key, std::string_view value);
+    void Add(std::string_view key, std::string_view value) {
+        if (IsStoredAsItIs(value)) {
+            Append(key, value);
+        } else {
+            std::string room;
+            Append(key, ValueAsStored(value, room));
+        }
+    }
 
     // "key=value", CR and LF for each, in the order of adding.
     std::string_view Bytes() const { return {m_bytes.data(), m_size}; }
     void Clear() { m_size = 0; }
 
   private:
-    void AddStored(std::string_view key, std::string_view value);
+    // In the header, since a save has a few hundred thousand short keys of known length.
+    void Append(std::string_view key, std::string_view stored) {
+        const std::size_t size = m_size + key.size() + 1 + stored.size() + 2;
+        if (size > m_bytes.size()) m_bytes.resize(size * 2);
+        char* at = m_bytes.data() + m_size;
+        at = std::copy(key.begin(), key.end(), at);
+        *at++ = '=';
+        at = std::copy(stored.begin(), stored.end(), at);
+        *at++ = '\r';
+        *at = '\n';
+        m_size = size;
+    }
 
     std::string m_bytes;  // of which the first m_size count
     std::size_t m_size = 0;
