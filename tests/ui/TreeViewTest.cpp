@@ -111,6 +111,18 @@ TEST_F(TreeViewTest, a_double_click_is_one_click_on_a_node_that_was_not_selected
     EXPECT_EQ(clicked, "root>child;");
 }
 
+TEST_F(TreeViewTest, a_double_click_of_another_button_folds_nothing) {
+    for (const Qt::MouseButton other : {Qt::RightButton, Qt::MiddleButton}) {
+        ClickNode(*fixed);
+        QTest::mouseDClick(tree.viewport(), other, {}, On(*fixed));
+        QTest::mouseRelease(tree.viewport(), other, {}, On(*fixed));
+        EXPECT_TRUE(fixed->isExpanded()) << other;
+        clicked.clear();
+        ClickNode(*fixed);
+        EXPECT_EQ(clicked, "fixed>fixed;") << other;
+    }
+}
+
 TEST_F(TreeViewTest, beside_all_nodes_nothing_happens) {
     const QPoint beside(100, 190);
     tree.SetDropTarget(true);

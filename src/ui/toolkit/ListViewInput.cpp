@@ -51,6 +51,17 @@ void ListView::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT MouseMoved(event->buttons(), Twips(position.x()), Twips(position.y()));
 }
 
+// The second press of another button is a press as any other.
+void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) {
+        QTreeView::mouseDoubleClickEvent(event);
+        return;
+    }
+    QMouseEvent press(QEvent::MouseButtonPress, event->position(), event->globalPosition(),
+                      event->button(), event->buttons(), event->modifiers());
+    mousePressEvent(&press);
+}
+
 // While a label is edited, what its editor leaves unhandled must not move the current row: the
 // edit would end up in another record.
 void ListView::keyPressEvent(QKeyEvent* event) {

@@ -129,6 +129,10 @@ void TreeView::mouseMoveEvent(QMouseEvent* event) {
     if (event->buttons() == Qt::NoButton) QTreeWidget::mouseMoveEvent(event);
 }
 
+void TreeView::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) QTreeWidget::mouseDoubleClickEvent(event);
+}
+
 void TreeView::keyPressEvent(QKeyEvent* event) {
     if (state() == EditingState) return;
     const std::string sSelectedKey = SelectedKey();
