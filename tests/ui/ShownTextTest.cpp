@@ -1,5 +1,7 @@
 #include "ui/support/Windows.h"
+#include "ui/toolkit/ElidedLabel.h"
 #include "ui/toolkit/ListView.h"
+#include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
 
 #include <gtest/gtest.h>
@@ -79,6 +81,30 @@ TEST_F(ShownTextTest, a_text_that_does_not_fit_its_column_is_its_tip) {
         Fill(start + std::string(100, 'x'));
         const QString text = ToQString(list.Cell(1, 0)).replace(u'\n', u' ');
         EXPECT_EQ(Tip(), text);
+    }
+}
+
+TEST(ShownText, a_thousand_characters_are_shown_and_no_half_of_one) {
+    const QString pair = QStringLiteral(u"\U0001F3B5");
+    EXPECT_EQ(OneLine(QString(1000, u'x')), QString(1000, u'x'));
+    EXPECT_EQ(OneLine(QString(5'000'000, u'x')), QString(1000, u'x'));
+    EXPECT_EQ(OneLine(QString(998, u'x') + pair), QString(998, u'x') + pair);
+    EXPECT_EQ(OneLine(QString(999, u'x') + pair), QString(999, u'x'));
+}
+
+TEST_F(ShownTextTest, a_text_as_long_as_a_file_is_kept_but_not_shown_beyond_what_a_column_holds) {
+    for (const char* unit : {"x", "\xC3\xA9", "\xE6\x97\xA5", "\xF0\x9F\x8E\xB5"}) {
+        std::string sText = "-";
+        while (sText.size() < 5'000'000) sText += unit;
+        Fill(sText);
+        const QString text = ToQString(sText.substr(0, 8000));
+        EXPECT_LE(list.model()->index(0, 0).data().toString().size(), 4000) << unit;
+        EXPECT_EQ(Tip(), OneLine(text)) << unit;
+        EXPECT_FALSE(list.grab().isNull());
+        EXPECT_EQ(list.Cell(1, 0), sText) << unit;
+        ElidedLabel label;
+        label.setText(ToQString(sText));
+        EXPECT_EQ(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(OneLine(text)));
     }
 }
 

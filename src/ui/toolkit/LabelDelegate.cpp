@@ -11,8 +11,8 @@
 
 namespace tavel {
 
-QString LabelDelegate::displayText(const QVariant& value, const QLocale& locale) const {
-    return OneLine(QStyledItemDelegate::displayText(value, locale));
+QString LabelDelegate::displayText(const QVariant& value, const QLocale&) const {
+    return OneLine(value.toString());
 }
 
 QSize LabelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {

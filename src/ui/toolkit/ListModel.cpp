@@ -2,6 +2,7 @@
 
 #include "platform/Failure.h"
 #include "ui/toolkit/DraggedRows.h"
+#include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QMimeData>
@@ -9,6 +10,13 @@
 #include <utility>
 
 namespace tavel {
+
+namespace {
+
+// A character of Qt's takes three bytes at most, so that one cut apart lies beyond what is shown.
+constexpr std::size_t EnoughBytes = 4 * MaxShown;
+
+}  // namespace
 
 void ListModel::AddColumn(std::string_view sCaption) {
     const int place = columnCount();
@@ -90,11 +98,16 @@ int ListModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(m_columns.size());
 }
 
+std::string_view ListModel::CellOf(const QModelIndex& index) const {
+    return Row(index.row()).sCells.Get(static_cast<std::size_t>(index.column()));
+}
+
 QVariant ListModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
+            return ToQString(CellOf(index).substr(0, EnoughBytes));
         case Qt::EditRole:
-            return ToQString(Row(index.row()).sCells.Get(static_cast<std::size_t>(index.column())));
+            return ToQString(CellOf(index));
         case Qt::DecorationRole:
             return index.column() == 0 && !Row(index.row()).icon.isNull()
                        ? QVariant(Row(index.row()).icon)

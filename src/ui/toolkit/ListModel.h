@@ -56,6 +56,7 @@ class ListModel : public QAbstractTableModel {
     };
 
     bool IndexFrom(std::size_t firstRow);
+    std::string_view CellOf(const QModelIndex& index) const;
 
     std::vector<Column> m_columns;
     std::vector<ListRow> m_rows;

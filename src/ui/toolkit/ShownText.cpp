@@ -21,11 +21,13 @@ bool IsLineBreak(QChar c) {
 
 }  // namespace
 
-QString OneLine(QString text) {
-    for (qsizetype i = 0; i < text.size(); ++i) {
-        if (IsLineBreak(text.at(i))) text[i] = QLatin1Char(' ');
+QString OneLine(const QString& text) {
+    QString shown = text.left(MaxShown);
+    if (shown.size() < text.size() && shown.back().isHighSurrogate()) shown.chop(1);
+    for (qsizetype i = 0; i < shown.size(); ++i) {
+        if (IsLineBreak(shown.at(i))) shown[i] = QLatin1Char(' ');
     }
-    return text;
+    return shown;
 }
 
 // A tip guesses from its text whether it is HTML, so nothing is left to guess.
