@@ -37,6 +37,20 @@ TEST_F(ItemFillTest, members_are_listed_in_the_groups_order) {
     }
 }
 
+TEST_F(ItemFillTest, a_member_that_can_not_be_listed_leaves_the_rows_of_those_before_it) {
+    AddMagazine("ma_a", {"ph_c", "ph_a", "ph_b", "ph_d"});
+    AddMagazine("ma_b", {"ph_d", "ph_b", "ph_d", "ph_a"});
+    Open();
+    ClickNode("magazines");
+    colPhoto.Remove("ph_b");
+    EXPECT_EQ(FailureOf([&] { Main().JumpToGroup("ma_a"); }), failure::InvalidProcedureCall);
+    EXPECT_TRUE(grdItems().isVisible());
+    EXPECT_EQ(RowsOf(grdItems()), "c|a");
+    AddPhoto("ph_b", "b");
+    EXPECT_EQ(FailureOf([&] { Main().JumpToGroup("ma_b"); }), failure::ListKeyNotUnique);
+    EXPECT_EQ(RowsOf(grdItems()), "d|b");
+}
+
 TEST_F(ItemFillTest, a_group_whose_last_member_was_taken_out_lists_nothing) {
     AddMagazine("ma_a", {"ph_a"});
     Open();

@@ -129,7 +129,7 @@ TEST_F(ItemRowsTest, types_without_a_collection_have_no_rows) {
     AddPhoto("ph_a", "a");
     for (const Integer iType : std::initializer_list<Integer>{-1, 6, 7, 9})
         EXPECT_TRUE(RowsOfType(iType).empty()) << iType;
-    EXPECT_TRUE(RowsOfGroup("ph_a").empty());
+    AddRowsOfGroup("ph_a", [](const ListRow&) { ADD_FAILURE(); });
 }
 
 TEST_F(ItemRowsTest, a_member_that_is_gone_fails) {
@@ -149,7 +149,9 @@ TEST_F(ItemRowsTest, a_member_that_is_gone_fails) {
                                                                   {"pl_", mtPlaylist}}) {
         const std::string sID = id;
         const MediaType iType = type;
-        EXPECT_EQ(FailureOf([&] { RowsOfGroup(sID); }), failure::InvalidProcedureCall) << id;
+        EXPECT_EQ(FailureOf([&] { AddRowsOfGroup(sID, [](const ListRow&) {}); }),
+                  failure::InvalidProcedureCall)
+            << id;
         EXPECT_EQ(FailureOf([&] { RowsOfType(iType); }), failure::InvalidProcedureCall) << id;
     }
 }

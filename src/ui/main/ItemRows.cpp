@@ -41,13 +41,11 @@ std::vector<ListRow> RowsOf(const Collection<T>& records, ListRow (*makeRow)(con
 }
 
 template <class T>
-std::vector<ListRow> RowsOfMembers(const Group& group, const Collection<T>& members,
-                                   ListRow (*makeRow)(const T&)) {
-    std::vector<ListRow> rows;
+void AddMembers(const Group& group, const Collection<T>& members, ListRow (*makeRow)(const T&),
+                const std::function<void(ListRow)>& add) {
     for (Integer i = 0; i < group.Count(); ++i) {
-        rows.push_back(makeRow(members.Item(group.Get_sMemberID(i))));
+        add(makeRow(members.Item(group.Get_sMemberID(i))));
     }
-    return rows;
 }
 
 }  // namespace
@@ -112,18 +110,18 @@ std::vector<ListRow> RowsOfType(Integer iType) {
     }
 }
 
-std::vector<ListRow> RowsOfGroup(const std::string& sID) {
+void AddRowsOfGroup(const std::string& sID, const std::function<void(ListRow)>& add) {
     switch (GetDBIDType(sID)) {
         case mtMagazine:
-            return RowsOfMembers(colMagazine.Item(sID), colPhoto, PhotoRow);
+            return AddMembers(colMagazine.Item(sID), colPhoto, PhotoRow, add);
         case mtPhotoAlbum:
-            return RowsOfMembers(colPhotoAlbum.Item(sID), colPhoto, PhotoRow);
+            return AddMembers(colPhotoAlbum.Item(sID), colPhoto, PhotoRow, add);
         case mtVidSeries:
-            return RowsOfMembers(colVidSeries.Item(sID), colVideo, VideoRow);
+            return AddMembers(colVidSeries.Item(sID), colVideo, VideoRow, add);
         case mtPlaylist:
-            return RowsOfMembers(colPlaylist.Item(sID), colMusic, MusicRow);
+            return AddMembers(colPlaylist.Item(sID), colMusic, MusicRow, add);
         default:
-            return {};
+            return;
     }
 }
 

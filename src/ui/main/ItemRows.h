@@ -3,6 +3,7 @@
 #include "library/Records.h"
 #include "ui/toolkit/ListModel.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,9 +23,10 @@ ListRow PlaylistRow(const Playlist& playlist);
 // value outside 0 to 8.
 std::vector<ListRow> RowsOfType(Integer iType);
 
-// One row for each member of a group, in member order; none for an id that is no group's. Fails
-// with 5 for a group or a member that doesn't resolve.
-std::vector<ListRow> RowsOfGroup(const std::string& sID);
+// Hands over one row for each member of a group, in member order; none for an id that is no
+// group's. Fails with 5 for a group or a member that doesn't resolve, the rows of the members
+// before it handed over.
+void AddRowsOfGroup(const std::string& sID, const std::function<void(ListRow)>& add);
 
 // The text of a group's size. Video series and playlists drop the fractions of the sum at each
 // member; photo series keep them. iType is 1 for a magazine, 2 for an album; any other totals 0.

@@ -65,7 +65,7 @@ class frmMain : public QMainWindow, public CategoryTree, public ScanTimer, publi
 
     // Transfer list
     void AddToTransferList(const std::string& sID);
-    void FormSyncList(std::vector<std::string>& sIDs) const;  // must not be empty
+    void FormSyncList(std::vector<std::string>& sIDs) const;  // none of an empty list
     void ExpandSyncGrid(bool bExpand);
     void JumpToGroup(const std::string& sID);  // leaves the columns and iListType alone
 

@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMenu>
+#include <utility>
 
 namespace tavel {
 
@@ -39,7 +40,7 @@ void frmMain::FillList(Integer iType) {
 
 void frmMain::FillListFromGroup(const std::string& sID) {
     grdItems->Clear();
-    grdItems->Add(RowsOfGroup(sID));
+    AddRowsOfGroup(sID, [this](ListRow row) { grdItems->Add(std::move(row)); });
     if (GetDBIDType(sID) == mtVidSeries && iVidThumbMode == 4) ExpandSyncGrid(false);
 }
 
