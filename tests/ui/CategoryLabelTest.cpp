@@ -54,6 +54,28 @@ TEST_F(CategoryLabelTest, an_empty_name_and_one_that_another_group_has_pass) {
     EXPECT_TRUE(bDBChanged);
 }
 
+TEST_F(CategoryLabelTest, an_edit_confirmed_with_the_text_as_it_was_counts_as_a_change) {
+    FillLibrary();
+    Open();
+    bDBChanged = false;
+    Rename("ma_a", "Group ma_a");
+    EXPECT_TRUE(bDBChanged);
+}
+
+TEST_F(CategoryLabelTest, an_edit_left_by_a_click_on_another_group_renames_the_one_it_began_on) {
+    FillLibrary();
+    Open();
+    trvCat().Node("magazines").setExpanded(true);
+    trvCat().Node("photoalbums").setExpanded(true);
+    trvCat().Select(trvCat().Node("ma_a"));
+    QTest::keyClick(&trvCat(), Qt::Key_F2);
+    QTest::keyClicks(trvCat().findChild<QLineEdit*>(), QStringLiteral("New"));
+    ClickNode("pa_a");
+    EXPECT_EQ(colMagazine.Item("ma_a").sName, "New");
+    EXPECT_EQ(colPhotoAlbum.Item("pa_a").sName, "Group pa_a");
+    EXPECT_EQ(trvCat().SelectedKey(), "pa_a");
+}
+
 TEST_F(CategoryLabelTest, renaming_a_node_whose_id_tells_no_kind_of_group_changes_its_text_alone) {
     for (const char* id : {"xx_a", "plain"}) AddMagazine(id, {});
     Open();

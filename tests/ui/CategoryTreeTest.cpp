@@ -189,6 +189,9 @@ TEST_F(CategoryTreeTest, RefreshCats_leaves_the_parents_folded_or_open_as_they_w
     window.RefreshCats();
     EXPECT_EQ(trvCat().SelectedKey(), "ma_a");
     EXPECT_EQ(open(), "magazines ");
+    ClickNode("musicall");
+    window.RefreshCats();
+    EXPECT_EQ(open(), "magazines ");
 }
 
 TEST_F(CategoryTreeTest, in_thumbnail_mode_4_the_tree_opens_and_closes_the_slot) {

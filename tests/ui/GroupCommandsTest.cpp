@@ -55,6 +55,7 @@ TEST_F(GroupCommandsTest, each_Create_Group_command_makes_a_group_of_its_type) {
     EXPECT_EQ(Members(colPlaylist.Item(1)), "mu_a ");
     EXPECT_EQ(trvCat().Node(colPhotoAlbum.Item(1).sDBID).Text(), "Album");
     EXPECT_EQ(RowsOf(grdItems()), "Song a|Song b|Song c|Song d");
+    EXPECT_FALSE(bDBChanged);
 }
 
 TEST_F(GroupCommandsTest, four_selected_videos_make_a_series_of_four_in_row_order) {
@@ -101,6 +102,7 @@ TEST_F(GroupCommandsTest, Remove_From_Group_asks_nothing_and_takes_the_row_out) 
     EXPECT_TRUE(colPhoto.Has("ph_b"));
     EXPECT_TRUE(FileIsThere("b"));
     EXPECT_EQ(Main().sSelected, Ids{"ph_b"});
+    EXPECT_FALSE(bDBChanged);
 }
 
 TEST_F(GroupCommandsTest, Remove_From_Group_takes_one_of_several_selected_rows) {

@@ -48,6 +48,7 @@ TEST_F(GroupDropTest, rows_go_into_a_group_of_their_kind_and_the_list_is_not_fil
     ClickRow(2);
     DropOn("pl_");
     EXPECT_EQ(Members(colPlaylist.Item("pl_")), "mu_a mu_b ");
+    EXPECT_FALSE(bDBChanged);
 }
 
 TEST_F(GroupDropTest, rows_go_from_one_group_into_another_of_their_class) {

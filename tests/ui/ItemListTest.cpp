@@ -18,6 +18,13 @@ class ItemListTest : public MainWindowTest {
 
     // Types a new name for the first row.
     void Rename(const QString& name) {
+        TypeName(name);
+        auto* editor = grdItems().findChild<QLineEdit*>();
+        ASSERT_NE(editor, nullptr);
+        QTest::keyClick(editor, Qt::Key_Return);
+        RunEvents();
+    }
+    void TypeName(const QString& name) {
         RightClickRow(1);
         Main().sSelected = {"ph_d"};  // the edit goes by the current row
         Pick({"mnuRMB", "mnuRename"});
@@ -25,8 +32,6 @@ class ItemListTest : public MainWindowTest {
         ASSERT_NE(editor, nullptr);
         QTest::keyClick(editor, Qt::Key_Delete);
         QTest::keyClicks(editor, name);
-        QTest::keyClick(editor, Qt::Key_Return);
-        RunEvents();
     }
 };
 
@@ -105,6 +110,25 @@ TEST_F(ItemListTest, a_double_click_goes_by_the_current_row_and_not_by_the_selec
     window.sSelected = {"ph_a"};
     QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, PointOfRow(1));
     EXPECT_EQ(trvCat().SelectedKey(), "vs_a");
+}
+
+TEST_F(ItemListTest, a_double_click_of_another_button_or_below_the_rows_jumps_nowhere) {
+    AddSeries("vs_b", {"vd_a"});
+    frmMain& window = Open();
+    ClickNode("videoseries");
+    ClickRow(1);
+    QTest::mouseDClick(grdItems().viewport(), Qt::LeftButton, {}, {50, 200});
+    EXPECT_EQ(trvCat().SelectedKey(), "videoseries");
+    for (const Qt::MouseButton other : {Qt::MiddleButton, Qt::RightButton}) {
+        for (const Long row : {1, 2}) {
+            ClickRow(1);
+            QTest::mouseDClick(grdItems().viewport(), other, {}, PointOfRow(row));
+            QTest::mouseRelease(grdItems().viewport(), other, {}, PointOfRow(row));
+            EXPECT_EQ(trvCat().SelectedKey(), "videoseries") << other;
+            EXPECT_EQ(window.sSelected, Ids{row == 1 ? "vs_a" : "vs_b"}) << other;
+            Find<QMenu>(window, "mnuRMB").close();
+        }
+    }
 }
 
 TEST_F(ItemListTest, a_double_click_on_an_item_does_nothing) {
@@ -198,6 +222,25 @@ TEST_F(ItemListTest, a_new_name_is_taken_as_it_was_typed) {
         Rename(QLatin1String(name));
         EXPECT_EQ(colPhoto.Item("ph_a").sName, name);
     }
+}
+
+TEST_F(ItemListTest, an_edit_left_by_a_click_on_another_row_renames_the_row_it_began_on) {
+    frmMain& window = Open();
+    ClickNode("photoall");
+    TypeName(QStringLiteral("New"));
+    ClickRow(3);
+    EXPECT_EQ(colPhoto.Item("ph_a").sName, "New");
+    EXPECT_EQ(colPhoto.Item("ph_c").sName, "c");
+    EXPECT_EQ(window.sSelected, Ids{"ph_c"});
+}
+
+TEST_F(ItemListTest, an_edit_left_by_a_click_on_a_node_renames_the_row_it_began_on) {
+    Open();
+    ClickNode("photoall");
+    TypeName(QStringLiteral("New"));
+    ClickNode("videoall");
+    EXPECT_EQ(colPhoto.Item("ph_a").sName, "New");
+    EXPECT_EQ(RowsOf(grdItems()), "Film");
 }
 
 TEST_F(ItemListTest, below_thumbnail_mode_2_a_click_on_a_video_shows_nothing) {
