@@ -3,7 +3,6 @@
 #include "media/ByteNumbers.h"
 #include "platform/Failure.h"
 
-#include <algorithm>
 #include <array>
 #include <utility>
 

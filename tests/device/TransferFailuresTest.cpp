@@ -110,6 +110,15 @@ TEST_F(TransferFailuresTest, A_thumbnail_that_cannot_be_copied_ends_the_run_befo
     ExpectNotFinished();
 }
 
+TEST_F(TransferFailuresTest, A_page_that_is_its_own_destination_ends_the_run_unharmed) {
+    const std::string sPhoto = AddPhoto("A");
+    Put('e', "PSP/PHOTO/Album/A.jpg", "page");
+    colPhoto.Item(sPhoto).sPath = "e:\\psp\\photo\\Album\\A.jpg";
+    EXPECT_EQ(FailureOfSending({AddAlbum("Album", {sPhoto})}), 70);
+    EXPECT_EQ(BytesOn('e', "PSP/PHOTO/Album/A.jpg"), "page");
+    ExpectNotFinished();
+}
+
 TEST_F(TransferFailuresTest, A_missing_library_file_ends_the_run) {
     const std::string sPhoto = AddPhoto("P");
     const std::string sTrack = AddTrack("T");

@@ -82,9 +82,22 @@ TEST(Clock, Date_time_and_decimal_mark_are_those_of_the_users_locale) {
     if (std::system(make.c_str()) != 0) GTEST_SKIP() << "no source of a German locale here";
     const TimeZone zone("UTC");
     const Environment place("LOCPATH", folder.HostPath().c_str());
-    const Environment locale("LC_ALL", "de_DE.UTF-8");
-    EXPECT_EQ(HostDateTimeText(1234567890), "13.02.2009 23:31:30");
-    EXPECT_EQ(HostDecimalMark(), ",");
+    const auto expectGerman = [] {
+        EXPECT_EQ(HostDateTimeText(1234567890), "13.02.2009 23:31:30");
+        EXPECT_EQ(HostDecimalMark(), ",");
+    };
+    {
+        const Environment locale("LC_ALL", "de_DE.UTF-8");
+        expectGerman();
+    }
+    // Neither of the last two is installed, and neither is asked for dates or numbers.
+    const Environment all("LC_ALL", "");
+    const Environment dates("LC_TIME", "");
+    const Environment numbers("LC_NUMERIC", "");
+    const Environment most("LANG", "de_DE.UTF-8");
+    const Environment words("LC_MESSAGES", "xx_XX");
+    const Environment letters("LC_CTYPE", "UTF-8");
+    expectGerman();
 }
 
 TEST(Clock, A_locale_that_is_not_installed_falls_back) {

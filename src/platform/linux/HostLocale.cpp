@@ -12,11 +12,15 @@ namespace tavel {
 
 namespace {
 
+// The categories that are used. A locale is made whole or not at all, and one that is not installed
+// may well be named for another category.
+constexpr int used = LC_TIME_MASK | LC_NUMERIC_MASK;
+
 // A locale of the user's settings; the C locale where they name one that is not installed.
 class UserLocale {
   public:
-    UserLocale() : m_locale(newlocale(LC_ALL_MASK, "", nullptr)) {
-        if (m_locale == nullptr) m_locale = newlocale(LC_ALL_MASK, "C", nullptr);
+    UserLocale() : m_locale(newlocale(used, "", nullptr)) {
+        if (m_locale == nullptr) m_locale = newlocale(used, "C", nullptr);
     }
     ~UserLocale() { freelocale(m_locale); }
     UserLocale(const UserLocale&) = delete;
