@@ -8,11 +8,11 @@
 #include "ui/main/frmInvFiles.h"
 #include "ui/support/OnPaint.h"
 #include "ui/support/Windows.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QLabel>
-#include <QListWidget>
 #include <QWindow>
 
 namespace tavel::test {
@@ -75,7 +75,7 @@ TEST_F(AddingWindows, none_of_them_locks_the_others_and_what_was_rejected_adds_u
     ShowInvalidFiles({"c:\\b.doc", "c:\\c.doc"});
     frmInvFiles& rejected = SingleWindow<frmInvFiles>::Get();
     EXPECT_FALSE(rejected.isModal());
-    EXPECT_EQ(Find<QListWidget>(rejected, "lstItems").count(), 3);
+    EXPECT_EQ(Find<LineList>(rejected, "lstItems").rowCount(), 3);
 }
 
 }  // namespace tavel::test

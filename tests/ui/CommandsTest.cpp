@@ -2,8 +2,8 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/support/MainWindow.h"
+#include "ui/toolkit/LineList.h"
 
-#include <QListWidget>
 #include <algorithm>
 
 namespace tavel::test {
@@ -139,13 +139,27 @@ TEST_F(CommandsTest, Show_Log_Window_and_Setup_New_PSP_show_their_windows) {
         Pick({"mnuView", "mnuShowLog"});
         EXPECT_TRUE(SingleWindow<frmLog>::Get().isVisible());
         EXPECT_FALSE(SingleWindow<frmLog>::Get().isModal());
-        EXPECT_EQ(Find<QListWidget>(SingleWindow<frmLog>::Get(), "lstLog").count(), lines);
+        EXPECT_EQ(Find<LineList>(SingleWindow<frmLog>::Get(), "lstLog").rowCount(), lines);
         EXPECT_FALSE(Find<QAction>(Main(), "mnuShowLog").isCheckable());
         SingleWindow<frmLog>::Get().close();
     }
     Pick({"mnuTools", "mnuSetupPSP"});
     EXPECT_TRUE(SingleWindow<frmNewPSP>::Get().isVisible());
     EXPECT_FALSE(SingleWindow<frmNewPSP>::Get().isModal());
+}
+
+TEST_F(CommandsTest, Show_Log_Window_brings_a_log_that_is_open_to_the_front) {
+    Open();
+    frmLog& window = SingleWindow<frmLog>::Get();
+    window.AddItem("a line that came before");
+    window.show();
+    Main().activateWindow();
+    RunEvents();
+    ASSERT_EQ(QApplication::activeWindow(), &Main());
+    Pick({"mnuView", "mnuShowLog"});
+    RunEvents();
+    EXPECT_EQ(QApplication::activeWindow(), &window);
+    EXPECT_EQ(Find<LineList>(window, "lstLog").rowCount(), 1);
 }
 
 TEST_F(CommandsTest, what_is_not_built_yet_is_in_the_menu_and_disabled) {

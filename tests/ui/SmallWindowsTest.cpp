@@ -19,6 +19,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/main/frmSplash.h"
 #include "ui/support/Windows.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 
@@ -29,7 +30,6 @@
 #include <QCheckBox>
 #include <QGuiApplication>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
 #include <iostream>
@@ -47,7 +47,7 @@ class SmallWindows : public ::testing::Test {
     }
 
     static frmLog& Log() { return SingleWindow<frmLog>::Get(); }
-    static QListWidget& Lines() { return Find<QListWidget>(Log(), "lstLog"); }
+    static LineList& Lines() { return Find<LineList>(Log(), "lstLog"); }
     static frmAdd& Add() { return SingleWindow<frmAdd>::Get(); }
     static AddWindow& AddCalls() { return UpCall<AddWindow>::Get(); }
     static AppWindows& App() { return UpCall<AppWindows>::Get(); }
@@ -82,9 +82,9 @@ TEST_F(SmallWindows, a_log_with_no_window_shown_collects_lines) {
     EXPECT_TRUE(SingleWindow<frmLog>::Loaded());
     EXPECT_FALSE(Log().isVisible());
     Log().show();
-    ASSERT_EQ(Lines().count(), 2);
-    EXPECT_TRUE(Lines().item(0)->text().endsWith(QStringLiteral("\tDB\tDB Loaded")));
-    EXPECT_TRUE(Lines().item(1)->text().contains(QStringLiteral("\tFORM\t")));
+    ASSERT_EQ(Lines().rowCount(), 2);
+    EXPECT_TRUE(Lines().item(0, 0)->text().endsWith(QStringLiteral("\tDB\tDB Loaded")));
+    EXPECT_TRUE(Lines().item(1, 0)->text().contains(QStringLiteral("\tFORM\t")));
 }
 
 TEST_F(SmallWindows, closing_the_log_loses_its_lines_and_opening_it_again_shows_none) {
@@ -95,7 +95,7 @@ TEST_F(SmallWindows, closing_the_log_loses_its_lines_and_opening_it_again_shows_
     AddLog("Back Scan", "Background scan finished");
     EXPECT_TRUE(SingleWindow<frmLog>::Loaded());
     EXPECT_FALSE(Log().isVisible()) << "a line shows no window";
-    EXPECT_EQ(Lines().count(), 1);
+    EXPECT_EQ(Lines().rowCount(), 1);
 }
 
 TEST_F(SmallWindows, Clear_empties_the_log_and_later_lines_go_on_arriving) {
@@ -103,23 +103,23 @@ TEST_F(SmallWindows, Clear_empties_the_log_and_later_lines_go_on_arriving) {
     Log().show();
     EXPECT_EQ(CaptionOf(Log(), "cmdClear"), "Clear");
     Click(Log(), "cmdClear");
-    EXPECT_EQ(Lines().count(), 0);
+    EXPECT_EQ(Lines().rowCount(), 0);
     AddLog("New File", "New File Found - c:\\a.jpg");
-    EXPECT_EQ(Lines().count(), 1);
+    EXPECT_EQ(Lines().rowCount(), 1);
 }
 
 TEST_F(SmallWindows, the_log_does_not_scroll_to_a_new_line) {
     Log().show();
     for (int i = 0; i < 500; ++i) AddLog("DB", std::to_string(i));
     RunEvents();
-    EXPECT_EQ(Lines().row(Lines().itemAt(4, 4)), 0);
+    EXPECT_EQ(Lines().rowAt(4), 0);
 }
 
 TEST_F(SmallWindows, the_log_takes_more_lines_than_an_Integer_counts) {
     for (int i = 0; i < 40000; ++i) AddLog("DB", std::to_string(i));
-    ASSERT_EQ(Lines().count(), 40000);
-    EXPECT_TRUE(Lines().item(0)->text().endsWith(QStringLiteral("\t0")));
-    EXPECT_TRUE(Lines().item(39999)->text().endsWith(QStringLiteral("\t39999")));
+    ASSERT_EQ(Lines().rowCount(), 40000);
+    EXPECT_TRUE(Lines().item(0, 0)->text().endsWith(QStringLiteral("\t0")));
+    EXPECT_TRUE(Lines().item(39999, 0)->text().endsWith(QStringLiteral("\t39999")));
 }
 
 TEST_F(SmallWindows, Clear_during_a_scan_leaves_the_later_lines_of_the_scan) {
@@ -133,10 +133,10 @@ TEST_F(SmallWindows, Clear_during_a_scan_leaves_the_later_lines_of_the_scan) {
     };
     BackgroundScan();
     ReleaseCollections();
-    ASSERT_EQ(Lines().count(), 2);
-    EXPECT_TRUE(Lines().item(0)->text().endsWith(QStringLiteral("b.jpg")));
+    ASSERT_EQ(Lines().rowCount(), 2);
+    EXPECT_TRUE(Lines().item(0, 0)->text().endsWith(QStringLiteral("b.jpg")));
     EXPECT_TRUE(
-        Lines().item(1)->text().endsWith(QStringLiteral("BACK SCAN\tBackground scan finished")));
+        Lines().item(1, 0)->text().endsWith(QStringLiteral("BACK SCAN\tBackground scan finished")));
 }
 
 TEST_F(SmallWindows, the_log_stands_flush_at_the_right_of_the_screen) {
@@ -222,10 +222,10 @@ TEST_F(SmallWindows, what_was_rejected_is_listed_until_OK) {
     EXPECT_EQ(TextOf(window, "Label1"),
               "The following items were not added to the DB, as they are not supported by your "
               "PSP and/or Tavel");
-    auto& items = Find<QListWidget>(window, "lstItems");
-    ASSERT_EQ(items.count(), 2);
-    EXPECT_EQ(FromQString(items.item(0)->text()), "c:\\a.doc");
-    EXPECT_EQ(FromQString(items.item(1)->text()), "c:\\b.xls");
+    auto& items = Find<LineList>(window, "lstItems");
+    ASSERT_EQ(items.rowCount(), 2);
+    EXPECT_EQ(FromQString(items.item(0, 0)->text()), "c:\\a.doc");
+    EXPECT_EQ(FromQString(items.item(1, 0)->text()), "c:\\b.xls");
     Click(window, "cmdOK");
     EXPECT_FALSE(SingleWindow<frmInvFiles>::Loaded());
 }

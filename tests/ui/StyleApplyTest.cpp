@@ -1,4 +1,5 @@
 #include "ui/toolkit/DriveList.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/ProgressBar.h"
 #include "ui/toolkit/StyleApply.h"
@@ -13,7 +14,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -37,7 +37,7 @@ struct Controls {
           check(new QCheckBox(parent)),
           option(new QRadioButton(parent)),
           combo(new QComboBox(parent)),
-          list(new QListWidget(parent)) {
+          list(new LineList(parent)) {
         auto* picture = new QLabel(parent);
         QPixmap white(8, 8);
         white.fill(Qt::white);
@@ -69,7 +69,7 @@ struct Controls {
     QCheckBox* check;
     QRadioButton* option;
     QComboBox* combo;
-    QListWidget* list;
+    LineList* list;
     std::vector<QWidget*> others;
 };
 

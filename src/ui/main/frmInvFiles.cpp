@@ -1,18 +1,17 @@
 #include "ui/main/frmInvFiles.h"
 
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/SingleWindow.h"
-#include "ui/toolkit/Strings.h"
 
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tavel {
 
 frmInvFiles::frmInvFiles()
-    : QWidget(nullptr, Qt::Dialog), lstItems(Named<QListWidget>("lstItems", this)) {
+    : QWidget(nullptr, Qt::Dialog), lstItems(Named<LineList>("lstItems", this)) {
     setObjectName(QStringLiteral("frmInvFiles"));
     setWindowTitle(QStringLiteral("Invalid Files"));
 
@@ -23,9 +22,6 @@ frmInvFiles::frmInvFiles()
     Label1->setWordWrap(true);
     Label1->setBuddy(lstItems);
     lstItems->setAccessibleName(tr("Items that were not added"));
-    lstItems->setSpacing(1);
-    lstItems->setTextElideMode(Qt::ElideNone);
-    lstItems->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
     auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
     connect(cmdOK, &QPushButton::clicked, this, [] { SingleWindow<frmInvFiles>::Unload(); });
 
@@ -38,6 +34,6 @@ frmInvFiles::frmInvFiles()
     CenterOnScreen(*this);
 }
 
-void frmInvFiles::AddItem(const std::string& sPath) { lstItems->addItem(ToQString(sPath)); }
+void frmInvFiles::AddItem(const std::string& sPath) { lstItems->AddItem(sPath); }
 
 }  // namespace tavel

@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <string>
 
-class QListWidget;
-
 namespace tavel {
+
+class LineList;
 
 // The list of what was not added.
 class frmInvFiles : public QWidget {
@@ -17,7 +17,7 @@ class frmInvFiles : public QWidget {
     void AddItem(const std::string& sPath);
 
   private:
-    QListWidget* lstItems;
+    LineList* lstItems;
 };
 
 }  // namespace tavel

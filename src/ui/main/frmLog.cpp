@@ -1,11 +1,10 @@
 #include "ui/main/frmLog.h"
 
 #include "ui/toolkit/Controls.h"
-#include "ui/toolkit/Strings.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/Twips.h"
 
 #include <QGuiApplication>
-#include <QListWidget>
 #include <QPushButton>
 #include <QScreen>
 
@@ -21,15 +20,12 @@ constexpr int gap = Pixels(120);
 }  // namespace
 
 frmLog::frmLog()
-    : lstLog(Named<QListWidget>("lstLog", this)),
+    : lstLog(Named<LineList>("lstLog", this)),
       cmdClear(Named<QPushButton>("cmdClear", QStringLiteral("Clear"), this)) {
     setObjectName(QStringLiteral("frmLog"));
     setWindowTitle(QStringLiteral("Log"));
     lstLog->setAccessibleName(tr("Log"));
-    lstLog->setSpacing(1);
-    lstLog->setTextElideMode(Qt::ElideNone);
-    lstLog->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    connect(cmdClear, &QPushButton::clicked, lstLog, &QListWidget::clear);
+    connect(cmdClear, &QPushButton::clicked, lstLog, &LineList::Clear);
 
     // Only the list's width follows the window, so only the width can be dragged.
     const QSize button = cmdClear->sizeHint();
@@ -44,7 +40,7 @@ frmLog::frmLog()
     PlaceList();
 }
 
-void frmLog::AddItem(const std::string& line) { lstLog->addItem(ToQString(line)); }
+void frmLog::AddItem(const std::string& line) { lstLog->AddItem(line); }
 
 void frmLog::resizeEvent(QResizeEvent*) { PlaceList(); }
 

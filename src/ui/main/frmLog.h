@@ -3,10 +3,11 @@
 #include <QWidget>
 #include <string>
 
-class QListWidget;
 class QPushButton;
 
 namespace tavel {
+
+class LineList;
 
 // The activity log: it exists from the first line on, and its lines end with it.
 class frmLog : public QWidget {
@@ -25,7 +26,7 @@ class frmLog : public QWidget {
     void PlaceAtRight();
     void PlaceList();
 
-    QListWidget* lstLog;
+    LineList* lstLog;
     QPushButton* cmdClear;
     bool m_isFrameKnown = false;
 };

@@ -1,7 +1,7 @@
 #include "ui/toolkit/StyleApply.h"
 
 #include "ui/toolkit/DriveList.h"
-#include "ui/toolkit/ElidedLabel.h"
+#include "ui/toolkit/LineList.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QApplication>
@@ -9,7 +9,6 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
 #include <optional>
@@ -51,7 +50,7 @@ std::optional<Kind> KindOf(const QWidget& control) {
     if (qobject_cast<const DriveList*>(&control) != nullptr) return std::nullopt;
     if (qobject_cast<const QComboBox*>(&control) != nullptr)
         return Kind{{QPalette::Button, QPalette::Base}, &Style::lBackColorB};  // and its list
-    if (qobject_cast<const QListWidget*>(&control) != nullptr)
+    if (qobject_cast<const LineList*>(&control) != nullptr)
         return Kind{{QPalette::Base}, &Style::lBackColorB};
     return std::nullopt;
 }
