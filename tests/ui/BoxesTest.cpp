@@ -21,6 +21,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
+#include <filesystem>
 
 namespace tavel::test {
 
@@ -247,6 +248,11 @@ TEST_F(FileDialogs, the_box_starts_at_home_and_then_where_files_were_picked_last
     EXPECT_EQ(pick(ToQString(folder.HostPath("Trip/d.jpg"))), FromQString(QDir::homePath()));
     EXPECT_EQ(pick(elsewhere), folder.HostPath("Trip"));
     EXPECT_EQ(pick(elsewhere), folder.HostPath("Trip"));
+
+    std::filesystem::remove_all(folder.HostPath("Trip"));
+    const QString file = ToQString(folder.HostPath("b.jpg"));
+    EXPECT_TRUE(std::filesystem::is_directory(pick(file))) << startedIn;
+    EXPECT_EQ(pick(elsewhere), folder.HostPath()) << "the typed file was picked";
 }
 
 TEST_F(FileDialogs, home_and_the_drives_with_a_medium_stand_at_the_side) {

@@ -229,6 +229,15 @@ TEST_F(FolderPickers, a_start_folder_that_does_not_exist_leaves_the_default_sele
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "e:\\nowhere", "", false, false), byDefault);
 }
 
+TEST_F(FolderPickers, a_start_folder_that_is_hidden_or_below_a_hidden_one_is_put_there) {
+    folder.Write(".hidden/within/c", "");
+    const RealPrompts real;
+    for (const char* sPath : {"e:\\.hidden", "e:\\.hidden\\within"}) {
+        WhenModal([](QWidget& box) { QTest::mouseClick(&Find(box, "cmdOK"), Qt::LeftButton); });
+        EXPECT_EQ(BrowseForFolderDlg(nullptr, sPath, "", false, false), sPath);
+    }
+}
+
 TEST_F(FolderPickers, a_new_folder_can_be_made_in_the_new_style_alone) {
     EXPECT_EQ(FolderDialog(request).findChild<QPushButton*>(QStringLiteral("cmdNewFolder")),
               nullptr);

@@ -106,6 +106,19 @@ TEST_F(CopyWindows, nothing_but_its_OK_closes_it) {
     EXPECT_FALSE(SingleWindow<frmCopy>::Loaded());
 }
 
+TEST_F(CopyWindows, Enter_and_Space_press_its_OK_as_soon_as_it_shows) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        Calls().Show();
+        ASSERT_TRUE(QTest::qWaitForWindowActive(&Window()));
+        QTest::keyClick(&Window(), key);
+        ASSERT_TRUE(SingleWindow<frmCopy>::Loaded()) << "OK is hidden";
+        Calls().ShowOK();
+        ASSERT_EQ(Window().focusWidget(), &Find(Window(), "cmdOK"));
+        QTest::keyClick(Window().focusWidget(), key);
+        EXPECT_FALSE(SingleWindow<frmCopy>::Loaded()) << key;
+    }
+}
+
 TEST_F(CopyWindows, one_that_is_still_open_stays_as_it_is_for_the_next_run) {
     Calls().ShowFinish();
     Calls().ShowOK();

@@ -6,6 +6,7 @@
 
 #include <QGroupBox>
 #include <QImage>
+#include <QLabel>
 #include <filesystem>
 
 namespace tavel::test {
@@ -64,6 +65,12 @@ TEST_F(DevicePanelsTest, the_frame_has_its_words_and_labels_at_their_places) {
     EXPECT_EQ(Place("labFull").left(), Place("labFullSpace").left());
     EXPECT_EQ(Place("labEmpty").right(), Place("labEmptySpace").right());
     EXPECT_LT(Place("labFull").right(), Place("labEmpty").left());
+    EXPECT_EQ(Place("labFull").left(), Place("imgFull").left());
+    EXPECT_EQ(Place("labEmpty").right() + 1, RightEndOfBar());
+    for (const char* name : {"labFull", "labFullSpace"})
+        EXPECT_TRUE(Find<QLabel>(Main(), name).alignment() & Qt::AlignLeft) << name;
+    for (const char* name : {"labEmpty", "labEmptySpace"})
+        EXPECT_TRUE(Find<QLabel>(Main(), name).alignment() & Qt::AlignRight) << name;
     EXPECT_GE(Place("labFullSpace").top(), Place("labFull").bottom());
     EXPECT_GE(Place("labEmptySpace").top(), Place("labEmpty").bottom());
 }

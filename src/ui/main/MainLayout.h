@@ -44,7 +44,7 @@ struct MainLayout {
 
     // The device's tree lies beneath the library's, which is made short enough to uncover it or
     // long enough to lie over it. Covering doesn't take off the library's top, so that it reaches
-    // down to the very edge of the other.
+    // that much further down than the other.
     void ShowPSPCats(bool bShow);
 
     // The toolbar stays at the right edge, whatever the width of its button.

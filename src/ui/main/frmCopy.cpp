@@ -52,6 +52,7 @@ frmCopy::frmCopy()
     labFinish->setAlignment(Qt::AlignCenter);
     cmdOK->setEnabled(false);
     connect(cmdOK, &QPushButton::clicked, this, [] { SingleWindow<frmCopy>::Unload(); });
+    SetEnterButton(*this, *cmdOK);
     PlaceControls(*Frame1);
 
     auto* window = new QVBoxLayout(this);

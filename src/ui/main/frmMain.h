@@ -1,8 +1,6 @@
 #pragma once
 
-#include "device/DeviceWindows.h"
 #include "device/Status.h"
-#include "library/LibraryWindows.h"
 #include "platform/Numbers.h"
 #include "ui/main/MainLayout.h"
 #include "ui/main/MainMenus.h"
@@ -27,7 +25,7 @@ class TreeNode;
 // The one working window: the library's categories and the device's at the left, the items in the
 // middle, what is to be transferred at the right. Handlers don't guard their preconditions; what
 // the pop-up menus offer is the only guard, and a failure in a handler is fatal.
-class frmMain : public QMainWindow, public CategoryTree, public ScanTimer, public DevicePanels {
+class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
@@ -45,7 +43,7 @@ class frmMain : public QMainWindow, public CategoryTree, public ScanTimer, publi
 
     // Trees. After SetupCats the first four belong to trvPSPCat, the others to trvCat.
     void SetupCats();
-    void RefreshCats() override;
+    void RefreshCats();
     void SetupTools();
     TreeNode* nodMaster = nullptr;
     TreeNode* nodPhotos = nullptr;
@@ -71,9 +69,9 @@ class frmMain : public QMainWindow, public CategoryTree, public ScanTimer, publi
 
     // Device
     void ResetPSPCats();
-    void RefreshPSPCats() override;
-    void ShowPSPCats(bool bShow) override;
-    void RefreshPSPStatus() override;
+    void RefreshPSPCats();
+    void ShowPSPCats(bool bShow);
+    void RefreshPSPStatus();
     void FillListFromPSP(const std::string& sPath, Integer iType);
 
     // Thumbnail pane
@@ -82,7 +80,7 @@ class frmMain : public QMainWindow, public CategoryTree, public ScanTimer, publi
                                     bool& bMulti);
 
     // tmrBack, which rests while a scan runs
-    void Enable(bool bEnabled) override { bEnabled ? tmrBack.start() : tmrBack.stop(); }
+    void Enable(bool bEnabled) { bEnabled ? tmrBack.start() : tmrBack.stop(); }
 
     const MainLayout& Layout() const { return m_layout; }
 

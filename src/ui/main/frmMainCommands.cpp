@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "library/Adding.h"
 #include "library/Groups.h"
+#include "library/LibraryWindows.h"
 #include "platform/Text.h"
 #include "platform/UpCall.h"
 #include "ui/main/ItemRows.h"

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "device/DeviceWindows.h"
 #include "library/Collections.h"
+#include "library/LibraryWindows.h"
 #include "support/FaultyFileService.h"
 #include "support/Recorders.h"
 #include "support/Support.h"

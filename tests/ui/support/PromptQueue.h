@@ -32,8 +32,6 @@ class PromptQueue : public Prompter {
     const FileRequest& LastFileRequest() const { return m_fileRequest; }
     const FolderRequest& LastFolderRequest() const { return m_folderRequest; }
 
-    bool AllAsked() const { return m_expected.empty(); }
-
     MsgBoxAnswer MsgBox(const QString& text, MsgBoxButtons buttons, const QString& title) override;
     QString InputBox(const QString& prompt, const QString& title,
                      const QString& defaultText) override;
