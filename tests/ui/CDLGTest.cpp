@@ -55,6 +55,14 @@ void ExpectNothingChosen(Call&& call) { ExpectNothingChosen(call); }
 
 std::string Padded(const std::string& text) { return text + std::string(460 - text.size(), '\0'); }
 
+// Neither an answer nor a cancel, with the reason.
+FileAnswer FailedAnswer() {
+    FileAnswer failed;
+    failed.result = 2;
+    failed.error = 0x3002;
+    return failed;
+}
+
 }  // namespace
 
 TEST(VBGetOpenFileName, a_single_file_is_its_path_in_a_buffer_of_460_characters) {
@@ -103,10 +111,7 @@ TEST(VBGetOpenFileName, a_failure_looks_like_a_cancel_and_leaves_the_extended_er
 
 TEST(VBGetOpenFileName, a_result_that_is_neither_0_nor_1_tells_the_extended_error) {
     PromptQueue prompts;
-    FileAnswer failed;
-    failed.result = 2;
-    failed.error = 0x3002;
-    prompts.ExpectFileAnswer(title, failed);
+    prompts.ExpectFileAnswer(title, FailedAnswer());
     Call call;
     ExpectNothingChosen(call, 2, 0x3002);
     prompts.ExpectFiles(title, {});
@@ -160,10 +165,7 @@ TEST(VBGetOpenFileName, a_name_or_title_beyond_460_characters_fails_with_5) {
 
 TEST(VBGetOpenFileName, a_call_begins_with_the_results_of_the_last_one_cleared) {
     PromptQueue prompts;
-    FileAnswer failed;
-    failed.result = 2;
-    failed.error = 0x3002;
-    prompts.ExpectFileAnswer(title, failed);
+    prompts.ExpectFileAnswer(title, FailedAnswer());
     Call call;
     EXPECT_FALSE(call.Run());
     call.Filename = std::string(461, 'x');
