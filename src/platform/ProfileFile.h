@@ -34,12 +34,12 @@ bool ReadHostFile(const std::string& hostPath, std::size_t limit, std::string& b
 // Gives an existing file other bytes in one atomic step: whoever looks, after a kill or a power cut
 // too, finds the old bytes or the new ones. They are on the medium when it returns. Mode and, where
 // the user may, owner are kept, and a symbolic link stays a link to the same file. Where the folder
-// cannot be written but the file can, and where a full disk has no room but the file's own, the
-// file is written in place. False when it failed; the old bytes are then still there, unless a
-// medium broke while writing in place. `tellBytes` passes the bytes to the sink in pieces, the same
-// each time.
+// cannot be written but the file can, the file is written in place; `mayUseOwnRoom` allows the same
+// for up to 64 KiB on a full disk, where there is no room but the file's own. False when it failed;
+// the old bytes are then still there, unless writing in place was broken off. `tellBytes` passes
+// the bytes to the sink in pieces, the same each time.
 using ByteSink = std::function<void(std::string_view)>;
 bool ReplaceHostFile(const std::string& hostPath,
-                     const std::function<void(const ByteSink&)>& tellBytes);
+                     const std::function<void(const ByteSink&)>& tellBytes, bool mayUseOwnRoom);
 
 }  // namespace tavel

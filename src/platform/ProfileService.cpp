@@ -88,14 +88,15 @@ bool MakeFile(std::string_view path) {
     return file != nullptr && file->Close();
 }
 
-// A text that could not be written is not kept: it is not what the file holds.
-bool Save(Document& document, std::string_view path) {
+// A text that could not be written is not kept: it is not what the file holds. What a batch has
+// written must be there whole or not at all.
+bool Save(Document& document, std::string_view path, bool isBatch) {
     if (!document.text->IsChanged()) return true;
     Forget(document);
     if (!document.stamp && !MakeFile(path)) return false;
     const std::string hostPath = HostFileService().HostPath(path);
     const auto bytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
-    if (!ReplaceHostFile(hostPath, bytes)) return false;
+    if (!ReplaceHostFile(hostPath, bytes, !isBatch)) return false;
     document.hostPath = hostPath;
     document.stamp = StampOf(hostPath);
     document.text->MarkSaved();
@@ -123,7 +124,7 @@ bool Edit(std::string_view path, Change&& change) {
     const Look look(path);
     if (look.document == nullptr || !change(*look.document->text)) return false;
     if (look.isInBatch) return true;
-    if (!Save(*look.loaded, path)) return false;
+    if (!Save(*look.loaded, path, false)) return false;
     Keep(look.loaded);
     return true;
 }
@@ -182,7 +183,7 @@ ProfileBatch::~ProfileBatch() {
     if (--Running()->depth > 0) return;
     const Batch batch = std::move(*Running());
     Running().reset();
-    if (batch.document != nullptr && Save(*batch.document, batch.path)) Keep(batch.document);
+    if (batch.document != nullptr && Save(*batch.document, batch.path, true)) Keep(batch.document);
 }
 
 bool ProfileFileExists(std::string_view path) {

@@ -125,6 +125,10 @@ TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
     EXPECT_TRUE(WritePrivateProfileString("video", "M4V10001", "New and longer", path));
     EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
     EXPECT_FALSE(WritePrivateProfileString("video", "M4V10002", std::string(200'000, 'x'), path));
+    {
+        const ProfileBatch batch(path);
+        WritePrivateProfileString("video", "M4V10001", "Half", path);
+    }
     EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
     UseHostFileService(nullptr);
 }

@@ -142,11 +142,11 @@ class Successor {
 };
 
 // A full stick may have no room for a second file where the room that the first one takes up
-// already would do. What goes to the disk in one write is not left half done.
+// already would do.
 bool FitsInOwnRoom(const struct stat& former, const ByteTeller& tellBytes) {
-    constexpr off_t oneWrite = 4096;
+    constexpr off_t mostBytes = 64 * 1024;
     constexpr off_t blockSize = 512;
-    return SizeOf(tellBytes) <= std::min(oneWrite, off_t{former.st_blocks} * blockSize);
+    return SizeOf(tellBytes) <= std::min(mostBytes, off_t{former.st_blocks} * blockSize);
 }
 
 // The room is claimed first, so that a full disk is told before a byte has changed. File systems
@@ -201,7 +201,7 @@ bool ReadHostFile(const std::string& hostPath, std::size_t limit, std::string& b
     return true;
 }
 
-bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes) {
+bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes, bool mayUseOwnRoom) {
     Place place;
     if (!Resolve(hostPath, place)) return false;
     const Descriptor folder(open(place.folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
@@ -216,8 +216,8 @@ bool ReplaceHostFile(const std::string& hostPath, const ByteTeller& bytes) {
     const bool isPlaced =
         successor.IsOpen() && successor.Fill(bytes) && successor.TakePlaceOf(place.name);
     if (isPlaced) return FlushFolder(folder.Get());
-    const bool canBeInPlace =
-        successor.IsRefused() || (successor.IsDiskFull() && FitsInOwnRoom(former, bytes));
+    const bool canBeInPlace = successor.IsRefused() || (mayUseOwnRoom && successor.IsDiskFull() &&
+                                                        FitsInOwnRoom(former, bytes));
     return canBeInPlace && OverwriteInPlace(folder.Get(), place.name, bytes);
 }
 
