@@ -129,6 +129,18 @@ TEST_F(LineListTest, Home_and_End_go_to_the_first_line_and_the_last) {
     EXPECT_EQ(list.currentRow(), 1);
 }
 
+TEST_F(LineListTest, the_ends_of_long_lines_stay_in_view_on_the_way_down) {
+    for (int i = 0; i < 3; ++i) list.AddItem(std::string(500, 'x'));
+    RunEvents();
+    list.setCurrentCell(0, 0);
+    QScrollBar& bar = *list.horizontalScrollBar();
+    bar.setValue(bar.maximum());
+    ASSERT_GT(bar.value(), 0);
+    QTest::keyClick(&list, Qt::Key_Down);
+    EXPECT_EQ(list.currentRow(), 1);
+    EXPECT_EQ(bar.value(), bar.maximum());
+}
+
 TEST_F(LineListTest, Tab_leaves_it_and_nothing_is_edited) {
     list.AddItem("a");
     list.AddItem("b");

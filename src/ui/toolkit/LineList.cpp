@@ -5,6 +5,7 @@
 
 #include <QEvent>
 #include <QHeaderView>
+#include <QScrollBar>
 #include <algorithm>
 
 namespace tavel {
@@ -42,6 +43,12 @@ void LineList::Clear() {
 void LineList::doItemsLayout() {
     FitColumn();
     QTableWidget::doItemsLayout();
+}
+
+void LineList::scrollTo(const QModelIndex& index, ScrollHint hint) {
+    const int left = horizontalScrollBar()->value();
+    QTableWidget::scrollTo(index, hint);
+    horizontalScrollBar()->setValue(left);
 }
 
 // To a table Home and End alone are the ends of the row.

@@ -17,6 +17,8 @@ class LineList : public QTableWidget {
     void Clear();
 
     void doItemsLayout() override;
+    // Up and down alone: the ends of long lines stay in view.
+    void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
   protected:
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
