@@ -28,6 +28,17 @@ class Groups : public LibraryTest {
     static Texts Members(const std::string& sGroupID) {
         return MembersOf(GroupOf(static_cast<MediaType>(GetDBIDType(sGroupID)), sGroupID));
     }
+
+    // Its two ids, in every collection of items, and nothing else.
+    static void GiveItemsAlone(const Kind& kind) {
+        ReleaseCollections();
+        for (const std::string& sID : {kind.a, kind.b}) {
+            Give(colPhoto, sID);
+            Give(colVideo, sID);
+            Give(colMusic, sID);
+        }
+    }
+
     static Texts GroupsOfItem(const std::string& sItemID) {
         return GroupsOf(ItemOf(static_cast<MediaType>(GetDBIDType(sItemID)), sItemID));
     }
@@ -35,12 +46,7 @@ class Groups : public LibraryTest {
 
 TEST_F(Groups, Making_one_links_both_sides) {
     for (const Kind& kind : Kinds) {
-        ReleaseCollections();
-        for (const std::string& sID : {kind.a, kind.b}) {
-            Give(colPhoto, sID);
-            Give(colVideo, sID);
-            Give(colMusic, sID);
-        }
+        GiveItemsAlone(kind);
         windows.calls.clear();
         const std::string sID = MakeGroup({kind.b, kind.a}, "Summer", kind.group);
         EXPECT_EQ(GetDBIDType(sID), kind.group);
@@ -220,12 +226,7 @@ TEST_F(Groups, Removing_an_item_from_one_of_its_groups_leaves_the_others_in_orde
 
 TEST_F(Groups, Removing_works_for_each_kind) {
     for (const Kind& kind : Kinds) {
-        ReleaseCollections();
-        for (const std::string& sID : {kind.a, kind.b}) {
-            Give(colPhoto, sID);
-            Give(colVideo, sID);
-            Give(colMusic, sID);
-        }
+        GiveItemsAlone(kind);
         const std::string sID = MakeGroup({kind.a, kind.b}, "Summer", kind.group);
         windows.calls.clear();
         RemoveFromGroup(kind.a, sID);
