@@ -141,7 +141,7 @@ TEST_F(Options, The_lists_are_read_music_first_and_photos_last_up_to_a_failure) 
 // An extension in another spelling would never match a file's, and one too few in the count would
 // keep a kind of file out.
 TEST_F(Options, The_installed_file_has_full_lists_of_lower_case_extensions_and_no_watch_folders) {
-    std::filesystem::copy_file(TAVEL_SOURCE_FOLDER "/data/db.txt", temp.HostPath("db.txt"));
+    std::filesystem::copy_file(SourceFile("data/db.txt"), temp.HostPath("db.txt"));
     LoadOptions();
     LoadSupportedExts();
     const struct {

@@ -16,7 +16,7 @@ namespace {
 class InstalledFile : public LibraryTest {
   protected:
     InstalledFile() {
-        std::ifstream file(TAVEL_SOURCE_FOLDER "/data/db.txt", std::ios::binary);
+        std::ifstream file(SourceFile("data/db.txt"), std::ios::binary);
         text.assign(std::istreambuf_iterator<char>(file), {});
         Contain(text);
     }

@@ -37,4 +37,6 @@ std::string TempFolder::Read(const std::string& name) const {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string SourceFile(const std::string& path) { return TAVEL_SOURCE_FOLDER "/" + path; }
+
 }  // namespace tavel::test

@@ -28,6 +28,9 @@ class TempFolder {
     std::string m_path;
 };
 
+// A file of the source tree by its path from the root of the tree, on the host.
+std::string SourceFile(const std::string& path);
+
 // The number of the Failure that a call throws; 0 when it throws none.
 template <class Call>
 Long FailureOf(Call&& call) {

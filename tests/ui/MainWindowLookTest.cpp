@@ -18,7 +18,7 @@ namespace {
 using MainWindowLookTest = MainWindowTest;
 
 QImage Picture(const std::string& name) {
-    const QString file = ToQString(TAVEL_SOURCE_FOLDER "/data/artwork/icons/" + name + ".png");
+    const QString file = ToQString(SourceFile("data/artwork/icons/" + name + ".png"));
     return QImage(file).convertToFormat(QImage::Format_ARGB32_Premultiplied);
 }
 
