@@ -1,24 +1,14 @@
 #include "platform/OnEachDrive.h"
+#include "support/PlainUser.h"
 
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace tavel::test {
 
 namespace {
 
 using FileOperations = OnEachDrive;
-
-// Takes a superuser's rights away for a while.
-class PlainUser {
-  public:
-    PlainUser() { EXPECT_EQ(seteuid(m_user == 0 ? 65534 : m_user), 0); }
-    ~PlainUser() { EXPECT_EQ(seteuid(m_user), 0); }
-
-  private:
-    uid_t m_user = geteuid();
-};
 
 INSTANTIATE_TEST_SUITE_P(Drives, FileOperations, ::testing::Values('c', 'e'),
                          [](const auto& drive) { return std::string(1, drive.param); });

@@ -1,16 +1,15 @@
 #include "platform/linux/DriveLinks.h"
 
 #include "platform/linux/HostNames.h"
+#include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -112,9 +111,7 @@ Descriptor DriveLinks::Open(char letter) {
 std::string DriveLinks::Target(char letter) const {
     const auto found = m_links.find(letter);
     if (found == m_links.end()) return {};
-    const std::unique_ptr<char, void (*)(void*)> target(
-        realpath(found->second.hostPath.c_str(), nullptr), free);
-    return target ? target.get() : std::string();
+    return RealPath(found->second.hostPath);
 }
 
 }  // namespace tavel

@@ -1,21 +1,17 @@
 #include "platform/linux/DriveTable.h"
 
 #include "platform/Failure.h"
+#include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace tavel {
 
 namespace {
-
-std::string LastName(std::string_view path) {
-    return std::string(path.substr(path.rfind('/') + 1));
-}
 
 bool IsSameMount(const MountEntry& a, const MountEntry& b) {
     return a.id == b.id && a.target == b.target && a.source == b.source && a.device == b.device;
@@ -82,7 +78,7 @@ std::vector<DriveTable::Entry> DriveTable::Entries() {
 DriveTable::Entry DriveTable::LinkEntry(char letter) {
     if (!m_links.Open(letter).IsOpen()) return {letter, {}, {}};
     const std::string target = m_links.Target(letter);
-    return {letter, LastName(target), {target, m_links.Links().at(letter).hostPath}};
+    return {letter, std::string(LastName(target)), {target, m_links.Links().at(letter).hostPath}};
 }
 
 bool DriveTable::Has(char letter) {

@@ -6,6 +6,7 @@
 #include "platform/linux/FolderListing.h"
 #include "platform/linux/HostDrive.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostPaths.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -21,11 +22,6 @@ FileService* g_replacement = nullptr;
 std::string ProgramFolderOfHost() {
     std::error_code none;
     return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
-}
-
-bool IsBelow(std::string_view hostPath, std::string_view root) {
-    return hostPath.substr(0, root.size()) == root &&
-           (hostPath.size() == root.size() || hostPath[root.size()] == '/');
 }
 
 std::string ReadToEnd(HostFile& file) {
