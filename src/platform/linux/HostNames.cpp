@@ -15,12 +15,6 @@ namespace tavel {
 
 namespace {
 
-bool IsAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
-}
-
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
-
 bool IsRefusedCharacter(char c) {
     return static_cast<unsigned char>(c) < 0x20 ||
            std::string_view("<>:\"/\\|?*").find(c) != std::string_view::npos;
@@ -54,10 +48,7 @@ std::string NameToCreate(std::string_view name) {
 }
 
 bool NamesMatch(std::string_view a, std::string_view b) {
-    if (IsAscii(a) && IsAscii(b)) {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                          [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
-    }
+    if (IsAscii(a) && IsAscii(b)) return EqualsIgnoringCase(a, b);
     return EqualsIgnoringCase(ToUtf8(a), ToUtf8(b));
 }
 
