@@ -45,11 +45,13 @@ bool IsOnPresentDevice(int folder) {
 DriveLinks::DriveLinks(std::string folder)
     : m_folder(std::move(folder)), m_inotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
 
-void DriveLinks::Refresh() {
+bool DriveLinks::Refresh() {
     const bool hasNews = TakeNews();
     const bool isNew = !m_isWatching && Watch();
     // Without a watch the folder is not there, or the host can't watch it and it is read each time.
-    if (hasNews || isNew || !m_isWatching) Read();
+    if (!hasNews && !isNew && m_isWatching) return false;
+    Read();
+    return true;
 }
 
 bool DriveLinks::Watch() {
