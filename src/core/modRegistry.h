@@ -14,7 +14,7 @@ class ProfileLines;
 // "B" boolean or "D" 32-bit number, in either case. All return a status that callers ignore: 0 in
 // profile mode, 99 when there is nothing to act on, else the registry's error.
 
-// `out` is given the default first. Values come back as at most 254 bytes.
+// `out` is given the default first. Values come back as at most 254 characters.
 Long ReadValue(std::string_view root, std::string_view section, std::string_view key,
                std::string_view kind, std::string_view defaultValue, std::string& out);
 

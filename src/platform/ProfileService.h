@@ -12,8 +12,8 @@ class ProfileLines;
 // classic rules. Names match without regard to (ASCII) case; only the first of equal sections is
 // looked at, and in it the first of equal keys. Paths are drive paths.
 
-// The value, at most `size` - 1 bytes of it (never cut inside a UTF-8 sequence); the default,
-// without its trailing blanks and cut likewise, when the file or the key is not there.
+// The value, at most `size` - 1 characters of it (a UTF-8 sequence is one); the default, without
+// its trailing blanks and cut likewise, when the file or the key is not there.
 std::string GetPrivateProfileString(std::string_view section, std::string_view key,
                                     std::string_view defaultValue, std::size_t size,
                                     std::string_view path);

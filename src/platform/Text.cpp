@@ -1,10 +1,9 @@
 #include "platform/Text.h"
 
-#include "platform/LowerCaseTable.h"
+#include <utf8proc.h>
 
 #include <algorithm>
 #include <array>
-#include <cstdint>
 
 namespace tavel {
 
@@ -23,64 +22,31 @@ unsigned char ByteAt(std::string_view text, std::size_t position) {
     return static_cast<unsigned char>(text[position]);
 }
 
-bool IsAscii(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
-}
-
 char32_t OfLoneByte(unsigned char byte) {
     return byte >= 0x80 && byte <= 0x9F ? upperControls[byte - 0x80] : char32_t{byte};
 }
 
-// The bounds of the second byte keep out overlong forms, surrogates and what is above U+10FFFF.
-bool IsSecondByte(unsigned char lead, unsigned char second) {
-    switch (lead) {
-        case 0xE0:
-            return second >= 0xA0 && second <= 0xBF;
-        case 0xED:
-            return second >= 0x80 && second <= 0x9F;
-        case 0xF0:
-            return second >= 0x90 && second <= 0xBF;
-        case 0xF4:
-            return second >= 0x80 && second <= 0x8F;
-        default:
-            return second >= 0x80 && second <= 0xBF;
-    }
-}
+struct Character {
+    char32_t code;
+    std::size_t length;  // in bytes
+};
 
-std::size_t LengthByLead(unsigned char lead) {
-    if (lead >= 0xC2 && lead <= 0xDF) return 2;
-    if (lead >= 0xE0 && lead <= 0xEF) return 3;
-    if (lead >= 0xF0 && lead <= 0xF4) return 4;
-    return 1;
-}
-
-char32_t CharacterAt(std::string_view text, std::size_t position, std::size_t length) {
+Character CharacterAt(std::string_view text, std::size_t position) {
     const unsigned char lead = ByteAt(text, position);
-    if (length == 1) return OfLoneByte(lead);
-    char32_t code = lead & (0x7F >> length);
-    for (std::size_t i = 1; i < length; ++i) code = code << 6 | (ByteAt(text, position + i) & 0x3F);
-    return code;
+    if (lead < 0x80) return {lead, 1};
+    utf8proc_int32_t code = 0;
+    const utf8proc_ssize_t length =
+        utf8proc_iterate(reinterpret_cast<const utf8proc_uint8_t*>(text.data()) + position,
+                         static_cast<utf8proc_ssize_t>(text.size() - position), &code);
+    if (length < 1) return {OfLoneByte(lead), 1};
+    return {static_cast<char32_t>(code), static_cast<std::size_t>(length)};
 }
 
 void AppendUtf8(std::string& out, char32_t code) {
-    const auto tail = [&](int shift) {
-        out.push_back(static_cast<char>(0x80 | (code >> shift & 0x3F)));
-    };
-    if (code < 0x80) {
-        out.push_back(static_cast<char>(code));
-    } else if (code < 0x800) {
-        out.push_back(static_cast<char>(0xC0 | code >> 6));
-        tail(0);
-    } else if (code < 0x10000) {
-        out.push_back(static_cast<char>(0xE0 | code >> 12));
-        tail(6);
-        tail(0);
-    } else {
-        out.push_back(static_cast<char>(0xF0 | code >> 18));
-        tail(12);
-        tail(6);
-        tail(0);
-    }
+    std::array<utf8proc_uint8_t, 4> bytes{};
+    const utf8proc_ssize_t length =
+        utf8proc_encode_char(static_cast<utf8proc_int32_t>(code), bytes.data());
+    out.append(bytes.begin(), bytes.begin() + length);
 }
 
 void AppendUtf16(std::u16string& out, char32_t code) {
@@ -92,43 +58,35 @@ void AppendUtf16(std::u16string& out, char32_t code) {
     out.push_back(static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF)));
 }
 
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c + 32) : c; }
+char32_t LowerOf(char32_t code) {
+    return static_cast<char32_t>(utf8proc_tolower(static_cast<utf8proc_int32_t>(code)));
+}
 
+// Windows-1252 has the lower case of all its letters.
 char LowerOfLoneByte(unsigned char byte) {
-    switch (byte) {
-        case 0x8A:
-        case 0x8C:
-        case 0x8E:
-            return static_cast<char>(byte + 0x10);
-        case 0x9F:
-            return '\xFF';
-        case 0xD7:
-            return '\xD7';
-        default:
-            return static_cast<char>(byte >= 0xC0 && byte <= 0xDE ? byte + 0x20 : byte);
-    }
+    const char32_t lower = LowerOf(OfLoneByte(byte));
+    unsigned char found = 0xFF;
+    while (OfLoneByte(found) != lower) --found;
+    return static_cast<char>(found);
 }
 
 }  // namespace
 
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return (c & 0x80) == 0; });
+}
+
 std::size_t CharacterLength(std::string_view text, std::size_t position) {
-    const unsigned char lead = ByteAt(text, position);
-    const std::size_t length = LengthByLead(lead);
-    if (length == 1 || length > text.size() - position) return 1;
-    if (!IsSecondByte(lead, ByteAt(text, position + 1))) return 1;
-    for (std::size_t i = 2; i < length; ++i) {
-        if ((ByteAt(text, position + i) & 0xC0) != 0x80) return 1;
-    }
-    return length;
+    return CharacterAt(text, position).length;
 }
 
 std::u16string ToUnicode(std::string_view text) {
     std::u16string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
-        const std::size_t length = CharacterLength(text, i);
-        AppendUtf16(result, CharacterAt(text, i, length));
-        i += length;
+        const Character character = CharacterAt(text, i);
+        AppendUtf16(result, character.code);
+        i += character.length;
     }
     return result;
 }
@@ -153,9 +111,9 @@ std::string ToUtf8(std::string_view text) {
     std::string result;
     result.reserve(text.size());
     for (std::size_t i = 0; i < text.size();) {
-        const std::size_t length = CharacterLength(text, i);
-        AppendUtf8(result, CharacterAt(text, i, length));
-        i += length;
+        const Character character = CharacterAt(text, i);
+        AppendUtf8(result, character.code);
+        i += character.length;
     }
     return result;
 }
@@ -169,13 +127,17 @@ std::vector<std::string_view> Characters(std::string_view text) {
     return result;
 }
 
-std::string_view CutAt(std::string_view text, std::size_t bytes) {
-    if (text.size() <= bytes) return text;
-    const std::size_t earliest = bytes < 3 ? 0 : bytes - 3;
-    for (std::size_t start = earliest; start < bytes; ++start) {
-        if (start + CharacterLength(text, start) > bytes) return text.substr(0, start);
-    }
-    return text.substr(0, bytes);
+std::size_t CharacterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t i = 0; i < text.size(); i += CharacterLength(text, i)) ++count;
+    return count;
+}
+
+std::string_view CutAt(std::string_view text, std::size_t characters) {
+    if (text.size() <= characters) return text;
+    std::size_t end = 0;
+    for (; characters > 0 && end < text.size(); --characters) end += CharacterLength(text, end);
+    return text.substr(0, end);
 }
 
 std::string LowerCase(std::string_view text) {
@@ -186,15 +148,15 @@ std::string LowerCase(std::string_view text) {
     }
     result.clear();
     for (std::size_t i = 0; i < text.size();) {
-        const std::size_t length = CharacterLength(text, i);
-        if (length > 1) {
-            AppendUtf8(result, LowerOf(CharacterAt(text, i, length)));
-        } else if ((text[i] & 0x80) == 0) {
+        const Character character = CharacterAt(text, i);
+        if (character.length > 1) {
+            AppendUtf8(result, LowerOf(character.code));
+        } else if (character.code < 0x80) {
             result.push_back(AsciiLower(text[i]));
         } else {
             result.push_back(LowerOfLoneByte(ByteAt(text, i)));
         }
-        i += length;
+        i += character.length;
     }
     return result;
 }

@@ -22,11 +22,19 @@ std::string ToUtf8(std::string_view text);
 // `position` must lie inside the text.
 std::size_t CharacterLength(std::string_view text, std::size_t position);
 
-// The characters of a text, each as its bytes.
+// The characters of a text, each as its bytes, and how many they are.
 std::vector<std::string_view> Characters(std::string_view text);
+std::size_t CharacterCount(std::string_view text);
 
-// The longest beginning of at most `bytes` bytes that cuts no UTF-8 sequence in two.
-std::string_view CutAt(std::string_view text, std::size_t bytes);
+// The first `characters` characters of a text, or all of them.
+std::string_view CutAt(std::string_view text, std::size_t characters);
+
+bool IsAscii(std::string_view text);
+
+// The lower case of an ASCII letter; any other byte is itself.
+constexpr char AsciiLower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
 
 // Lower case by Unicode's simple mapping, character by character; lone bytes by Windows-1252.
 std::string LowerCase(std::string_view text);

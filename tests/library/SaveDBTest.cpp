@@ -171,7 +171,7 @@ TEST_F(SaveDBTest, A_group_that_was_emptied_is_saved_without_the_member_behind_i
     EXPECT_NE(DB().find("Name=Summer\r\nType=1\r\nNoOfPages=0\r\n[DB]"), std::string::npos);
 }
 
-TEST_F(SaveDBTest, A_long_value_is_cut_at_254_bytes_at_the_next_load) {
+TEST_F(SaveDBTest, A_long_value_is_cut_at_254_characters_at_the_next_load) {
     const auto repeated = [](const char* text, int times) {
         std::string all;
         for (int i = 0; i < times; ++i) all += text;
@@ -180,14 +180,14 @@ TEST_F(SaveDBTest, A_long_value_is_cut_at_254_bytes_at_the_next_load) {
     Contain("");
     Photo& photo = GivePhoto("ph_a");
     photo.sName = repeated("n", 300);
-    photo.sPath = "C:\\" + repeated("\u00e4", 200);
-    Link(photo, repeated("\u00e4", 127));
+    photo.sPath = "C:\\" + repeated("\u00e4", 260);
+    Link(photo, repeated("\u00e4", 254));
     SaveDB();
     EXPECT_NE(DB().find("Name=" + repeated("n", 300) + "\r\n"), std::string::npos);
     Reload();
     EXPECT_EQ(colPhoto.Item(1).sName, repeated("n", 254));
-    EXPECT_EQ(colPhoto.Item(1).sPath, "C:\\" + repeated("\u00e4", 125));  // no half of a letter
-    EXPECT_EQ(GroupsOf(colPhoto.Item(1)), Texts{repeated("\u00e4", 127)});
+    EXPECT_EQ(colPhoto.Item(1).sPath, "C:\\" + repeated("\u00e4", 251));
+    EXPECT_EQ(GroupsOf(colPhoto.Item(1)), Texts{repeated("\u00e4", 254)});
 }
 
 TEST_F(SaveDBTest, Bytes_of_any_code_page_come_back_as_they_were) {

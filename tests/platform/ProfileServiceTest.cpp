@@ -55,7 +55,7 @@ TEST_F(ProfileService, Trailing_blanks_of_a_default_are_dropped) {
     EXPECT_EQ(Get("s", "k", "  "), "");
 }
 
-TEST_F(ProfileService, A_value_is_cut_to_254_bytes) {
+TEST_F(ProfileService, A_value_is_cut_to_254_characters) {
     File("[s]\nk=" + std::string(254, 'a') + "\nl=" + std::string(255, 'b') + "\nq=\"" +
          std::string(254, 'c') + "\"\n");
     EXPECT_EQ(Get("s", "k"), std::string(254, 'a'));
@@ -64,11 +64,12 @@ TEST_F(ProfileService, A_value_is_cut_to_254_bytes) {
 }
 
 TEST_F(ProfileService, The_cut_never_parts_a_character) {
-    File("[s]\nk=" + std::string(253, 'a') + "\xC3\xA9\nl=" + std::string(252, 'a') +
+    File("[s]\nk=" + std::string(253, 'a') + "\xC3\xA9\nl=" + std::string(253, 'a') +
          "\xC3\xA9x\n");
-    EXPECT_EQ(Get("s", "k"), std::string(253, 'a'));
-    EXPECT_EQ(Get("s", "l"), std::string(252, 'a') + "\xC3\xA9");
-    EXPECT_EQ(Get("s", "none", std::string(253, 'd') + "\xC3\xA9"), std::string(253, 'd'));
+    EXPECT_EQ(Get("s", "k"), std::string(253, 'a') + "\xC3\xA9");
+    EXPECT_EQ(Get("s", "l"), std::string(253, 'a') + "\xC3\xA9");
+    EXPECT_EQ(Get("s", "none", std::string(253, 'd') + "\xC3\xA9\xC3\xA9"),
+              std::string(253, 'd') + "\xC3\xA9");
 }
 
 TEST_F(ProfileService, The_size_counts_the_end_of_the_text) {

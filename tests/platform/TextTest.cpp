@@ -72,17 +72,34 @@ TEST(Text, Any_bytes_pass_to_Unicode_and_keep_their_characters) {
 TEST(Text, Characters_are_sequences_and_lone_bytes) {
     const std::vector<std::string_view> expected{"a", "\xC3\xA9", "\xE9", "\xE2\x82\xAC"};
     EXPECT_EQ(Characters("a\xC3\xA9\xE9\xE2\x82\xAC"), expected);
+    EXPECT_EQ(CharacterCount("a\xC3\xA9\xE9\xE2\x82\xAC"), 4u);
     EXPECT_TRUE(Characters("").empty());
+    EXPECT_EQ(CharacterCount(""), 0u);
 }
 
-TEST(Text, CutAt_never_cuts_a_sequence) {
-    const std::string text = "ab\xF0\x9F\x8E\xB5";
-    EXPECT_EQ(CutAt(text, 6), text);
-    for (std::size_t bytes : {2u, 3u, 4u, 5u}) EXPECT_EQ(CutAt(text, bytes), "ab") << bytes;
-    EXPECT_EQ(CutAt(text, 1), "a");
+TEST(Text, Lone_bytes_have_the_lower_case_of_their_characters) {
+    for (int byte = 0; byte < 256; ++byte) {
+        const std::string text(1, static_cast<char>(byte));
+        EXPECT_EQ(ToUnicode(LowerCase(text)), ToUnicode(LowerCase(ToUtf8(text)))) << byte;
+    }
+}
+
+TEST(Text, IsAscii_and_AsciiLower_know_no_other_letters) {
+    EXPECT_TRUE(IsAscii("\x7F@Az"));
+    EXPECT_FALSE(IsAscii("A\xC3\x89"));
+    EXPECT_EQ(AsciiLower('Z'), 'z');
+    for (const char c : {'z', '@', '[', '\xC9'}) EXPECT_EQ(AsciiLower(c), c);
+}
+
+TEST(Text, CutAt_counts_characters_and_cuts_none_in_two) {
+    const std::string text = "\xC3\xA9\xE9\xF0\x9F\x8E\xB5z";
+    EXPECT_EQ(CutAt(text, 5), text);
+    EXPECT_EQ(CutAt(text, 4), text);
+    EXPECT_EQ(CutAt(text, 3), "\xC3\xA9\xE9\xF0\x9F\x8E\xB5");
+    EXPECT_EQ(CutAt(text, 2), "\xC3\xA9\xE9");
+    EXPECT_EQ(CutAt(text, 1), "\xC3\xA9");
     EXPECT_EQ(CutAt(text, 0), "");
-    EXPECT_EQ(CutAt("\xE9\xE9\xE9", 2), "\xE9\xE9");
-    EXPECT_EQ(CutAt("\xC3\xA9\xC3\xA9", 3), "\xC3\xA9");
+    EXPECT_EQ(CutAt("abc", 2), "ab");
 }
 
 TEST(Text, LowerCase_maps_each_character) {

@@ -1,25 +1,13 @@
 #include "platform/linux/HostNames.h"
 
 #include "platform/Text.h"
-#include "platform/linux/Descriptor.h"
-
-#include <dirent.h>
-#include <fcntl.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <memory>
 
 namespace tavel {
 
 namespace {
-
-bool IsAscii(std::string_view text) {
-    return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
-}
-
-char AsciiLower(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c | 0x20) : c; }
 
 bool IsRefusedCharacter(char c) {
     return static_cast<unsigned char>(c) < 0x20 ||
@@ -53,39 +41,8 @@ std::string NameToCreate(std::string_view name) {
     return kept;
 }
 
-bool NamesMatch(std::string_view a, std::string_view b) {
-    if (IsAscii(a) && IsAscii(b)) {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                          [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
-    }
-    return EqualsIgnoringCase(ToUtf8(a), ToUtf8(b));
-}
-
-std::vector<std::string> NamesIn(int folder, int& error) {
-    std::vector<std::string> names;
-    Descriptor own(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own.IsOpen() ? fdopendir(own.Get()) : nullptr,
-                                                      closedir);
-    if (!listing) {
-        error = errno;
-        return names;
-    }
-    own.Release();  // the listing owns it from here on
-    errno = 0;
-    while (const dirent* entry = readdir(listing.get())) {
-        const std::string_view name = entry->d_name;
-        if (name != "." && name != "..") names.emplace_back(name);
-    }
-    error = errno;
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::string_view MatchingName(const std::vector<std::string>& names, std::string_view name) {
-    const auto match = std::find_if(names.begin(), names.end(), [&](const std::string& candidate) {
-        return NamesMatch(candidate, name);
-    });
-    return match == names.end() ? std::string_view{} : std::string_view(*match);
+std::string MatchKey(std::string_view name) {
+    return LowerCase(IsAscii(name) ? std::string(name) : ToUtf8(name));
 }
 
 }  // namespace tavel

@@ -13,7 +13,7 @@ std::list<FileIdentity>& Held() {
 
 }  // namespace
 
-ReadShare::ReadShare(const Place& file) : m_held(Held().emplace(Held().end(), file)) {}
+ReadShare::ReadShare(int file) : m_held(Held().emplace(Held().end(), file)) {}
 
 ReadShare::~ReadShare() { Held().erase(m_held); }
 

@@ -10,7 +10,7 @@ namespace tavel {
 // one lives, the same file, under whatever path, can't be opened for writing.
 class ReadShare {
   public:
-    explicit ReadShare(const Place& file);
+    explicit ReadShare(int file);
     ~ReadShare();
     ReadShare(const ReadShare&) = delete;
     ReadShare& operator=(const ReadShare&) = delete;
