@@ -1,5 +1,7 @@
 #include "ui/toolkit/ShowNow.h"
 
+#include "ui/toolkit/WorkWindow.h"
+
 #include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QEventLoop>
@@ -39,12 +41,11 @@ void ActivateLayouts(QWidget& widget) {
 
 }  // namespace
 
-void ShowNow(QWidget& window) {
-    window.show();
-    window.raise();
-    // A window that is on the screen already needs no answer from the window system.
-    if (!IsOnScreen(window)) WaitUntilOnScreen(window);
-    RepaintNow(window);
+void ShowNow(QWidget& dialog) {
+    ShowDialog(dialog);
+    // What is on the screen already needs no answer from the window system.
+    if (!IsOnScreen(dialog)) WaitUntilOnScreen(dialog);
+    RepaintNow(dialog);
 }
 
 void RepaintNow(QWidget& widget) {
