@@ -1,10 +1,9 @@
 #include "ui/toolkit/ShowNow.h"
 
+#include "ui/toolkit/QuietEvents.h"
 #include "ui/toolkit/WorkWindow.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QLayout>
 #include <QThread>
 #include <QWidget>
@@ -24,8 +23,7 @@ bool IsOnScreen(const QWidget& window) {
 void WaitUntilOnScreen(const QWidget& window) {
     const QDeadlineTimer deadline(longestWait);
     while (true) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
-                                        QEventLoop::X11ExcludeTimers);
+        TakeWindowEvents();
         if (IsOnScreen(window) || deadline.hasExpired()) return;
         QThread::msleep(1);
     }
