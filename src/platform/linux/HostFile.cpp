@@ -73,9 +73,9 @@ bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_p
 bool HostFile::Close() {
     if (m_file.IsOpen()) {
         if (m_isFlushed && !Flush()) Failed();
+        m_share.reset();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();
-        m_share.reset();
     }
     return !m_isWritten || m_error == 0;
 }

@@ -7,7 +7,9 @@
 namespace tavel {
 
 std::string HostJoin(std::string_view folder, std::string_view name) {
-    std::string path(folder);
+    std::string path;
+    path.reserve(folder.size() + 1 + name.size());
+    path += folder;
     if (path.empty() || path.back() != '/') path += '/';
     return path.append(name);
 }

@@ -9,6 +9,8 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <optional>
+#include <span>
 #include <utility>
 
 namespace tavel {
@@ -24,16 +26,23 @@ Long FailureOf(const Tree& tree, const Tree::Entry& entry) {
     return tree.IsOutside(entry.status) ? failure::PathNotFound : 0;
 }
 
-bool HasHostSeparator(std::string_view name) { return name.find('/') != std::string_view::npos; }
+// Nothing where a name could be no single name of the host.
+std::optional<std::string> Joined(std::span<const std::string> names) {
+    std::string path;
+    for (const std::string& name : names) {
+        if (name.find('/') != std::string::npos) return std::nullopt;
+        if (!path.empty()) path += '/';
+        path += name;
+    }
+    return path;
+}
 
 bool OpenFolderExactly(const Tree& tree, Place& place) {
-    const auto last = place.path.names.end() - 1;
-    if (std::any_of(place.path.names.begin(), last, HasHostSeparator)) return false;
-    std::string path;
-    for (auto name = place.path.names.begin(); name != last; ++name)
-        path += (path.empty() ? "" : "/") + *name;
-    place.folder = tree.OpenBelow(path);
-    if (place.folder.IsOpen()) place.hostPath = HostJoin(place.hostPath, path);
+    const std::span<const std::string> names(place.path.names);
+    const std::optional<std::string> path = Joined(names.first(names.size() - 1));
+    if (!path) return false;
+    place.folder = tree.OpenBelow(*path);
+    if (place.folder.IsOpen()) place.hostPath = HostJoin(place.hostPath, *path);
     return place.folder.IsOpen();
 }
 
@@ -72,13 +81,12 @@ void FindIn(const Tree& tree, Place& place) {
 
 // What is there by its exact path is one call away.
 bool FindExactlyOnFixed(Place& place) {
-    if (std::any_of(place.path.names.begin(), place.path.names.end(), HasHostSeparator))
-        return false;
-    std::string path = "/";
-    for (const std::string& name : place.path.names) path = HostJoin(path, name);
+    const std::optional<std::string> below = Joined(place.path.names);
+    if (!below) return false;
+    const std::string path = '/' + *below;
     if (stat(path.c_str(), &place.status) != 0) return false;
     place.name = path;
-    place.hostPath = std::move(path);
+    place.hostPath = path;
     return true;
 }
 
