@@ -1,16 +1,15 @@
 #include "platform/linux/DriveLinks.h"
 
 #include "platform/linux/HostNames.h"
+#include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
-#include <stdlib.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
 
 #include <array>
 #include <cstring>
-#include <memory>
 #include <optional>
 #include <utility>
 
@@ -46,11 +45,13 @@ bool IsOnPresentDevice(int folder) {
 DriveLinks::DriveLinks(std::string folder)
     : m_folder(std::move(folder)), m_inotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
 
-void DriveLinks::Refresh() {
+bool DriveLinks::Refresh() {
     const bool hasNews = TakeNews();
     const bool isNew = !m_isWatching && Watch();
     // Without a watch the folder is not there, or the host can't watch it and it is read each time.
-    if (hasNews || isNew || !m_isWatching) Read();
+    if (!hasNews && !isNew && m_isWatching) return false;
+    Read();
+    return true;
 }
 
 bool DriveLinks::Watch() {
@@ -112,9 +113,7 @@ Descriptor DriveLinks::Open(char letter) {
 std::string DriveLinks::Target(char letter) const {
     const auto found = m_links.find(letter);
     if (found == m_links.end()) return {};
-    const std::unique_ptr<char, void (*)(void*)> target(
-        realpath(found->second.hostPath.c_str(), nullptr), free);
-    return target ? target.get() : std::string();
+    return RealPath(found->second.hostPath);
 }
 
 }  // namespace tavel

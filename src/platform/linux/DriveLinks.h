@@ -24,8 +24,8 @@ class DriveLinks {
     // `folder` is the host's name of the folder with the links; it need not exist.
     explicit DriveLinks(std::string folder);
 
-    // Brings the links up to date.
-    void Refresh();
+    // Brings the links up to date; true when they may have changed.
+    bool Refresh();
 
     // By their letters: lower case, never c.
     const std::map<char, DriveLink>& Links() const { return m_links; }

@@ -13,13 +13,16 @@ namespace tavel {
 
 // The removable drives and their letters: mounted file systems from d: on, in the order of
 // mounting, each keeping its letter while it is mounted, and folders linked as `drives/X`. A letter
-// that a mount has stays with it; a new mount passes over the letters of links.
+// that a mount has stays with it; a new mount passes over the letters of links, and of the free
+// letters it gets the one that has been unused longest: what still names a file of a drive that has
+// gone shall not name one of the next drive.
 class DriveTable {
   public:
     DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
 
     struct Entry {
         char letter = 0;
+        bool isLink = false;
         std::string label;                   // empty when there is no medium
         std::vector<std::string> hostRoots;  // the host's names of its root
     };
@@ -46,6 +49,7 @@ class DriveTable {
 
     void Refresh();
     void ReadMounts();
+    bool IsTaken(char letter) const;
     char FreeLetter() const;
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
@@ -53,6 +57,7 @@ class DriveTable {
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;
+    std::string m_letters;  // of mounts: the free ones first, the longest unused in front
 };
 
 }  // namespace tavel

@@ -2,8 +2,10 @@
 
 #include "platform/Failure.h"
 #include "platform/linux/FileIdentity.h"
+#include "platform/linux/Flush.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostPaths.h"
 
 #include <stdio.h>
 
@@ -36,6 +38,9 @@ void RequireOneDrive(const Place& place) {
     if (place.path.HasSecondDrive()) Fail(failure::BadFileName);
 }
 
+// On a removable drive at once; the host sees to others in its own time.
+bool KeepEntries(const Place& place) { return !place.isOnRemovable || FlushFolderOf(place); }
+
 void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
 
 Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
@@ -66,11 +71,14 @@ Long CopyBytes(HostFile& source, HostFile& target) {
     return 0;
 }
 
-void CopyBetween(Place source, DriveTable& drives, Place target) {
+enum class Lasting { AsOnItsDrive, OnceCopied };
+
+void CopyBetween(Place source, DriveTable& drives, Place target, Lasting lasting) {
     const struct stat status = source.status;
     const std::string targetPath = target.path.Text();
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
+    if (lasting == Lasting::OnceCopied) to->FlushOnClose();
     Long error = CopyBytes(*from, *to);
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
@@ -94,9 +102,15 @@ bool RenameIfFree(const Place& source, const Place& target) {
     return true;
 }
 
+bool FlushMove(const Place& source, const Place& target) {
+    const bool leavesFolder = FolderOf(source.hostPath) != FolderOf(target.hostPath);
+    return FlushRenamed(target) && FlushFolderOf(target) &&
+           (!leavesFolder || FlushFolderOf(source));
+}
+
 void MoveAcross(DriveTable& drives, Place source, Place target) {
     const std::string sourcePath = source.path.Text();
-    CopyBetween(std::move(source), drives, std::move(target));
+    CopyBetween(std::move(source), drives, std::move(target), Lasting::OnceCopied);
     DeleteFileAt(FindPlace(drives, sourcePath), true);
 }
 
@@ -106,14 +120,14 @@ void CreateFolderAt(const Place& place) {
     RequireOneDrive(place);
     RequireFree(place);
     Require(mkdirat(place.Parent(), place.name.c_str(), 0777) == 0);
-    Require(SyncFolderOf(place));
+    Require(KeepEntries(place));
 }
 
 void DeleteFileAt(const Place& place, bool force) {
     RequireFile(place);
     if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
     Require(unlinkat(place.Parent(), place.name.c_str(), 0) == 0);
-    Require(SyncFolderOf(place));
+    Require(KeepEntries(place));
 }
 
 void CreateTextFileAt(Place place, bool overwrite) {
@@ -130,7 +144,7 @@ void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place to = FindTarget(drives, target, from);
     if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
     if (to.failure == 0 && IsSameFile(from, to)) Fail(failure::PermissionDenied);
-    CopyBetween(std::move(from), drives, std::move(to));
+    CopyBetween(std::move(from), drives, std::move(to), Lasting::AsOnItsDrive);
 }
 
 void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target) {
@@ -140,7 +154,7 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
     if (RenameIfFree(from, to)) {
-        Require(SyncFolderOf(from) && SyncFolderOf(to));
+        Require(!to.isOnRemovable || FlushMove(from, to));
     } else {
         MoveAcross(drives, std::move(from), std::move(to));
     }

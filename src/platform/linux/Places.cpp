@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostNames.h"
+#include "platform/linux/HostPaths.h"
 
 #include <linux/openat2.h>
 #include <sys/syscall.h>
@@ -18,12 +19,6 @@ namespace {
 constexpr int folderFlags = O_PATH | O_DIRECTORY | O_CLOEXEC;
 
 bool HasHostSeparator(std::string_view name) { return name.find('/') != std::string_view::npos; }
-
-std::string HostJoin(std::string_view folder, std::string_view name) {
-    std::string path(folder);
-    if (path.empty() || path.back() != '/') path += '/';
-    return path.append(name);
-}
 
 // The host could know no such name, so that only another spelling can be there.
 bool IsNotThere(int error) {
@@ -187,6 +182,17 @@ Place FindPlace(DriveTable& drives, std::string_view path) {
     } else {
         FindOnRemovable(drives, place);
     }
+    return place;
+}
+
+Place FindOnHost(const std::string& hostPath) {
+    Place place;
+    place.hostPath = RealPath(hostPath);
+    place.folder = Descriptor(open(FolderOf(place.hostPath).c_str(), folderFlags));
+    place.name = LastName(place.hostPath);
+    const int found =
+        fstatat(place.Parent(), place.name.c_str(), &place.status, AT_SYMLINK_NOFOLLOW);
+    if (!place.folder.IsOpen() || found != 0) place.failure = failure::FileNotFound;
     return place;
 }
 

@@ -41,6 +41,9 @@ struct Place {
 // Follows a path: its exact spelling first, then name by name without regard to case.
 Place FindPlace(DriveTable& drives, std::string_view path);
 
+// The place of what a host path leads to, behind all symbolic links and with its folder open.
+Place FindOnHost(const std::string& hostPath);
+
 // The host path of what is there on a removable drive, whose last name is spelt as its folder
 // spells it: a file system that ignores case follows any other spelling as well, and may take it
 // for a file of its own.
