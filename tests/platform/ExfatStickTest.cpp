@@ -267,6 +267,8 @@ TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     const std::string root = RootOf(*service);
     ASSERT_NE(root, "");
     service->CreateTextFile(root + "TavelDataFile.tavel", true);
+    const std::string lasting = service->StablePath(root);
+    EXPECT_TRUE(service->FileExists(lasting + "\\taveldatafile.tavel"));
     EXPECT_TRUE(fs::exists(stick.MountFolder() + "/TavelDataFile.tavel"));
     EXPECT_TRUE(service->FileExists(root + "taveldatafile.tavel"));
     stick.Pull();
@@ -274,8 +276,10 @@ TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     EXPECT_EQ(FailureOf([&] { service->GetDrive(root); }), 68);
     EXPECT_FALSE(service->FileExists(root + "taveldatafile.tavel"));
     EXPECT_EQ(FailureOf([&] { service->CreateTextFile(root + "b.txt", true); }), 76);
+    EXPECT_EQ(FailureOf([&] { service->CreateTextFile(lasting + "\\b.txt", true); }), 76);
     EXPECT_TRUE(IsMountFolderEmpty());
     ASSERT_TRUE(stick.Mount());
+    service->CreateTextFile(lasting + "\\b.txt", true);
     EXPECT_TRUE(service->FileExists(RootOf(*service) + "taveldatafile.tavel"));
 }
 

@@ -1,22 +1,14 @@
 #include "platform/linux/FileIdentity.h"
 
 #include "platform/linux/HostNames.h"
+#include "platform/linux/HostPaths.h"
 
 #include <linux/magic.h>
 #include <sys/vfs.h>
 
-#include <filesystem>
-#include <system_error>
-
 namespace tavel {
 
 namespace {
-
-// Where an open file really is, behind all links.
-std::string PathOf(int file) {
-    std::error_code none;
-    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), none).string();
-}
 
 Descriptor Look(const Place& place) {
     return Descriptor(openat(place.Parent(), place.name.c_str(), O_PATH | place.OpenFlags()));

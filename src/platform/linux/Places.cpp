@@ -90,10 +90,13 @@ bool FindExactlyOnFixed(Place& place) {
     return true;
 }
 
-void FindOnFixed(Place& place) {
+void FindOnFixed(DriveTable& drives, Place& place) {
     if (FindExactlyOnFixed(place)) return;
     place.hostPath = "/";
     FindIn(Tree(), place);
+    // Nothing is made in the empty folder of a stick that has gone.
+    if (place.failure == failure::FileNotFound && drives.IsLeftBehind(place.folder.Get()))
+        place.failure = failure::PathNotFound;
 }
 
 void FindOnRemovable(DriveTable& drives, Place& place) {
@@ -123,7 +126,7 @@ Place FindPlace(DriveTable& drives, std::string_view path) {
     }
     place.path = *std::move(parsed);
     if (place.path.letter == 'c') {
-        FindOnFixed(place);
+        FindOnFixed(drives, place);
     } else {
         FindOnRemovable(drives, place);
     }
