@@ -36,12 +36,12 @@ void WriteHead(SectionWriter& section, const Record& record, MediaType type) {
 void WriteGroupsOf(SectionWriter& section, const Item& item) {
     section.Write("NoOfGroups", Long{item.iNoGroups});
     for (Integer i = 0; i < item.iNoGroups; ++i)
-        section.Write("group" + std::to_string(i), item.Get_sGroups(i));
+        section.Write("group" + std::to_string(i), item.Groups().Get(i));
 }
 
 void Write(SectionWriter& section, const Photo& photo) {
     WriteHead(section, photo, mtPhoto);
-    section.Write("Path", photo.sPath);
+    section.Write("Path", photo.sPath());
     section.Write("Format", photo.sFormat);
     section.Write("Size", photo.iSize);
     section.Write("SizeW", Long{photo.iSizeW});
@@ -51,7 +51,7 @@ void Write(SectionWriter& section, const Photo& photo) {
 
 void Write(SectionWriter& section, const Music& music) {
     WriteHead(section, music, mtMusic);
-    section.Write("Path", music.sPath);
+    section.Write("Path", music.sPath());
     section.Write("Size", music.iSize);
     section.Write("Format", music.sFormat);
     section.Write("Artist", music.sArtist);
@@ -61,7 +61,7 @@ void Write(SectionWriter& section, const Music& music) {
 
 void Write(SectionWriter& section, const Video& video) {
     WriteHead(section, video, mtVideo);
-    section.Write("Path", video.sPath);
+    section.Write("Path", video.sPath());
     section.Write("Format", video.sFormat);
     section.Write("Size", video.iSize);
     section.Write("ThumbPath", video.sThumbPath);
@@ -73,7 +73,7 @@ void WriteGroup(SectionWriter& section, const Group& group, MediaType type,
     WriteHead(section, group, type);
     const Integer iCount = group.Count();
     section.Write(countKey, Long{iCount});
-    for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Get_sMemberID(i));
+    for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Members().Get(i));
 }
 
 void Write(SectionWriter& section, const Magazine& magazine) {
