@@ -190,6 +190,18 @@ TEST_F(SaveDBTest, A_long_value_is_cut_at_254_characters_at_the_next_load) {
     EXPECT_EQ(GroupsOf(colPhoto.Item(1)), Texts{repeated("\u00e4", 254)});
 }
 
+TEST_F(SaveDBTest, A_path_of_157_Cyrillic_characters_comes_back_whole) {
+    std::string sPath = "C:\\";
+    for (int i = 3; i < 157; ++i) sPath += "\u0436";
+    Contain("");
+    GivePhoto("ph_a").sPath = sPath;
+    for (int session = 0; session < 2; ++session) {
+        SaveDB();
+        Reload();
+        EXPECT_EQ(colPhoto.Item("ph_a").sPath, sPath);
+    }
+}
+
 TEST_F(SaveDBTest, Bytes_of_any_code_page_come_back_as_they_were) {
     Contain("");
     Photo& photo = GivePhoto("ph_a");
