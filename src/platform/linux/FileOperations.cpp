@@ -41,7 +41,12 @@ void RequireOneDrive(const Place& place) {
 // On a removable drive at once; the host sees to others in its own time.
 bool KeepEntries(const Place& place) { return !place.isOnRemovable || FlushFolderOf(place); }
 
-void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
+// Its entry is on the medium by now, and must not be there when a stick is pulled.
+void RemovePartial(const Place& partial) {
+    if (!partial.IsFile()) return;
+    unlinkat(partial.Parent(), partial.name.c_str(), 0);
+    KeepEntries(partial);
+}
 
 Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
     Place place = FindPlace(drives, target);
@@ -83,8 +88,7 @@ void CopyBetween(Place source, DriveTable& drives, Place target, Lasting lasting
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
-    const Place partial = FindPlace(drives, targetPath);
-    if (partial.IsFile()) Remove(partial);
+    RemovePartial(FindPlace(drives, targetPath));
     Fail(error);
 }
 
