@@ -10,8 +10,8 @@
 #include <stdio.h>
 
 #include <cerrno>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace tavel {
 
@@ -66,13 +66,13 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
 
 // 0, or the run-time's number of what went wrong.
 Long CopyBytes(HostFile& source, HostFile& target) {
-    std::vector<char> piece(pieceSize);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
     std::size_t count = 0;
     std::size_t written = 0;
     do {
-        if (!source.Read(piece, count)) return source.Error();
-        if (!target.Write({piece.data(), count}, written)) return target.Error();
-    } while (count == piece.size());
+        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
+        if (!target.Write({piece.get(), count}, written)) return target.Error();
+    } while (count == pieceSize);
     return 0;
 }
 
