@@ -10,6 +10,8 @@ QEMU = "qemu-system-x86_64"
 
 
 class Machine:
+    """Runs as long as its with block, whose end is a power cut."""
+
     def __init__(self, place, kernel, initrd):
         self._log = place / "console.log"
         for name in ("monitor", "shell"):
@@ -35,7 +37,7 @@ class Machine:
         self.cut_power()
 
     def cut_power(self):
-        """What the kernel has not written by now is lost."""
+        """Before the end of the block. What the kernel has not written by now is lost."""
         self._process.kill()
         self._process.wait()
 
@@ -98,9 +100,3 @@ class Machine:
     def mount(self, stick, options):
         """In its folder below /media, as soon as the kernel knows it."""
         self.run("mount_stick", stick.name, stick.file_system, options, stick.folder)
-
-    def digests_in(self, folder):
-        """{path: digest} of the files below it."""
-        lines = self.run("find", folder, "-type", "f", "-exec", "sha256sum", "{}", "+")
-        told = (line.split("  ", 1) for line in lines)
-        return {path.removeprefix(f"{folder}/"): digest for digest, path in told}
