@@ -194,11 +194,11 @@ TEST_F(SaveDBTest, A_path_of_157_Cyrillic_characters_comes_back_whole) {
     std::string sPath = "C:\\";
     for (int i = 3; i < 157; ++i) sPath += "\u0436";
     Contain("");
-    GivePhoto("ph_a").sPath = sPath;
+    GivePhoto("ph_a").sPath(sPath);
     for (int session = 0; session < 2; ++session) {
         SaveDB();
         Reload();
-        EXPECT_EQ(colPhoto.Item("ph_a").sPath, sPath);
+        EXPECT_EQ(colPhoto.Item("ph_a").sPath(), sPath);
     }
 }
 
