@@ -2,7 +2,10 @@
 #include "core/modRegistry.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
+#include "platform/Activity.h"
 #include "platform/ProfileService.h"
+
+#include <array>
 
 namespace tavel {
 
@@ -22,20 +25,13 @@ class SectionWriter {
     std::string m_name;
 };
 
-void WriteHead(const SectionWriter& section, const Record& record, MediaType type) {
-    section.Write("ID", record.sDBID);
-    section.Write("Name", record.sName);
-    section.Write("Type", Long{type});
-}
-
 void WriteGroupsOf(const SectionWriter& section, const Item& item) {
     section.Write("NoOfGroups", Long{item.iNoGroups});
     for (Integer i = 0; i < item.iNoGroups; ++i)
         section.Write("group" + std::to_string(i), item.Groups().Get(i));
 }
 
-void Write(const SectionWriter& section, const Photo& photo) {
-    WriteHead(section, photo, mtPhoto);
+void WriteFields(const SectionWriter& section, const Photo& photo) {
     section.Write("Path", photo.sPath());
     section.Write("Format", photo.sFormat);
     section.Write("Size", photo.iSize);
@@ -44,8 +40,7 @@ void Write(const SectionWriter& section, const Photo& photo) {
     WriteGroupsOf(section, photo);
 }
 
-void Write(const SectionWriter& section, const Music& music) {
-    WriteHead(section, music, mtMusic);
+void WriteFields(const SectionWriter& section, const Music& music) {
     section.Write("Path", music.sPath());
     section.Write("Size", music.iSize);
     section.Write("Format", music.sFormat);
@@ -54,8 +49,7 @@ void Write(const SectionWriter& section, const Music& music) {
     WriteGroupsOf(section, music);
 }
 
-void Write(const SectionWriter& section, const Video& video) {
-    WriteHead(section, video, mtVideo);
+void WriteFields(const SectionWriter& section, const Video& video) {
     section.Write("Path", video.sPath());
     section.Write("Format", video.sFormat);
     section.Write("Size", video.iSize);
@@ -63,51 +57,51 @@ void Write(const SectionWriter& section, const Video& video) {
     WriteGroupsOf(section, video);
 }
 
-void WriteGroup(const SectionWriter& section, const Group& group, MediaType type,
-                std::string_view countKey) {
-    WriteHead(section, group, type);
+void WriteMembers(const SectionWriter& section, const Group& group, std::string_view countKey) {
     const Integer iCount = group.Count();
     section.Write(countKey, Long{iCount});
     for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Members().Get(i));
 }
 
-void Write(const SectionWriter& section, const Magazine& magazine) {
-    WriteGroup(section, magazine, mtMagazine, "NoOfPages");
+void WriteFields(const SectionWriter& section, const PagedGroup& group) {
+    WriteMembers(section, group, "NoOfPages");
 }
 
-void Write(const SectionWriter& section, const PhotoAlbum& album) {
-    WriteGroup(section, album, mtPhotoAlbum, "NoOfPages");
+void WriteFields(const SectionWriter& section, const VidSeries& series) {
+    WriteMembers(section, series, "NoOfEpisodes");
 }
 
-void Write(const SectionWriter& section, const VidSeries& series) {
-    WriteGroup(section, series, mtVidSeries, "NoOfEpisodes");
+void WriteFields(const SectionWriter& section, const Playlist& list) {
+    WriteMembers(section, list, "NoOfTracks");
 }
 
-void Write(const SectionWriter& section, const Playlist& playlist) {
-    WriteGroup(section, playlist, mtPlaylist, "NoOfTracks");
-}
-
-// `number` is that of the last section written.
 template <class T>
-void WriteAll(Integer& number, const Collection<T>& collection) {
-    for (Long i = 1; i <= collection.Count(); ++i) {
-        number = ToInteger(number + 1);
-        Write(SectionWriter(number), collection.Item(i));
-    }
+void WriteEntry(Integer number, MediaType type, const T& record) {
+    const Doing saving("Saving", record.sDBID, "in", sDBFile);
+    const SectionWriter section(number);
+    section.Write("ID", record.sDBID);
+    section.Write("Name", record.sName);
+    section.Write("Type", Long{type});
+    WriteFields(section, record);
 }
+
+constexpr std::array SaveOrder{mtPhoto,      mtMusic,     mtVideo,   mtMagazine,
+                               mtPhotoAlbum, mtVidSeries, mtPlaylist};
 
 }  // namespace
 
 void SaveDB() {
+    const Doing saving("Saving", sDBFile);
     const ProfileBatch batch(sDBFile);
     Integer n = 0;
-    WriteAll(n, colPhoto);
-    WriteAll(n, colMusic);
-    WriteAll(n, colVideo);
-    WriteAll(n, colMagazine);
-    WriteAll(n, colPhotoAlbum);
-    WriteAll(n, colVidSeries);
-    WriteAll(n, colPlaylist);
+    for (const MediaType type : SaveOrder) {
+        WithCollection(type, [&](const auto& records, auto*) {
+            for (Long i = 1; i <= records.Count(); ++i) {
+                n = ToInteger(n + 1);
+                WriteEntry(n, type, records.Item(i));
+            }
+        });
+    }
     WriteValue(sDBFile, "DB", "NoOfItems", "s", std::to_string(n));
 }
 
