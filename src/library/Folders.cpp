@@ -21,9 +21,10 @@ void CreateIfMissing(const std::string& sFolder) {
 }
 
 void MoveItem(Item& item, const std::string& sTarget) {
-    const Doing moving("Moving", item.sPath(), "to", sTarget);
+    const std::string sSource = item.sPath();
+    const Doing moving("Moving", sSource, "to", sTarget);
     if (IsPathTooLong(sTarget)) Fail(failure::PathNotFound);
-    oFSO().MoveFile(item.sPath(), sTarget);
+    oFSO().MoveFile(sSource, sTarget);
     item.sPath(sTarget);
 }
 

@@ -141,7 +141,7 @@ void RemoveItem(const std::string& sID, bool& bDeleteFile) {
         RemoveRecord(iType, sID);
         bDeleteFile = false;
     }
-    if (bDeleteFile && IsItemType(iType)) {
+    if (bDeleteFile) {
         const Doing deleting("Deleting", sPath);
         oFSO().DeleteFile(sPath, true);
     }

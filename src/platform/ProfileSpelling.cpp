@@ -5,7 +5,6 @@ namespace tavel {
 namespace {
 
 bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
 bool EndsLine(char c) { return c == '\0' || IsLineBreak(c); }
 bool IsQuote(char c) { return c == '"' || c == '\''; }
 

@@ -10,6 +10,8 @@ namespace tavel {
 
 // How names and values are spelt in the lines of a profile file. Blanks are spaces and tabs.
 
+inline bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
+
 std::string_view WithoutBlanksBefore(std::string_view text);
 std::string_view WithoutBlanksAfter(std::string_view text);
 

@@ -12,8 +12,6 @@ namespace {
 constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
 constexpr std::string_view newLine = "\r\n";
 
-bool IsLineBreak(char c) { return c == '\r' || c == '\n'; }
-
 // Takes the first line off the text, with its line break.
 std::string_view TakeLine(std::string_view& text) {
     const auto end = std::find_if(text.begin(), text.end(), IsLineBreak);

@@ -37,9 +37,9 @@ class ProfileText {
     // Replaces the value in place, or puts the new key behind the last key of its section, or a
     // new section at the end; a value that reads the same already changes nothing. A NUL ends the
     // value, a line break in it becomes one blank, and one that would not survive its reading gets
-    // an extra pair of quotes. False, with nothing changed, for names that could not be found
-    // again: empty ones, those with "=" or a line break or a NUL, those that begin with ";" or "[",
-    // and sections with "]".
+    // an extra pair of quotes. False, with nothing changed, for a new key or section of a name
+    // that could not be found again: an empty one, one with "=" or a line break or a NUL, one that
+    // begins with ";" or "[", and a section with "]".
     bool Write(std::string_view section, std::string_view key, std::string_view value);
 
     // True once Write has changed something.

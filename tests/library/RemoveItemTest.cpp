@@ -227,5 +227,11 @@ TEST_F(RemoveItemTest, What_is_no_id_removes_nothing_and_marks_the_library_as_ch
     EXPECT_TRUE(bDBChanged);
 }
 
+TEST_F(RemoveItemTest, What_is_no_id_has_no_file_to_delete_and_fails) {
+    bool bDeleteFile = true;
+    EXPECT_EQ(FailureOf([&] { RemoveItem("-1", bDeleteFile); }), 76);
+    EXPECT_FALSE(bDBChanged);
+}
+
 }  // namespace
 }  // namespace tavel::test

@@ -135,6 +135,21 @@ TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_sourc
                                         "flush folder " + below + "/card", "remove " + name));
 }
 
+TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
+    mounts.Mount(temp.HostPath("card"), "card");
+    ASSERT_TRUE(files->DriveExists("d:"));
+    WriteRaw(temp.DrivePath("card/new.bin"), "x");
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
+    files->CreateFolder(temp.DrivePath("card/psp"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    files->MoveFile(temp.DrivePath("card/new.bin"), temp.DrivePath("card/psp/new.bin"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
+                            "flush folder card/psp", "flush folder card"));
+    files->DeleteFile(temp.DrivePath("card/old.txt"), true);
+    EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+}
+
 TEST_F(PowerCut, The_host_sees_to_other_drives_in_its_own_time) {
     WriteRaw(temp.DrivePath("card/new.bin"), "x");
     files->CreateFolder(temp.DrivePath("card/psp"));
