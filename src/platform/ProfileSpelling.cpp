@@ -47,12 +47,7 @@ std::string_view WithoutBlanks(std::string_view text) {
 
 bool NameOrder::operator()(std::string_view a, std::string_view b) const {
     if (a.size() != b.size()) return a.size() < b.size();
-    for (std::size_t i = 0; i < a.size(); ++i) {
-        const char x = AsciiLower(a[i]);
-        const char y = AsciiLower(b[i]);
-        if (x != y) return x < y;
-    }
-    return false;
+    return std::ranges::lexicographical_compare(a, b, {}, AsciiLower, AsciiLower);
 }
 
 bool CanBeKey(std::string_view name) {

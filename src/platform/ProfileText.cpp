@@ -53,13 +53,8 @@ void ProfileText::Parse(std::string_view text) {
         const std::size_t bracket = content.starts_with('[') ? content.find(']') : content.npos;
         const bool isHeader = bracket != content.npos;
         if (isHeader) section = ParseHeader(line, WithoutBlanks(content.substr(1, bracket - 1)));
-        if (section != nullptr && (isHeader || ParseKey(*section, line, content))) continue;
-        if (m_lines.empty() || m_lines.back().nameSize != 0) {
-            m_lines.emplace_back(line);
-        } else {
-            std::string_view& before = m_lines.back().text;
-            before = {before.data(), before.size() + line.size()};
-        }
+        const bool isKnown = section != nullptr && (isHeader || ParseKey(*section, line, content));
+        if (!isKnown) AddOther(line);
     }
 }
 
@@ -77,6 +72,15 @@ bool ProfileText::ParseKey(Section& section, std::string_view line, std::string_
     if (name.empty()) return false;
     AddKey(section, Line(line, name, WithoutBlanks(content.substr(equals + 1))), m_lines.end());
     return true;
+}
+
+void ProfileText::AddOther(std::string_view line) {
+    if (m_lines.empty() || m_lines.back().nameSize != 0) {
+        m_lines.emplace_back(line);
+    } else {
+        std::string_view& before = m_lines.back().text;
+        before = {before.data(), before.size() + line.size()};
+    }
 }
 
 // A library is read and written in the order of its sections: most of them are, or would be, where

@@ -86,6 +86,7 @@ class ProfileText {
     void Parse(std::string_view text);
     Section* ParseHeader(std::string_view line, std::string_view name);
     bool ParseKey(Section& section, std::string_view line, std::string_view content);
+    void AddOther(std::string_view line);
     Section* FindSection(std::string_view name);
     Line* FindKey(Section& section, std::string_view name);
     Section& AddSection(const Line& header);
