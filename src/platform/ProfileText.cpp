@@ -147,6 +147,8 @@ void ProfileText::Replace(Line& line, std::string_view value) {
     const std::string_view after = line.text.substr(line.valueAt + line.valueSize);
     line.text = Keep(before, value, after);
     line.valueSize = static_cast<std::uint32_t>(value.size());
+    // Where reading the file anew would find it.
+    if (value.empty()) line.valueAt = static_cast<std::uint32_t>(line.text.find('=') + 1);
 }
 
 void ProfileText::AppendKey(Section& section, std::string_view name, std::string_view value) {

@@ -1,5 +1,6 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
+#include "support/FileSizeLimit.h"
 #include "support/HostCalls.h"
 #include "support/HostDrives.h"
 #include "support/PlainUser.h"
@@ -72,6 +73,18 @@ TEST_F(PowerCut, A_file_on_a_stick_is_flushed_when_it_is_closed_and_a_new_one_wi
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/copy.bin 4000", "flush folder card"));
     files->CreateTextFile("e:\\empty.txt", true);
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/empty.txt 0", "flush folder card"));
+}
+
+TEST_F(PowerCut, What_of_a_copy_did_not_fit_is_gone_from_the_stick) {
+    temp.Write("large.bin", std::string(200, 'x'));
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_EQ(
+            FailureOf([&] { files->CopyFile(temp.DrivePath("large.bin"), "e:\\a.bin", true); }),
+            61);
+    }
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/a.bin 100", "flush folder card",
+                                          "remove card/a.bin", "flush folder card"));
 }
 
 TEST_F(PowerCut, Folders_made_and_files_removed_on_a_stick_are_so_at_once) {

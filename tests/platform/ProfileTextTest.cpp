@@ -299,6 +299,14 @@ TEST(ProfileText, What_was_written_is_edited_again) {
     EXPECT_EQ(BytesOf(profile), "[t]\nx=3\r\ny=3\r\n[s]\r\na=3\r\n");
 }
 
+TEST(ProfileText, An_emptied_value_is_filled_as_if_the_file_had_been_read_again) {
+    ProfileText profile("[s]\na= x \n");
+    EXPECT_TRUE(profile.Write("s", "a", ""));
+    const std::string emptied = BytesOf(profile);
+    EXPECT_TRUE(profile.Write("s", "a", "new"));
+    EXPECT_EQ(BytesOf(profile), Written(emptied, "s", "a", "new"));
+}
+
 // A line whose end is missing is finished once, whoever comes first behind it.
 TEST(ProfileText, An_unfinished_end_is_finished_once) {
     ProfileText sectionFirst("[s]");

@@ -9,6 +9,7 @@
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/WorkWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -74,11 +75,11 @@ TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
 TEST(MsgBox, outlives_its_owner) {
     const RealPrompts real;
     auto* owner = new QWidget;
-    owner->show();
-    owner->activateWindow();
-    RunEvents();
-    ASSERT_EQ(QApplication::activeWindow(), owner);
-    WhenModal([owner](QWidget&) { delete owner; });
+    SetWorkWindow(*owner);
+    WhenModal([owner](QWidget& box) {
+        ASSERT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
     EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
 }
 
@@ -215,6 +216,16 @@ TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
     request.multiSelect = true;
     EXPECT_EQ(TypeInVain(QStringLiteral("\"b.jpg\" \"a\\b.jpg\"")).result, 0);
     EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
+}
+
+TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
+    const std::string fits(MaxPathCharacters - folder.DrivePath("").size() - 1, 'x');
+    folder.Write(fits, "");
+    folder.Write(fits + 'y', "");
+    EXPECT_EQ(Type(ToQString(fits)).files, QStringList(ToQString(folder.HostPath(fits))));
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'y')).result, 0);
+    request.mustExist = false;
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'z')).result, 0);
 }
 
 TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
