@@ -22,8 +22,8 @@ class Collection {
   public:
     Collection() = default;
     Collection(const Collection&) = delete;
+    Collection(Collection&&) = default;
     Collection& operator=(const Collection&) = delete;
-    Collection(Collection&&) = default;  // entries stay where they are
     Collection& operator=(Collection&&) = default;
 
     Long Count() const { return static_cast<Long>(m_entries.size()); }

@@ -246,6 +246,16 @@ TEST(Collections, Positions_are_right_whichever_entries_have_gone_and_come) {
     EXPECT_EQ(all(), "i");
 }
 
+TEST(Collections, A_moved_one_has_its_entries) {
+    Collection<std::string> texts;
+    texts.Add("a", "first");
+    texts.Add("b", "second");
+    Collection<std::string> moved = std::move(texts);
+    moved.Add("c", "third");
+    moved.Remove("a");
+    EXPECT_EQ(moved.Item("B") + moved.Item(2), "secondthird");
+}
+
 TEST(Collections, A_key_twice_a_missing_key_and_a_position_outside_fail) {
     Collection<std::string> texts;
     texts.Add("a\u00e4", "x");
