@@ -2,6 +2,7 @@
 
 #include "core/MessageBoxes.h"
 #include "platform/Numbers.h"
+#include "platform/Service.h"
 
 #include <QString>
 #include <QStringList>
@@ -74,8 +75,8 @@ class Prompter {
     virtual std::string PickFolder(const FolderRequest& request) = 0;
 };
 
-// The real boxes, unless UsePrompter has put another in their place (nullptr: back to the real).
-Prompter& CurrentPrompter();
-void UsePrompter(Prompter* prompter);
+// The real boxes.
+template <>
+Prompter* OwnService<Prompter>();
 
 }  // namespace tavel
