@@ -6,7 +6,7 @@
 #include "core/PublicStuff.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <fcntl.h>
 #include <glib.h>
@@ -104,8 +104,8 @@ int main(int argc, char** argv) {
     const std::string text = bench::SampleLibrary(10000);
     WriteOnce(path, text);
     SilentLog log;
-    UpCall<LogWindow>::Set(&log);
-    sDBFile = HostFileService().FromHostPath(std::filesystem::absolute(path).string());
+    Service<LogWindow>::Use(&log);
+    sDBFile = oFSO().FromHostPath(std::filesystem::absolute(path).string());
 
     const std::vector<Key> keys = KeysOf(text);
     bench::Compare(

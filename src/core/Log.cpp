@@ -2,7 +2,7 @@
 
 #include "core/LogWindow.h"
 #include "platform/Clock.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <algorithm>
 #include <string>
@@ -23,8 +23,8 @@ std::string UpperCase(std::string_view category) {
 }  // namespace
 
 void AddLog(std::string_view sCategory, std::string_view sMessage) {
-    UpCall<LogWindow>::Get().AddItem(HostClock().NowText() + "\t" + UpperCase(sCategory) + "\t" +
-                                     std::string(sMessage));
+    Service<LogWindow>::Get().AddItem(Service<Clock>::Get().NowText() + "\t" +
+                                      UpperCase(sCategory) + "\t" + std::string(sMessage));
 }
 
 }  // namespace tavel

@@ -26,9 +26,9 @@ Integer iScanDelay = 0;
 bool bScanning = false;
 bool bDBChanged = false;
 
-FileService& oFSO() { return HostFileService(); }
+FileService& oFSO() { return oFSO(); }
 
-void UseFileService(FileService* service) { UseHostFileService(service); }
+void Service<FileService>::Use(FileService* service) { Service<FileService>::Use(service); }
 
 void ResetPublicStuff() {
     bFirstTime = false;
@@ -55,7 +55,7 @@ void ResetPublicStuff() {
     bScanning = false;
     bDBChanged = false;
 
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 }  // namespace tavel

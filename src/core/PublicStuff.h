@@ -51,7 +51,7 @@ extern bool bDBChanged;     // the library has changes that ShutDown must save
 // The one file service of the program; the host's own unless UseFileService has put another in its
 // place (nullptr: back to the host's).
 FileService& oFSO();
-void UseFileService(FileService* service);
+void Service<FileService>::Use(FileService* service);
 
 // Puts all of the above back to what it is when the process begins.
 void ResetPublicStuff();

@@ -5,7 +5,7 @@
 #include "library/Identifiers.h"
 #include "library/LibraryWindows.h"
 #include "platform/Failure.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <unordered_map>
 
@@ -120,7 +120,7 @@ std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& s
             LinkToGroup(iType, sItemID, sID);
         }
     }
-    UpCall<CategoryTree>::Get().RefreshCats();
+    Service<CategoryTree>::Get().RefreshCats();
     return sID;
 }
 

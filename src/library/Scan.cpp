@@ -8,7 +8,7 @@
 #include "library/LibraryWindows.h"
 #include "library/PathIndex.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <string>
 #include <vector>
@@ -44,7 +44,7 @@ bool IsIn(const Collection<T>& collection, MediaType type, std::string_view sPat
 
 void BackgroundScan() {
     if (bScanning) return;
-    ScanTimer& tmrBack = UpCall<ScanTimer>::Get();
+    ScanTimer& tmrBack = Service<ScanTimer>::Get();
     tmrBack.Enable(false);
     bScanning = true;
     const std::vector<std::string> folders = WatchFolders();

@@ -27,11 +27,11 @@ Clock* current = nullptr;
 
 }  // namespace
 
-Clock& HostClock() {
+Clock& Service<Clock>::Get() {
     static SystemClock host;
     return current != nullptr ? *current : host;
 }
 
-void UseClock(Clock* clock) { current = clock; }
+void Service<Clock>::Use(Clock* clock) { current = clock; }
 
 }  // namespace tavel

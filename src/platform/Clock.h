@@ -17,7 +17,7 @@ class Clock {
 };
 
 // The host's own clock unless UseClock has put another in its place (nullptr: back to the host's).
-Clock& HostClock();
-void UseClock(Clock* clock);
+Clock& Service<Clock>::Get();
+void Service<Clock>::Use(Clock* clock);
 
 }  // namespace tavel

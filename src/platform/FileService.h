@@ -117,8 +117,8 @@ class FileService {
 // The host's own service, made on first use and kept as long as the process lives, unless
 // UseHostFileService has put another in its place (nullptr: back to the host's). The profile
 // service stands on it too.
-FileService& HostFileService();
-void UseHostFileService(FileService* service);
+FileService& oFSO();
+void Service<FileService>::Use(FileService* service);
 
 // The folder of the running program as a drive path, without a separator at its end unless it is
 // the root of a drive.

@@ -46,7 +46,7 @@ std::optional<Batch>& Running() {
 bool IsIn(const std::optional<Batch>& batch, std::string_view path) {
     if (!batch) return false;
     if (batch->path == path) return true;
-    return !batch->hostPath.empty() && batch->hostPath == HostFileService().HostPath(path);
+    return !batch->hostPath.empty() && batch->hostPath == oFSO().HostPath(path);
 }
 
 void Keep(const std::shared_ptr<Document>& document) {
@@ -62,10 +62,10 @@ void Forget(const Document& document) {
 // Null when something is there that cannot be read.
 std::shared_ptr<Document> Load(std::string_view path) {
     auto document = std::make_shared<Document>();
-    document->hostPath = HostFileService().HostPath(path);
+    document->hostPath = oFSO().HostPath(path);
     // The file service knows what is no file to it, such as a link that leads out of a stick.
     std::optional<FileStamp> present;
-    if (HostFileService().FileExists(path)) present = StampOf(document->hostPath);
+    if (oFSO().FileExists(path)) present = StampOf(document->hostPath);
     if (present && Kept() && Kept()->hostPath == document->hostPath && Kept()->stamp == present) {
         return Kept();
     }
@@ -84,7 +84,7 @@ std::shared_ptr<Document> Load(std::string_view path) {
 
 bool MakeFile(std::string_view path) {
     Long error = 0;
-    const std::unique_ptr<RawFile> file = HostFileService().OpenRaw(path, RawMode::Create, error);
+    const std::unique_ptr<RawFile> file = oFSO().OpenRaw(path, RawMode::Create, error);
     return file != nullptr && file->Close();
 }
 
@@ -94,7 +94,7 @@ bool Save(Document& document, std::string_view path, bool isBatch) {
     if (!document.text->IsChanged()) return true;
     Forget(document);
     if (!document.stamp && !MakeFile(path)) return false;
-    const std::string hostPath = HostFileService().HostPath(path);
+    const std::string hostPath = oFSO().HostPath(path);
     const auto bytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
     if (!ReplaceHostFile(hostPath, bytes, !isBatch)) return false;
     document.hostPath = hostPath;
@@ -190,7 +190,7 @@ bool ProfileFileExists(std::string_view path) {
     // Any failure of the test stands for a missing file.
     try {
         if (IsIn(Running(), path)) return Running()->fileExists;
-        return HostFileService().FileExists(path) && !HostFileService().GetFile(path).Hidden;
+        return oFSO().FileExists(path) && !oFSO().GetFile(path).Hidden;
     } catch (const Failure&) {
         return false;
     }

@@ -151,7 +151,7 @@ TEST_F(MainTest, A_save_that_fails_ends_the_shutdown_there) {
 
 TEST_F(MainTest, ShutDown_lets_go_of_the_file_service_behind_the_save) {
     FaultyFileService other;
-    UseFileService(&other);
+    Service<FileService>::Use(&other);
     bDBChanged = true;
     library.onSaveDB = [&] { EXPECT_EQ(&oFSO(), &other); };
     ShutDown();

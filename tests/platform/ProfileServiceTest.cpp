@@ -231,14 +231,14 @@ TEST_F(ProfileBatching, Another_file_that_cannot_be_looked_for_is_a_missing_one)
     FaultyFileService files;
     const std::string other = m_folder.DrivePath("other.txt");
     m_folder.Write("other.txt", "");
-    UseHostFileService(&files);
+    Service<FileService>::Use(&files);
     {
         const ProfileBatch batch(m_path);
         EXPECT_TRUE(ProfileFileExists(other));
         files.FailOn("HostPath " + other, failure::DeviceIO);
         EXPECT_FALSE(ProfileFileExists(other));
     }
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(ProfileBatching, A_batch_within_joins_and_one_on_another_file_is_refused) {

@@ -126,7 +126,7 @@ class FileDialogs : public ::testing::Test {
     FileAnswer Type(const QString& typed) {
         const RealPrompts real;
         WhenModal([typed](QWidget& box) { TypeInto(box, typed); });
-        return CurrentPrompter().PickFiles(request);
+        return Service<Prompter>::Get().PickFiles(request);
     }
 
     // The same for what the box stays for.
@@ -137,7 +137,7 @@ class FileDialogs : public ::testing::Test {
             EXPECT_TRUE(box.isVisible()) << FromQString(typed);
             QTest::keyClick(&box, Qt::Key_Escape);
         });
-        return CurrentPrompter().PickFiles(request);
+        return Service<Prompter>::Get().PickFiles(request);
     }
 
     // The names that the box lists, once it has read the folder.
@@ -200,7 +200,7 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
             TypeInto(box, typed);
             if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
         });
-        return CurrentPrompter().PickFiles(request).files;
+        return Service<Prompter>::Get().PickFiles(request).files;
     };
     const QString file = ToQString(folder.HostPath("c.mp3"));
     EXPECT_EQ(pick(QStringLiteral("Trip/../c.mp3")), QStringList(file));
@@ -226,7 +226,7 @@ TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
                   folder.HostPath("Trip"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
 }
 
 TEST_F(FileDialogs, the_box_starts_at_home_and_then_where_files_were_picked_last) {
@@ -259,12 +259,12 @@ TEST_F(FileDialogs, home_and_the_drives_with_a_medium_stand_at_the_side) {
     FaultyFileService service;
     service.Plug('e', folder.HostPath());
     service.Plug('f', folder.HostPath()).hasMedia = false;
-    UseFileService(&service);
+    Service<FileService>::Use(&service);
     EXPECT_EQ(FileDialog(request).sidebarUrls(),
               QList<QUrl>({QUrl::fromLocalFile(QDir::homePath()),
                            QUrl::fromLocalFile(QStringLiteral("/")),
                            QUrl::fromLocalFile(ToQString(folder.HostPath()))}));
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(FileDialogs, nothing_is_kept_in_nor_taken_from_the_file_that_Qt_programs_share) {
@@ -298,7 +298,7 @@ TEST_F(FileDialogs, a_file_that_must_exist_is_asked_for_again) {
         EXPECT_TRUE(box.isVisible());
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
     request.mustExist = false;
     EXPECT_EQ(Type(QStringLiteral("nowhere.jpg")).files,
               QStringList(ToQString(folder.HostPath("nowhere.jpg"))));
@@ -341,14 +341,14 @@ TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_lo
                 QTest::keyClick(&Find<QComboBox>(box, "fileTypeCombo"), Qt::Key_Down);
             TypeInto(box, QStringLiteral("b.jpg"));
         });
-        EXPECT_EQ(CurrentPrompter().PickFiles(request).filterIndex, steps);
+        EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).filterIndex, steps);
     }
 }
 
 TEST_F(FileDialogs, Escape_cancels) {
     const RealPrompts real;
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     EXPECT_EQ(answer.result, 0);
     EXPECT_TRUE(answer.files.isEmpty());
 }
@@ -384,7 +384,7 @@ TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for_and_tells_
             tick.click();
             TypeInto(box, QStringLiteral("b.jpg"));
         });
-        EXPECT_EQ(CurrentPrompter().PickFiles(request).readOnly, !ticked);
+        EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).readOnly, !ticked);
     }
 }
 

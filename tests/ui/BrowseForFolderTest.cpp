@@ -27,10 +27,10 @@ class FolderPickers : public ::testing::Test {
         folder.Write("top.txt", "");
         folder.Write(".hidden/c", "");
         service.Plug('e', folder.HostPath());
-        UseFileService(&service);
+        Service<FileService>::Use(&service);
         request.title = QStringLiteral("Select a folder");
     }
-    ~FolderPickers() override { UseFileService(nullptr); }
+    ~FolderPickers() override { Service<FileService>::Use(nullptr); }
 
     static QTreeWidget& Tree(QWidget& dialog) { return Find<QTreeWidget>(dialog, "trvFolders"); }
 

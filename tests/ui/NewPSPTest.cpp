@@ -25,12 +25,12 @@ class NewPSP : public ::testing::Test {
     NewPSP() {
         WireUpCalls();
         SetupStyle();
-        UseFileService(&service);
+        Service<FileService>::Use(&service);
         service.Plug('b', temp.HostPath());
         service.Plug('e', stick.HostPath());
         Open();
     }
-    ~NewPSP() override { UseFileService(nullptr); }
+    ~NewPSP() override { Service<FileService>::Use(nullptr); }
 
     // Keys reach the window that is in front.
     static void Open() {

@@ -7,7 +7,7 @@
 #include "library/Collections.h"
 #include "library/LibraryWindows.h"
 #include "library/Scan.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "support/FaultyFileService.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
@@ -49,8 +49,8 @@ class SmallWindows : public ::testing::Test {
     static frmLog& Log() { return SingleWindow<frmLog>::Get(); }
     static LineList& Lines() { return Find<LineList>(Log(), "lstLog"); }
     static frmAdd& Add() { return SingleWindow<frmAdd>::Get(); }
-    static AddWindow& AddCalls() { return UpCall<AddWindow>::Get(); }
-    static AppWindows& App() { return UpCall<AppWindows>::Get(); }
+    static AddWindow& AddCalls() { return Service<AddWindow>::Get(); }
+    static AppWindows& App() { return Service<AppWindows>::Get(); }
 };
 
 std::string TextOf(QWidget& window, const char* label) {
@@ -272,13 +272,13 @@ TEST_F(SmallWindows, the_main_window_stands_in_for_the_wizard) {
     const TempFolder temp;
     sDBFile = temp.DrivePath("db.txt");
     FaultyFileService noDrives;
-    UseFileService(&noDrives);
+    Service<FileService>::Use(&noDrives);
     App().ShowStartWizard();
     EXPECT_TRUE(SingleWindow<frmMain>::Get().isVisible());
     EXPECT_FALSE(SingleWindow<frmMain>::Get().isModal());
     SingleWindow<frmMain>::Unload();
     RunEvents();
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 using SmallWindowsDeathTest = SmallWindows;

@@ -130,14 +130,14 @@ std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
     return std::make_unique<LinuxFileService>(std::move(programFolder), std::move(mounts));
 }
 
-FileService& HostFileService() {
+FileService& oFSO() {
     static const std::unique_ptr<FileService> service =
         MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
     return g_replacement != nullptr ? *g_replacement : *service;
 }
 
-void UseHostFileService(FileService* service) { g_replacement = service; }
+void Service<FileService>::Use(FileService* service) { g_replacement = service; }
 
-std::string ProgramFolder() { return HostFileService().FromHostPath(ProgramFolderOfHost()); }
+std::string ProgramFolder() { return oFSO().FromHostPath(ProgramFolderOfHost()); }
 
 }  // namespace tavel

@@ -7,7 +7,7 @@
 #include "library/LibraryStore.h"
 #include "library/LibraryWindows.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "ui/main/frmAdd.h"
 #include "ui/main/frmCopy.h"
 #include "ui/main/frmEnd.h"
@@ -122,7 +122,7 @@ class QtEventLoop : public Yielding {
 template <class Interface, class OnScreen>
 void Wire() {
     static OnScreen onScreen;
-    UpCall<Interface>::Set(&onScreen);
+    Service<Interface>::Use(&onScreen);
 }
 
 }  // namespace

@@ -2,8 +2,8 @@
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 #include "ui/main/ItemRows.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
@@ -69,9 +69,9 @@ void frmMain::mnuAddFile_Click() {
 void frmMain::mnuAddFolder_Click() {
     const std::string sPath = BrowseForFolderDlg(this, "", "Select a folder", false, false);
     if (sPath.empty()) return;
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     AddFolder(sPath, true, false, true, true);
-    UpCall<AddWindow>::Get().Unload();
+    Service<AddWindow>::Get().Unload();
 }
 
 void frmMain::mnuShowLog_Click() { ShowWindow<frmLog>(); }

@@ -98,7 +98,7 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     request.startName = InitialName(StrFromZ(Filename));
     request.defaultSuffix = ToQString(DefaultExt);
 
-    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     m_apiReturn = answer.result;
     m_eventSink = nullptr;
 

@@ -10,11 +10,11 @@ Prompter* s_current = nullptr;
 
 }  // namespace
 
-Prompter& CurrentPrompter() {
+Prompter& Service<Prompter>::Get() {
     static RealPrompter real;
     return s_current != nullptr ? *s_current : real;
 }
 
-void UsePrompter(Prompter* prompter) { s_current = prompter; }
+void Service<Prompter>::Use(Prompter* prompter) { s_current = prompter; }
 
 }  // namespace tavel

@@ -75,7 +75,7 @@ class Prompter {
 };
 
 // The real boxes, unless UsePrompter has put another in their place (nullptr: back to the real).
-Prompter& CurrentPrompter();
-void UsePrompter(Prompter* prompter);
+Prompter& Service<Prompter>::Get();
+void Service<Prompter>::Use(Prompter* prompter);
 
 }  // namespace tavel

@@ -121,7 +121,7 @@ class DropWhileDragging : public QObject {
 
 MainWindowTest::MainWindowTest() {
     ReleaseCollections();
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     gStyle = {"Verdanda", -1, -1};
     sDBFile = temp.DrivePath("db.txt");
     temp.Write("db.txt", "[watch]\r\ndelay=7\r\n");
@@ -131,7 +131,7 @@ MainWindowTest::~MainWindowTest() {
     SingleWindow<frmMain>::Unload();
     RunEvents();
     ReleaseCollections();
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 Photo& MainWindowTest::AddPhoto(const std::string& sID, const std::string& sName, Long iSize) {
@@ -309,9 +309,9 @@ std::string MainWindowTest::Members(const Group& group) {
 Long MainWindowTest::FatalOf(const std::function<void()>& work) {
     const FatalEnds ends;
     FailureBoxes boxes(prompts);
-    UsePrompter(&boxes);
+    Service<Prompter>::Use(&boxes);
     work();
-    UsePrompter(&prompts);
+    Service<Prompter>::Use(&prompts);
     return boxes.Number();
 }
 
