@@ -56,6 +56,23 @@ TEST_F(DeviceDeleteTest, a_right_click_on_a_row_of_the_device_opens_its_menu_alo
     EXPECT_EQ(EntriesOf("mnuPSPRMB"), "mnuPSPDel ");
 }
 
+TEST_F(DeviceDeleteTest, the_Menu_key_opens_it_too_and_opens_nothing_in_the_devices_tree) {
+    Open();
+    ClickPSP("videoall");
+    QTest::keyClick(&trvPSPCat(), Qt::Key_Menu);
+    QTest::keyClick(&trvPSPCat(), Qt::Key_F10, Qt::ShiftModifier);
+    ClickNode(trvPSPCat(), "videoall", Qt::RightButton);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::NoModifier), {Qt::Key_F10, Qt::ShiftModifier}}) {
+        QTest::keyClick(&grdItems(), key, modifiers);
+        EXPECT_TRUE(Shows("mnuPSPRMB"));
+        EXPECT_FALSE(Shows("mnuRMB"));
+        EXPECT_TRUE(grdItems().Selected(1));
+        Find<QMenu>(Main(), "mnuPSPRMB").close();
+    }
+}
+
 TEST_F(DeviceDeleteTest, rows_2_and_4_of_5_go_from_the_last_to_the_first) {
     OpenWithFiveVideos();
     files.At('e').freeSpace = 500'000'000;

@@ -210,9 +210,9 @@ TEST_F(ItemListTest, a_label_edit_renames_the_record_of_any_kind) {
         EXPECT_EQ(grdItems().Cell(1, 0), "New");
         EXPECT_TRUE(bDBChanged);
     }
-    EXPECT_EQ(trvCat().Node("ma_a").Text(), "Group ma_a");
+    EXPECT_EQ(TextOf(trvCat().Node("ma_a")), "Group ma_a");
     Main().RefreshCats();
-    EXPECT_EQ(trvCat().Node("ma_a").Text(), "New");
+    EXPECT_EQ(TextOf(trvCat().Node("ma_a")), "New");
 }
 
 TEST_F(ItemListTest, a_new_name_is_taken_as_it_was_typed) {

@@ -100,7 +100,7 @@ class CopyOnScreen : public CopyWindow {
 // The parts of frmMain that the engine reaches.
 class MainOnScreen : public CategoryTree, public ScanTimer, public DevicePanels {
   public:
-    void RefreshCats() override { Window().RefreshCats(); }
+    void RefreshCats() override { Window().RefreshCatsLater(); }
     void Enable(bool bEnabled) override { Window().Enable(bEnabled); }
     void RefreshPSPStatus() override { Window().RefreshPSPStatus(); }
     void RefreshPSPCats() override { Window().RefreshPSPCats(); }

@@ -4,6 +4,7 @@
 #include "ui/main/StatusFrame.h"
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
+#include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/TreeView.h"
 #include "ui/toolkit/Twips.h"
@@ -15,10 +16,27 @@
 #include <QPainter>
 #include <QPushButton>
 #include <QToolButton>
+#include <array>
 
 namespace tavel {
 
 namespace {
+
+struct TypeIcon {
+    MediaType type;
+    const char* file;
+    const char* text;
+};
+
+constexpr std::array TypeIcons{
+    TypeIcon{mtVideo, "video", "Video"},
+    TypeIcon{mtPhoto, "photo", "Photo"},
+    TypeIcon{mtMusic, "music", "Music"},
+    TypeIcon{mtVidSeries, "vidseries", "Video Series"},
+    TypeIcon{mtMagazine, "magazine", "Magazine"},
+    TypeIcon{mtPhotoAlbum, "album", "Photo Album"},
+    TypeIcon{mtPlaylist, "playlist", "Playlist"},
+};
 
 template <class Control>
 Control* Labelled(Control* control, const char* name, const char* role) {
@@ -67,9 +85,8 @@ void frmMain::AddPictures() {
          {"master", "video", "music", "photo", "magazine", "playlist", "vidseries", "psp"}) {
         iglIcons.Add(QLatin1String(key), QLatin1String(key));
     }
-    for (const char* number : {"3", "0", "5", "4", "1", "2", "8"}) {
-        iglIcons2.Add(QLatin1Char('#') + QLatin1String(number),
-                      QLatin1Char('t') + QLatin1String(number));
+    for (const TypeIcon& icon : TypeIcons) {
+        iglIcons2.Add(QStringLiteral("#%1").arg(icon.type), QLatin1String(icon.file), icon.text);
     }
     for (const char* key : {"send", "auto"}) iglView.Add(QLatin1String(key), QLatin1String(key));
 }
@@ -96,9 +113,10 @@ void frmMain::AddControls() {
     grdAutoSync->hide();
 
     tbrRightView = Labelled(new QWidget(client), "tbrRightView", "View of the right-hand list");
-    m_view = Labelled(new QToolButton(tbrRightView), "view", "View");
+    m_view = Named<QToolButton>("view", tbrRightView);  // which is called what it reads
     m_view->setText(QStringLiteral("View"));
-    m_view->setPopupMode(QToolButton::InstantPopup);
+    // Of the modes the one that keeps the arrow apart from the text.
+    m_view->setPopupMode(QToolButton::MenuButtonPopup);
     m_view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_view->setToolButtonStyle(Qt::ToolButtonTextOnly);
     auto* views = new QMenu(m_view);
@@ -175,7 +193,7 @@ void frmMain::ConnectMenus() {
 
 void frmMain::ConnectControls() {
     connect(trvCat, &TreeView::NodeClicked, this, &frmMain::trvCat_NodeClick);
-    connect(trvCat, &TreeView::NodeRightClicked, this, &frmMain::trvCat_NodeRightClick);
+    connect(trvCat, &TreeView::MenuRequested, this, &frmMain::trvCat_MenuRequested);
     connect(trvCat, &TreeView::NodeCollapsed, this,
             [this](TreeNode& node) { trvCat->Select(node); });
     connect(trvCat, &TreeView::LabelEdited, this, &frmMain::trvCat_AfterLabelEdit);
@@ -187,10 +205,12 @@ void frmMain::ConnectControls() {
     connect(grdItems, &ListView::KeyPressed, this, &frmMain::grdItems_KeyDown);
     connect(grdItems, &ListView::LabelEdited, this, &frmMain::grdItems_AfterLabelEdit);
     connect(grdItems, &ListView::MouseReleased, this, &frmMain::grdItems_MouseUp);
+    connect(grdItems, &ListView::MenuRequested, this, &frmMain::grdItems_MenuRequested);
     connect(grdItems, &ListView::MouseMoved, this, &frmMain::grdItems_MouseMove);
 
     connect(grdSync, &ListView::KeyPressed, this, &frmMain::grdSync_KeyDown);
     connect(grdSync, &ListView::RowsDropped, this, &frmMain::grdSync_RowsDropped);
+    connect(m_view, &QToolButton::clicked, m_view, &QToolButton::showMenu);
     connect(m_view->menu(), &QMenu::triggered, this,
             [this](QAction* entry) { tbrRightView_MenuClick(*entry); });
     connect(cmdSend, &QPushButton::clicked, this, &frmMain::cmdSend_Click);

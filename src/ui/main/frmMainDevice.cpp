@@ -95,6 +95,7 @@ void frmMain::trvPSPCat_NodeClick(const TreeNode& node) {
 }
 
 void frmMain::ListPSPFolder(const std::string& sPath, Integer iType) {
+    ListedIn(*trvPSPCat);
     SetupItemList(iType);
     FillListFromPSP(sPath, iType);
     iListType = iType;
