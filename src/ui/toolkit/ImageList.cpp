@@ -1,14 +1,16 @@
 #include "ui/toolkit/ImageList.h"
 
 #include "platform/Failure.h"
+#include "ui/toolkit/Artwork.h"
 
 namespace tavel {
 
 void ImageList::Add(const QString& key, const QString& file) {
     const QString path = QStringLiteral(":/artwork/icons/%1.png").arg(file);
-    QIcon icon(path);
+    QIcon icon;
+    AddArtwork(icon, path);
     // A selected row shows the same picture; Qt would tint it with the colour of the selection.
-    icon.addFile(path, {}, QIcon::Selected);
+    AddArtwork(icon, path, QIcon::Selected);
     m_icons[key] = icon;
 }
 

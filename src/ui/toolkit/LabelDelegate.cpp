@@ -2,6 +2,7 @@
 
 #include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -17,7 +18,8 @@ QString LabelDelegate::displayText(const QVariant& value, const QLocale&) const 
 
 QSize LabelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QSize hint = QStyledItemDelegate::sizeHint(option, index);
-    hint.setHeight(std::max({18, option.fontMetrics.height(), option.decorationSize.height()}));
+    hint.setHeight(
+        std::max({Pixels(270), option.fontMetrics.height(), option.decorationSize.height()}));
     return hint;
 }
 

@@ -19,13 +19,13 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setIconSize({16, 16});
+    setIconSize({Pixels(240), Pixels(240)});
     setMouseTracking(true);
     header()->setStretchLastSection(false);
     header()->setSectionsClickable(false);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(Pixels(300));
-    header()->setMinimumHeight(24);
+    header()->setMinimumHeight(Pixels(360));
 
     auto* labels = new LabelDelegate(this);
     setItemDelegate(labels);
