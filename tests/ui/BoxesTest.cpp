@@ -17,9 +17,12 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QUrl>
 #include <filesystem>
@@ -32,6 +35,26 @@ QAbstractButton& ButtonOf(QWidget& box, QMessageBox::StandardButton which) {
     return *static_cast<QMessageBox&>(box).button(which);
 }
 
+// A desktop whose style puts pictures on the buttons of stock dialogs.
+class ButtonsWithPictures {
+  public:
+    ButtonsWithPictures() { QApplication::setStyle(new Style); }
+    ~ButtonsWithPictures() { QApplication::setStyle(QStringLiteral("fusion")); }
+    ButtonsWithPictures(const ButtonsWithPictures&) = delete;
+    ButtonsWithPictures& operator=(const ButtonsWithPictures&) = delete;
+
+  private:
+    class Style : public QProxyStyle {
+      public:
+        Style() : QProxyStyle(QStringLiteral("fusion")) {}
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override {
+            if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    };
+};
+
 }  // namespace
 
 TEST(MsgBox, each_key_answers_as_its_button_says) {
@@ -41,12 +64,15 @@ TEST(MsgBox, each_key_answers_as_its_button_says) {
         MsgBoxAnswer answer;
     };
     const RealPrompts real;
-    for (const Case& one : {Case{MsgBoxButtons::OK, Qt::Key_Return, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OK, Qt::Key_Escape, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OKCancel, Qt::Key_Return, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OKCancel, Qt::Key_Escape, MsgBoxAnswer::Cancel},
-                            Case{MsgBoxButtons::YesNo, Qt::Key_Return, MsgBoxAnswer::Yes},
-                            Case{MsgBoxButtons::YesNo, Qt::Key_Escape, MsgBoxAnswer::No}}) {
+    for (const Case& one :
+         {Case{MsgBoxButtons::OK, Qt::Key_Return, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OK, Qt::Key_Escape, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OKCancel, Qt::Key_Return, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OKCancel, Qt::Key_Escape, MsgBoxAnswer::Cancel},
+          Case{MsgBoxButtons::YesNo, Qt::Key_Return, MsgBoxAnswer::Yes},
+          Case{MsgBoxButtons::YesNo, Qt::Key_Escape, MsgBoxAnswer::No},
+          Case{MsgBoxButtons::YesNoDefaultNo, Qt::Key_Return, MsgBoxAnswer::No},
+          Case{MsgBoxButtons::YesNoDefaultNo, Qt::Key_Escape, MsgBoxAnswer::No}}) {
         WhenModal([&](QWidget& box) { QTest::keyClick(&box, one.key); });
         EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), one.buttons), one.answer);
     }
@@ -65,6 +91,16 @@ TEST(MsgBox, a_click_answers_and_the_box_shows_its_words) {
               MsgBoxAnswer::No);
 }
 
+TEST(MsgBox, its_text_begins_where_the_box_does) {
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        const auto& text = Find<QLabel>(box, "qt_msgbox_label");
+        EXPECT_EQ(text.x(), box.layout()->contentsMargins().left());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    MsgBox(QStringLiteral("Already exists in the list"));
+}
+
 TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
     PromptQueue prompts;
     prompts.ExpectMsgBox(QStringLiteral("Hello"), MsgBoxButtons::OK, MsgBoxAnswer::OK,
@@ -81,6 +117,31 @@ TEST(MsgBox, outlives_its_owner) {
         delete owner;
     });
     EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
+}
+
+TEST(Boxes, no_button_has_a_picture_on_a_desktop_that_likes_them) {
+    const ButtonsWithPictures desktop;
+    const RealPrompts real;
+    int buttons = 0;
+    const auto look = [&](QWidget& box) {
+        for (const QPushButton* button : box.findChildren<QPushButton*>()) {
+            EXPECT_TRUE(button->icon().isNull()) << FromQString(box.objectName());
+            ++buttons;
+        }
+        QTest::keyClick(&box, Qt::Key_Escape);
+    };
+    WhenModal(look);
+    InputBox({}, {}, {});
+    EXPECT_EQ(buttons, 2);
+    WhenModal(look);
+    MsgBox({}, MsgBoxButtons::OKCancel);
+    EXPECT_EQ(buttons, 4);
+    WhenModal(look);
+    Service<Prompter>::Get().PickFiles({});
+    EXPECT_EQ(buttons, 6);
+    WhenModal(look);
+    Service<Prompter>::Get().PickFolder({});
+    EXPECT_EQ(buttons, 8);
 }
 
 TEST(InputBox, typed_text_comes_back_on_Enter_and_nothing_on_Escape) {
@@ -115,7 +176,7 @@ class FileDialogs : public ::testing::Test {
                         QStringLiteral("Anything")};
         request.patterns = QStringList{QStringLiteral("*.jpg;*.png;"), QStringLiteral("*.zip"),
                                        QStringLiteral("*.*")};
-        request.mustExist = true;
+        request.flags = PickFileMustExist | PickHideReadOnly;
     }
 
     // Types into the name box of the dialog and confirms.
@@ -175,7 +236,7 @@ TEST_F(FileDialogs, a_typed_name_is_picked) {
 }
 
 TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     const FileAnswer answer = Type(QStringLiteral("\"a.JPG\" \"b.jpg\""));
     EXPECT_EQ(answer.files, QStringList({ToQString(folder.HostPath("a.JPG")),
                                          ToQString(folder.HostPath("b.jpg"))}));
@@ -183,7 +244,7 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
 
 TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
     folder.Write("Trip/d.jpg", "");
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     for (const std::string& other : {folder.HostPath("Trip/d.jpg"), std::string("/etc/hosts")}) {
         const QString typed = QStringLiteral("\"%1\" \"%2\"")
                                   .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other));
@@ -205,7 +266,7 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
     };
     const QString file = ToQString(folder.HostPath("c.mp3"));
     EXPECT_EQ(pick(QStringLiteral("Trip/../c.mp3")), QStringList(file));
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     EXPECT_EQ(pick(QStringLiteral("\"Trip/../c.mp3\" \"%1\"").arg(file)),
               QStringList({file, file}));
 }
@@ -213,7 +274,7 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
 TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
     folder.Write("a\\b.jpg", "");
     EXPECT_EQ(TypeInVain(QStringLiteral("a\\b.jpg")).result, 0);
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     EXPECT_EQ(TypeInVain(QStringLiteral("\"b.jpg\" \"a\\b.jpg\"")).result, 0);
     EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
 }
@@ -310,7 +371,7 @@ TEST_F(FileDialogs, a_file_that_must_exist_is_asked_for_again) {
         QTest::keyClick(&box, Qt::Key_Escape);
     });
     EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
-    request.mustExist = false;
+    request.flags = PickHideReadOnly;
     EXPECT_EQ(Type(QStringLiteral("nowhere.jpg")).files,
               QStringList(ToQString(folder.HostPath("nowhere.jpg"))));
 }
@@ -385,10 +446,9 @@ TEST_F(FileDialogs, an_extension_of_odd_characters_does_no_harm) {
 
 TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for_and_tells_its_tick) {
     EXPECT_EQ(FileDialog(request).findChild<QCheckBox*>(QStringLiteral("chkReadOnly")), nullptr);
-    request.showReadOnly = true;
     const RealPrompts real;
     for (const bool ticked : {false, true}) {
-        request.readOnly = ticked;
+        request.flags = PickFileMustExist | (ticked ? PickReadOnly : 0);
         WhenModal([ticked](QWidget& box) {
             auto& tick = Find<QCheckBox>(box, "chkReadOnly");
             EXPECT_EQ(tick.isChecked(), ticked);

@@ -105,7 +105,7 @@ TEST_F(CategoryLabelTest, a_right_click_on_a_group_selects_it_and_fills_nothing)
     ClickRow(1);
     RightClickNode("vs_a");
     EXPECT_EQ(window.sSelected, Ids{"mu_a"});
-    EXPECT_EQ(window.Layout().grdSync.Height, 6000);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
     Find<QMenu>(window, "mnuCats").close();
 
     RightClickNode("ma_a");

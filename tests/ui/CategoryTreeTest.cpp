@@ -270,14 +270,14 @@ TEST_F(CategoryTreeTest, in_thumbnail_mode_4_the_tree_opens_and_closes_the_slot)
         {"videoall", false}, {"master", true},      {"videoall", false}, {"pl_", true}};
     for (const auto& node : nodes) {
         ClickNode(node.key);
-        EXPECT_EQ(window.Layout().grdSync.Height, node.bExpanded ? 6000 : 4185) << node.key;
+        EXPECT_EQ(PlaceOf("grdSync").Height, node.bExpanded ? 6000 : 4185) << node.key;
         EXPECT_EQ(Find<QLabel>(window, "imgThumb").isVisible(), !node.bExpanded) << node.key;
     }
     // A click on the selected node fills nothing, but still sets the slot.
     ClickNode("videoall");
     window.ExpandSyncGrid(true);
     ClickNode("videoall");
-    EXPECT_EQ(window.Layout().grdSync.Height, 4185);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 4185);
 }
 
 }  // namespace tavel::test

@@ -45,9 +45,7 @@ TEST_F(CommandsTest, Add_Files_offers_the_supported_extensions_and_adds_what_is_
               (QStringList{QStringLiteral("All Supported Files"), QStringLiteral("Photo Files"),
                            QStringLiteral("Music Files"), QStringLiteral("Video Files")}));
     EXPECT_EQ(request.filterIndex, 0);
-    EXPECT_TRUE(request.mustExist);
-    EXPECT_TRUE(request.multiSelect);
-    EXPECT_FALSE(request.showReadOnly);
+    EXPECT_EQ(request.flags, 0x280000 | 0x1000 | 0x200 | 0x4);
     EXPECT_EQ(request.owner, &Main());
     EXPECT_TRUE(request.startFolder.isEmpty());
     EXPECT_EQ(colPhoto.Count(), 6);

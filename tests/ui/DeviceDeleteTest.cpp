@@ -152,7 +152,8 @@ TEST_F(DeviceDeleteTest, Yes_without_a_selected_row_reads_the_figures_alone) {
     grdItems().clearSelection();
     files.At('e').freeSpace = 500'000'000;
     prompts.ExpectMsgBox(QStringLiteral("This will remove the file(s) from the PSP, are you sure?"),
-                         MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, QStringLiteral("Confirm Delete"));
+                         MsgBoxButtons::YesNoDefaultNo, MsgBoxAnswer::Yes,
+                         QStringLiteral("Confirm Delete"));
     Pick({"mnuPSPRMB", "mnuPSPDel"});
     EXPECT_EQ(OnStick(videos), "M4V10001.mp4 ");
     EXPECT_EQ(grdItems().Count(), 1);
@@ -188,7 +189,7 @@ TEST_F(DeviceDeleteTest, the_Delete_key_acts_on_the_librarys_selection_and_fails
     ClickPSP("videoall");
     ClickRow(1);
     const auto pressDelete = [&] {
-        prompts.ExpectMsgBox(fromComputer, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+        prompts.ExpectMsgBox(fromComputer, ButtonsOf(fromComputer), MsgBoxAnswer::Yes, deleteTitle);
         QTest::keyClick(&grdItems(), Qt::Key_Delete);
     };
     EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);

@@ -20,7 +20,7 @@ class GroupCommandsTest : public MainWindowTest {
     }
 
     void Expect(const QString& question, MsgBoxAnswer answer) {
-        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, answer, deleteTitle);
+        prompts.ExpectMsgBox(question, ButtonsOf(question), answer, deleteTitle);
     }
     void ExpectName(const char* answer) {
         prompts.ExpectInputBox(QStringLiteral("What would you like to call your new group?"),

@@ -169,7 +169,7 @@ TEST_F(ItemListTest, a_jump_leaves_columns_thumbnail_and_selected_ids_as_they_we
     ClickNode("videoall");
     window.JumpToGroup("ma_a");
     EXPECT_TRUE(imgThumb.isVisible());
-    EXPECT_EQ(window.Layout().grdSync.Height, 4185);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 4185);
 }
 
 TEST_F(ItemListTest, a_jump_brings_the_groups_node_into_view) {

@@ -232,7 +232,7 @@ TEST_F(MainWindowLookTest, the_views_have_their_pictures_in_full_size) {
     const auto& views = *Find<QToolButton>(Main(), "view").menu();
     for (const auto& [name, picture] : {std::pair("sync", "send"), {"auto", "auto"}}) {
         const QIcon icon = views.findChild<QAction*>(QLatin1String(name))->icon();
-        EXPECT_EQ(icon.actualSize({64, 64}), QSize(32, 32)) << name;
+        EXPECT_EQ(icon.actualSize({32, 32}), QSize(32, 32)) << name;
         EXPECT_EQ(Shown(icon, 32), Picture(picture)) << name;
     }
 }

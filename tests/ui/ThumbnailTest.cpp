@@ -84,8 +84,8 @@ TEST_F(ThumbnailTest, in_mode_3_the_picture_floats_under_the_current_row) {
     ClickNode("videoall");
     ClickRow(2);
     const int top = grdItems().RowTop(2);
-    EXPECT_EQ(Main().Layout().imgThumb.Top, top + 360);
-    EXPECT_EQ(Main().Layout().imgThumb.Left, 2640 + grdItems().RowLeft(2));
+    EXPECT_EQ(PlaceOf("imgThumb").Top, top + 360);
+    EXPECT_EQ(PlaceOf("imgThumb").Left, 2640 + grdItems().RowLeft(2));
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
 }
 
@@ -105,8 +105,8 @@ TEST_F(ThumbnailTest, the_pointer_right_of_the_picture_brings_it_back_under_the_
     MovePointer(1950, top + 30);
     EXPECT_FALSE(window.bThumbAbove);
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
-    EXPECT_EQ(window.Layout().imgThumb.Left, 2640 + grdItems().RowLeft(1));
-    EXPECT_EQ(imgThumb().x(), window.Layout().imgThumb.Left / 15);
+    EXPECT_EQ(PlaceOf("imgThumb").Left, 2640 + grdItems().RowLeft(1));
+    EXPECT_EQ(imgThumb().x(), PlaceOf("imgThumb").Left / 15);
 }
 
 TEST_F(ThumbnailTest, the_picture_stays_above_while_a_row_is_dragged) {
@@ -143,7 +143,7 @@ TEST_F(ThumbnailTest, in_mode_4_the_picture_stands_in_its_slot) {
     EXPECT_EQ(imgThumb().pos(), QPoint(11880 / 15, 4920 / 15));
     ClickNode("photoall");
     EXPECT_FALSE(imgThumb().isVisible());
-    EXPECT_EQ(Main().Layout().grdSync.Height, 6000);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
 }
 
 TEST_F(ThumbnailTest, modes_above_4_are_as_mode_2) {

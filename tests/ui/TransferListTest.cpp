@@ -280,7 +280,7 @@ TEST_F(TransferListTest, what_is_deleted_from_the_library_stays_on_the_list) {
     for (const char* id : {"vd_a", "vd_c", "vs_a", "ph_a"}) window.AddToTransferList(id);
     const std::string queue = Queue();
     const auto expectYes = [&](const QString& question) {
-        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+        prompts.ExpectMsgBox(question, ButtonsOf(question), MsgBoxAnswer::Yes, deleteTitle);
     };
     ClickNode("videoall");
     RightClickRow(1);

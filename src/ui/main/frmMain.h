@@ -83,8 +83,6 @@ class frmMain : public QMainWindow {
     // tmrBack, which rests while a scan runs
     void Enable(bool bEnabled) { bEnabled ? tmrBack.start() : tmrBack.stop(); }
 
-    const MainLayout& Layout() const { return m_layout; }
-
   protected:
     void closeEvent(QCloseEvent* event) override;
 

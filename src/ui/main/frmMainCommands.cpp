@@ -39,9 +39,9 @@ std::string FilterOfMedia() {
 
 constexpr const char* DelGroupQuestion = "This will remove the group from the DB, are you sure?";
 
-bool ConfirmsDelete(const char* sQuestion) {
-    return MsgBox(QLatin1String(sQuestion), MsgBoxButtons::YesNo,
-                  QStringLiteral("Delete Group?")) == MsgBoxAnswer::Yes;
+bool ConfirmsDelete(const char* sQuestion, MsgBoxButtons buttons = MsgBoxButtons::YesNo) {
+    return MsgBox(QLatin1String(sQuestion), buttons, QStringLiteral("Delete Group?")) ==
+           MsgBoxAnswer::Yes;
 }
 
 }  // namespace
@@ -113,7 +113,8 @@ void frmMain::mnuRemoveComp_Click() {
 
 // sSelected keeps its ids; until the next click a second removal fails at the record that is gone.
 void frmMain::RemoveSelectedItems(const char* sQuestion, bool bFromDisk) {
-    if (!ConfirmsDelete(sQuestion)) return;
+    const MsgBoxButtons buttons = bFromDisk ? MsgBoxButtons::YesNoDefaultNo : MsgBoxButtons::YesNo;
+    if (!ConfirmsDelete(sQuestion, buttons)) return;
     for (auto sID = sSelected.rbegin(); sID != sSelected.rend(); ++sID) {
         bool bDeleteFile = bFromDisk;
         RemoveItem(*sID, bDeleteFile);

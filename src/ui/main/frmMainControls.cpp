@@ -4,6 +4,7 @@
 #include "ui/main/StatusFrame.h"
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
+#include "ui/toolkit/Artwork.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/TreeView.h"
@@ -55,10 +56,12 @@ ListView* AddSyncList(const char* name, const char* role, QWidget* parent) {
     return list;
 }
 
-// Painted from an icon, which has the picture for each scale of the screen.
+// Painted from an icon, which has the picture for each scale.
 class Banner : public QWidget {
   public:
-    using QWidget::QWidget;
+    explicit Banner(QWidget* parent) : QWidget(parent) {
+        AddArtwork(m_picture, QStringLiteral(":/artwork/banner.jpg"));
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -67,7 +70,7 @@ class Banner : public QWidget {
     }
 
   private:
-    const QIcon m_picture{QStringLiteral(":/artwork/banner.jpg")};
+    QIcon m_picture;
 };
 
 TreeView* AddTree(const char* name, const char* role, QWidget* panel) {
@@ -148,9 +151,9 @@ void frmMain::AddControls() {
 
 void frmMain::PlaceControls() {
     Place(*picCatBack, m_layout.picCatBack);
-    Place(*trvCat, m_layout.trvCat);
+    Place(*trvCat, m_layout.trvCat, m_layout.picCatBack);
     Place(*picPSPCatBack, m_layout.picPSPCatBack);
-    Place(*trvPSPCat, m_layout.trvPSPCat);
+    Place(*trvPSPCat, m_layout.trvPSPCat, m_layout.picPSPCatBack);
     Place(*grdItems, m_layout.grdItems);
     Place(*grdSync, m_layout.grdSync);
     Place(*grdAutoSync, m_layout.grdAutoSync);

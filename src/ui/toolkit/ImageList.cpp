@@ -1,6 +1,7 @@
 #include "ui/toolkit/ImageList.h"
 
 #include "platform/Failure.h"
+#include "ui/toolkit/Artwork.h"
 
 #include <QFile>
 
@@ -10,9 +11,10 @@ void ImageList::Add(const QString& key, const QString& file, const char* text) {
     const QString path = QStringLiteral(":/artwork/icons/%1.png");
     const QString plain = path.arg(file);
     const QString selected = path.arg(file + QStringLiteral("-selected"));
-    QIcon icon(plain);
+    QIcon icon;
+    AddArtwork(icon, plain);
     // Left to itself, Qt would tint the picture with the colour of the selection.
-    icon.addFile(QFile::exists(selected) ? selected : plain, {}, QIcon::Selected);
+    AddArtwork(icon, QFile::exists(selected) ? selected : plain, QIcon::Selected);
     m_pictures[key] = {icon, text};
 }
 

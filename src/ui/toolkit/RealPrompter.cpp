@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -44,6 +45,7 @@ QMessageBox::StandardButtons ButtonsOf(MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return QMessageBox::Ok | QMessageBox::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return QMessageBox::Yes | QMessageBox::No;
         case MsgBoxButtons::OK:
             break;
@@ -56,6 +58,7 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return pressed == QMessageBox::Ok ? MsgBoxAnswer::OK : MsgBoxAnswer::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return pressed == QMessageBox::Yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
         case MsgBoxButtons::OK:
             break;
@@ -68,6 +71,16 @@ QString WithLineBreaks(QString text) {
         .replace(QLatin1Char('\r'), QLatin1Char('\n'));
 }
 
+// The text of a box without an icon is indented, as though one might come yet.
+void LeaveNoRoomForAnIcon(const QMessageBox& box) {
+    auto& grid = static_cast<QGridLayout&>(*box.layout());
+    for (int i = 0; i < grid.count(); ++i) {
+        QSpacerItem* indent = grid.itemAt(i)->spacerItem();
+        if (indent != nullptr) indent->changeSize(0, 0);
+    }
+    grid.setHorizontalSpacing(0);
+}
+
 }  // namespace
 
 MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
@@ -78,7 +91,9 @@ MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
     box->setTextFormat(Qt::PlainText);
     box->setText(WithLineBreaks(text));
     box->setStandardButtons(ButtonsOf(buttons));
+    if (buttons == MsgBoxButtons::YesNoDefaultNo) box->setDefaultButton(QMessageBox::No);
     PlainButtons(*box);
+    LeaveNoRoomForAnIcon(*box);
     return AnswerOf(box.Run(), buttons);
 }
 
@@ -89,6 +104,7 @@ QString RealPrompter::InputBox(const QString& prompt, const QString& title,
     box->setWindowTitle(title);
     box->setLabelText(prompt);
     box->setTextValue(defaultText);
+    box->adjustSize();  // makes the buttons
     PlainButtons(*box);
     return box.Run() == QDialog::Accepted ? box->textValue() : QString();
 }

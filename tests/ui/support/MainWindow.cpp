@@ -4,6 +4,7 @@
 #include "ui/toolkit/Application.h"
 #include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QDir>
 #include <QImage>
@@ -212,6 +213,11 @@ frmMain& MainWindowTest::Open() {
     window.activateWindow();
     (void)QTest::qWaitForWindowActive(&window);
     return window;
+}
+
+Box MainWindowTest::PlaceOf(const char* control) {
+    const QRect place = Find(Main(), control).geometry();
+    return {Twips(place.x()), Twips(place.y()), Twips(place.width()), Twips(place.height())};
 }
 
 void MainWindowTest::ClickNode(TreeView& tree, const std::string& sKey, Qt::MouseButton button) {

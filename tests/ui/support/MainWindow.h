@@ -76,6 +76,7 @@ class MainWindowTest : public testing::Test {
     TreeView& trvCat() { return Find<TreeView>(Main(), "trvCat"); }
     TreeView& trvPSPCat() { return Find<TreeView>(Main(), "trvPSPCat"); }
     ListView& grdItems() { return Find<ListView>(Main(), "grdItems"); }
+    Box PlaceOf(const char* control);  // in twips
     ListView& grdSync() { return Find<ListView>(Main(), "grdSync"); }
 
     void ClickNode(TreeView& tree, const std::string& sKey,

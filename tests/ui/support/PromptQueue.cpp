@@ -39,7 +39,7 @@ Prompter& Refusing() {
 const bool refusesFromTheStart = (Service<Prompter>::Use(&Refusing()), true);
 
 QString MsgBoxQuestion(const QString& text, MsgBoxButtons buttons, const QString& title) {
-    const char* const names[] = {"OK", "OKCancel", "YesNo"};
+    const char* const names[] = {"OK", "OKCancel", "YesNo", "YesNoDefaultNo"};
     return QStringLiteral("MsgBox [%1] %2 (%3)")
         .arg(title, text, QLatin1String(names[static_cast<int>(buttons)]));
 }
