@@ -141,7 +141,7 @@ void RemoveItem(const std::string& sID, bool& bDeleteFile) {
         RemoveRecord(iType, sID);
         bDeleteFile = false;
     }
-    if (bDeleteFile) {
+    if (bDeleteFile && IsItemType(iType)) {
         const Doing deleting("Deleting", sPath);
         oFSO().DeleteFile(sPath, true);
     }

@@ -169,7 +169,7 @@ TEST_F(MainWindowLookTest, a_path_loses_its_middle_and_a_title_its_end) {
     Open();
     const auto shown = [&](const std::string& sName, const std::string& sPath) {
         ReleaseCollections();
-        AddPhoto("ph_a", sName).sPath = sPath;
+        AddPhoto("ph_a", sName).sPath(sPath);
         Main().SetupItemList(mtPhoto);
         Main().FillList(mtPhoto);
         return grdItems().viewport()->grab().toImage();

@@ -153,14 +153,14 @@ TEST_F(ThumbnailTest, modes_above_4_are_as_mode_2) {
         iVidThumbMode = iMode;
         ClickNode("videoall");
         EXPECT_FALSE(imgThumb().isVisible()) << "no slot opens";
-        EXPECT_EQ(Main().Layout().grdSync.Height, 6000);
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
         ClickRow(1);
         EXPECT_TRUE(imgThumb().isVisible());
         EXPECT_EQ(imgThumb().pos(), QPoint(12120 / 15, 5160 / 15));
         EXPECT_EQ(PictureWidth(), 160);
         ClickNode("vs_a");
         EXPECT_FALSE(imgThumb().isVisible());
-        EXPECT_EQ(Main().Layout().grdSync.Height, 6000);
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
         ClickNode("photoall");
     }
 }
@@ -177,7 +177,7 @@ TEST_F(ThumbnailTest, loading_a_picture_leaves_bThumbAbove_as_it_is) {
                 EXPECT_EQ(window.bThumbAbove, bAbove) << iMode;
             }
             if (iMode != 3) continue;
-            EXPECT_EQ(window.Layout().imgThumb.Top, grdItems().RowTop(1) + 360) << "below its row";
+            EXPECT_EQ(PlaceOf("imgThumb").Top, grdItems().RowTop(1) + 360) << "below its row";
         }
     }
 }

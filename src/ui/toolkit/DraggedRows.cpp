@@ -22,14 +22,16 @@ const QByteArray& OwnMark() {
     return mark;
 }
 
-constexpr int maxWidth = Pixels(3000);
-constexpr int margin = Pixels(60);
-constexpr int besidePointer = Pixels(240);
+// Twips.
+constexpr int maxWidth = 3000;
+constexpr int plateMargin = 60;
+constexpr int besidePointer = 240;
 
 // See-through, on a plate of the selection's colour.
 QPixmap PictureOf(const QString& name, const QWidget& control) {
     const QString shown =
-        control.fontMetrics().elidedText(OneLine(name), Qt::ElideMiddle, maxWidth);
+        control.fontMetrics().elidedText(OneLine(name), Qt::ElideMiddle, Pixels(maxWidth));
+    const int margin = Pixels(plateMargin);
     const QSize text = control.fontMetrics().size(Qt::TextSingleLine, shown);
     const QSize plate = text + QSize(4 * margin, 2 * margin);
     QPixmap picture(plate * control.devicePixelRatioF());
@@ -60,7 +62,7 @@ void DragRow(QWidget& control, const QString& name) {
     auto* drag = new QDrag(&control);
     drag->setMimeData(MakeDraggedRows());
     drag->setPixmap(PictureOf(name, control));
-    drag->setHotSpot({-besidePointer, -besidePointer});
+    drag->setHotSpot({-Pixels(besidePointer), -Pixels(besidePointer)});
     drag->exec(Qt::CopyAction);
 }
 
