@@ -196,6 +196,14 @@ TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
     EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "TavelDataFile.tavel");
 }
 
+TEST_F(OnExfat, A_host_path_has_the_spelling_that_the_stick_has_now) {
+    std::ofstream(stick.MountFolder() + "/DATA.txt") << "x";
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/DATA.txt"));
+    fs::rename(stick.MountFolder() + "/DATA.txt", stick.MountFolder() + "/other.txt");
+    fs::rename(stick.MountFolder() + "/other.txt", stick.MountFolder() + "/Data.txt");
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/Data.txt"));
+}
+
 TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {
     files->CreateTextFile("e:\\a.txt", true);
     ASSERT_TRUE(stick.Unmount());
