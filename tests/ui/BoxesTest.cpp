@@ -93,12 +93,15 @@ TEST(MsgBox, a_click_answers_and_the_box_shows_its_words) {
 
 TEST(MsgBox, its_text_begins_where_the_box_does) {
     const RealPrompts real;
-    WhenModal([](QWidget& box) {
-        const auto& text = Find<QLabel>(box, "qt_msgbox_label");
-        EXPECT_EQ(text.x(), box.layout()->contentsMargins().left());
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
-    MsgBox(QStringLiteral("Already exists in the list"));
+    const QString words = QStringLiteral("Already exists in the list ");
+    for (const QString& text : {words, words.repeated(9)}) {
+        WhenModal([](QWidget& box) {
+            const int margin = box.layout()->contentsMargins().left();
+            EXPECT_EQ(Find<QLabel>(box, "qt_msgbox_label").x(), margin);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        MsgBox(text);
+    }
 }
 
 TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {

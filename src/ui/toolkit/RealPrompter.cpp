@@ -74,11 +74,13 @@ QString WithLineBreaks(QString text) {
 // The text of a box without an icon is indented, as though one might come yet.
 void LeaveNoRoomForAnIcon(const QMessageBox& box) {
     auto& grid = static_cast<QGridLayout&>(*box.layout());
+    grid.setHorizontalSpacing(0);
     for (int i = 0; i < grid.count(); ++i) {
         QSpacerItem* indent = grid.itemAt(i)->spacerItem();
-        if (indent != nullptr) indent->changeSize(0, 0);
+        if (indent != nullptr) indent->changeSize(0, 0, QSizePolicy::Fixed, QSizePolicy::Fixed);
     }
-    grid.setHorizontalSpacing(0);
+    // The text stands in the last column, which takes the room that the buttons make.
+    grid.setColumnStretch(grid.columnCount() - 1, 1);
 }
 
 }  // namespace
