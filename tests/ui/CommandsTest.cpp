@@ -62,6 +62,16 @@ TEST_F(CommandsTest, an_entry_that_the_lists_lack_stands_in_the_filter_as_it_is)
     EXPECT_EQ(prompts.LastFileRequest().patterns.last(), QStringLiteral("*.avi;*.XYZXYZ;"));
 }
 
+TEST_F(CommandsTest, F10_opens_the_first_menu) {
+    Open();
+    Main().activateWindow();
+    trvCat().setFocus();
+    QTest::keyClick(&trvCat(), Qt::Key_F10);
+    ASSERT_TRUE(Shows("mnuFile"));
+    QTest::keyClick(&Find<QMenu>(Main(), "mnuFile"), Qt::Key_Escape);
+    EXPECT_FALSE(Shows("mnuFile"));
+}
+
 TEST_F(CommandsTest, a_single_file_is_added_and_a_cancel_does_nothing) {
     temp.Write("new.jpg", "picture");
     Open();

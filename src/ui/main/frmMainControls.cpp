@@ -16,6 +16,7 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
 #include <array>
 
@@ -167,6 +168,10 @@ void frmMain::PlaceControls() {
 }
 
 void frmMain::ConnectMenus() {
+    // The captions have no letters to open a menu by.
+    auto* toMenus = new QShortcut(Qt::Key_F10, this);
+    connect(toMenus, &QShortcut::activated, this,
+            [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
     const auto on = [this](const char* name, auto handler) {
         connect(&m_menus.Entry(name), &QAction::triggered, this, handler);
     };

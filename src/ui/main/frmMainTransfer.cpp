@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QToolButton>
 
 namespace tavel {
@@ -67,8 +68,9 @@ void frmMain::cmdSend_Click() {
     if (grdSync->Count() == 0) return;
     std::vector<std::string> sIDs;
     FormSyncList(sIDs);
+    // A failure, too, is not to be answered by keys that came before its message.
+    const auto drop = qScopeGuard(DropInput);
     TransferToPSP(sIDs);
-    DropInput();
 }
 
 void frmMain::cmdClear_Click() { grdSync->Clear(); }

@@ -51,7 +51,7 @@ class RowInput : public View {
     // what has been typed so far for the new text as soon as the editor goes.
     void BreakOffEdit() {
         if (this->state() != View::EditingState) return;
-        View::closeEditor(this->indexWidget(this->currentIndex()),
+        View::closeEditor(this->indexWidget(this->currentIndex().siblingAtColumn(0)),
                           QAbstractItemDelegate::RevertModelCache);
     }
 
