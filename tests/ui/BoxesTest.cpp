@@ -104,6 +104,22 @@ TEST(MsgBox, its_text_begins_where_the_box_does) {
     }
 }
 
+TEST(MsgBox, breaks_a_long_path_at_its_folders_and_fits_the_screen) {
+    const RealPrompts real;
+    std::string path = "Adding c:";
+    for (int i = 0; i < 12; ++i) path += "\\a_folder_of_some_length";
+    WhenModal([](QWidget& box) {
+        const auto& words = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        const QRect needed =
+            words.fontMetrics().boundingRect(words.contentsRect(), Qt::TextWordWrap, words.text());
+        EXPECT_LE(needed.width(), words.contentsRect().width());
+        EXPECT_LE(needed.height(), words.contentsRect().height());
+        EXPECT_LT(box.width(), box.screen()->availableGeometry().width());
+        ButtonOf(box, QMessageBox::Ok).click();
+    });
+    MsgBox(QString::fromStdString(path));
+}
+
 TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
     PromptQueue prompts;
     prompts.ExpectMsgBox(QStringLiteral("Hello"), MsgBoxButtons::OK, MsgBoxAnswer::OK,

@@ -66,9 +66,12 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
     return MsgBoxAnswer::OK;
 }
 
+// Lines may also end between the folders of a path: it often has no blank, and cut off it would
+// not tell its file.
 QString WithLineBreaks(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
-        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+        .replace(QLatin1Char('\\'), QStringLiteral("\\\u200B"));
 }
 
 // The text of a box without an icon is indented, as though one might come yet.
