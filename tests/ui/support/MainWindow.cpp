@@ -11,6 +11,7 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QSaveFile>
 #include <utility>
 
 namespace tavel::test {
@@ -196,6 +197,7 @@ void MainWindowTest::PlugStick() {
     files.Plug('e', temp.HostPath("stick"));
 }
 
+// In one step each: another test program may be reading them.
 void MainWindowTest::InstallPictures() {
     const QDir folder(QCoreApplication::applicationDirPath());
     ASSERT_TRUE(folder.mkpath(QStringLiteral("UI")));
@@ -203,7 +205,10 @@ void MainWindowTest::InstallPictures() {
          {std::pair("UI/NoThumb.bmp", NoThumbWidth), {"UI/multiThumb.bmp", MultiThumbWidth}}) {
         QImage picture(width, 12, QImage::Format_RGB32);
         picture.fill(Qt::gray);
-        ASSERT_TRUE(picture.save(folder.filePath(QLatin1String(name))));
+        QSaveFile file(folder.filePath(QLatin1String(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(picture.save(&file, "BMP"));
+        ASSERT_TRUE(file.commit());
     }
 }
 
