@@ -214,6 +214,12 @@ TEST_F(TransferFailuresTest, A_stick_without_the_PSPs_folders_takes_chunked_copi
     TransferToPSP({sPhoto});
     ExpectFinished();
     EXPECT_EQ(FailureOfSending({AddAlbum("A", {sPhoto})}), 76);
+
+    fs::remove_all(HostOf('e', "MP_ROOT"));
+    calls.clear();
+    TransferToPSP({AddVideo("Film")});
+    ExpectFinished();
+    EXPECT_FALSE(fs::exists(HostOf('e', "MP_ROOT")));
 }
 
 namespace {

@@ -108,13 +108,14 @@ TEST(MsgBox, breaks_a_long_path_at_its_folders_and_fits_the_screen) {
     const RealPrompts real;
     std::string path = "Adding c:";
     for (int i = 0; i < 12; ++i) path += "\\a_folder_of_some_length";
-    WhenModal([](QWidget& box) {
+    WhenModal([&](QWidget& box) {
         const auto& words = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
         const QRect needed =
             words.fontMetrics().boundingRect(words.contentsRect(), Qt::TextWordWrap, words.text());
         EXPECT_LE(needed.width(), words.contentsRect().width());
         EXPECT_LE(needed.height(), words.contentsRect().height());
         EXPECT_LT(box.width(), box.screen()->availableGeometry().width());
+        EXPECT_EQ(FromQString(words.accessibleName()), path) << "without marks";
         ButtonOf(box, QMessageBox::Ok).click();
     });
     MsgBox(QString::fromStdString(path));

@@ -1,5 +1,6 @@
 #include "core/PublicStuff.h"
 #include "library/Groups.h"
+#include "ui/main/UpCalls.h"
 #include "ui/support/CategoryTree.h"
 
 #include <QLabel>
@@ -197,6 +198,18 @@ TEST_F(CategoryTreeTest, groups_made_in_a_row_are_in_the_tree_before_anybody_loo
     const std::string sID = make();
     EXPECT_NE(trvCat().Find(sID), nullptr) << "asked for";
     for (int i = 0; i < 3; ++i) EXPECT_EQ(KeyOf(*window.nodMagazines->child(i)), ids[i]);
+}
+
+TEST_F(CategoryTreeTest, groups_made_in_a_row_come_into_the_tree_when_the_last_is_made) {
+    WireUpCalls();
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
+    int additions = 0;
+    QObject::connect(trvCat().model(), &QAbstractItemModel::rowsInserted, [&] { ++additions; });
+    for (int i = 0; i < 3; ++i) MakeGroup({"ph_a"}, "Group", mtMagazine);
+    EXPECT_EQ(additions, 0);
+    RunEvents();
+    EXPECT_EQ(window.nodMagazines->childCount(), 3);
 }
 
 TEST_F(CategoryTreeTest, a_rebuild_that_is_due_is_no_reason_to_miss_a_later_one) {

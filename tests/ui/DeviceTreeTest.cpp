@@ -42,6 +42,20 @@ TEST_F(DeviceTreeTest, a_rebuilt_tree_has_the_folders_of_one_level_and_only_its_
     EXPECT_EQ(trvPSPCat().Node("e:\\psp\\photo\\Trip").Parent(), Main().nodPhotos);
 }
 
+TEST_F(DeviceTreeTest, the_node_that_is_listed_stays_selected_in_a_rebuilt_tree) {
+    Open();
+    for (const char* node : {"videoall", "e:\\psp\\photo\\Trip"}) {
+        ClickPSP(node);
+        const std::string sRows = RowsOf(grdItems());
+        Main().RefreshPSPCats();
+        EXPECT_EQ(trvPSPCat().SelectedKey(), node);
+        EXPECT_EQ(RowsOf(grdItems()), sRows);
+    }
+    fs::remove_all(temp.HostPath("stick/psp/photo/Trip"));
+    Main().RefreshPSPCats();
+    EXPECT_EQ(trvPSPCat().SelectedKey(), "");
+}
+
 TEST_F(DeviceTreeTest, folder_nodes_of_photos_have_the_icon_of_music) {
     Open();
     const auto picture = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };

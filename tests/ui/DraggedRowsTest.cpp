@@ -11,7 +11,9 @@
 #include <QMimeData>
 #include <QPointer>
 #include <QScrollBar>
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace tavel::test {
 
@@ -35,9 +37,9 @@ class DragOf : public QObject {
 };
 
 // A tree of more nodes than it shows, in the middle of them.
-std::unique_ptr<TreeView> LongTree() {
+std::unique_ptr<TreeView> LongTree(int nodes = 200) {
     auto tree = std::make_unique<TreeView>();
-    for (int i = 0; i < 200; ++i) tree->AddNode(nullptr, std::to_string(i), "Node", {});
+    for (int i = 0; i < nodes; ++i) tree->AddNode(nullptr, std::to_string(i), "Node", {});
     tree->resize(200, 200);
     tree->SetDropTarget(true);
     tree->show();
@@ -114,10 +116,16 @@ TEST(DraggedRows, a_drag_near_an_edge_scrolls_that_way) {
 }
 
 TEST(DraggedRows, a_drag_that_rests_near_an_edge_reaches_the_end_and_goes_faster) {
-    const auto tree = LongTree();
+    const auto tree = LongTree(400);
     DragOver(*tree, 197);
+    int longestStep = 0;
+    int top = Top(*tree);
+    QObject::connect(tree->verticalScrollBar(), &QScrollBar::valueChanged, [&](int value) {
+        longestStep = std::max(longestStep, value - std::exchange(top, value));
+    });
     EXPECT_TRUE(QTest::qWaitFor([&] { return Top(*tree) == tree->verticalScrollBar()->maximum(); },
-                                10'000));
+                                20'000));
+    EXPECT_GT(longestStep, 2);
 }
 
 TEST(DraggedRows, away_from_the_edges_and_once_it_has_gone_it_scrolls_nothing) {

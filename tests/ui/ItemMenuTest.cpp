@@ -181,6 +181,18 @@ TEST_F(ItemMenuTest, a_right_click_selects_the_row_that_its_menu_acts_on) {
     EXPECT_FALSE(grdItems().Selected(1));
 }
 
+TEST_F(ItemMenuTest, a_right_press_beside_the_rows_opens_the_menu_of_the_row_it_ends_on) {
+    frmMain& window = Open();
+    ClickNode("photoall");
+    ClickRow(1);
+    QTest::mousePress(grdItems().viewport(), Qt::RightButton, {},
+                      QPoint(10, grdItems().viewport()->height() - 5));
+    QTest::mouseRelease(grdItems().viewport(), Qt::RightButton, {}, PointOfRow(3));
+    EXPECT_TRUE(Shows("mnuRMB"));
+    EXPECT_EQ(window.sSelected, Ids{"ph_c"});
+    EXPECT_FALSE(grdItems().Selected(1));
+}
+
 TEST_F(ItemMenuTest, a_release_of_another_button_clears_bListDrag_and_nothing_more) {
     frmMain& window = Open();
     ClickNode("photoall");

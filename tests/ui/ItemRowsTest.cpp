@@ -102,6 +102,14 @@ TEST_F(ItemRowsTest, a_magazine_keeps_the_fraction_of_its_total) {
     EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtVideo), "0 Mb");
 }
 
+TEST_F(ItemRowsTest, a_member_that_the_library_lacks_is_named_with_its_group) {
+    AddAlbum("pa_a", Photos({500000}));
+    colPhoto.Remove("ph_0");
+    EXPECT_EQ(FailedActivityOf([] { RowsOfType(mtPhotoAlbum); }), "Listing ph_0 of Group pa_a");
+    EXPECT_EQ(FailedActivityOf([] { AddRowsOfGroup("pa_a", [](const ListRow&) {}); }),
+              "Listing ph_0 of Group pa_a");
+}
+
 TEST_F(ItemRowsTest, a_page_counts_with_its_two_decimals) {
     AddMagazine("ma_a", Photos({4000, 4000, 4000}));
     EXPECT_EQ(TotalPhotoSeriesSize("ma_a", mtMagazine), "0 Mb");

@@ -116,12 +116,14 @@ TEST_F(SendTest, clicks_and_keys_that_came_during_a_transfer_are_dropped_at_its_
     copyWindow.total.onValue = [&](float) {
         ClickSoon(Find(Main(), "cmdSend"));
         PressSoon(Main(), Qt::Key_Space);  // the button has the focus
+        PressSoon(Main(), Qt::Key_F10);
         CloseSoon(Main());
     };
     Click(Main(), "cmdSend");
     RunEvents();
     EXPECT_EQ(sends(), 1);
     EXPECT_THAT(calls, Not(Contains("ShowEnd")));
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "the menu of F10";
 
     copyWindow.total.onValue = [](float) {};
     ClickSoon(Find(Main(), "cmdSend"));

@@ -232,6 +232,14 @@ TEST_F(SmallWindows, what_was_rejected_is_listed_until_OK) {
     EXPECT_FALSE(SingleWindow<frmInvFiles>::Loaded());
 }
 
+TEST_F(SmallWindows, Enter_and_Escape_close_the_list_of_what_was_rejected) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+        ShowInvalidFiles({"c:\\a.doc"});
+        QTest::keyClick(&SingleWindow<frmInvFiles>::Get(), key);
+        EXPECT_FALSE(SingleWindow<frmInvFiles>::Loaded()) << key;
+    }
+}
+
 TEST_F(SmallWindows, the_splash_is_on_the_screen_until_it_is_unloaded) {
     App().ShowSplash();
     frmSplash& splash = SingleWindow<frmSplash>::Get();

@@ -3,6 +3,7 @@
 #include "library/Collections.h"
 #include "library/Identifiers.h"
 #include "library/SizeText.h"
+#include "platform/Activity.h"
 
 #include <algorithm>
 
@@ -14,12 +15,20 @@ std::string RowKey(const Record& record) { return "ID" + record.sDBID; }
 
 double Megabytes(const Record& record) { return Round(record.iSize / 1000000.0, 2); }
 
+// A group may name a member that the library lacks.
+template <class Member>
+const Member& MemberOf(const Group& group, Integer i, const Collection<Member>& members) {
+    const std::string& sID = group.Members().Get(i);
+    const Doing listing("Listing", sID, "of", group.sName);
+    return members.Item(sID);
+}
+
 // The sum goes back into a Long at each step, so that every member's fraction is lost by itself.
 template <class Member>
 std::string WholeTotal(const Group& group, const Collection<Member>& members) {
     Long total = 0;
     for (Integer i = 0; i < group.Count(); ++i) {
-        total = RoundToLong(total + Megabytes(members.Item(group.Members().Get(i))));
+        total = RoundToLong(total + Megabytes(MemberOf(group, i, members)));
     }
     return std::to_string(total) + " Mb";
 }
@@ -27,7 +36,7 @@ std::string WholeTotal(const Group& group, const Collection<Member>& members) {
 std::string PageTotal(const Group& group) {
     float total = 0;
     for (Integer i = 0; i < group.Count(); ++i) {
-        total = static_cast<float>(total + Megabytes(colPhoto.Item(group.Members().Get(i))));
+        total = static_cast<float>(total + Megabytes(MemberOf(group, i, colPhoto)));
     }
     return TextOfSingle(static_cast<float>(Round(total, 2))) + " Mb";
 }
@@ -44,7 +53,7 @@ template <class T>
 void AddMembers(const Group& group, const Collection<T>& members, ListRow (*makeRow)(const T&),
                 const std::function<void(ListRow)>& add) {
     for (Integer i = 0; i < group.Count(); ++i) {
-        add(makeRow(members.Item(group.Members().Get(i))));
+        add(makeRow(MemberOf(group, i, members)));
     }
 }
 

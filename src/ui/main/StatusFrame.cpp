@@ -7,6 +7,7 @@
 
 #include <QLabel>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 
 namespace tavel {
@@ -17,7 +18,8 @@ constexpr int BarTop = 240;
 constexpr int BarHeight = 390;
 constexpr int SpanRight = 6420;
 
-// A vertical fade from a colour at the bottom to black at the top.
+// A vertical fade from a colour at the bottom to black at the top. The first stick of a session
+// widens the bar; what is wider than its span would be drawn over the frame's line.
 class Fade : public QWidget {
   public:
     Fade(const char* name, const QColor& color, QWidget* parent) : QWidget(parent), m_color(color) {
@@ -29,7 +31,7 @@ class Fade : public QWidget {
         QLinearGradient fade(0, 0, 0, height());
         fade.setColorAt(0, Qt::black);
         fade.setColorAt(1, m_color);
-        QPainter(this).fillRect(rect(), fade);
+        QPainter(this).fillRect(0, 0, std::min(width(), Pixels(SpanRight) - x()), height(), fade);
     }
 
   private:

@@ -25,6 +25,8 @@ frmInvFiles::frmInvFiles()
     lstItems->setAccessibleName(tr("Items that were not added"));
     auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
     connect(cmdOK, &QPushButton::clicked, this, [] { SingleWindow<frmInvFiles>::Unload(); });
+    SetEnterButton(*this, *cmdOK);
+    SetEscapeButton(*this, *cmdOK);
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(Label1);

@@ -50,8 +50,10 @@ void frmMain::ResetPSPCats() {
     AddPSPCats();
 }
 
-// Folders have the icon of music, those of photos too.
+// Folders have the icon of music, those of photos too. The list goes on showing what it shows, and
+// its node goes on telling so.
 void frmMain::RefreshPSPCats() {
+    const std::string sSelectedKey = trvPSPCat->SelectedKey();
     ResetPSPCats();
     const QIcon& icon = iglIcons.Icon(QStringLiteral("music"));
     for (const FolderEntry& folder : PSPMusicFolders()) {
@@ -60,6 +62,8 @@ void frmMain::RefreshPSPCats() {
     for (const FolderEntry& folder : PSPPhotoFolders()) {
         trvPSPCat->AddNode(nodPhotos, folder.Path, folder.Name, icon);
     }
+    TreeNode* selected = trvPSPCat->Find(sSelectedKey);
+    if (selected != nullptr) trvPSPCat->Select(*selected);
 }
 
 // The keyboard must not reach the device's tree while it lies covered.

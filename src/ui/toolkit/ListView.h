@@ -91,6 +91,7 @@ class ListView : public RowInput<QTreeView> {
     int ColumnOf(std::string_view sKey) const;
     void RemovePlaces(int first, int count);
     void SelectAlone(const QModelIndex& row);
+    void RequestMenu(const QModelIndex& row, QPoint globalPosition);
 
     struct Column {
         std::string sKey;

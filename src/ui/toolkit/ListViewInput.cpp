@@ -7,8 +7,12 @@ namespace tavel {
 void ListView::CurrentClicked(const QModelIndex&) { Q_EMIT RowClicked(); }
 
 void ListView::MenuRequestedOfCurrent(QPoint globalPosition) {
-    if (!Selected(Current())) {
-        SelectAlone(currentIndex());
+    RequestMenu(currentIndex(), globalPosition);
+}
+
+void ListView::RequestMenu(const QModelIndex& row, QPoint globalPosition) {
+    if (!selectionModel()->isSelected(row)) {
+        SelectAlone(row);
         Q_EMIT RowClicked();
     }
     Q_EMIT MenuRequested(globalPosition);
@@ -33,8 +37,9 @@ void ListView::mouseReleaseEvent(QMouseEvent* event) {
     const bool bFramed = state() == DragSelectingState;  // a frame drawn around rows
     QTreeView::mouseReleaseEvent(event);
     if (bFramed) EndInput();
-    if (event->button() == Qt::RightButton && indexAt(event->pos()).isValid()) {
-        Q_EMIT MenuRequested(event->globalPosition().toPoint());
+    const QModelIndex row = indexAt(event->pos());
+    if (event->button() == Qt::RightButton && row.isValid()) {
+        RequestMenu(row, event->globalPosition().toPoint());
     }
     Q_EMIT MouseReleased(event->button());
 }

@@ -22,10 +22,6 @@ bool TakeEvents(QEventLoop::ProcessEventsFlags flags) {
 bool IsInput(const QEvent& event) {
     switch (event.type()) {
         case QEvent::Shortcut:
-        case QEvent::ContextMenu:
-        case QEvent::DragEnter:
-        case QEvent::DragMove:
-        case QEvent::Drop:
             return true;
         case QEvent::Close:
             return event.spontaneous();

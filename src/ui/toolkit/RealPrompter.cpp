@@ -9,6 +9,7 @@
 #include <QFileInfo>
 #include <QGridLayout>
 #include <QInputDialog>
+#include <QLabel>
 #include <QMessageBox>
 #include <QPointer>
 
@@ -66,12 +67,16 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
     return MsgBoxAnswer::OK;
 }
 
-// Lines may also end between the folders of a path: it often has no blank, and cut off it would
-// not tell its file.
 QString WithLineBreaks(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
-        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
-        .replace(QLatin1Char('\\'), QStringLiteral("\\\u200B"));
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+}
+
+// Lines may also end between the folders of a path: it often has no blank, and cut off it would
+// not tell its file. The marks for it are not for a screen reader.
+void SetText(QMessageBox& box, const QString& text) {
+    box.setText(QString(text).replace(QLatin1Char('\\'), QStringLiteral("\\\u200B")));
+    box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))->setAccessibleName(text);
 }
 
 // The text of a box without an icon is indented, as though one might come yet.
@@ -94,7 +99,7 @@ MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(title);
     box->setTextFormat(Qt::PlainText);
-    box->setText(WithLineBreaks(text));
+    SetText(*box, WithLineBreaks(text));
     box->setStandardButtons(ButtonsOf(buttons));
     if (buttons == MsgBoxButtons::YesNoDefaultNo) box->setDefaultButton(QMessageBox::No);
     PlainButtons(*box);
