@@ -56,6 +56,23 @@ TEST_F(AddingWindows, a_cancel_takes_the_window_away_and_the_next_folder_goes_in
     EXPECT_EQ(FromQString(Find<QLabel>(Add(), "labPath").text()), temp.DrivePath("m\\two\\c.jpg"));
 }
 
+TEST_F(AddingWindows, closing_the_window_is_Cancel_and_takes_it_away_only_once_it_is_noticed) {
+    for (const char* name : {"m/a.jpg", "m/b.jpg", "m/c.jpg"}) temp.Write(name, "a file");
+    Calls calls;
+    EventLoopRecorder events(calls);
+    events.onYield = [] {
+        if (!SingleWindow<frmAdd>::Loaded()) return;
+        frmAdd& window = Add();
+        window.close();
+        EXPECT_TRUE(window.isVisible());
+        EXPECT_TRUE(Find(window, "cmdCancel").isVisible());
+    };
+    Service<AddWindow>::Get().Show();
+    AddFolder(temp.DrivePath("m"), true, false, false, false);
+    EXPECT_EQ(colPhoto.Count(), 1);
+    EXPECT_FALSE(SingleWindow<frmAdd>::Loaded());
+}
+
 TEST_F(AddingWindows, the_path_is_painted_before_the_file_is_added) {
     AddWindow& window = Service<AddWindow>::Get();
     window.Show();

@@ -3,7 +3,10 @@
 #include "ui/main/UpCalls.h"
 #include "ui/support/CategoryTree.h"
 
+#include <qpa/qwindowsysteminterface.h>
+
 #include <QLabel>
+#include <QWindow>
 
 namespace tavel::test {
 
@@ -210,6 +213,57 @@ TEST_F(CategoryTreeTest, groups_made_in_a_row_come_into_the_tree_when_the_last_i
     EXPECT_EQ(additions, 0);
     RunEvents();
     EXPECT_EQ(window.nodMagazines->childCount(), 3);
+}
+
+TEST_F(CategoryTreeTest, the_tree_stays_as_it_is_while_it_is_painted) {
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
+    trvCat().Node("magazines").setExpanded(true);
+    QWidget& viewport = *trvCat().viewport();
+    int changes = 0;
+    QObject::connect(trvCat().model(), &QAbstractItemModel::rowsInserted, &window, [&] {
+        ++changes;
+        EXPECT_FALSE(viewport.testAttribute(Qt::WA_WState_InPaintEvent));
+    });
+    const auto exposed = [&] {
+        QWindow& handle = *window.windowHandle();
+        using Now = QWindowSystemInterface::SynchronousDelivery;
+        QWindowSystemInterface::handleExposeEvent<Now>(&handle, QRect(QPoint(), handle.size()));
+    };
+    for (const std::function<void()>& paint : std::initializer_list<std::function<void()>>{
+             [&] { (void)viewport.grab(); }, [&] { viewport.repaint(); }, exposed}) {
+        MakeGroup({"ph_a"}, "Group", mtMagazine);
+        paint();
+        RunEvents();
+    }
+    EXPECT_EQ(changes, 3);
+    EXPECT_EQ(window.nodMagazines->childCount(), 3);
+}
+
+TEST_F(CategoryTreeTest, what_is_due_is_dropped_when_the_program_fails) {
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
+    QTimer::singleShot(0, &window, [] {
+        MakeGroup({"ph_a"}, "Group", mtMagazine);
+        Fail(failure::Overflow);
+    });
+    EXPECT_EQ(FatalOf(RunEvents), failure::Overflow);
+    RunEvents();
+    EXPECT_EQ(window.nodMagazines->childCount(), 0);
+}
+
+TEST_F(CategoryTreeTest, what_is_due_is_dropped_when_the_window_goes) {
+    FillLibrary();
+    auto window = std::make_unique<frmMain>();
+    window->SetupCats();
+    window->show();
+    RunEvents();
+    int changes = 0;
+    QAbstractItemModel& model = *Find<TreeView>(*window, "trvCat").model();
+    QObject::connect(&model, &QAbstractItemModel::rowsInserted, [&] { ++changes; });
+    window->RefreshCatsLater();
+    window.reset();
+    EXPECT_EQ(changes, 0);
 }
 
 TEST_F(CategoryTreeTest, a_rebuild_that_is_due_is_no_reason_to_miss_a_later_one) {

@@ -132,6 +132,30 @@ TEST_F(NewPSP, Enter_in_the_open_list_of_drives_takes_the_row_and_Escape_closes_
     }
 }
 
+TEST_F(NewPSP, a_key_that_is_held_on_after_it_closed_the_list_of_drives_presses_no_button) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        Drives().SetDrive("e:");
+        QKeyEvent held(QEvent::KeyPress, key, Qt::NoModifier, QString(), true);
+        QApplication::sendEvent(&Drives(), &held);
+        EXPECT_TRUE(IsOpen()) << key;
+        EXPECT_FALSE(bPSPConnected);
+    }
+}
+
+TEST_F(NewPSP, Enter_with_another_key_is_no_OK_but_that_of_the_keypad_is) {
+    Drives().SetDrive("e:");
+    for (const Qt::KeyboardModifier with :
+         {Qt::ControlModifier, Qt::AltModifier, Qt::MetaModifier, Qt::ShiftModifier}) {
+        QTest::keyClick(&Name(), Qt::Key_Return, with);
+        QTest::keyClick(&Name(), Qt::Key_Escape, with);
+        ASSERT_TRUE(IsOpen()) << with;
+        EXPECT_FALSE(bPSPConnected);
+    }
+    QTest::keyClick(&Name(), Qt::Key_Enter, Qt::KeypadModifier);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_TRUE(bPSPConnected);
+}
+
 TEST_F(NewPSP, a_drive_that_is_not_removable_gets_a_message_and_the_dialog_stays) {
     for (const MsgBoxAnswer answer : {MsgBoxAnswer::OK, MsgBoxAnswer::Cancel}) {
         prompts.ExpectMsgBox(notConnected, MsgBoxButtons::OKCancel, answer);

@@ -6,6 +6,7 @@
 #include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/Strings.h"
 
+#include <QDrag>
 #include <QDragMoveEvent>
 #include <QLabel>
 #include <QMimeData>
@@ -38,9 +39,9 @@ class TransferListTest : public MainWindowTest {
         return queue;
     }
 
-    void ExpectAlreadyThere() {
+    void ExpectAlreadyThere(PromptQueue::During during = {}) {
         prompts.ExpectMsgBox(QStringLiteral("Already exists in the list"), MsgBoxButtons::OK,
-                             MsgBoxAnswer::OK);
+                             MsgBoxAnswer::OK, QLatin1String(ProgramTitle), std::move(during));
     }
 
     QImage IconOf(Long row) {
@@ -176,6 +177,29 @@ TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
     ExpectAlreadyThere();
     Drag(2, *grdSync().viewport(), {40, 60});
     EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+}
+
+// A drag has the mouse, which a box would wait for in vain.
+TEST_F(TransferListTest, the_message_about_a_row_that_is_dropped_twice_comes_after_the_drag) {
+    frmMain& window = Open();
+    window.AddToTransferList("vd_b");
+    ClickNode("videoall");
+    ExpectAlreadyThere([&] {
+        const auto* drag = grdItems().findChild<QDrag*>();
+        ASSERT_NE(drag, nullptr);
+        EXPECT_EQ(drag->supportedActions(), Qt::CopyAction) << "what it is run with";
+    });
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+}
+
+TEST_F(TransferListTest, each_row_that_is_dropped_twice_has_its_message_before_the_next_is_added) {
+    frmMain& window = Open();
+    window.AddToTransferList("vd_b");
+    ClickNode("videoall");
+    ExpectAlreadyThere([&] { EXPECT_EQ(Queue(), "IDvd_b=Clip;IDvd_a=Film;"); });
+    Drag(1, *grdSync().viewport(), {40, 60}, [&] { window.sSelected = {"vd_a", "vd_b", "vd_c"}; });
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;IDvd_a=Film;IDvd_c=Trailer;");
 }
 
 TEST_F(TransferListTest, a_drag_takes_the_row_in_the_hand) {

@@ -14,6 +14,7 @@
 #include "ui/toolkit/WorkWindow.h"
 
 #include <QPushButton>
+#include <QScreen>
 #include <QWindow>
 
 namespace tavel::test {
@@ -117,6 +118,48 @@ TEST_F(WorkWindowTest, a_dialog_comes_up_on_the_screen_where_the_main_window_rea
     dialog.resize(100, 50);
     ShowDialog(dialog);
     EXPECT_TRUE(screen.contains(dialog.geometry()));
+}
+
+TEST_F(WorkWindowTest, a_dialog_comes_up_on_the_screen_wherever_the_main_window_is) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const struct {
+        QPoint owner;
+        QSize dialog;
+        QPoint expected;  // its upper left corner
+    } cases[] = {
+        {screen.topLeft() - QPoint(5000, 5000), {100, 50}, screen.center() - QPoint(49, 24)},
+        {screen.bottomRight() + QPoint(5000, 5000), {100, 50}, screen.center() - QPoint(49, 24)},
+        {screen.bottomRight() - QPoint(9, 9), {100, 50}, screen.bottomRight() - QPoint(99, 49)},
+        {screen.topLeft() - QPoint(290, 190), {100, 50}, screen.topLeft()},
+        {screen.center(), screen.size() * 2, screen.topLeft()},
+    };
+    for (const auto& each : cases) {
+        QWidget window(nullptr, Qt::FramelessWindowHint);
+        window.setGeometry(QRect(each.owner, QSize(300, 200)));
+        window.show();
+        SetWorkWindow(window);
+        QWidget dialog(nullptr, Qt::Dialog);
+        dialog.resize(each.dialog);
+        ShowDialog(dialog);
+        EXPECT_EQ(dialog.pos(), each.expected);
+    }
+}
+
+TEST_F(WorkWindowTest, what_the_user_asks_for_again_comes_back_to_the_front_with_the_keyboard) {
+    Open();
+    const auto expectInFront = [this](const char* entry, auto& window) {
+        for (const bool isMinimized : {false, true}) {
+            if (isMinimized) window.showMinimized();
+            Main().activateWindow();
+            ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+            Find<QAction>(Main(), entry).trigger();
+            EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << entry;
+            EXPECT_FALSE(window.isMinimized()) << entry;
+        }
+    };
+    for (const char* entry : {"mnuShowLog", "mnuSetupPSP"}) Find<QAction>(Main(), entry).trigger();
+    expectInFront("mnuShowLog", SingleWindow<frmLog>::Get());
+    expectInFront("mnuSetupPSP", SingleWindow<frmNewPSP>::Get());
 }
 
 TEST_F(WorkWindowTest, a_box_belongs_to_the_main_window_whichever_window_is_active) {

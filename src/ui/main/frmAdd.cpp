@@ -7,6 +7,7 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QCheckBox>
+#include <QCloseEvent>
 #include <QGridLayout>
 #include <QPushButton>
 
@@ -37,5 +38,11 @@ frmAdd::frmAdd()
 void frmAdd::SetPath(const std::string& sPath) { labPath->setText(ToQString(sPath)); }
 
 bool frmAdd::ExitChecked() const { return chkExit->isChecked(); }
+
+// Gone, it would leave the adding going on with nothing to stop it by.
+void frmAdd::closeEvent(QCloseEvent* event) {
+    chkExit->setChecked(true);
+    event->ignore();
+}
 
 }  // namespace tavel

@@ -8,7 +8,8 @@ class QLabel;
 
 namespace tavel {
 
-// The progress of adding. A fresh window has its cancel flag clear.
+// The progress of adding. A fresh window has its cancel flag clear. Its close box is Cancel, which
+// leaves it there until the adding has taken notice.
 class frmAdd : public QWidget {
     Q_OBJECT
 
@@ -17,6 +18,9 @@ class frmAdd : public QWidget {
 
     void SetPath(const std::string& sPath);
     bool ExitChecked() const;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
 
   private:
     QLabel* labPath;

@@ -24,7 +24,7 @@ frmLog::frmLog()
       cmdClear(Named<QPushButton>("cmdClear", QStringLiteral("Clear"), this)) {
     setObjectName(QStringLiteral("frmLog"));
     setWindowTitle(QStringLiteral("Log"));
-    lstLog->setAccessibleName(tr("Log"));
+    lstLog->setAccessibleName(windowTitle());
     connect(cmdClear, &QPushButton::clicked, lstLog, &LineList::Clear);
 
     // Only the list's width follows the window, so only the width can be dragged.

@@ -29,6 +29,9 @@ frmMain::frmMain() : m_menus(*this), tmrBack(this), tmrPSP(this) {
     ConnectControls();
 }
 
+// The tree outlives what it is built from.
+frmMain::~frmMain() { trvCat->DropChange(); }
+
 void frmMain::Load() {
     StyleApply(*this, gStyle);
     SetupTimer();

@@ -29,7 +29,8 @@ class frmMain : public QMainWindow {
     Q_OBJECT
 
   public:
-    frmMain();    // the controls, as they are designed
+    frmMain();  // the controls, as they are designed
+    ~frmMain() override;
     void Load();  // the load handler; reaches this window by up-calls
 
     // What the item list shows: -1 until a node is picked, else a MediaType. While the members of

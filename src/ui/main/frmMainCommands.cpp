@@ -71,14 +71,13 @@ void frmMain::mnuAddFolder_Click() {
 void frmMain::mnuShowLog_Click() {
     frmLog& window = SingleWindow<frmLog>::Get();
     window.show();
-    window.raise();
-    window.activateWindow();
+    BringToFront(window);
 }
 
 void frmMain::mnuSetupPSP_Click() {
     frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
     ShowDialog(window);
-    window.activateWindow();
+    BringToFront(window);
 }
 
 void frmMain::CreateGroup(Integer iType) {

@@ -4,6 +4,7 @@
 #include "ui/main/StatusFrame.h"
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
+#include "ui/toolkit/Application.h"
 #include "ui/toolkit/Artwork.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ListView.h"
@@ -206,6 +207,7 @@ void frmMain::ConnectControls() {
             [this](TreeNode& node) { trvCat->Select(node); });
     connect(trvCat, &TreeView::LabelEdited, this, &frmMain::trvCat_AfterLabelEdit);
     connect(trvCat, &TreeView::RowsDropped, this, &frmMain::trvCat_RowsDropped);
+    connect(static_cast<Application*>(qApp), &Application::Failing, trvCat, &TreeView::DropChange);
     connect(trvPSPCat, &TreeView::NodeClicked, this, &frmMain::trvPSPCat_NodeClick);
 
     connect(grdItems, &ListView::RowClicked, this, &frmMain::grdItems_ItemClick);

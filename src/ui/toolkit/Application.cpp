@@ -81,7 +81,10 @@ void Application::HandleFailure() noexcept {
     const std::string activity = TakeFailedActivity();
     const Failure failure = CurrentFailure();
     // A failure of the message's own leaves only the end.
-    if (!std::exchange(m_failed, true)) FailureMessage(failure, activity);
+    if (!std::exchange(m_failed, true)) {
+        Q_EMIT Failing();
+        FailureMessage(failure, activity);
+    }
     m_end();
     m_failed = false;
 }

@@ -25,6 +25,10 @@ class Application : public QApplication {
     // Runs what stands outside the event loop, start-up above all, under the same rule.
     void Guard(const std::function<void()>& work);
 
+  Q_SIGNALS:
+    // Before the message: what was put off is not to be done any more.
+    void Failing();
+
   private:
     void HandleFailure() noexcept;
     static void FailureMessage(const Failure& failure, const std::string& activity);

@@ -12,7 +12,8 @@ namespace tavel {
 namespace {
 
 // Keys that came to the window because no control of it wanted them. A list that is open is a
-// window of its own and keeps its keys.
+// window of its own and keeps its keys. One that is held down may have been meant for such a list,
+// which its first press has closed.
 class UnwantedKeys : public QObject {
   public:
     UnwantedKeys(QWidget& window, std::vector<Qt::Key> keys, std::function<void()> act)
@@ -22,13 +23,17 @@ class UnwantedKeys : public QObject {
 
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::KeyPress) return false;
-        const int key = static_cast<QKeyEvent*>(event)->key();
-        if (std::find(m_keys.begin(), m_keys.end(), key) == m_keys.end()) return false;
+        if (!IsOneOfThem(*static_cast<QKeyEvent*>(event))) return false;
         m_act();
         return true;
     }
 
   private:
+    bool IsOneOfThem(const QKeyEvent& event) const {
+        if (event.isAutoRepeat() || (event.modifiers() & ~Qt::KeypadModifier) != 0) return false;
+        return std::find(m_keys.begin(), m_keys.end(), event.key()) != m_keys.end();
+    }
+
     std::vector<Qt::Key> m_keys;
     std::function<void()> m_act;
 };

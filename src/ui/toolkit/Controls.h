@@ -19,7 +19,8 @@ Control* Named(const char* name, Arguments&&... arguments) {
     return control;
 }
 
-// The Escape key clicks the button, unless a control of the window has use for it.
+// The Escape key clicks the button, unless a control of the window has use for it. Held down, or
+// with Control and its like, it does nothing.
 void SetEscapeButton(QWidget& window, QPushButton& button);
 
 // The Enter keys likewise click the button that has the focus, or else this one.

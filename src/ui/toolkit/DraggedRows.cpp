@@ -7,9 +7,12 @@
 #include <QDropEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QPointer>
+#include <QScopedValueRollback>
 #include <QUuid>
 #include <QWidget>
 #include <memory>
+#include <utility>
 
 namespace tavel {
 
@@ -21,6 +24,9 @@ const QByteArray& OwnMark() {
     static const QByteArray mark = QUuid::createUuid().toByteArray();
     return mark;
 }
+
+bool s_isDragging = false;
+std::function<void()> s_afterDrag;
 
 // Twips.
 constexpr int maxWidth = 3000;
@@ -50,6 +56,15 @@ QPixmap PictureOf(const QString& name, const QWidget& control) {
     return picture;
 }
 
+void Drag(QWidget& control, const QString& name) {
+    const QScopedValueRollback<bool> dragging(s_isDragging, true);
+    auto* drag = new QDrag(&control);
+    drag->setMimeData(MakeDraggedRows());
+    drag->setPixmap(PictureOf(name, control));
+    drag->setHotSpot({-Pixels(besidePointer), -Pixels(besidePointer)});
+    drag->exec(Qt::CopyAction);
+}
+
 }  // namespace
 
 QMimeData* MakeDraggedRows() {
@@ -59,11 +74,15 @@ QMimeData* MakeDraggedRows() {
 }
 
 void DragRow(QWidget& control, const QString& name) {
-    auto* drag = new QDrag(&control);
-    drag->setMimeData(MakeDraggedRows());
-    drag->setPixmap(PictureOf(name, control));
-    drag->setHotSpot({-Pixels(besidePointer), -Pixels(besidePointer)});
-    drag->exec(Qt::CopyAction);
+    Drag(control, name);
+    if (const auto act = std::exchange(s_afterDrag, nullptr)) act();
+}
+
+void AfterDrag(QObject& receiver, std::function<void()> act) {
+    if (!s_isDragging) return act();
+    s_afterDrag = [guard = QPointer<QObject>(&receiver), act = std::move(act)] {
+        if (guard != nullptr) act();
+    };
 }
 
 bool AcceptDraggedRows(QDropEvent& event) {

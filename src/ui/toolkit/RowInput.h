@@ -82,7 +82,9 @@ class RowInput : public View {
 
     void dropEvent(QDropEvent* event) override {
         m_scroll.Stop();
-        if (AcceptDraggedRows(*event)) RowsDroppedAt(event->position().toPoint());
+        if (!AcceptDraggedRows(*event)) return;
+        AfterDrag(*this,
+                  [this, position = event->position().toPoint()] { RowsDroppedAt(position); });
     }
 
     // The Tab key ends an edit; it does not go on to the label of the next row.

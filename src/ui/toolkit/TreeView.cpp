@@ -71,17 +71,28 @@ void TreeView::RemoveAll() {
     clear();
 }
 
-// Where nothing of this comes before, the tree itself looks: a screen reader doesn't ask us.
+// Where nothing of this comes before, the tree itself looks: a screen reader doesn't ask us. That
+// something of it is to be painted is told to the window alone.
 void TreeView::ChangeLater(std::function<void()> change) {
     const bool bPosted = m_change != nullptr;
     m_change = std::move(change);
-    if (!bPosted)
-        QMetaObject::invokeMethod(
-            this, [this] { Settle(); }, Qt::QueuedConnection);
+    if (bPosted) return;
+    window()->installEventFilter(this);
+    QMetaObject::invokeMethod(
+        this, [this] { Settle(); }, Qt::QueuedConnection);
 }
 
+void TreeView::DropChange() { m_change = nullptr; }
+
 void TreeView::Settle() {
-    if (const auto change = std::exchange(m_change, nullptr)) change();
+    if (m_change == nullptr) return;
+    window()->removeEventFilter(this);
+    std::exchange(m_change, nullptr)();
+}
+
+// While it is painted, a tree must stay as it is.
+void TreeView::SettleBefore(const QEvent& event) {
+    if (event.type() != QEvent::Paint) Settle();
 }
 
 void TreeView::Forget(const QTreeWidgetItem& node) {
@@ -144,12 +155,17 @@ void TreeView::initViewItemOption(QStyleOptionViewItem* option) const {
 }
 
 bool TreeView::event(QEvent* event) {
-    Settle();
+    SettleBefore(*event);
     return RowInput::event(event);
 }
 
+bool TreeView::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::UpdateRequest) Settle();
+    return RowInput::eventFilter(watched, event);
+}
+
 bool TreeView::viewportEvent(QEvent* event) {
-    Settle();
+    SettleBefore(*event);
     return RowInput::viewportEvent(event);
 }
 

@@ -38,9 +38,11 @@ class TreeView : public RowInput<QTreeWidget> {
     void RemoveChild(TreeNode& parent, int child);  // counts from 0; with all below it
     void RemoveAll();
 
-    // Changes the nodes once, before anybody looks: before the tree is painted, takes input or is
-    // asked for a node. A change that is given before that takes the place of the former one.
+    // Changes the nodes once, before anybody looks: before the window brings what it shows up to
+    // date, and before the tree takes input or is asked for a node. A change that is given before
+    // that takes the place of the former one.
     void ChangeLater(std::function<void()> change);
+    void DropChange();  // one that has not been made yet
 
     TreeNode* Find(std::string_view sKey);  // null when no node has the key
     TreeNode& Node(std::string_view sKey);
@@ -70,6 +72,7 @@ class TreeView : public RowInput<QTreeWidget> {
     void MenuRequestedOfCurrent(QPoint globalPosition) override;
     void RowsDroppedAt(QPoint viewportPosition) override;
     bool event(QEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -84,6 +87,7 @@ class TreeView : public RowInput<QTreeWidget> {
     TreeNode* NodeAt(QPoint position) const { return static_cast<TreeNode*>(itemAt(position)); }
     void Forget(const QTreeWidgetItem& node);
     void Settle();
+    void SettleBefore(const QEvent& event);
 
     std::unordered_map<std::string, TreeNode*> m_nodes;
     std::function<void()> m_change;

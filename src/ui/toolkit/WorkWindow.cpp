@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QWidget>
 #include <QWindow>
+#include <algorithm>
 
 namespace tavel {
 
@@ -26,12 +27,20 @@ void MakeBelong(QWidget& dialog) {
     dialog.windowHandle()->setTransientParent(s_workWindow->windowHandle());
 }
 
-// Of what is seen of the work window, else of the screen.
+// Of what is seen of the work window, else of the screen, and never beyond the screen's edges: at
+// the left and the top in the last resort, where a window is taken hold of.
 void PutInTheMiddle(QWidget& dialog) {
-    QRect around = QGuiApplication::primaryScreen()->availableGeometry();
-    if (s_workWindow != nullptr && s_workWindow->isVisible())
-        around = s_workWindow->screen()->availableGeometry() & s_workWindow->frameGeometry();
-    dialog.move(around.center() - dialog.rect().center());
+    const bool hasOwner = s_workWindow != nullptr && s_workWindow->isVisible();
+    const QScreen& at = hasOwner ? *s_workWindow->screen() : *QGuiApplication::primaryScreen();
+    const QRect screen = at.availableGeometry();
+    const QRect seen = hasOwner ? screen & s_workWindow->frameGeometry() : QRect();
+    QRect place = dialog.rect();
+    place.moveCenter(seen.isEmpty() ? screen.center() : seen.center());
+    place.moveRight(std::min(place.right(), screen.right()));
+    place.moveBottom(std::min(place.bottom(), screen.bottom()));
+    place.moveLeft(std::max(place.left(), screen.left()));
+    place.moveTop(std::max(place.top(), screen.top()));
+    dialog.move(place.topLeft());
 }
 
 }  // namespace
@@ -47,6 +56,12 @@ void ShowDialog(QWidget& dialog) {
     }
     dialog.show();
     dialog.raise();
+}
+
+void BringToFront(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.raise();
+    window.activateWindow();
 }
 
 // The active window alone is no owner to rely on: there is none while the user is in another

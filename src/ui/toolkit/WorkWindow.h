@@ -14,6 +14,10 @@ QWidget* WorkWindow();  // null while there is none, as while the library loads
 // Shows a dialog in front, in the middle of the work window or, while there is none, of the screen.
 void ShowDialog(QWidget& dialog);
 
+// Puts a window that shows, minimized or behind others, where the user who asked for it sees it,
+// and gives it the keyboard.
+void BringToFront(QWidget& window);
+
 // What a box belongs to that asks now: the box that is asking already, else the dialog that the
 // user is in, else the work window. Null when there is none of them.
 QWidget* BoxOwner();
