@@ -106,6 +106,29 @@ TEST(DraggedRows, the_picture_of_a_long_name_stays_small) {
     EXPECT_LE(drag.Get()->pixmap().width(), 250);
 }
 
+TEST(DraggedRows, a_name_of_several_lines_is_shown_in_one) {
+    ListView list;
+    list.AddColumn("title", "Title", 2880);
+    list.show();
+    const auto pictureOf = [&list](const char* name) {
+        const DragOf drag(list);
+        DragRow(list, QLatin1String(name));
+        return drag.Get()->pixmap().toImage();
+    };
+    const QImage usual = pictureOf("one two");
+    for (const char* name : {"one\ntwo", "one\vtwo", "one\x85two"})
+        EXPECT_EQ(pictureOf(name), usual) << name;
+}
+
+TEST(DraggedRows, a_hand_that_moves_along_an_edge_scrolls_all_the_same) {
+    const auto tree = LongTree();
+    int moves = 0;
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        DragOver(*tree, 195 + ++moves % 3);
+        return Top(*tree) >= 103;
+    }));
+}
+
 TEST(DraggedRows, a_drag_near_an_edge_scrolls_that_way) {
     const auto tree = LongTree();
     DragOver(*tree, 100);

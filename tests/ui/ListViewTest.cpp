@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMimeData>
+#include <QScrollBar>
 #include <algorithm>
 #include <functional>
 #include <memory>
@@ -143,6 +144,18 @@ TEST_F(ListViewTest, the_row_that_takes_the_place_of_a_removed_current_row_becom
     list.Remove("a");
     EXPECT_EQ(FailureOf([&] { list.Current(); }), failure::ObjectNotSet);
     EXPECT_EQ(clicked, "b");
+}
+
+TEST_F(ListViewTest, the_neighbour_of_the_current_row_that_goes_is_scrolled_into_view) {
+    for (int i = 0; i < 100; ++i) list.Add(ListRow{std::to_string(i), {"row", "1 Mb"}});
+    Show();
+    ClickRow(2);
+    QScrollBar& bar = *list.verticalScrollBar();
+    bar.setValue(bar.maximum());
+    for (int i = 0; i < 3; ++i) list.Remove(2);
+    RunEvents();
+    EXPECT_EQ(list.CurrentKey(), "4");
+    EXPECT_LE(bar.value(), 1);
 }
 
 TEST_F(ListViewTest, RemoveSelected_takes_out_every_selected_row) {

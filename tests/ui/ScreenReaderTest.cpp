@@ -37,6 +37,7 @@ TEST_F(ScreenReaderTest, the_log_is_a_window_with_a_list) {
     EXPECT_EQ(Read(log).role(), QAccessible::Window);
     EXPECT_EQ(NameOf(Read(log)), "Log");
     QAccessibleInterface& lines = Read(Find(log, "lstLog"));
+    EXPECT_EQ(NameOf(lines), "Log");
     EXPECT_EQ(lines.parent()->object(), &log);
     EXPECT_EQ(NameOf(*lines.tableInterface()->cellAt(0, 0)), "a line");
 }

@@ -113,6 +113,20 @@ TEST_F(TransferListTest, both_lists_have_a_column_for_the_icon_and_one_for_the_n
               ListView::DefaultColumnWidth);
 }
 
+TEST_F(TransferListTest, neither_list_can_be_scrolled_sideways) {
+    frmMain& window = Open();
+    for (int i = 0; i < 60; ++i) {
+        const std::string sID = "ph_" + std::to_string(i);
+        AddPhoto(sID, sID);
+        window.AddToTransferList(sID);
+    }
+    ASSERT_TRUE(QTest::qWaitFor([&] { return grdSync().verticalScrollBar()->isVisible(); }));
+    EXPECT_FALSE(grdSync().horizontalScrollBar()->isVisible());
+    ChooseView("auto");
+    RunEvents();
+    EXPECT_FALSE(Find<ListView>(window, "grdAutoSync").horizontalScrollBar()->isVisible());
+}
+
 TEST_F(TransferListTest, an_id_that_can_not_be_added_is_passed_over_without_a_word) {
     frmMain& window = Open();
     for (const char* id : {"", "-1", "vd_none", "xy"}) window.AddToTransferList(id);

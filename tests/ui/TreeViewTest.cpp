@@ -1,4 +1,5 @@
 #include "support/Support.h"
+#include "ui/support/OnPaint.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/Strings.h"
@@ -228,6 +229,15 @@ TEST_F(TreeViewTest, a_line_break_is_shown_as_a_blank_and_makes_no_row_higher) {
     EXPECT_EQ(showing(QStringLiteral("one\ntwo")), usual);
     EXPECT_EQ(FromQString(root->text(0)), "one\ntwo");
     for (TreeNode* node : {root, fixed}) EXPECT_EQ(tree.visualItemRect(node).height(), height);
+}
+
+TEST_F(TreeViewTest, a_tree_that_is_muted_shows_it_without_being_touched) {
+    RunEvents();
+    int paints = 0;
+    const OnPaint watch(*tree.viewport(), [&] { ++paints; });
+    tree.SetMuted(true);
+    RunEvents();
+    EXPECT_GT(paints, 0);
 }
 
 TEST_F(TreeViewTest, what_is_dragged_over_a_node_changes_nothing_that_can_be_seen) {
