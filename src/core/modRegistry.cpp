@@ -1,6 +1,7 @@
 #include "core/modRegistry.h"
 
 #include "platform/Failure.h"
+#include "platform/FileService.h"
 #include "platform/ProfileService.h"
 #include "platform/Text.h"
 
@@ -13,7 +14,7 @@ namespace {
 constexpr Long NothingToActOn = 0;
 constexpr Long ProfileMode = 1;
 constexpr Long StatusAtStart = 99;
-constexpr std::size_t BufferSize = 255;
+constexpr std::size_t BufferSize = MaxPathCharacters + 1;  // the longest path and its end
 
 // This host has no registry: opening or making a key of it fails with the platform's own error.
 constexpr Long RegistryKeyNotFound = 2;

@@ -77,6 +77,7 @@ bool FindPSPDrive(std::string& sDrive) {
         } catch (const Failure&) {
             if (bHasFailed) throw;
             bHasFailed = true;
+            ForgetFailedActivity();
             continue;
         }
         sDrive = sRoot;

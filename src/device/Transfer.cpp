@@ -32,7 +32,7 @@ class Transfer {
 
   private:
     void Send(const std::string& sID) {
-        const Doing sending("Sending", sID);
+        const Doing finding("Sending", sID);
         const Integer iType = GetDBIDType(sID);
         switch (iType) {
             case mtPhoto:
@@ -54,16 +54,19 @@ class Transfer {
     }
 
     void SendPhoto(const Photo& photo) {
+        const Doing sending = Sending(photo);
         ShowItem(photo.sName);
         Copy(photo, PSPPath(PhotoFolder) + FileNameOf(photo));
     }
 
     void SendMusic(const Music& track) {
+        const Doing sending = Sending(track);
         ShowItem(track.sName + "-" + track.sArtist);
         Copy(track, PSPPath(MusicFolder) + FileNameOf(track));
     }
 
     void SendVideo(const Video& video) {
+        const Doing sending = Sending(video);
         ShowItem(video.sName);
         const std::string sFolder = PSPPath(VideoFolder);
         const std::string sFile = NextVideoName(video.sFormat);
@@ -77,6 +80,7 @@ class Transfer {
     }
 
     void SendPages(const Group& group) {
+        const Doing sending = Sending(group);
         ShowGroup(group);
         const std::string sFolder = MakeGroupFolder(PhotoFolder, group);
         SendMembers(group, mtPhoto, [&](const Item& page) {
@@ -85,6 +89,7 @@ class Transfer {
     }
 
     void SendTracks(const Playlist& list) {
+        const Doing sending = Sending(list);
         ShowGroup(list);
         const std::string sFolder = MakeGroupFolder(MusicFolder, list);
         SendMembers(list, mtMusic,
@@ -93,6 +98,7 @@ class Transfer {
 
     // Episodes get neither a thumbnail nor a title in the identity file, unlike single videos.
     void SendEpisodes(const VidSeries& series) {
+        const Doing sending = Sending(series);
         ShowGroup(series);
         SendMembers(series, mtVideo, [&](const Item& episode) {
             Copy(episode, PSPPath(VideoFolder) + NextVideoName(episode.sFormat));
@@ -104,8 +110,9 @@ class Transfer {
     template <class Copy>
     void SendMembers(const Group& group, MediaType memberType, Copy&& copy) {
         for (Integer i = 0; i < group.Count(); ++i) {
-            const Doing sending("Sending", group.Members().Get(i), "of", group.sName);
+            const Doing finding("Sending", group.Members().Get(i), "of", group.sName);
             const Item& member = ItemOf(memberType, group.Members().Get(i));
+            const Doing sending("Sending", member.sPath(), "of", group.sName);
             m_frmCopy.SetSubFile(member.sName);
             m_frmCopy.Repaint();
             copy(member);
@@ -113,6 +120,9 @@ class Transfer {
             m_frmCopy.Repaint();
         }
     }
+
+    static Doing Sending(const Item& item) { return Doing("Sending", item.sPath()); }
+    static Doing Sending(const Group& group) { return Doing("Sending the group", group.sName); }
 
     void Copy(const Item& item, const std::string& sTarget) {
         const Doing sending("Sending", item.sPath(), "to", sTarget);

@@ -16,9 +16,10 @@ namespace {
 // is none fails, where the profile wrapper would keep it quiet.
 class Section {
   public:
-    explicit Section(Long number) : m_header("[" + std::to_string(number) + "]") {}
+    explicit Section(Long number) : m_place("from [" + std::to_string(number) + "] of") {}
 
-    std::string_view Header() const { return m_header; }
+    // For the failure message: "from [1] of".
+    std::string_view Place() const { return m_place; }
     std::string Text(std::string_view key) const {
         std::string text;
         ReadValue(sDBFile, Name(), key, "s", "", text);
@@ -28,9 +29,12 @@ class Section {
     Long LongNumber(std::string_view key) const { return TextToLong(Text(key)); }
 
   private:
-    std::string_view Name() const { return Header().substr(1, m_header.size() - 2); }
+    std::string_view Name() const {
+        const std::size_t start = m_place.find('[') + 1;
+        return Place().substr(start, m_place.find(']') - start);
+    }
 
-    std::string m_header;
+    std::string m_place;
 };
 
 void LoadGroupsOf(Item& item, const Section& section) {
@@ -49,9 +53,23 @@ void LoadMembersOf(Group& group, const Section& section, std::string_view countK
     for (Integer i = 0; i < iCount; ++i) group.Members().Set(i, section.Text(std::to_string(i)));
 }
 
-void Load(Photo& photo, const Section& section) {
-    photo.sName = section.Text("name");
-    photo.sPath(section.Text("path"));
+// What the failure message tells of an entry comes first.
+void LoadName(Item& item, const Section& section) {
+    item.sName = section.Text("name");
+    item.sPath(section.Text("path"));
+}
+
+void LoadName(Group& group, const Section& section) { group.sName = section.Text("name"); }
+
+Doing Loading(const Item& item, const Section& section) {
+    return Doing("Loading", item.sPath(), section.Place(), sDBFile);
+}
+
+Doing Loading(const Group& group, const Section& section) {
+    return Doing("Loading the group", group.sName, section.Place(), sDBFile);
+}
+
+void LoadFields(Photo& photo, const Section& section) {
     photo.sFormat = section.Text("format");
     // Width and height change places at each load; libraries in use hold them that way.
     photo.iSizeH = section.Number("sizew");
@@ -60,9 +78,7 @@ void Load(Photo& photo, const Section& section) {
     LoadGroupsOf(photo, section);
 }
 
-void Load(Music& music, const Section& section) {
-    music.sName = section.Text("name");
-    music.sPath(section.Text("path"));
+void LoadFields(Music& music, const Section& section) {
     music.sArtist = section.Text("artist");
     music.sAlbum = section.Text("album");
     music.iSize = section.LongNumber("size");
@@ -70,40 +86,43 @@ void Load(Music& music, const Section& section) {
     LoadGroupsOf(music, section);
 }
 
-void Load(Video& video, const Section& section) {
-    video.sName = section.Text("name");
-    video.sPath(section.Text("path"));
+void LoadFields(Video& video, const Section& section) {
     video.iSize = section.LongNumber("size");
     video.sFormat = section.Text("format");
     video.sThumbPath = section.Text("thumbpath");
     LoadGroupsOf(video, section);
 }
 
-void LoadGroup(Group& group, const Section& section, std::string_view countKey) {
-    group.sName = section.Text("name");
-    LoadMembersOf(group, section, countKey);
+void LoadFields(PagedGroup& group, const Section& section) {
+    LoadMembersOf(group, section, "noofpages");
 }
 
-void Load(PagedGroup& group, const Section& section) { LoadGroup(group, section, "noofpages"); }
-void Load(VidSeries& series, const Section& section) { LoadGroup(series, section, "noofepisodes"); }
-void Load(Playlist& list, const Section& section) { LoadGroup(list, section, "nooftracks"); }
+void LoadFields(VidSeries& series, const Section& section) {
+    LoadMembersOf(series, section, "noofepisodes");
+}
+
+void LoadFields(Playlist& list, const Section& section) {
+    LoadMembersOf(list, section, "nooftracks");
+}
 
 void LoadEntry(const Section& section) {
-    const Doing loading("Loading", section.Header(), "of", sDBFile);
+    const Doing finding("Loading an entry", section.Place(), sDBFile);
     const Integer iType = section.Number("type");
     if (!IsItemType(iType) && !IsGroupType(iType)) return;
     WithCollection(iType, [&](auto& records, auto*& current) {
         std::string sID = section.Text("id");
         current = &records.Add(sID, {});
         current->sDBID = std::move(sID);
-        Load(*current, section);
+        LoadName(*current, section);
+        const Doing loading = Loading(*current, section);
+        LoadFields(*current, section);
     });
 }
 
 }  // namespace
 
 void LoadDB() {
-    const Doing loading("Loading", sDBFile);
+    const Doing loading("Loading the library from", sDBFile);
     const ProfileBatch batch(sDBFile);
     Integer iNoOfItems = 0;
     ReadValue(sDBFile, "db", "noofitems", "s", "0", iNoOfItems);

@@ -75,9 +75,13 @@ void WriteFields(const SectionWriter& section, const Playlist& list) {
     WriteMembers(section, list, "NoOfTracks");
 }
 
+Doing Saving(const Item& item) { return Doing("Saving", item.sPath(), "in", sDBFile); }
+
+Doing Saving(const Group& group) { return Doing("Saving the group", group.sName, "in", sDBFile); }
+
 template <class T>
 void WriteEntry(Integer number, MediaType type, const T& record) {
-    const Doing saving("Saving", record.sDBID, "in", sDBFile);
+    const Doing saving = Saving(record);
     const SectionWriter section(number);
     section.Write("ID", record.sDBID);
     section.Write("Name", record.sName);
@@ -91,7 +95,7 @@ constexpr std::array SaveOrder{mtPhoto,      mtMusic,     mtVideo,   mtMagazine,
 }  // namespace
 
 void SaveDB() {
-    const Doing saving("Saving", sDBFile);
+    const Doing saving("Saving the library in", sDBFile);
     const ProfileBatch batch(sDBFile);
     Integer n = 0;
     for (const MediaType type : SaveOrder) {

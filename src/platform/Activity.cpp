@@ -17,7 +17,16 @@ void Doing::Begin() {
 }
 
 Doing::~Doing() {
-    if (std::uncaught_exceptions() == m_exceptionsAtBegin || !failedActivity.empty()) return;
+    if (std::uncaught_exceptions() != m_exceptionsAtBegin) {
+        Tell();
+    } else {
+        ForgetFailedActivity();  // what has passed a scope within this one has been caught
+    }
+}
+
+// What a scope within this one has told stays.
+void Doing::Tell() const noexcept {
+    if (!failedActivity.empty()) return;
     try {
         for (const std::string_view word : m_words) {
             if (!word.empty())

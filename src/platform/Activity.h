@@ -25,6 +25,7 @@ class Doing {
 
   private:
     void Begin();
+    void Tell() const noexcept;
 
     std::array<std::string_view, 4> m_words;
     int m_exceptionsAtBegin = 0;
@@ -33,8 +34,9 @@ class Doing {
 // What the failure was passing that has just been caught, or the empty text; asked once.
 std::string TakeFailedActivity();
 
-// A failure that arises anew has nothing to do with what an earlier one, which a routine guarded
-// against, has passed.
+// What an earlier failure has passed, which a routine guarded against, has nothing to do with the
+// next one. A failure of the run-time that arises anew sees to that by itself, any other exception
+// can't: who guards against a failure from within the scope of a Doing calls this.
 void ForgetFailedActivity();
 
 }  // namespace tavel

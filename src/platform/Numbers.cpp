@@ -1,7 +1,7 @@
 #include "platform/Numbers.h"
 
 #include "platform/Failure.h"
-#include "platform/HostLocale.h"
+#include "platform/NumberStyle.h"
 #include "platform/NumberText.h"
 #include "platform/Text.h"
 
@@ -9,11 +9,12 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
-#include <utility>
 
 namespace tavel {
 
 namespace {
+
+std::string_view DecimalMark() { return Service<NumberStyle>::Get().DecimalMark(); }
 
 template <class Narrow>
 Narrow Narrowed(std::int64_t value) {
@@ -86,14 +87,6 @@ double PowerOfTen(int exponent) {
     return power;
 }
 
-std::string& Mark() {
-    static std::string mark = [] {
-        std::string told = HostDecimalMark();
-        return told.empty() ? std::string(".") : told;
-    }();
-    return mark;
-}
-
 }  // namespace
 
 Integer ToInteger(std::int64_t value) { return Narrowed<Integer>(value); }
@@ -133,9 +126,5 @@ std::string TextOfDouble(double value) {
     const std::string text = ShortForm(value);
     return InUsersForm(text.empty() ? GeneralForm(value, 15) : text);
 }
-
-std::string_view DecimalMark() { return Mark(); }
-
-void SetDecimalMark(std::string mark) { Mark() = std::move(mark); }
 
 }  // namespace tavel

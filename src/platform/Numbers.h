@@ -38,8 +38,4 @@ bool TextToBoolean(std::string_view text);
 std::string TextOfSingle(float value);
 std::string TextOfDouble(double value);
 
-// The decimal mark of the user's locale, "." where the locale tells none. Tests may set it.
-std::string_view DecimalMark();
-void SetDecimalMark(std::string mark);
-
 }  // namespace tavel

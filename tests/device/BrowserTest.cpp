@@ -2,7 +2,7 @@
 #include "device/Browser.h"
 #include "device/DeviceTest.h"
 #include "media/TagMaker.h"
-#include "platform/Numbers.h"
+#include "support/UsersMark.h"
 
 #include <gmock/gmock.h>
 
@@ -223,10 +223,9 @@ TEST_F(BrowserTest, The_rows_before_a_file_that_fails_are_there) {
 }
 
 TEST_F(BrowserTest, Sizes_have_the_users_decimal_mark) {
-    SetDecimalMark(",");
+    const UsersMark comma(",");
     PutVideo("a.mp4", std::string(1'500'000, 'v'));
     EXPECT_EQ(Rows("e:\\MP_ROOT\\100MNV01\\", 3)[0].sSubItems[1], "1,5 Mb");
-    SetDecimalMark(".");
 }
 
 TEST_F(BrowserTest, A_listing_reads_the_stick_anew_and_lets_no_window_event_run) {

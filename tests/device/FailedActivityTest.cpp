@@ -6,6 +6,8 @@
 #include "device/TransferTestBase.h"
 #include "library/Records.h"
 
+#include <new>
+
 namespace tavel::test {
 namespace {
 
@@ -49,6 +51,23 @@ TEST_F(FailedActivity, Sending_names_tracks_videos_and_thumbnails) {
 TEST_F(FailedActivity, Sending_names_what_the_library_lacks) {
     EXPECT_EQ(OfSending("ph_gone"), "Sending ph_gone");
     EXPECT_EQ(OfSending(AddAlbum("Summer", {"ph_gone"})), "Sending ph_gone of Summer");
+}
+
+TEST_F(FailedActivity, Sending_names_file_or_group_before_their_place_on_the_stick_is_known) {
+    const std::string sPhoto = AddPhoto("Beach");
+    const std::string sTrack = AddTrack("Song");
+    const std::string sVideo = AddVideo("Film");
+    const std::string sVideoPath = colVideo.Item(sVideo).sPath();
+    oPSPDrive = nullptr;
+    EXPECT_EQ(OfSending(sPhoto), "Sending " + colPhoto.Item(sPhoto).sPath());
+    EXPECT_EQ(OfSending(sTrack), "Sending " + colMusic.Item(sTrack).sPath());
+    EXPECT_EQ(OfSending(sVideo), "Sending " + sVideoPath);
+    EXPECT_EQ(OfSending(AddMagazine("Summer", {sPhoto})), "Sending the group Summer");
+    EXPECT_EQ(OfSending(AddPlaylist("List", {sTrack})), "Sending the group List");
+    EXPECT_EQ(OfSending(AddSeries("Series", {sVideo})), "Sending " + sVideoPath + " of Series");
+    VidSeries& uncounted = colVidSeries.Add("vs_uncounted", {});
+    uncounted.sName = "Uncounted";
+    EXPECT_EQ(OfSending("vs_uncounted"), "Sending the group Uncounted");
 }
 
 TEST_F(FailedActivity, Sending_names_the_folder_of_a_group) {
@@ -98,6 +117,19 @@ TEST_F(FailedActivity, The_search_for_a_PSP_names_the_drive_of_the_failure_that_
     EXPECT_EQ(FailedActivityOf([] { colPhoto.Item("none"); }), "");
     files.FailOn("GetDrive g", failure::DeviceIO);
     EXPECT_EQ(FailedActivityOf([&] { FindPSPDrive(sDrive); }), "Looking for a PSP on g:\\");
+}
+
+TEST_F(FailedActivity,
+       A_drive_that_the_search_for_a_PSP_passes_over_is_not_told_for_what_comes_later) {
+    PlugStick('z');
+    files.Pull('e');
+    files.FailOn("GetDrive z", failure::DeviceIO);
+    const auto fail = [] {
+        std::string sDrive;
+        FindPSPDrive(sDrive);
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(FailedActivityOf(fail), "");
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 #include "device/DeviceTest.h"
 #include "device/Discovery.h"
 #include "device/Status.h"
-#include "platform/Numbers.h"
+#include "support/UsersMark.h"
 
 #include <algorithm>
 
@@ -12,8 +12,6 @@ namespace {
 
 class StatusPanelTest : public DeviceTest {
   protected:
-    ~StatusPanelTest() override { SetDecimalMark("."); }
-
     // A PSP with these figures, connected.
     void ConnectWith(double totalSize, double freeSpace) {
         FakeDrive& drive = PlugPSP('e');
@@ -152,7 +150,7 @@ TEST_F(StatusPanelTest, Takes_the_single_of_a_difference_that_is_made_in_double_
 }
 
 TEST_F(StatusPanelTest, Writes_the_users_decimal_mark) {
-    SetDecimalMark(",");
+    const UsersMark comma(",");
     ConnectWith(1'000'000'000, 333'000'000);
     UpdateStatusPanel(panel);
     EXPECT_EQ(Labels(), "66,7% Used, 667 Mb, 33,3% Free, 333 Mb");

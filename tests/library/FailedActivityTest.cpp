@@ -107,11 +107,22 @@ TEST_F(FailedActivity, Moving_into_the_library_folders_names_both_places) {
               "Moving " + At("a.jpg") + " to " + At("library\\Photos\\Holiday.jpg"));
 }
 
-TEST_F(FailedActivity, Loading_names_the_section_of_the_file) {
-    Contain(
-        "[DB]\r\nNoOfItems=2\r\n[1]\r\nID=x\r\nType=6\r\n[2]\r\nID=ph_a\r\nType=0\r\n"
-        "SizeW=many\r\n");
-    EXPECT_EQ(FailedActivityOf(LoadDB), "Loading [2] of " + sDBFile);
+TEST_F(FailedActivity, Loading_names_the_file_or_the_group_and_the_section) {
+    const auto expectNamed = [&](const std::string& entry, const std::string& activity) {
+        Contain("[DB]\r\nNoOfItems=2\r\n[1]\r\nID=x\r\nType=6\r\n[2]\r\nID=a\r\n" + entry);
+        EXPECT_EQ(FailedActivityOf(LoadDB), activity + " from [2] of " + sDBFile);
+        ReleaseCollections();
+    };
+    for (const std::string type : {"0", "3", "5"})
+        expectNamed("Type=" + type + "\r\nName=a\r\nPath=C:\\a.x\r\nSize=many\r\n",
+                    "Loading C:\\a.x");
+    for (const std::string type : {"1", "2", "4", "8"})
+        expectNamed("Type=" + type + "\r\nName=Summer\r\n", "Loading the group Summer");
+}
+
+TEST_F(FailedActivity, Loading_names_at_least_the_section) {
+    Contain("[DB]\r\nNoOfItems=1\r\n[1]\r\nID=ph_a\r\nType=photo\r\nPath=C:\\a.jpg\r\n");
+    EXPECT_EQ(FailedActivityOf(LoadDB), "Loading an entry from [1] of " + sDBFile);
 }
 
 TEST_F(FailedActivity, The_settings_name_what_was_to_be_read) {
@@ -120,10 +131,18 @@ TEST_F(FailedActivity, The_settings_name_what_was_to_be_read) {
     EXPECT_EQ(FailedActivityOf(LoadSupportedExts), "Reading the list videosupport of " + sDBFile);
 }
 
-TEST_F(FailedActivity, Saving_names_the_entry_and_the_file) {
+TEST_F(FailedActivity, Saving_names_the_file_or_the_group) {
     Contain("");
-    Give(colVidSeries, "vs_a");  // without a count
-    EXPECT_EQ(FailedActivityOf(SaveDB), "Saving vs_a in " + sDBFile);
+    Give(colVidSeries, "vs_a").sName = "Holidays";  // without a count
+    EXPECT_EQ(FailedActivityOf(SaveDB), "Saving the group Holidays in " + sDBFile);
+    Give(colPhoto, "ph_a", "C:\\a.jpg").iNoGroups = 1;  // which it doesn't have
+    EXPECT_EQ(FailedActivityOf(SaveDB), "Saving C:\\a.jpg in " + sDBFile);
+}
+
+TEST_F(FailedActivity, Saving_more_entries_than_a_file_holds_names_the_library) {
+    Contain("");
+    for (int i = 0; i <= 32767; ++i) Give(colPlaylist, "pl_" + std::to_string(i));
+    EXPECT_EQ(FailedActivityOf(SaveDB), "Saving the library in " + sDBFile);
 }
 
 TEST_F(FailedActivity, A_folder_that_cannot_be_made_leaves_nothing_for_a_later_failure) {

@@ -87,6 +87,33 @@ TEST_F(IsFileInDBTest, A_library_that_shrinks_while_it_yields_fails) {
     EXPECT_EQ(FailureOf([] { IsFileInDB("C:\\c.jpg"); }), failure::SubscriptOutOfRange);
 }
 
+// The walk ends at the count that it began with, whichever records make it up by then.
+TEST_F(IsFileInDBTest,
+       A_library_in_which_one_goes_and_another_comes_while_it_yields_does_not_fail) {
+    Give(colPhoto, "ph_a", "C:\\a.jpg");
+    Give(colPhoto, "ph_b", "C:\\b.jpg");
+    windows.events.onYield = [] {
+        if (!colPhoto.Has("ph_a")) return;
+        RemoveRecord(mtPhoto, "ph_a");
+        Give(colPhoto, "ph_c", "C:\\c.jpg");
+    };
+    EXPECT_TRUE(IsFileInDB("C:\\a.jpg"));
+    EXPECT_FALSE(IsFileInDB("C:\\a.jpg"));
+    EXPECT_TRUE(IsFileInDB("C:\\b.jpg"));
+    EXPECT_TRUE(IsFileInDB("C:\\c.jpg"));
+}
+
+TEST_F(IsFileInDBTest, A_library_in_which_two_go_and_one_comes_while_it_yields_fails) {
+    Give(colPhoto, "ph_a", "C:\\a.jpg");
+    Give(colPhoto, "ph_b", "C:\\b.jpg");
+    windows.events.onYield = [] {
+        RemoveRecord(mtPhoto, "ph_a");
+        RemoveRecord(mtPhoto, "ph_b");
+        Give(colPhoto, "ph_c", "C:\\c.jpg");
+    };
+    EXPECT_EQ(FailureOf([] { IsFileInDB("C:\\a.jpg"); }), failure::SubscriptOutOfRange);
+}
+
 TEST_F(IsFileInDBTest, The_only_record_may_go_behind_the_only_comparison) {
     Give(colPhoto, "ph_a", "C:\\a.jpg");
     windows.events.onYield = [] { RemoveRecord(mtPhoto, "ph_a"); };

@@ -1,5 +1,5 @@
 #include "library/SizeText.h"
-#include "platform/Numbers.h"
+#include "support/UsersMark.h"
 
 #include <gtest/gtest.h>
 
@@ -22,9 +22,8 @@ TEST(SizeTextTest, Shows_megabytes_at_two_decimals_in_the_shortest_form) {
 }
 
 TEST(SizeTextTest, Writes_the_users_decimal_mark) {
-    SetDecimalMark(",");
+    const UsersMark comma(",");
     EXPECT_EQ(SizeText(1'500'000), "1,5 Mb");
-    SetDecimalMark(".");
 }
 
 }  // namespace tavel::test

@@ -71,6 +71,25 @@ TEST(Activity, A_guarded_failure_leaves_nothing_for_a_later_one) {
         throw std::bad_alloc();
     };
     EXPECT_EQ(FailedActivityOf(before), "Adding a");
+    const auto within = [] {
+        const Doing scanning("Scanning", "c:\\");
+        {
+            const Doing adding("Adding", "a");
+            FailGuarded();
+        }
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(FailedActivityOf(within), "Scanning c:\\");
+}
+
+TEST(Activity, Who_guards_can_leave_nothing_for_whatever_is_thrown_next) {
+    const auto fail = [] {
+        const Doing adding("Adding", "a");
+        FailGuarded();
+        ForgetFailedActivity();
+        throw std::bad_alloc();
+    };
+    EXPECT_EQ(FailedActivityOf(fail), "Adding a");
 }
 
 TEST(Activity, A_failure_that_a_class_labels_anew_keeps_what_it_passed) {

@@ -126,6 +126,22 @@ TEST(Clock, The_timer_counts_the_seconds_of_the_local_day_with_fractions) {
     EXPECT_GT(fractions, 0);
 }
 
+TEST(Clock, The_timer_goes_on_into_the_next_second) {
+    Clock& clock = Service<Clock>::Get();
+    clock.Timer();
+    double seconds = 0;
+    time_t before = 0;
+    do {
+        const time_t start = time(nullptr);
+        clock.Timer();
+        while (time(nullptr) == start) continue;
+        before = time(nullptr);
+        seconds = clock.Timer();
+    } while (SecondOfDay(before + 2) < SecondOfDay(before));  // midnight
+    EXPECT_GE(seconds, SecondOfDay(before));
+    EXPECT_LT(seconds, SecondOfDay(before) + 2);
+}
+
 TEST(Clock, The_host_tells_the_present_date_and_time) {
     const time_t before = time(nullptr);
     const std::string now = Service<Clock>::Get().NowText();

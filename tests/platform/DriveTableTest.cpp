@@ -323,6 +323,19 @@ TEST_F(Drives, A_stick_that_is_mounted_and_linked_goes_by_the_letter_of_the_link
     EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/a.mp3")), "x:\\a.mp3");
 }
 
+TEST_F(Drives, A_linked_folder_of_a_mounted_stick_goes_by_the_letter_of_the_link) {
+    Mount("stick");
+    for (const char letter : {'a', 'x'}) {
+        Link(letter, "stick/card");
+        EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/card/a.mp3")),
+                  letter + std::string(":\\a.mp3"));
+        EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/cards/a.mp3")),
+                  temp.DrivePath("stick/cards/a.mp3"));
+        EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/a.mp3")), temp.DrivePath("stick/a.mp3"));
+        Unlink(letter);
+    }
+}
+
 TEST_F(Drives, A_path_of_a_mounted_stick_has_one_that_lasts) {
     Mount("stick");
     Link('x', "card");

@@ -1,5 +1,6 @@
 #include "platform/Numbers.h"
 #include "support/Support.h"
+#include "support/UsersMark.h"
 
 #include <gtest/gtest.h>
 
@@ -15,11 +16,7 @@ namespace {
 
 class Numbers : public ::testing::Test {
   protected:
-    void SetUp() override { SetDecimalMark("."); }
-    void TearDown() override { SetDecimalMark(m_before); }
-
-  private:
-    std::string m_before{DecimalMark()};
+    UsersMark point{"."};
 };
 
 TEST_F(Numbers, Narrowing_overflows_instead_of_wrapping) {
@@ -140,11 +137,11 @@ TEST_F(Numbers, Text_becomes_a_Long) {
 }
 
 TEST_F(Numbers, The_users_decimal_mark_is_taken_beside_the_point) {
-    SetDecimalMark(",");
+    const UsersMark comma(",");
     EXPECT_EQ(TextToInteger("3,5"), 4);
     EXPECT_EQ(TextToInteger("3.5"), 4);
     EXPECT_EQ(FailureOf([] { TextToInteger("1.2,3"); }), failure::TypeMismatch);
-    SetDecimalMark("\xD9\xAB");
+    const UsersMark arabic("\xD9\xAB");
     EXPECT_EQ(TextToInteger("3\xD9\xAB"
                             "5"),
               4);
@@ -211,7 +208,7 @@ TEST_F(Numbers, Text_of_a_double_has_up_to_fifteen_digits) {
 }
 
 TEST_F(Numbers, Text_of_a_number_has_the_users_decimal_mark) {
-    SetDecimalMark(",");
+    const UsersMark comma(",");
     EXPECT_EQ(TextOfSingle(1.5F), "1,5");
     EXPECT_EQ(TextOfDouble(-0.25), "-0,25");
     EXPECT_EQ(TextOfDouble(2), "2");

@@ -20,7 +20,7 @@ class FileIdentity {
   private:
     dev_t m_device = 0;
     ino_t m_inode = 0;
-    std::string m_path;  // only where the inode does not tell
+    std::string m_path;  // only where two inodes may stand for one file
 };
 
 }  // namespace tavel

@@ -3,6 +3,7 @@
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderWatch.h"
 #include "platform/linux/HostNames.h"
+#include "platform/linux/HostPaths.h"
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -79,7 +80,7 @@ class KnownFolders {
   public:
     std::vector<std::string> Matching(int folder, std::string_view name) {
         if (!IsOfThisMachineAlone(folder)) return ReadMatching(folder, name);
-        const int watch = m_watch.Add("/proc/self/fd/" + std::to_string(folder));
+        const int watch = m_watch.Add(PathThrough(folder));
         if (watch < 0) return ReadMatching(folder, name);
         m_watch.Take([this](const FolderWatch::News& news) { Follow(news); });
         return Find(watch, folder, name);

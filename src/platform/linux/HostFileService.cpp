@@ -10,7 +10,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <system_error>
 #include <utility>
 
 namespace tavel {
@@ -18,8 +17,7 @@ namespace tavel {
 namespace {
 
 std::string ProgramFolderOfHost() {
-    std::error_code none;
-    return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
+    return std::filesystem::path(PathOfProgram()).parent_path().string();
 }
 
 std::string ReadToEnd(HostFile& file) {

@@ -8,6 +8,15 @@
 
 namespace tavel {
 
+namespace {
+
+std::string TargetOf(const std::string& link) {
+    std::error_code none;
+    return std::filesystem::read_symlink(link, none).string();
+}
+
+}  // namespace
+
 std::string HostJoin(std::string_view folder, std::string_view name) {
     std::string path;
     path.reserve(folder.size() + 1 + name.size());
@@ -34,9 +43,10 @@ std::string RealPath(const std::string& hostPath) {
     return path ? path.get() : std::string();
 }
 
-std::string PathOf(int file) {
-    std::error_code none;
-    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), none).string();
-}
+std::string PathOf(int file) { return TargetOf(PathThrough(file)); }
+
+std::string PathOfProgram() { return TargetOf("/proc/self/exe"); }
+
+std::string PathThrough(int file) { return "/proc/self/fd/" + std::to_string(file); }
 
 }  // namespace tavel

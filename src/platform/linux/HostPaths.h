@@ -18,7 +18,11 @@ bool IsBelow(std::string_view hostPath, std::string_view root);
 
 // The path of what is there, behind all symbolic links; empty when it leads nowhere.
 std::string RealPath(const std::string& hostPath);
-// The same of what is open, if only to be looked at.
+// The same of what is open, if only to be looked at; and of the program.
 std::string PathOf(int file);
+std::string PathOfProgram();
+
+// A path that leads to what is open, for calls of the host that take no descriptor.
+std::string PathThrough(int file);
 
 }  // namespace tavel
