@@ -128,10 +128,11 @@ TEST_F(Scan, A_watch_folder_that_has_gone_fails) {
 TEST_F(Scan, A_watch_folder_that_cannot_be_read_fails) {
     Write("m/a.jpg", "x");
     Watch({"m"});
+    std::filesystem::permissions(temp.HostPath(), std::filesystem::perms::all);
     std::filesystem::permissions(temp.HostPath("m"), std::filesystem::perms::none);
     {
         const PlainUser plain;
-        EXPECT_NE(FailureOf(BackgroundScan), 0);
+        EXPECT_EQ(FailureOf(BackgroundScan), failure::PermissionDenied);
     }
     std::filesystem::permissions(temp.HostPath("m"), std::filesystem::perms::all);
     EXPECT_EQ(colPhoto.Count(), 0);

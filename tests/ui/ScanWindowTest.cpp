@@ -119,6 +119,7 @@ TEST_F(ScanWindowTest, the_lists_stay_usable_and_show_what_was_found_by_then) {
     EXPECT_EQ(Photos(), "a b c ");
     EXPECT_EQ(RowsOf(grdItems()), "a|b") << "the next click in the tree shows the rest";
     EXPECT_EQ(Main().sSelected, std::vector<std::string>{colPhoto.Item(2).sDBID});
+    ClickNode("videoall");
     ClickNode("photoall");
     EXPECT_EQ(RowsOf(grdItems()), "a|b|c");
 }
@@ -138,14 +139,16 @@ TEST_F(ScanWindowTest, what_the_user_adds_meanwhile_is_known_when_the_scan_comes
 
 TEST_F(ScanWindowTest, a_record_that_the_user_deletes_while_paths_are_compared_ends_the_program) {
     AddPhotosWithFiles();
-    Watch("");
+    WriteFiles({"m/x.jpg"});
+    Watch("m");
     Open();
     ClickNode("photoall");
     ClickRow(1);
     const Long number = FatalOf([&] {
         user.act = [&](int yield) {
             if (yield != 1) return;
-            prompts.ExpectMsgBox(fromDB, ButtonsOf(fromDB), MsgBoxAnswer::Yes, deleteTitle);
+            prompts.ExpectMsgBox(fromComputer, ButtonsOf(fromComputer), MsgBoxAnswer::Yes,
+                                 deleteTitle);
             QTest::keyClick(&grdItems(), Qt::Key_Delete);
         };
         Scan();
@@ -164,7 +167,8 @@ TEST_F(ScanWindowTest, a_record_that_goes_before_its_group_is_made_ends_the_prog
             if (yield != 1) return;
             ClickNode("photoall");
             ClickRow(1);
-            prompts.ExpectMsgBox(fromDB, ButtonsOf(fromDB), MsgBoxAnswer::Yes, deleteTitle);
+            prompts.ExpectMsgBox(fromComputer, ButtonsOf(fromComputer), MsgBoxAnswer::Yes,
+                                 deleteTitle);
             QTest::keyClick(&grdItems(), Qt::Key_Delete);
         };
         Scan();
