@@ -44,10 +44,12 @@ void PrintTableHead() {
 
 void Compare(const std::string& work, const std::string& rivalName, int rounds, double target,
              const std::function<void(int)>& ours, const std::function<void(int)>& rival,
-             const std::function<void(int)>& prepare) {
+             const std::function<void(int)>& prepare,
+             const std::function<void(int)>& prepareRival) {
     std::vector<double> ourTimes;
     std::vector<double> rivalTimes;
     for (int round = 0; round < rounds; ++round) {
+        prepareRival(round);
         rivalTimes.push_back(MillisecondsOf([&] { rival(round); }));
         prepare(round);
         ourTimes.push_back(MillisecondsOf([&] { ours(round); }));

@@ -8,11 +8,12 @@ namespace tavel::bench {
 // Times two pieces of work in turn, `rounds` times each, and prints the medians and their ratio as
 // a row of the table. The work is told the round, for those who need a fresh place for each.
 // `target` is the ratio to reach; 0 where there is only a figure to report. `prepare` runs before
-// our work in each round, outside of the measured time.
+// our work in each round, `prepareRival` before the rival's, outside of the measured time.
 void Compare(
     const std::string& work, const std::string& rivalName, int rounds, double target,
     const std::function<void(int)>& ours, const std::function<void(int)>& rival,
-    const std::function<void(int)>& prepare = [](int) {});
+    const std::function<void(int)>& prepare = [](int) {},
+    const std::function<void(int)>& prepareRival = [](int) {});
 
 // The median time of a piece of work in milliseconds.
 double MedianMilliseconds(int rounds, const std::function<void(int)>& work);

@@ -1,8 +1,14 @@
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tavel {
+
+// The folders to watch, as db.txt has them now; a number that is missing reads "XYZXYZ". A missing
+// count reads as -1, which no list can be sized to: 9.
+std::vector<std::string> WatchFolders();
 
 // One pass over all watch folders; returns at once while one is running.
 void BackgroundScan();

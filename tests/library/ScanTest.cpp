@@ -2,6 +2,7 @@
 #include "library/Scan.h"
 #include "platform/Failure.h"
 #include "support/FaultyFileService.h"
+#include "support/PlainUser.h"
 
 #include <filesystem>
 
@@ -122,6 +123,63 @@ TEST_F(Scan, A_missing_count_fails_with_the_timer_off) {
 TEST_F(Scan, A_watch_folder_that_has_gone_fails) {
     Watch({"none"});
     EXPECT_EQ(FailureOf(BackgroundScan), failure::PathNotFound);
+}
+
+TEST_F(Scan, A_watch_folder_that_cannot_be_read_fails) {
+    Write("m/a.jpg", "x");
+    Watch({"m"});
+    std::filesystem::permissions(temp.HostPath(), std::filesystem::perms::all);
+    std::filesystem::permissions(temp.HostPath("m"), std::filesystem::perms::none);
+    {
+        const PlainUser plain;
+        EXPECT_EQ(FailureOf(BackgroundScan), failure::PermissionDenied);
+    }
+    std::filesystem::permissions(temp.HostPath("m"), std::filesystem::perms::all);
+    EXPECT_EQ(colPhoto.Count(), 0);
+}
+
+TEST_F(Scan, Of_folders_within_each_other_takes_each_file_once) {
+    Write("m/a.jpg", "x");
+    Write("m/sub/b.jpg", "x");
+    for (const Texts& folders : {Texts{"m", "m/sub", "m"}, Texts{"m/sub", "m"}}) {
+        ReleaseCollections();
+        Watch(folders);
+        BackgroundScan();
+        EXPECT_EQ(colPhoto.Count(), 2);
+    }
+}
+
+TEST_F(Scan, Of_the_programs_own_folder_takes_the_media_in_it) {
+    Write("Media/Photos/a.jpg", "x");
+    Write("UI/NoThumb.bmp", "x");
+    Watch({""});
+    BackgroundScan();
+    ASSERT_EQ(colPhoto.Count(), 2);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), temp.DrivePath("Media\\Photos\\a.jpg"));
+    const std::string sDB = DB();
+    EXPECT_NE(sDB.find("noofflds=1"), std::string::npos);
+}
+
+TEST_F(Scan, A_file_without_an_extension_ends_the_program) {
+    Write("m/tavel", "x");
+    Watch({"m"});
+    EXPECT_EQ(FailureOf(BackgroundScan), failure::Overflow);
+}
+
+TEST_F(Scan, Links_that_lead_round_are_walked_once) {
+    Write("m/one/a.jpg", "x");
+    Write("m/two/b.jpg", "x");
+    std::filesystem::create_directory_symlink(temp.HostPath("m"), temp.HostPath("m/one/up"));
+    std::filesystem::create_directory_symlink(temp.HostPath("m/two"), temp.HostPath("m/one/two"));
+    std::filesystem::create_directory_symlink(temp.HostPath("m/one"), temp.HostPath("m/two/one"));
+    std::filesystem::create_directory_symlink(temp.HostPath("m/two"), temp.HostPath("m/two/self"));
+    Watch({"m"});
+    BackgroundScan();
+    const Long iFound = colPhoto.Count();
+    EXPECT_GE(iFound, 2);
+    EXPECT_LE(iFound, 4) << "a folder may be reached on two ways, and on no more";
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), iFound);
 }
 
 TEST_F(Scan, A_folder_number_that_is_missing_is_no_folder) {

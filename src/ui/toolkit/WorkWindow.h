@@ -13,6 +13,7 @@ QWidget* WorkWindow();  // null while there is none, as while the library loads
 
 // Shows a dialog in front, in the middle of the work window or, while there is none, of the screen.
 void ShowDialog(QWidget& dialog);
+void ShowPlacedDialog(QWidget& dialog);  // where it is
 
 // Puts a window that shows, minimized or behind others, where the user who asked for it sees it,
 // and gives it the keyboard.
