@@ -21,15 +21,12 @@ bool IsNeeded(std::string_view type) {
 
 // Of a pixel once it is decoded: 8 bits at least, and three colours where there is alpha.
 std::int64_t DecodedBits(std::string_view header, bool hasTransparency) {
+    enum Type { Grey = 0, Rgb = 2, Palette = 3 };
     const auto depth = static_cast<std::int64_t>(BigEndianNumber(header.substr(8, 1)));
-    constexpr char grey = 0;
-    constexpr char rgb = 2;
-    constexpr char palette = 3;
-    const char type = header[9];
-    const bool isOpaque = !hasTransparency || type == palette || (type == grey && depth <= 8);
-    if (type != grey && type != rgb && type != palette) return 4 * depth;
-    if (!isOpaque) return 4 * depth;
-    return type == rgb ? 3 * depth : std::max<std::int64_t>(depth, 8);
+    const auto type = BigEndianNumber(header.substr(9, 1));
+    if (type == Palette || (type == Grey && depth <= 8)) return std::max<std::int64_t>(depth, 8);
+    if (hasTransparency || (type != Grey && type != Rgb)) return 4 * depth;
+    return type == Rgb ? 3 * depth : depth;
 }
 
 bool IsAffordablePng(std::string_view header, bool hasTransparency) {

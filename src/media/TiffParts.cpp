@@ -161,7 +161,8 @@ void PutWhatIsThere(TiffDirectoryWriter& writer, const TiffDirectory& directory,
     const std::int64_t options = directory.Number(tag::FaxOptions, 0);
     if (options > 0) writer.PutLongs(tag::FaxOptions, {static_cast<std::uint32_t>(options)});
     const std::string_view tables = directory.Bytes(tag::JpegTables);
-    if (!tables.empty()) writer.PutBytes(tag::JpegTables, tables);
+    constexpr std::size_t mostTables = 65535;  // many times what all of them take
+    if (!tables.empty() && tables.size() <= mostTables) writer.PutBytes(tag::JpegTables, tables);
 }
 
 void PutPicture(TiffDirectoryWriter& writer, const TiffPicture& picture) {

@@ -11,19 +11,28 @@ using namespace std::string_view_literals;
 
 namespace {
 
-bool IsTiff(std::string_view file) {
-    return file.starts_with("II*\0"sv) || file.starts_with("MM\0*"sv);
+std::optional<PictureFormat> FormatOf(std::string_view file) {
+    if (file.starts_with("BM")) return PictureFormat::Bitmap;
+    if (file.starts_with("\xFF\xD8")) return PictureFormat::Jpeg;
+    if (file.starts_with("\x89PNG\r\n\x1A\n")) return PictureFormat::Png;
+    if (file.starts_with("GIF87a") || file.starts_with("GIF89a")) return PictureFormat::Gif;
+    if (file.starts_with("II*\0"sv) || file.starts_with("MM\0*"sv)) return PictureFormat::Tiff;
+    return std::nullopt;
 }
 
-TrustedPicture PartsOf(std::string file) {
-    const std::string_view view = file;
-    if (view.starts_with("BM")) return {PictureFormat::Bitmap, BitmapParts(std::move(file))};
-    if (view.starts_with("\xFF\xD8")) return {PictureFormat::Jpeg, JpegParts(file)};
-    if (view.starts_with("\x89PNG\r\n\x1A\n")) return {PictureFormat::Png, PngParts(file)};
-    if (view.starts_with("GIF87a") || view.starts_with("GIF89a")) {
-        return {PictureFormat::Gif, GifParts(file)};
+std::string PartsOf(PictureFormat format, std::string file) {
+    switch (format) {
+        case PictureFormat::Bitmap:
+            return BitmapParts(std::move(file));
+        case PictureFormat::Gif:
+            return GifParts(file);
+        case PictureFormat::Jpeg:
+            return JpegParts(file);
+        case PictureFormat::Png:
+            return PngParts(file);
+        case PictureFormat::Tiff:
+            return TiffParts(std::move(file));
     }
-    if (IsTiff(file)) return {PictureFormat::Tiff, TiffParts(std::move(file))};
     return {};
 }
 
@@ -38,9 +47,11 @@ bool IsAffordable(std::int64_t width, std::int64_t height, std::int64_t bits) {
 }
 
 std::optional<TrustedPicture> TrustedParts(std::string file) {
-    TrustedPicture picture = PartsOf(std::move(file));
-    if (picture.Bytes.empty()) return std::nullopt;
-    return picture;
+    const std::optional<PictureFormat> format = FormatOf(file);
+    if (!format) return std::nullopt;
+    std::string parts = PartsOf(*format, std::move(file));
+    if (parts.empty()) return std::nullopt;
+    return TrustedPicture{*format, std::move(parts)};
 }
 
 }  // namespace tavel

@@ -95,6 +95,18 @@ TEST(TiffParts, Are_those_that_some_forms_need) {
     EXPECT_NE(kept.rfind(colours), kept.find(colours)) << "a copy of the colours";
 }
 
+TEST(TiffParts, Are_tables_of_a_jpeg_of_reasonable_size) {
+    constexpr std::uint32_t bytesType = 7;
+    const auto tags = [&](std::uint32_t size) {
+        std::vector<Entry> entries = With(Grey(), {259, shortType, 7});
+        const auto place = static_cast<std::uint32_t>(Tiff(entries).size() + 12);
+        entries.push_back({347, bytesType, place, size});
+        return Tags(Parts(Tiff(entries, std::string(size, 't'))));
+    };
+    EXPECT_EQ(tags(500).back(), 347U);
+    EXPECT_EQ(tags(65536).back(), 279U);
+}
+
 TEST(TiffParts, Of_any_other_form_are_none) {
     EXPECT_NE(Parts(Tiff(Grey())), "");
     for (const Entry& other : std::vector<Entry>{
