@@ -2,7 +2,8 @@
 
 #include "core/LogWindow.h"
 #include "platform/Clock.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
+#include "platform/Text.h"
 
 #include <algorithm>
 #include <string>
@@ -14,17 +15,15 @@ namespace {
 // Categories are the program's own words, in ASCII.
 std::string UpperCase(std::string_view category) {
     std::string upper(category);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    });
+    std::transform(upper.begin(), upper.end(), upper.begin(), AsciiUpper);
     return upper;
 }
 
 }  // namespace
 
 void AddLog(std::string_view sCategory, std::string_view sMessage) {
-    UpCall<LogWindow>::Get().AddItem(HostClock().NowText() + "\t" + UpperCase(sCategory) + "\t" +
-                                     std::string(sMessage));
+    Service<LogWindow>::Get().AddItem(Service<Clock>::Get().NowText() + "\t" +
+                                      UpperCase(sCategory) + "\t" + std::string(sMessage));
 }
 
 }  // namespace tavel

@@ -48,12 +48,4 @@ extern Integer iScanDelay;  // minutes between timed scans
 extern bool bScanning;      // a BackgroundScan is running
 extern bool bDBChanged;     // the library has changes that ShutDown must save
 
-// The one file service of the program; the host's own unless UseFileService has put another in its
-// place (nullptr: back to the host's).
-FileService& oFSO();
-void UseFileService(FileService* service);
-
-// Puts all of the above back to what it is when the process begins.
-void ResetPublicStuff();
-
 }  // namespace tavel

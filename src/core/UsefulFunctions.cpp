@@ -22,7 +22,8 @@ constexpr std::size_t WalkLimit = std::numeric_limits<Integer>::max();
 double Draw() {
     static std::uint64_t state =
         (std::uint64_t{std::random_device{}()} << 32) ^ std::random_device{}();
-    state = (state ^ std::bit_cast<std::uint64_t>(HostClock().Timer())) + 0x9E3779B97F4A7C15U;
+    state =
+        (state ^ std::bit_cast<std::uint64_t>(Service<Clock>::Get().Timer())) + 0x9E3779B97F4A7C15U;
     std::uint64_t mixed = state;
     mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9U;
     mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;
@@ -36,7 +37,7 @@ std::size_t LastDot(std::string_view sPath) {
     const std::size_t dot = sPath.rfind('.');
     if (dot == std::string_view::npos) Fail(failure::Overflow);
     const std::string_view walked = sPath.substr(dot);
-    if (walked.size() > WalkLimit && Characters(walked).size() > WalkLimit) Fail(failure::Overflow);
+    if (walked.size() > WalkLimit && CharacterCount(walked) > WalkLimit) Fail(failure::Overflow);
     return dot;
 }
 
@@ -58,7 +59,7 @@ std::string GetFileExt(std::string_view sPath) {
 }
 
 std::string PadZeros(std::string_view sValue, Integer iWidth) {
-    const auto length = static_cast<std::int64_t>(Characters(sValue).size());
+    const auto length = static_cast<std::int64_t>(CharacterCount(sValue));
     std::string padded;
     if (length < iWidth) padded.assign(static_cast<std::size_t>(iWidth - length), '0');
     return padded.append(sValue);

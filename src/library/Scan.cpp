@@ -7,8 +7,9 @@
 #include "library/Collections.h"
 #include "library/LibraryWindows.h"
 #include "library/PathIndex.h"
+#include "platform/Activity.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <string>
 #include <vector>
@@ -19,6 +20,7 @@ namespace {
 
 // A missing count reads as -1, which no list can be sized to.
 std::vector<std::string> WatchFolders() {
+    const Doing reading("Reading", "[watch]", "of", sDBFile);
     Integer n = 0;
     ReadValue(sDBFile, "watch", "noofflds", "s", "-1", n);
     if (n < 0) Fail(failure::SubscriptOutOfRange);
@@ -31,12 +33,14 @@ std::vector<std::string> WatchFolders() {
 // The library can shrink while the program is yielded, and the comparison goes by position up to
 // the count that it began with: it then fails beyond the end. Only the yield behind the last
 // comparison is harmless.
-template <class T>
-bool IsIn(const Collection<T>& collection, MediaType type, std::string_view sPath) {
-    const Long iCount = collection.Count();
-    const bool bFound = HasPath(type, sPath);
+bool IsAmongItems(Integer itemType, std::string_view sPath) {
+    const auto count = [&] {
+        return WithItems(itemType, [](const auto& items, auto*) { return items.Count(); });
+    };
+    const Long iCount = count();
+    const bool bFound = HasPath(itemType, sPath);
     if (iCount > 0) DoEvents();
-    if (iCount > 1 && collection.Count() < iCount) Fail(failure::SubscriptOutOfRange);
+    if (iCount > 1 && count() < iCount) Fail(failure::SubscriptOutOfRange);
     return bFound;
 }
 
@@ -44,7 +48,7 @@ bool IsIn(const Collection<T>& collection, MediaType type, std::string_view sPat
 
 void BackgroundScan() {
     if (bScanning) return;
-    ScanTimer& tmrBack = UpCall<ScanTimer>::Get();
+    ScanTimer& tmrBack = Service<ScanTimer>::Get();
     tmrBack.Enable(false);
     bScanning = true;
     const std::vector<std::string> folders = WatchFolders();
@@ -67,16 +71,8 @@ void ScanTick() {
 }
 
 bool IsFileInDB(std::string_view sPath) {
-    switch (GetFileType(sPath)) {
-        case mtPhoto:
-            return IsIn(colPhoto, mtPhoto, sPath);
-        case mtVideo:
-            return IsIn(colVideo, mtVideo, sPath);
-        case mtMusic:
-            return IsIn(colMusic, mtMusic, sPath);
-        default:
-            return false;
-    }
+    const Integer iType = GetFileType(sPath);
+    return iType != -1 && IsAmongItems(iType, sPath);
 }
 
 }  // namespace tavel

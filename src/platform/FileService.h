@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Numbers.h"
+#include "platform/Service.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -18,6 +19,11 @@ namespace tavel {
 // ".." are taken lexically, and ".." never leaves the root of a drive. A separator at the end of a
 // folder's path is allowed everywhere. Nothing is made, moved or copied to a path with a second
 // drive in it (52), even where the host has a folder of such a name.
+
+// The setting's limit. What has a longer path is left out of folders' contents and cannot be
+// picked, since such a path would not come back whole from a profile.
+inline constexpr std::size_t MaxPathCharacters = 254;
+bool IsPathTooLong(std::string_view path);
 
 inline constexpr int DriveRemovable = 1;
 inline constexpr int DriveFixed = 2;
@@ -45,6 +51,7 @@ struct FolderEntry {
     std::string Name;
 };
 
+// What has a path that is too long is not in it.
 struct FolderContents {
     FolderEntry Folder;
     std::vector<FolderEntry> SubFolders;  // by name, without regard to case
@@ -109,16 +116,22 @@ class FileService {
     // The host's own name of a path, for libraries that open files themselves: of what is there, or
     // of what would be created in a folder that exists. Empty when the path leads nowhere.
     virtual std::string HostPath(std::string_view path) = 0;
-    // The drive path of a host file or folder (absolute): what a file dialog's answer becomes. A
-    // file on a removable drive gets that drive's letter, any other gets c:.
+    // The drive path of a host file or folder (absolute): what a file dialog's answer becomes. It
+    // is one to keep for years: below a folder linked as a drive it has that drive's letter, which
+    // lasts as long as the link; anywhere else it begins with c:, since a mounted stick has its
+    // letter only while it is mounted, and the next one may get it.
     virtual std::string FromHostPath(std::string_view hostPath) = 0;
+
+    // The same place under such a path; the path itself when it leads nowhere.
+    std::string StablePath(std::string_view path);
 };
 
-// The host's own service, made on first use and kept as long as the process lives, unless
-// UseHostFileService has put another in its place (nullptr: back to the host's). The profile
-// service stands on it too.
-FileService& HostFileService();
-void UseHostFileService(FileService* service);
+// The host's files and drives, for as long as the process lives.
+template <>
+FileService* OwnService<FileService>();
+
+// The one file service of the program. The profile service stands on it too.
+inline FileService& oFSO() { return Service<FileService>::Get(); }
 
 // The folder of the running program as a drive path, without a separator at its end unless it is
 // the root of a drive.

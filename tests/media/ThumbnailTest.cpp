@@ -52,7 +52,7 @@ class FullFolder : public OneFileService {
 class Thumbnails : public ::testing::Test {
   protected:
     Thumbnails() {
-        UseFileService(&files);
+        Service<FileService>::Use(&files);
         std::filesystem::create_directories(folder.HostPath("library/Videos/Thumbnails"));
         sDefaultDBPath = folder.DrivePath("library");
         folder.Write("source.bmp", HalfWhite(320, 120));

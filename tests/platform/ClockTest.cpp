@@ -107,15 +107,28 @@ TEST(Clock, A_locale_that_is_not_installed_falls_back) {
     EXPECT_EQ(HostDecimalMark(), ".");
 }
 
-TEST(Clock, The_timer_counts_the_seconds_of_the_day) {
-    const double seconds = HostClock().Timer();
-    EXPECT_GE(seconds, 0);
-    EXPECT_LT(seconds, 86401);  // a leap second
+double SecondOfDay(time_t when) {
+    const tm* local = localtime(&when);
+    return local->tm_hour * 3600 + local->tm_min * 60 + local->tm_sec;
+}
+
+TEST(Clock, The_timer_counts_the_seconds_of_the_local_day_with_fractions) {
+    double fractions = 0;
+    for (int round = 0; round < 1000; ++round) {
+        const time_t before = time(nullptr);
+        const double seconds = Service<Clock>::Get().Timer();
+        const time_t after = time(nullptr) + 1;                  // time() may lag a tick behind
+        if (SecondOfDay(after) < SecondOfDay(before)) continue;  // midnight
+        ASSERT_GE(seconds, SecondOfDay(before));
+        ASSERT_LT(seconds, SecondOfDay(after) + 1);
+        fractions += seconds - static_cast<int>(seconds);
+    }
+    EXPECT_GT(fractions, 0);
 }
 
 TEST(Clock, The_host_tells_the_present_date_and_time) {
     const time_t before = time(nullptr);
-    const std::string now = HostClock().NowText();
+    const std::string now = Service<Clock>::Get().NowText();
     bool isPresent = false;
     for (time_t moment = before; moment <= time(nullptr); ++moment)
         isPresent = isPresent || now == HostDateTimeText(moment);
@@ -124,11 +137,11 @@ TEST(Clock, The_host_tells_the_present_date_and_time) {
 
 TEST(Clock, Another_clock_can_stand_in_and_leave_again) {
     FixedClock fixed;
-    UseClock(&fixed);
-    EXPECT_EQ(HostClock().NowText(), "then");
-    EXPECT_EQ(HostClock().Timer(), 12.5);
-    UseClock(nullptr);
-    EXPECT_NE(HostClock().NowText(), "then");
+    Service<Clock>::Use(&fixed);
+    EXPECT_EQ(Service<Clock>::Get().NowText(), "then");
+    EXPECT_EQ(Service<Clock>::Get().Timer(), 12.5);
+    Service<Clock>::Use(nullptr);
+    EXPECT_NE(Service<Clock>::Get().NowText(), "then");
 }
 
 }  // namespace

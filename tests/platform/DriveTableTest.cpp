@@ -66,7 +66,35 @@ TEST_F(Drives, Mounted_drives_get_letters_in_order_and_keep_them) {
     Unmount("one");
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [two]"));
     Mount("three");
-    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [three]", "e: [two]"));
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [two]", "f: [three]"));
+}
+
+TEST_F(Drives, Of_the_free_letters_a_mount_gets_the_one_that_was_unused_longest) {
+    Link('d', "card");
+    Mount("one");
+    Mount("two");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [card]", "e: [one]", "f: [two]"));
+    Unmount("two");
+    files->DriveTexts();
+    Unlink('d');
+    files->DriveTexts();
+    Unmount("one");
+    files->DriveTexts();
+    for (int i = 0; i < 23; ++i) Mount("m" + std::to_string(i));
+    const std::vector<std::string> texts = files->DriveTexts();
+    ASSERT_EQ(texts.size(), 24u);
+    EXPECT_EQ(texts[4], "g: [m0]");
+    EXPECT_EQ(texts[3], "f: [m20]");
+    EXPECT_EQ(texts[1], "d: [m21]");
+    EXPECT_EQ(texts[2], "e: [m22]");
+}
+
+TEST_F(Drives, A_mount_in_the_place_of_another_gets_another_letter_in_the_same_reading) {
+    Mount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));
+    Unmount("one");
+    Mount("two");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [two]"));
 }
 
 TEST_F(Drives, The_mount_table_is_read_only_when_it_has_changed) {
@@ -272,16 +300,59 @@ TEST_F(Drives, MoveFile_crosses_file_systems) {
     EXPECT_FALSE(fs::exists(other / name));
 }
 
-TEST_F(Drives, Host_paths_become_paths_of_the_drive_that_holds_them) {
+TEST_F(Drives, Host_paths_become_paths_that_last) {
     Link('e', "card");
+    Mount("stick");
     Mount("card/inner");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("stick")), temp.DrivePath("stick"));
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/a.mp3")), temp.DrivePath("stick/a.mp3"));
     EXPECT_EQ(files->FromHostPath(temp.HostPath("card")), "e:\\");
     EXPECT_EQ(files->FromHostPath(temp.HostPath("card/psp/a.txt")), "e:\\psp\\a.txt");
     EXPECT_EQ(files->FromHostPath(temp.HostPath("program/drives/e/a.txt")), "e:\\a.txt");
-    EXPECT_EQ(files->FromHostPath(temp.HostPath("card/inner/a.txt")), "d:\\a.txt");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("card/inner/a.txt")),
+              temp.DrivePath("card/inner/a.txt"))
+        << "not reached by e:";
     EXPECT_EQ(files->FromHostPath(temp.HostPath("cards/a.txt")), temp.DrivePath("cards/a.txt"));
     EXPECT_EQ(files->FromHostPath("/"), "c:\\");
     EXPECT_EQ(files->FromHostPath("/a//b/./c/../d/"), "c:\\a\\b\\d");
+}
+
+TEST_F(Drives, A_stick_that_is_mounted_and_linked_goes_by_the_letter_of_the_link) {
+    Mount("stick");
+    Link('x', "stick");
+    EXPECT_EQ(files->FromHostPath(temp.HostPath("stick/a.mp3")), "x:\\a.mp3");
+}
+
+TEST_F(Drives, A_path_of_a_mounted_stick_has_one_that_lasts) {
+    Mount("stick");
+    Link('x', "card");
+    temp.Write("stick/Music/a.mp3", "x");
+    temp.Write("card/b.mp3", "x");
+    EXPECT_EQ(files->StablePath("d:\\"), temp.DrivePath("stick"));
+    EXPECT_EQ(files->StablePath("d:\\music\\A.mp3"), temp.DrivePath("stick/Music/a.mp3"));
+    EXPECT_EQ(files->StablePath("x:\\b.mp3"), "x:\\b.mp3");
+    EXPECT_EQ(files->StablePath(temp.DrivePath("card/b.mp3")), "x:\\b.mp3");
+    EXPECT_EQ(files->StablePath("c:\\"), "c:\\");
+    EXPECT_EQ(files->StablePath("y:\\none.mp3"), "y:\\none.mp3");
+    Unmount("stick");
+    Mount("other");
+    EXPECT_EQ(files->ReadWhole(temp.DrivePath("stick/Music/a.mp3")), "x");
+}
+
+TEST_F(Drives, Nothing_is_made_in_the_folder_of_a_stick_that_has_gone_by_the_path_that_lasts) {
+    Mount("stick");
+    const std::string path = files->StablePath("d:\\") + "\\";
+    fs::create_directory_symlink(temp.HostPath("stick"), temp.HostPath("link"));
+    files->CreateFolder(path + "Music");
+    Unmount("stick");
+    fs::remove(temp.HostPath("stick/Music"));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(path + "Music"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile(path + "a.txt", true); }), 76);
+    EXPECT_EQ(OpenError(path + "a.txt", RawMode::Create), 76);
+    EXPECT_EQ(OpenError(temp.DrivePath("link/a.txt"), RawMode::Create), 76);
+    EXPECT_EQ(files->HostPath(path + "a.txt"), "");
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("stick")));
+    files->CreateTextFile(temp.DrivePath("a.txt"), true);
 }
 
 TEST_F(Drives, A_path_without_a_drive_is_below_the_working_folder) {
@@ -310,7 +381,7 @@ TEST_F(Drives, No_descriptor_stays_open_between_calls) {
     const auto count = [] {
         return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
     };
-    files->DriveExists("e");
+    files->FileExists("e:\\none.txt");  // the watches over folders stay
     const auto before = count();
     files->GetFolder("e:\\PSP");
     files->CopyFile("e:\\psp\\a.txt", "e:\\psp\\b.txt", true);
@@ -326,8 +397,7 @@ TEST_F(Drives, No_descriptor_stays_open_between_calls) {
 }
 
 TEST(HostFileServices, The_programs_folder_is_where_the_program_is) {
-    EXPECT_EQ(HostFileService().HostPath(ProgramFolder()),
-              fs::read_symlink("/proc/self/exe").parent_path());
+    EXPECT_EQ(oFSO().HostPath(ProgramFolder()), fs::read_symlink("/proc/self/exe").parent_path());
 }
 
 }  // namespace tavel::test

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -27,6 +28,15 @@ class OnExfat : public HostDrives {
     std::unique_ptr<RawFile> Create(const std::string& path) {
         Long error = 0;
         return files->OpenRaw(path, RawMode::Create, error);
+    }
+
+    // Of the stick as a mounted drive. Other tests may have sticks of their own at this moment.
+    std::string RootOf(FileService& service) const {
+        for (const std::string& text : service.DriveTexts()) {
+            const std::string root = text.substr(0, 2) + "\\";
+            if (service.HostPath(root) == stick.MountFolder()) return root;
+        }
+        return {};
     }
 
     bool IsMountFolderEmpty() const { return fs::is_empty(stick.MountFolder()); }
@@ -112,7 +122,7 @@ TEST_F(OnExfat, A_full_stick_takes_what_fits_and_says_so) {
 }
 
 TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
-    UseHostFileService(files.get());
+    Service<FileService>::Use(files.get());
     files->CreateTextFile("e:\\TavelDataFile.tavel", true);
     const std::string path = "e:\\taveldatafile.tavel";
     ASSERT_TRUE(WritePrivateProfileString("video", "M4V10001", "Old", path));
@@ -130,7 +140,7 @@ TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
         WritePrivateProfileString("video", "M4V10001", "Half", path);
     }
     EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
@@ -167,7 +177,7 @@ TEST(OnABrokenStick, Nothing_is_taken_once_a_flush_has_failed) {
 
 // A stick is asked for its identity file under two spellings.
 TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
-    UseHostFileService(files.get());
+    Service<FileService>::Use(files.get());
     files->CreateTextFile("e:\\TavelDataFile.tavel", true);
     for (int i = 0; i < 5; ++i) {
         const std::string key = std::to_string(i);
@@ -181,9 +191,17 @@ TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
             EXPECT_EQ(GetPrivateProfileString(section, key, "", 255, "e:\\TAVELdatafile.tavel"),
                       "v");
     }
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     EXPECT_THAT(files->GetFolder("e:\\").Files, ::testing::SizeIs(1));
     EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "TavelDataFile.tavel");
+}
+
+TEST_F(OnExfat, A_host_path_has_the_spelling_that_the_stick_has_now) {
+    std::ofstream(stick.MountFolder() + "/DATA.txt") << "x";
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/DATA.txt"));
+    fs::rename(stick.MountFolder() + "/DATA.txt", stick.MountFolder() + "/other.txt");
+    fs::rename(stick.MountFolder() + "/other.txt", stick.MountFolder() + "/Data.txt");
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/Data.txt"));
 }
 
 TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {
@@ -225,14 +243,40 @@ TEST_F(OnExfat, A_file_is_itself_in_any_spelling) {
     EXPECT_EQ(files->ReadWhole("e:\\Psp\\A.txt"), "x");
 }
 
+// On this file system each spelling of a path has an inode number of its own.
+TEST_F(OnExfat, A_file_is_itself_by_every_way_to_it) {
+    const std::string bytes(3'000'000, 'x');
+    fs::create_directory(stick.MountFolder() + "/PSP");
+    std::ofstream(stick.MountFolder() + "/PSP/a.bin") << bytes;
+    fs::create_directory_symlink(stick.MountFolder() + "/psp", temp.HostPath("album"));
+    fs::create_symlink(stick.MountFolder() + "/PSP/A.BIN", temp.HostPath("a.lnk"));
+    std::string mounted = "c:" + stick.MountFolder();
+    std::replace(mounted.begin(), mounted.end(), '/', '\\');
+    for (const std::string& way : {mounted + "\\psp\\A.bin", temp.DrivePath("album/a.BIN"),
+                                   temp.DrivePath("a.lnk"), std::string("e:\\Psp\\a.bin")}) {
+        SCOPED_TRACE(way);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile(way, "e:\\psp\\A.BIN", true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile("e:\\psp\\A.BIN", way, true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->MoveFile(way, "e:\\psp\\A.BIN"); }), 58);
+        Long error = 0;
+        const auto source = files->OpenRaw(way, RawMode::Read, error);
+        ASSERT_TRUE(source);
+        EXPECT_FALSE(files->OpenRaw("e:\\psp\\A.BIN", RawMode::Create, error));
+        EXPECT_EQ(error, 70);
+        EXPECT_TRUE(Create("e:\\psp\\b.bin")) << "another file";
+    }
+    EXPECT_TRUE(files->ReadWhole("e:\\psp\\a.bin") == bytes);
+}
+
 TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     temp.Write("program2/x", "");
     const auto service =
         MakeHostFileService(temp.HostPath("program2"), std::make_unique<LoopsAreSticks>());
-    // Other tests may have sticks of their own mounted at this moment.
-    const std::string root = service->FromHostPath(stick.MountFolder());
-    ASSERT_NE(root.substr(0, 2), "c:");
+    const std::string root = RootOf(*service);
+    ASSERT_NE(root, "");
     service->CreateTextFile(root + "TavelDataFile.tavel", true);
+    const std::string lasting = service->StablePath(root);
+    EXPECT_TRUE(service->FileExists(lasting + "\\taveldatafile.tavel"));
     EXPECT_TRUE(fs::exists(stick.MountFolder() + "/TavelDataFile.tavel"));
     EXPECT_TRUE(service->FileExists(root + "taveldatafile.tavel"));
     stick.Pull();
@@ -240,10 +284,11 @@ TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     EXPECT_EQ(FailureOf([&] { service->GetDrive(root); }), 68);
     EXPECT_FALSE(service->FileExists(root + "taveldatafile.tavel"));
     EXPECT_EQ(FailureOf([&] { service->CreateTextFile(root + "b.txt", true); }), 76);
+    EXPECT_EQ(FailureOf([&] { service->CreateTextFile(lasting + "\\b.txt", true); }), 76);
     EXPECT_TRUE(IsMountFolderEmpty());
     ASSERT_TRUE(stick.Mount());
-    EXPECT_TRUE(
-        service->FileExists(service->FromHostPath(stick.MountFolder()) + "taveldatafile.tavel"));
+    service->CreateTextFile(lasting + "\\b.txt", true);
+    EXPECT_TRUE(service->FileExists(RootOf(*service) + "taveldatafile.tavel"));
 }
 
 }  // namespace tavel::test

@@ -1,24 +1,15 @@
 #include "platform/OnEachDrive.h"
+#include "platform/Text.h"
+#include "support/PlainUser.h"
 
 #include <sys/stat.h>
 #include <sys/statvfs.h>
-#include <unistd.h>
 
 namespace tavel::test {
 
 namespace {
 
 using FileOperations = OnEachDrive;
-
-// Takes a superuser's rights away for a while.
-class PlainUser {
-  public:
-    PlainUser() { EXPECT_EQ(seteuid(m_user == 0 ? 65534 : m_user), 0); }
-    ~PlainUser() { EXPECT_EQ(seteuid(m_user), 0); }
-
-  private:
-    uid_t m_user = geteuid();
-};
 
 INSTANTIATE_TEST_SUITE_P(Drives, FileOperations, ::testing::Values('c', 'e'),
                          [](const auto& drive) { return std::string(1, drive.param); });
@@ -102,6 +93,33 @@ TEST_P(FileOperations, GetFolder_passes_over_what_is_neither_file_nor_folder) {
     EXPECT_EQ(contents.Files[0].Name, "a.jpg");
     EXPECT_TRUE(contents.SubFolders.empty());
     EXPECT_FALSE(files->FileExists(At("pipe.jpg")));
+}
+
+// A path of so many characters, letters of two bytes in its names.
+TEST_P(FileOperations, GetFolder_passes_over_paths_of_more_than_254_characters) {
+    const auto letters = [](std::size_t count) {
+        std::string text;
+        while (count-- > 0) text += "\u0436";
+        return text;
+    };
+    const std::string middle = letters((245 - CharacterCount(At(""))) / 2);
+    const std::string folder = At(middle + "\\" + middle);
+    fs::create_directories(Host(middle + "/" + middle));
+    const std::size_t left = 254 - CharacterCount(folder) - 1;
+    ASSERT_GE(left, 2u);
+    const std::string fits = letters(left - 1) + "a";
+    for (const std::string& name : {fits, fits + "b", letters(left - 1) + "\xff", fits + "\xff"})
+        Put(middle + "/" + middle + "/" + name, "x");
+    fs::create_directory(Host(middle + "/" + middle + "/" + letters(left)));
+    fs::create_directory(Host(middle + "/" + middle + "/" + letters(left + 1)));
+    const FolderContents contents = files->GetFolder(folder);
+    ASSERT_EQ(contents.Files.size(), 2u);
+    EXPECT_EQ(contents.Files[0].Name, fits);
+    EXPECT_EQ(contents.Files[1].Name, letters(left - 1) + "\xff");
+    ASSERT_EQ(contents.SubFolders.size(), 1u);
+    EXPECT_EQ(CharacterCount(contents.SubFolders[0].Path), MaxPathCharacters);
+    EXPECT_FALSE(IsPathTooLong(contents.SubFolders[0].Path));
+    EXPECT_TRUE(IsPathTooLong(contents.SubFolders[0].Path + "a"));
 }
 
 TEST_P(FileOperations, GetFolder_of_what_is_no_folder_fails) {

@@ -1,10 +1,10 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
+#include "support/FileSizeLimit.h"
+#include "support/PlainUser.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -19,43 +19,6 @@ namespace tavel::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-// Root may write everywhere, so tests of refused rights go on as a user without any.
-class AsNobody {
-  public:
-    AsNobody() {
-        if (m_wasRoot && seteuid(65534) != 0) throw std::runtime_error("seteuid");
-    }
-    ~AsNobody() {
-        if (m_wasRoot && seteuid(0) != 0) abort();
-    }
-    AsNobody(const AsNobody&) = delete;
-    AsNobody& operator=(const AsNobody&) = delete;
-
-  private:
-    bool m_wasRoot = geteuid() == 0;
-};
-
-// A disk that takes no more than so many bytes of one file.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        m_handler = signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        signal(SIGXFSZ, m_handler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-  private:
-    rlimit m_before{};
-    sighandler_t m_handler = SIG_DFL;
-};
 
 // How many bytes the process has read so far.
 unsigned long long BytesRead() {
@@ -153,7 +116,7 @@ TEST_F(ProfileFile, Where_the_folder_cannot_be_written_the_file_is_written_in_pl
         chmod(m_folder.HostPath().c_str(), mode);
         const auto before = Status("db.txt").st_ino;
         {
-            const AsNobody nobody;
+            const PlainUser nobody;
             EXPECT_TRUE(Put("new"));
         }
         chmod(m_folder.HostPath().c_str(), 0755);
@@ -166,11 +129,58 @@ TEST_F(ProfileFile, Where_the_folder_cannot_be_written_the_file_is_written_in_pl
     }
 }
 
+TEST_F(ProfileFile, What_a_killed_save_has_left_is_gone_with_the_next) {
+    m_folder.Write(".db.txt.new", "half");
+    const std::vector<std::string> both{".db.txt.new", "db.txt"};
+    ASSERT_EQ(Names(), both);
+    ASSERT_TRUE(Put("new"));
+    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
+    EXPECT_EQ(Names(), m_alone);
+}
+
+TEST_F(ProfileFile, Nothing_that_lies_under_the_name_of_the_temporary_file_is_written) {
+    const TempFolder outside;
+    outside.Write("own.txt", "own");
+    fs::create_symlink(outside.HostPath("own.txt"), m_folder.HostPath(".db.txt.new"));
+    ASSERT_TRUE(Put("new"));
+    fs::create_hard_link(outside.HostPath("own.txt"), m_folder.HostPath(".db.txt.new"));
+    ASSERT_TRUE(Put("newer"));
+    ASSERT_EQ(mkfifo(m_folder.HostPath(".db.txt.new").c_str(), 0600), 0);
+    ASSERT_TRUE(Put("new"));
+    EXPECT_EQ(outside.Read("own.txt"), "own");
+    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
+    EXPECT_TRUE(S_ISREG(Status("db.txt").st_mode));
+    EXPECT_EQ(Names(), m_alone);
+}
+
+TEST_F(ProfileFile, Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
+    m_folder.Write(".db.txt.new/a.txt", "own");
+    const auto before = Status("db.txt").st_ino;
+    ASSERT_TRUE(Put("new"));
+    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
+    EXPECT_EQ(Status("db.txt").st_ino, before);
+    EXPECT_EQ(m_folder.Read(".db.txt.new/a.txt"), "own");
+}
+
+TEST_F(ProfileFile, A_save_that_another_one_overtakes_leaves_that_ones_file_alone) {
+    const bool isReplaced = ReplaceHostFile(
+        m_folder.HostPath("db.txt"),
+        [&](const ByteSink& sink) {
+            sink("mine");
+            fs::remove(m_folder.HostPath(".db.txt.new"));
+            m_folder.Write(".db.txt.new", "half of the other one's");
+        },
+        false);
+    EXPECT_FALSE(isReplaced);
+    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
+    EXPECT_EQ(m_folder.Read(".db.txt.new"), "half of the other one's");
+}
+
 TEST_F(ProfileFile, A_write_protected_file_is_not_written) {
     chmod(m_folder.HostPath().c_str(), 0777);
     chmod(m_folder.HostPath("db.txt").c_str(), 0444);
     {
-        const AsNobody nobody;
+        const PlainUser nobody;
         EXPECT_FALSE(Put("new"));
     }
     EXPECT_EQ(m_folder.Read("db.txt"), m_old);
@@ -182,7 +192,7 @@ TEST_F(ProfileFile, A_file_that_cannot_be_read_gives_defaults_and_is_not_overwri
     chmod(m_folder.HostPath().c_str(), 0777);
     chmod(m_folder.HostPath("db.txt").c_str(), 0222);
     {
-        const AsNobody nobody;
+        const PlainUser nobody;
         EXPECT_EQ(Get(), "(none)");
         EXPECT_FALSE(Put("new"));
         const ProfileBatch batch(m_folder.DrivePath("db.txt"));

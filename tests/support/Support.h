@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 #include <gtest/gtest.h>
@@ -28,6 +29,9 @@ class TempFolder {
     std::string m_path;
 };
 
+// Puts the shared state of the program back to what it is when the process begins.
+void ResetPublicStuff();
+
 // A file of the source tree by its path from the root of the tree, on the host.
 std::string SourceFile(const std::string& path);
 
@@ -52,6 +56,17 @@ std::string FullFailureOf(Call&& call) {
                failure.Source();
     }
     return {};
+}
+
+// What the failure message would say that the program was doing when a call throws.
+template <class Call>
+std::string FailedActivityOf(Call&& call) {
+    try {
+        call();
+    } catch (...) {
+        return TakeFailedActivity();
+    }
+    return "(no failure)";
 }
 
 }  // namespace tavel::test

@@ -1,5 +1,7 @@
 #include "core/PublicStuff.h"
+#include "platform/linux/HostFileService.h"
 #include "support/FaultyFileService.h"
+#include "support/HostDrives.h"
 #include "support/Support.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
@@ -27,10 +29,10 @@ class FolderPickers : public ::testing::Test {
         folder.Write("top.txt", "");
         folder.Write(".hidden/c", "");
         service.Plug('e', folder.HostPath());
-        UseFileService(&service);
+        Service<FileService>::Use(&service);
         request.title = QStringLiteral("Select a folder");
     }
-    ~FolderPickers() override { UseFileService(nullptr); }
+    ~FolderPickers() override { Service<FileService>::Use(nullptr); }
 
     static QTreeWidget& Tree(QWidget& dialog) { return Find<QTreeWidget>(dialog, "trvFolders"); }
 
@@ -149,6 +151,7 @@ TEST_F(FolderPickers, a_line_break_in_a_name_is_shown_as_a_blank) {
     ASSERT_NE(broken, nullptr);
     dialog.show();
     (void)QTest::qWaitForWindowActive(&dialog);
+    Tree(dialog).scrollToItem(broken);  // from below the folders of the user's home
     const QImage shown = Tree(dialog).grab().toImage();
     broken->setText(0, QStringLiteral("two lines"));
     EXPECT_EQ(Tree(dialog).grab().toImage(), shown);
@@ -192,6 +195,43 @@ TEST_F(FolderPickers, the_chosen_folder_comes_back_on_OK_and_nothing_on_Escape) 
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "e:\\photos");
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "");
+}
+
+TEST_F(FolderPickers, a_folder_of_a_mounted_stick_comes_back_as_a_path_that_lasts) {
+    MountTable mounts;
+    mounts.Mount(folder.HostPath("photos"), "STICK");
+    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
+    Service<FileService>::Use(host.get());
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        QTreeWidgetItem* stick = Tree(box).topLevelItem(1);
+        ASSERT_EQ(FromQString(stick->text(0)), "d: [STICK]");
+        stick->setExpanded(true);
+        Tree(box).setCurrentItem(Child(stick, "2006"));
+        QTest::mouseClick(&Find(box, "cmdOK"), Qt::LeftButton);
+    });
+    EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "", false, false), folder.DrivePath("photos/2006"));
+    Service<FileService>::Use(&service);
+}
+
+TEST_F(FolderPickers, a_folder_whose_path_to_keep_is_too_long_is_not_picked) {
+    MountTable mounts;
+    mounts.Mount(folder.HostPath("photos"), "STICK");
+    const std::string fits(MaxPathCharacters - folder.DrivePath("photos").size() - 1, 'x');
+    folder.Write("photos/" + fits + "/a.jpg", "");
+    folder.Write("photos/" + fits + "y/a.jpg", "");
+    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
+    Service<FileService>::Use(host.get());
+    {
+        FolderDialog dialog(request);
+        QTreeWidgetItem* stick = Tree(dialog).topLevelItem(1);
+        stick->setExpanded(true);
+        Tree(dialog).setCurrentItem(Child(stick, fits.c_str()));
+        EXPECT_TRUE(Find(dialog, "cmdOK").isEnabled());
+        Tree(dialog).setCurrentItem(Child(stick, (fits + 'y').c_str()));
+        EXPECT_FALSE(Find(dialog, "cmdOK").isEnabled());
+    }
+    Service<FileService>::Use(&service);
 }
 
 TEST_F(FolderPickers, a_start_folder_is_selected_and_its_path_stands_in_the_status_line) {

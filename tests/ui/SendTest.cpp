@@ -4,11 +4,14 @@
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
 #include "ui/support/DeviceWindow.h"
+#include "ui/support/Soon.h"
+#include "ui/toolkit/EndOfSession.h"
 #include "ui/toolkit/ProgressBar.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
 
 namespace tavel::test {
 
@@ -23,8 +26,8 @@ class SendTest : public DeviceWindowTest {
     SendTest() {
         temp.Write("beach.jpg", "a picture");
         temp.Write("film.mp4", "a film");
-        AddPhoto("ph_a", "Beach").sPath = temp.DrivePath("beach.jpg");
-        AddVideo("vd_a", "Film").sPath = temp.DrivePath("film.mp4");
+        AddPhoto("ph_a", "Beach").sPath(temp.DrivePath("beach.jpg"));
+        AddVideo("vd_a", "Film").sPath(temp.DrivePath("film.mp4"));
         AddMagazine("ma_a", {"ph_a"});
     }
 
@@ -106,6 +109,66 @@ TEST_F(SendTest, the_copy_window_waits_for_its_OK_with_the_main_window_usable_be
     EXPECT_FALSE(SingleWindow<frmCopy>::Loaded());
 }
 
+TEST_F(SendTest, clicks_and_keys_that_came_during_a_transfer_are_dropped_at_its_end) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    const auto sends = [&] { return std::count(calls.begin(), calls.end(), "frmCopy.Show"); };
+    copyWindow.total.onValue = [&](float) {
+        ClickSoon(Find(Main(), "cmdSend"));
+        PressSoon(Main(), Qt::Key_Space);  // the button has the focus
+        CloseSoon(Main());
+    };
+    Click(Main(), "cmdSend");
+    RunEvents();
+    EXPECT_EQ(sends(), 1);
+    EXPECT_THAT(calls, Not(Contains("ShowEnd")));
+
+    copyWindow.total.onValue = [](float) {};
+    ClickSoon(Find(Main(), "cmdSend"));
+    RunEvents();
+    EXPECT_EQ(sends(), 2) << "what comes afterwards is taken";
+    PressSoon(Main(), Qt::Key_Space);
+    RunEvents();
+    EXPECT_EQ(sends(), 3);
+}
+
+TEST_F(SendTest, keys_that_came_before_a_failure_do_not_answer_its_message) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    copyWindow.total.onValue = [&](float) {
+        PressSoon(Main(), Qt::Key_Space);  // the button has the focus
+        Fail(failure::DiskFull);
+    };
+    EXPECT_EQ(FatalOf([&] {
+                  Click(Main(), "cmdSend");
+                  RunEvents();
+              }),
+              failure::DiskFull);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "frmCopy.Show"), 1);
+}
+
+TEST_F(SendTest, no_timer_runs_while_input_is_dropped) {
+    const CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a"});
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(0);
+    Click(Main(), "cmdSend");
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(SendTest, a_request_to_end_that_came_during_a_transfer_is_done_behind_it) {
+    const EndOfSession endOfSession;
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    copyWindow.total.onValue = [](float) { std::raise(SIGTERM); };
+    Click(Main(), "cmdSend");
+    EXPECT_THAT(calls, Not(Contains("ShowEnd")));
+    EXPECT_EQ(calls.back(), "cmdOK on");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calls.back() == "EndProcess"; }));
+}
+
 TEST_F(SendTest, Clear_List_touches_nothing_else) {
     WireUpCalls();
     const AppWindowsRecorder noRealEnd(calls);
@@ -133,7 +196,7 @@ TEST_F(SendTest, a_stick_that_is_pulled_on_the_way_ends_the_program_at_the_trees
 
 TEST_F(SendTest, a_library_file_that_is_missing_ends_the_program) {
     CopyWindowRecorder copyWindow(calls);
-    colVideo.Item("vd_a").sPath = temp.DrivePath("none.mp4");
+    colVideo.Item("vd_a").sPath(temp.DrivePath("none.mp4"));
     OpenWith({"vd_a"});
     EXPECT_EQ(FatalOf([&] { Click(Main(), "cmdSend"); }), failure::FileNotFound);
     EXPECT_THAT(calls, Not(Contains("labFinish on")));

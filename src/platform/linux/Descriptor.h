@@ -2,11 +2,13 @@
 
 #include <unistd.h>
 
+#include <cstddef>
+#include <span>
 #include <utility>
 
 namespace tavel {
 
-// Owns a descriptor of the host.
+// Owns a descriptor of the host. What fails leaves the reason in errno.
 class Descriptor {
   public:
     Descriptor() = default;
@@ -24,6 +26,13 @@ class Descriptor {
     bool IsOpen() const { return m_descriptor >= 0; }
     int Get() const { return m_descriptor; }
     int Release() { return std::exchange(m_descriptor, -1); }
+
+    // Reads until the buffer is full or the file at its end.
+    bool Read(std::span<char> buffer, std::size_t& bytesRead) const;
+    // Writes as much as the medium takes; `bytesWritten` tells how much that was.
+    bool Write(std::span<const char> buffer, std::size_t& bytesWritten) const;
+    // Brings the file's data, and where they lie, to the medium.
+    bool Flush() const { return fsync(m_descriptor) == 0; }
 
     // False when the host reports a failure; the descriptor is closed all the same.
     bool Close() { return !IsOpen() || ::close(Release()) == 0; }

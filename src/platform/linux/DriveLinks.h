@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/FolderWatch.h"
 
 #include <sys/types.h>
 #include <time.h>
@@ -24,8 +25,8 @@ class DriveLinks {
     // `folder` is the host's name of the folder with the links; it need not exist.
     explicit DriveLinks(std::string folder);
 
-    // Brings the links up to date.
-    void Refresh();
+    // Brings the links up to date; true when they may have changed.
+    bool Refresh();
 
     // By their letters: lower case, never c.
     const std::map<char, DriveLink>& Links() const { return m_links; }
@@ -39,12 +40,10 @@ class DriveLinks {
     std::string Target(char letter) const;
 
   private:
-    bool Watch();
-    bool TakeNews();
     void Read();
 
     std::string m_folder;
-    Descriptor m_inotify;
+    FolderWatch m_watch;
     bool m_isWatching = false;
     std::map<char, DriveLink> m_links;
 };

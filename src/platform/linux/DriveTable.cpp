@@ -1,21 +1,17 @@
 #include "platform/linux/DriveTable.h"
 
 #include "platform/Failure.h"
+#include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
 
 #include <algorithm>
-#include <string_view>
 #include <utility>
 
 namespace tavel {
 
 namespace {
-
-std::string LastName(std::string_view path) {
-    return std::string(path.substr(path.rfind('/') + 1));
-}
 
 bool IsSameMount(const MountEntry& a, const MountEntry& b) {
     return a.id == b.id && a.target == b.target && a.source == b.source && a.device == b.device;
@@ -24,11 +20,17 @@ bool IsSameMount(const MountEntry& a, const MountEntry& b) {
 }  // namespace
 
 DriveTable::DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts)
-    : m_links(std::move(programFolder) + "/drives"), m_source(std::move(mounts)) {}
+    : m_links(std::move(programFolder) + "/drives"),
+      m_source(std::move(mounts)),
+      m_letters("defghijklmnopqrstuvwxyz") {}
 
 void DriveTable::Refresh() {
-    m_links.Refresh();
-    if (m_source->HasChanged()) ReadMounts();
+    const bool hasNewLinks = m_links.Refresh();
+    const bool hasNewMounts = m_source->HasChanged();
+    if (hasNewMounts) ReadMounts();
+    if (!hasNewLinks && !hasNewMounts) return;
+    std::stable_partition(m_letters.begin(), m_letters.end(),
+                          [this](char letter) { return !IsTaken(letter); });
 }
 
 void DriveTable::ReadMounts() {
@@ -38,7 +40,10 @@ void DriveTable::ReadMounts() {
             return IsSameMount(mount.entry, drive.mount.entry);
         });
     };
-    m_mounts.erase(std::remove_if(m_mounts.begin(), m_mounts.end(), isGone), m_mounts.end());
+    for (const MountedDrive& drive : m_mounts) {
+        if (isGone(drive)) m_leftBehind.insert(drive.mount.entry.target);
+    }
+    std::erase_if(m_mounts, isGone);
     for (const RemovableMount& mount : found) {
         const bool isKnown = std::any_of(
             m_mounts.begin(), m_mounts.end(),
@@ -49,14 +54,16 @@ void DriveTable::ReadMounts() {
     }
 }
 
+bool DriveTable::IsTaken(char letter) const {
+    return m_links.Has(letter) ||
+           std::any_of(m_mounts.begin(), m_mounts.end(),
+                       [&](const MountedDrive& drive) { return drive.letter == letter; });
+}
+
 char DriveTable::FreeLetter() const {
-    for (char letter = 'd'; letter <= 'z'; ++letter) {
-        const bool isTaken = m_links.Has(letter) ||
-                             std::any_of(m_mounts.begin(), m_mounts.end(),
-                                         [&](const auto& drive) { return drive.letter == letter; });
-        if (!isTaken) return letter;
-    }
-    return 0;
+    const auto free = std::find_if(m_letters.begin(), m_letters.end(),
+                                   [this](char letter) { return !IsTaken(letter); });
+    return free == m_letters.end() ? '\0' : *free;
 }
 
 const DriveTable::MountedDrive* DriveTable::MountOf(char letter) const {
@@ -71,7 +78,7 @@ std::vector<DriveTable::Entry> DriveTable::Entries() {
     std::vector<Entry> entries;
     for (char letter = 'a'; letter <= 'z'; ++letter) {
         if (const MountedDrive* drive = MountOf(letter)) {
-            entries.push_back({letter, drive->mount.label, {drive->mount.entry.target}});
+            entries.push_back({letter, false, drive->mount.label, {drive->mount.entry.target}});
         } else if (m_links.Has(letter)) {
             entries.push_back(LinkEntry(letter));
         }
@@ -80,14 +87,27 @@ std::vector<DriveTable::Entry> DriveTable::Entries() {
 }
 
 DriveTable::Entry DriveTable::LinkEntry(char letter) {
-    if (!m_links.Open(letter).IsOpen()) return {letter, {}, {}};
+    if (!m_links.Open(letter).IsOpen()) return {letter, true, {}, {}};
     const std::string target = m_links.Target(letter);
-    return {letter, LastName(target), {target, m_links.Links().at(letter).hostPath}};
+    return {
+        letter, true, std::string(LastName(target)), {target, m_links.Links().at(letter).hostPath}};
 }
 
 bool DriveTable::Has(char letter) {
     Refresh();
     return MountOf(letter) != nullptr || m_links.Has(letter);
+}
+
+bool DriveTable::IsOnMount(std::string_view hostPath) const {
+    return std::any_of(m_mounts.begin(), m_mounts.end(), [&](const MountedDrive& drive) {
+        return IsBelow(hostPath, drive.mount.entry.target);
+    });
+}
+
+bool DriveTable::IsLeftBehind(int folder) {
+    if (m_mounts.empty() && m_leftBehind.empty()) return false;
+    Refresh();
+    return m_leftBehind.count(PathOf(folder)) != 0 && !IsMountRoot(folder);
 }
 
 DriveTable::Root DriveTable::Open(char letter) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -13,13 +14,16 @@ namespace tavel {
 
 // The removable drives and their letters: mounted file systems from d: on, in the order of
 // mounting, each keeping its letter while it is mounted, and folders linked as `drives/X`. A letter
-// that a mount has stays with it; a new mount passes over the letters of links.
+// that a mount has stays with it; a new mount passes over the letters of links, and of the free
+// letters it gets the one that has been unused longest: what still names a file of a drive that has
+// gone shall not name one of the next drive.
 class DriveTable {
   public:
     DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
 
     struct Entry {
         char letter = 0;
+        bool isLink = false;
         std::string label;                   // empty when there is no medium
         std::vector<std::string> hostRoots;  // the host's names of its root
     };
@@ -38,6 +42,13 @@ class DriveTable {
     };
     Root Open(char letter);
 
+    // True when a host path leads to a stick that was mounted at the last look.
+    bool IsOnMount(std::string_view hostPath) const;
+
+    // True for the folder that a stick was mounted on and has left behind. Paths of c: that were
+    // kept lead there.
+    bool IsLeftBehind(int folder);
+
   private:
     struct MountedDrive {
         char letter = 0;
@@ -46,6 +57,7 @@ class DriveTable {
 
     void Refresh();
     void ReadMounts();
+    bool IsTaken(char letter) const;
     char FreeLetter() const;
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
@@ -53,6 +65,8 @@ class DriveTable {
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;
+    std::set<std::string> m_leftBehind;  // the folders that mounts have been seen to leave
+    std::string m_letters;  // of mounts: the free ones first, the longest unused in front
 };
 
 }  // namespace tavel

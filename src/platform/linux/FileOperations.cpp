@@ -2,14 +2,16 @@
 
 #include "platform/Failure.h"
 #include "platform/linux/FileIdentity.h"
+#include "platform/linux/Flush.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostPaths.h"
 
 #include <stdio.h>
 
 #include <cerrno>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace tavel {
 
@@ -36,7 +38,15 @@ void RequireOneDrive(const Place& place) {
     if (place.path.HasSecondDrive()) Fail(failure::BadFileName);
 }
 
-void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
+// On a removable drive at once; the host sees to others in its own time.
+bool KeepEntries(const Place& place) { return !place.isFlushed || FlushFolderOf(place); }
+
+// Its entry is on the medium by now, and must not be there when a stick is pulled.
+void RemovePartial(const Place& partial) {
+    if (!partial.IsFile()) return;
+    unlinkat(partial.Parent(), partial.name.c_str(), 0);
+    KeepEntries(partial);
+}
 
 Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
     Place place = FindPlace(drives, target);
@@ -56,27 +66,29 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
 
 // 0, or the run-time's number of what went wrong.
 Long CopyBytes(HostFile& source, HostFile& target) {
-    std::vector<char> piece(pieceSize);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
     std::size_t count = 0;
     std::size_t written = 0;
     do {
-        if (!source.Read(piece, count)) return source.Error();
-        if (!target.Write({piece.data(), count}, written)) return target.Error();
-    } while (count == piece.size());
+        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
+        if (!target.Write({piece.get(), count}, written)) return target.Error();
+    } while (count == pieceSize);
     return 0;
 }
 
-void CopyBetween(Place source, DriveTable& drives, Place target) {
+enum class Lasting { AsOnItsDrive, OnceCopied };
+
+void CopyBetween(Place source, DriveTable& drives, Place target, Lasting lasting) {
     const struct stat status = source.status;
     const std::string targetPath = target.path.Text();
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
+    if (lasting == Lasting::OnceCopied) to->FlushOnClose();
     Long error = CopyBytes(*from, *to);
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
-    const Place partial = FindPlace(drives, targetPath);
-    if (partial.IsFile()) Remove(partial);
+    RemovePartial(FindPlace(drives, targetPath));
     Fail(error);
 }
 
@@ -94,9 +106,15 @@ bool RenameIfFree(const Place& source, const Place& target) {
     return true;
 }
 
+bool FlushMove(const Place& source, const Place& target) {
+    const bool leavesFolder = FolderOf(source.hostPath) != FolderOf(target.hostPath);
+    return FlushRenamed(target) && FlushFolderOf(target) &&
+           (!leavesFolder || FlushFolderOf(source));
+}
+
 void MoveAcross(DriveTable& drives, Place source, Place target) {
     const std::string sourcePath = source.path.Text();
-    CopyBetween(std::move(source), drives, std::move(target));
+    CopyBetween(std::move(source), drives, std::move(target), Lasting::OnceCopied);
     DeleteFileAt(FindPlace(drives, sourcePath), true);
 }
 
@@ -106,14 +124,14 @@ void CreateFolderAt(const Place& place) {
     RequireOneDrive(place);
     RequireFree(place);
     Require(mkdirat(place.Parent(), place.name.c_str(), 0777) == 0);
-    Require(SyncFolderOf(place));
+    Require(KeepEntries(place));
 }
 
 void DeleteFileAt(const Place& place, bool force) {
     RequireFile(place);
     if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
     Require(unlinkat(place.Parent(), place.name.c_str(), 0) == 0);
-    Require(SyncFolderOf(place));
+    Require(KeepEntries(place));
 }
 
 void CreateTextFileAt(Place place, bool overwrite) {
@@ -130,7 +148,7 @@ void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place to = FindTarget(drives, target, from);
     if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
     if (to.failure == 0 && IsSameFile(from, to)) Fail(failure::PermissionDenied);
-    CopyBetween(std::move(from), drives, std::move(to));
+    CopyBetween(std::move(from), drives, std::move(to), Lasting::AsOnItsDrive);
 }
 
 void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target) {
@@ -140,7 +158,7 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
     if (RenameIfFree(from, to)) {
-        Require(SyncFolderOf(from) && SyncFolderOf(to));
+        Require(!to.isFlushed || FlushMove(from, to));
     } else {
         MoveAcross(drives, std::move(from), std::move(to));
     }

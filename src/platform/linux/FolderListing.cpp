@@ -2,7 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "platform/linux/HostNames.h"
+#include "platform/linux/FolderNames.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -45,12 +45,13 @@ class Lister {
     void Take(const std::string& name) {
         struct stat status {};
         if (name.find('\\') != std::string::npos) return;
+        std::string path = PathBelow(m_contents.Folder.Path, name);
+        if (IsPathTooLong(path)) return;
         if (fstatat(m_folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
         if (m_place.isOnRemovable && status.st_dev != m_place.status.st_dev) return;
         if (S_ISLNK(status.st_mode) && !m_place.isOnRemovable) {
             if (fstatat(m_folder, name.c_str(), &status, 0) != 0 || LeadsHere(status)) return;
         }
-        std::string path = PathBelow(m_contents.Folder.Path, name);
         if (S_ISDIR(status.st_mode)) {
             m_contents.SubFolders.push_back({std::move(path), name});
         } else if (S_ISREG(status.st_mode)) {

@@ -6,8 +6,8 @@
 namespace tavel {
 
 // What the folder at a place holds. Passed over are entries that are neither file nor folder, links
-// that lead nowhere, names with a backslash (no drive path can name them), and links to a folder
-// that leads here, which would make a walk endless.
+// that lead nowhere, names with a backslash (no drive path can name them), paths that are too long,
+// and links to a folder that leads here, which would make a walk endless.
 FolderContents ContentsOf(const Place& place);
 
 FileEntry EntryOfFile(const Place& place);

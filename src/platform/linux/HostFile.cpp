@@ -1,17 +1,15 @@
 #include "platform/linux/HostFile.h"
 
 #include "platform/Failure.h"
+#include "platform/linux/Flush.h"
 #include "platform/linux/HostErrors.h"
 
-#include <algorithm>
 #include <cerrno>
 #include <utility>
 
 namespace tavel {
 
 namespace {
-
-constexpr std::size_t smallestPiece = 512;
 
 Long WhyNotToOpen(const Place& place, bool isWritten) {
     if (isWritten && place.path.HasSecondDrive()) return failure::BadFileName;
@@ -26,20 +24,14 @@ Long WhyNotToOpen(const Place& place, bool isWritten) {
 
 }  // namespace
 
-bool SyncFolderOf(const Place& place) {
-    if (!place.isOnRemovable) return true;
-    const Descriptor folder(openat(place.Parent(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Some file systems have no such call for folders, and need none.
-    return folder.IsOpen() && (fsync(folder.Get()) == 0 || errno == EINVAL);
-}
-
 HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
     : m_file(std::move(file)),
       m_place(std::move(place)),
       m_isWritten(isWritten),
       m_isNew(isNew),
-      m_pace(m_file.Get()) {
-    if (!m_isWritten) m_share.emplace(m_place);
+      m_isFlushed(isWritten && m_place.isFlushed) {
+    if (!isWritten) m_share.emplace(m_file.Get());
+    if (m_isFlushed) m_pace.emplace(m_file.Get());
 }
 
 HostFile::~HostFile() { Close(); }
@@ -50,36 +42,14 @@ bool HostFile::Failed() {
 }
 
 bool HostFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
-    bytesRead = 0;
-    while (bytesRead < buffer.size()) {
-        const ssize_t count =
-            read(m_file.Get(), buffer.data() + bytesRead, buffer.size() - bytesRead);
-        if (count == 0) break;
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0) return Failed();
-        bytesRead += static_cast<std::size_t>(count);
-    }
-    return true;
+    return m_file.Read(buffer, bytesRead) || Failed();
 }
 
-// A file system may refuse a large piece as a whole where a part of it would still fit: smaller
-// ones fill the medium to its end, so that what follows finds it full and leaves no gap.
 bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
     bytesWritten = 0;
     if (m_isMediumLost) return false;
-    std::size_t limit = buffer.size();
-    while (bytesWritten < buffer.size()) {
-        const ssize_t count = write(m_file.Get(), buffer.data() + bytesWritten,
-                                    std::min(limit, buffer.size() - bytesWritten));
-        if (count < 0 && errno == EINTR) continue;
-        if (count < 0 && errno == ENOSPC && limit > smallestPiece) {
-            limit /= 2;
-            continue;
-        }
-        if (count < 0) return Failed();
-        bytesWritten += static_cast<std::size_t>(count);
-    }
-    if (!m_place.isOnRemovable || m_pace.Wrote(m_file.Get(), bytesWritten)) return true;
+    if (!m_file.Write(buffer, bytesWritten)) return Failed();
+    if (!m_pace || m_pace->Wrote(m_file.Get(), bytesWritten)) return true;
     m_isMediumLost = true;
     return Failed();
 }
@@ -98,17 +68,14 @@ void HostFile::CopyTimeOf(const struct stat& status) {
     futimens(m_file.Get(), times);
 }
 
-bool HostFile::Sync() {
-    if (!m_isWritten || !m_place.isOnRemovable) return true;
-    return fsync(m_file.Get()) == 0 && (!m_isNew || SyncFolderOf(m_place));
-}
+bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_place)); }
 
 bool HostFile::Close() {
     if (m_file.IsOpen()) {
-        if (!Sync()) Failed();
+        if (m_isFlushed && !Flush()) Failed();
+        m_share.reset();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();
-        m_share.reset();
     }
     return !m_isWritten || m_error == 0;
 }

@@ -10,10 +10,6 @@
 
 namespace tavel {
 
-// Makes what has happened to the entries of a place's folder lasting, on a removable drive; the
-// host sees to other drives in its own time. False when the host reports a failure.
-bool SyncFolderOf(const Place& place);
-
 // An open file of the host.
 class HostFile : public RawFile {
   public:
@@ -30,17 +26,20 @@ class HostFile : public RawFile {
     Long Error() const { return m_error; }
     // Takes over the modification time of another file.
     void CopyTimeOf(const struct stat& status);
+    // What is written is on the medium when it is closed, on any drive.
+    void FlushOnClose() { m_isFlushed = true; }
 
   private:
     bool Failed();
-    bool Sync();
+    bool Flush();
 
     Descriptor m_file;
     Place m_place;
     bool m_isWritten;
     std::optional<ReadShare> m_share;
     bool m_isNew;
-    WritePace m_pace;
+    bool m_isFlushed;
+    std::optional<WritePace> m_pace;  // on a removable drive
     Long m_error = 0;
     bool m_isMediumLost = false;  // what had been taken did not reach it
 };

@@ -6,6 +6,7 @@
 #include "platform/linux/FolderListing.h"
 #include "platform/linux/HostDrive.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostPaths.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -16,16 +17,9 @@ namespace tavel {
 
 namespace {
 
-FileService* g_replacement = nullptr;
-
 std::string ProgramFolderOfHost() {
     std::error_code none;
     return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
-}
-
-bool IsBelow(std::string_view hostPath, std::string_view root) {
-    return hostPath.substr(0, root.size()) == root &&
-           (hostPath.size() == root.size() || hostPath[root.size()] == '/');
 }
 
 std::string ReadToEnd(HostFile& file) {
@@ -104,20 +98,29 @@ class LinuxFileService : public FileService {
     }
 
     std::string FromHostPath(std::string_view hostPath) override {
-        std::string longest;
-        std::string drive;
-        for (const DriveTable::Entry& entry : m_drives->Entries()) {
-            for (const std::string& root : entry.hostRoots) {
-                if (root.size() <= longest.size() || !IsBelow(hostPath, root)) continue;
-                longest = root;
-                drive = {entry.letter, ':'};
-            }
-        }
-        if (drive.empty()) return FixedDrivePath(hostPath);
-        return drive + FixedDrivePath(hostPath.substr(longest.size())).substr(2);
+        const DriveTable::Entry drive = DriveOf(hostPath);
+        if (!drive.isLink) return FixedDrivePath(hostPath);
+        hostPath.remove_prefix(drive.hostRoots.front().size());
+        return std::string{drive.letter, ':'} + FixedDrivePath(hostPath).substr(2);
     }
 
   private:
+    // The innermost drive that holds it, with the one root that it lies below; a link is chosen
+    // before a mount of the same root.
+    DriveTable::Entry DriveOf(std::string_view hostPath) {
+        DriveTable::Entry found{'c', false, {}, {""}};
+        for (const DriveTable::Entry& entry : m_drives->Entries()) {
+            for (const std::string& root : entry.hostRoots) {
+                const std::size_t longest = found.hostRoots.front().size();
+                const bool isInner =
+                    root.size() > longest || (entry.isLink && root.size() == longest);
+                if (isInner && IsBelow(hostPath, root))
+                    found = {entry.letter, entry.isLink, {}, {root}};
+            }
+        }
+        return found;
+    }
+
     Place Find(std::string_view path) { return FindPlace(*m_drives, path); }
 
     std::shared_ptr<DriveTable> m_drives;
@@ -130,14 +133,13 @@ std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
     return std::make_unique<LinuxFileService>(std::move(programFolder), std::move(mounts));
 }
 
-FileService& HostFileService() {
+template <>
+FileService* OwnService<FileService>() {
     static const std::unique_ptr<FileService> service =
         MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
-    return g_replacement != nullptr ? *g_replacement : *service;
+    return service.get();
 }
 
-void UseHostFileService(FileService* service) { g_replacement = service; }
-
-std::string ProgramFolder() { return HostFileService().FromHostPath(ProgramFolderOfHost()); }
+std::string ProgramFolder() { return oFSO().FromHostPath(ProgramFolderOfHost()); }
 
 }  // namespace tavel

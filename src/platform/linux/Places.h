@@ -23,7 +23,8 @@ struct Place {
     Long failure = 0;
     DrivePath path;
     bool isOnRemovable = false;
-    Descriptor folder;  // not open on c:, where `name` is the whole path
+    bool isFlushed = false;  // what happens here is on the medium at once
+    Descriptor folder;       // not open on c:, where `name` is the whole path
     std::string name;
     std::string hostPath;
     struct stat status {};
@@ -40,6 +41,9 @@ struct Place {
 
 // Follows a path: its exact spelling first, then name by name without regard to case.
 Place FindPlace(DriveTable& drives, std::string_view path);
+
+// The place of what a host path leads to, behind all symbolic links and with its folder open.
+Place FindOnHost(const std::string& hostPath);
 
 // The host path of what is there on a removable drive, whose last name is spelt as its folder
 // spells it: a file system that ignores case follows any other spelling as well, and may take it

@@ -1,3 +1,4 @@
+#include "platform/linux/HostPaths.h"
 #include "platform/linux/MountSource.h"
 
 #include <sys/sysmacros.h>
@@ -18,10 +19,6 @@ bool StartsWith(std::string_view text, std::string_view start) {
 bool IsSystemFolder(std::string_view target) {
     return target == "/" || target == "/home" || target == "/usr" || target == "/var" ||
            StartsWith(target, "/boot");
-}
-
-std::string LastName(std::string_view path) {
-    return std::string(path.substr(path.rfind('/') + 1));
 }
 
 // The later of two mounts on one folder hides the earlier.
@@ -61,8 +58,8 @@ std::vector<RemovableMount> RemovableMounts(MountSource& source) {
         if (IsHidden(entries, i) || IsKnown(mounts, entry)) continue;
         const DeviceProperties properties = source.PropertiesOf(entry);
         if (!IsRemovable(properties)) continue;
-        mounts.push_back(
-            {entry, properties.label.empty() ? LastName(entry.target) : properties.label});
+        const std::string_view name = LastName(entry.target);
+        mounts.push_back({entry, properties.label.empty() ? std::string(name) : properties.label});
     }
     return mounts;
 }

@@ -4,10 +4,10 @@
 #include "core/LogWindow.h"
 #include "core/MessageBoxes.h"
 #include "device/DeviceWindows.h"
-#include "library/LibraryStore.h"
 #include "library/LibraryWindows.h"
+#include "library/MediaLibraryStore.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "ui/main/frmAdd.h"
 #include "ui/main/frmCopy.h"
 #include "ui/main/frmEnd.h"
@@ -21,6 +21,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/WindowRegistry.h"
+#include "ui/toolkit/WorkWindow.h"
 #include "ui/toolkit/Yielding.h"
 
 #include <QCoreApplication>
@@ -77,7 +78,7 @@ class InvalidFilesOnScreen : public InvalidFilesWindow {
     void AddItem(const std::string& sPath) override {
         SingleWindow<frmInvFiles>::Get().AddItem(sPath);
     }
-    void Show() override { SingleWindow<frmInvFiles>::Get().show(); }
+    void Show() override { ShowDialog(SingleWindow<frmInvFiles>::Get()); }
 };
 
 class CopyOnScreen : public CopyWindow {
@@ -99,7 +100,7 @@ class CopyOnScreen : public CopyWindow {
 // The parts of frmMain that the engine reaches.
 class MainOnScreen : public CategoryTree, public ScanTimer, public DevicePanels {
   public:
-    void RefreshCats() override { Window().RefreshCats(); }
+    void RefreshCats() override { Window().RefreshCatsLater(); }
     void Enable(bool bEnabled) override { Window().Enable(bEnabled); }
     void RefreshPSPStatus() override { Window().RefreshPSPStatus(); }
     void RefreshPSPCats() override { Window().RefreshPSPCats(); }
@@ -122,7 +123,7 @@ class QtEventLoop : public Yielding {
 template <class Interface, class OnScreen>
 void Wire() {
     static OnScreen onScreen;
-    UpCall<Interface>::Set(&onScreen);
+    Service<Interface>::Use(&onScreen);
 }
 
 }  // namespace

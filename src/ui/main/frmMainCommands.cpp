@@ -2,8 +2,8 @@
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 #include "ui/main/ItemRows.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
@@ -16,6 +16,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
+#include "ui/toolkit/WorkWindow.h"
 
 namespace tavel {
 
@@ -38,17 +39,9 @@ std::string FilterOfMedia() {
 
 constexpr const char* DelGroupQuestion = "This will remove the group from the DB, are you sure?";
 
-bool ConfirmsDelete(const char* sQuestion) {
-    return MsgBox(QLatin1String(sQuestion), MsgBoxButtons::YesNo,
-                  QStringLiteral("Delete Group?")) == MsgBoxAnswer::Yes;
-}
-
-template <class Window>
-void ShowWindow() {
-    Window& window = SingleWindow<Window>::Get();
-    window.show();
-    window.raise();
-    window.activateWindow();
+bool ConfirmsDelete(const char* sQuestion, MsgBoxButtons buttons = MsgBoxButtons::YesNo) {
+    return MsgBox(QLatin1String(sQuestion), buttons, QStringLiteral("Delete Group?")) ==
+           MsgBoxAnswer::Yes;
 }
 
 }  // namespace
@@ -69,14 +62,24 @@ void frmMain::mnuAddFile_Click() {
 void frmMain::mnuAddFolder_Click() {
     const std::string sPath = BrowseForFolderDlg(this, "", "Select a folder", false, false);
     if (sPath.empty()) return;
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     AddFolder(sPath, true, false, true, true);
-    UpCall<AddWindow>::Get().Unload();
+    Service<AddWindow>::Get().Unload();
 }
 
-void frmMain::mnuShowLog_Click() { ShowWindow<frmLog>(); }
+// A window beside this one, not a dialog.
+void frmMain::mnuShowLog_Click() {
+    frmLog& window = SingleWindow<frmLog>::Get();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
-void frmMain::mnuSetupPSP_Click() { ShowWindow<frmNewPSP>(); }
+void frmMain::mnuSetupPSP_Click() {
+    frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
+    ShowDialog(window);
+    window.activateWindow();
+}
 
 void frmMain::CreateGroup(Integer iType) {
     std::vector<std::string> sIDs{""};
@@ -110,7 +113,8 @@ void frmMain::mnuRemoveComp_Click() {
 
 // sSelected keeps its ids; until the next click a second removal fails at the record that is gone.
 void frmMain::RemoveSelectedItems(const char* sQuestion, bool bFromDisk) {
-    if (!ConfirmsDelete(sQuestion)) return;
+    const MsgBoxButtons buttons = bFromDisk ? MsgBoxButtons::YesNoDefaultNo : MsgBoxButtons::YesNo;
+    if (!ConfirmsDelete(sQuestion, buttons)) return;
     for (auto sID = sSelected.rbegin(); sID != sSelected.rend(); ++sID) {
         bool bDeleteFile = bFromDisk;
         RemoveItem(*sID, bDeleteFile);

@@ -5,12 +5,14 @@
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/QuietEvents.h"
 #include "ui/toolkit/TreeView.h"
 #include "ui/toolkit/Twips.h"
 
 #include <QAction>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QToolButton>
 
 namespace tavel {
@@ -34,9 +36,9 @@ void frmMain::SetupTools() { m_view->setText(QStringLiteral("Transfer View")); }
 void frmMain::AddToTransferList(const std::string& sID) {
     try {
         const Integer iType = GetDBIDType(sID);
-        std::string sName = DisplayName(iType, sID);
-        const QIcon& icon = iglIcons2.Icon(QStringLiteral("#%1").arg(iType));
-        grdSync->Add(ListRow{"ID" + sID, {"", sName}, icon});
+        const std::string sName = DisplayName(iType, sID);
+        const QString icon = QStringLiteral("#%1").arg(iType);
+        grdSync->Add(ListRow{"ID" + sID, {"", sName}, iglIcons2.Icon(icon), iglIcons2.Text(icon)});
     } catch (const Failure& failure) {
         if (failure.Number() != failure::ListKeyNotUnique) return;
         MsgBox(QStringLiteral("Already exists in the list"));
@@ -66,6 +68,8 @@ void frmMain::cmdSend_Click() {
     if (grdSync->Count() == 0) return;
     std::vector<std::string> sIDs;
     FormSyncList(sIDs);
+    // A failure, too, is not to be answered by keys that came before its message.
+    const auto drop = qScopeGuard(DropInput);
     TransferToPSP(sIDs);
 }
 
@@ -94,6 +98,7 @@ void frmMain::ExpandSyncGrid(bool bExpand) {
 // pop-up menu takes the members for groups until the next click in the tree.
 void frmMain::JumpToGroup(const std::string& sID) {
     TreeNode& node = trvCat->Node(sID);
+    ListedIn(*trvCat);
     trvCat->scrollToItem(&node);
     trvCat->Select(node);
     FillListFromGroup(sID);

@@ -1,15 +1,15 @@
 #include "ui/toolkit/Application.h"
 
 #include "core/MessageBoxes.h"
+#include "platform/Activity.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QEvent>
-#include <QFont>
 #include <QSettings>
 #include <QTimer>
 #include <cstdio>
-#include <cstdlib>
 #include <new>
 #include <utility>
 
@@ -17,10 +17,10 @@ namespace tavel {
 
 namespace {
 
-constexpr double textPoints = 8.25;
-
 constexpr Long outOfMemory = 7;
 constexpr Long internalError = 51;
+
+constexpr const char* ending = "Tavel has to close. Changes since the start are not saved.";
 
 // Qt's file dialog keeps its look and the folders it was in in a file that all Qt programs of the
 // user share. Ours neither takes anything from it nor leaves anything there.
@@ -46,14 +46,11 @@ Failure CurrentFailure() {
 
 }  // namespace
 
-Application::Application(int& argc, char** argv)
-    : QApplication(argc, argv), m_end([] { std::_Exit(1); }) {
+Application::Application(int& argc, char** argv, std::function<void()> end)
+    : QApplication(argc, argv), m_end(std::move(end)) {
     setApplicationName(QLatin1String(ProgramTitle));
     setApplicationDisplayName(QString());
-    // The desktop's font, in the size that the windows' fixed places leave room for.
-    QFont text = font();
-    text.setPointSizeF(textPoints);
-    setFont(text);
+    SetScale(1);
     // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
     // process alive. The end is ShutDown's.
     setQuitOnLastWindowClosed(false);
@@ -81,19 +78,24 @@ void Application::Guard(const std::function<void()>& work) {
 }
 
 void Application::HandleFailure() noexcept {
+    const std::string activity = TakeFailedActivity();
     const Failure failure = CurrentFailure();
     // A failure of the message's own leaves only the end.
-    if (!std::exchange(m_failed, true)) FailureMessage(failure);
+    if (!std::exchange(m_failed, true)) FailureMessage(failure, activity);
     m_end();
     m_failed = false;
 }
 
-void Application::FailureMessage(const Failure& failure) {
-    const std::string text =
-        "Run-time error '" + std::to_string(failure.Number()) + "':\r\r" + failure.Description();
-    std::fprintf(stderr, "%s: run-time error %ld: %s\n", ProgramTitle,
-                 static_cast<long>(failure.Number()), failure.Description().c_str());
-    MsgBox(ToQString(text));
+void Application::FailureMessage(const Failure& failure, const std::string& activity) {
+    const std::string number = std::to_string(failure.Number());
+    std::string text = "Run-time error '" + number + "':\r\r" + failure.Description() + "\r\r";
+    std::string line = ProgramTitle + (": run-time error " + number) + ": " + failure.Description();
+    if (!activity.empty()) {
+        text += activity + "\r\r";
+        line += " (" + activity + ")";
+    }
+    std::fprintf(stderr, "%s\n%s\n", line.c_str(), ending);
+    MsgBox(ToQString(text + ending));
 }
 
 }  // namespace tavel

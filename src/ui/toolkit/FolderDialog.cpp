@@ -8,6 +8,7 @@
 #include "ui/toolkit/LabelDelegate.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -47,7 +48,7 @@ FolderDialog::FolderDialog(const FolderRequest& request)
             [this](QTreeWidgetItem* item) { ReadFolder(*item); });
     connect(trvFolders, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     Select(oFSO().FromHostPath(FromQString(QDir::homePath())));
-    resize(400, 460);
+    resize(Pixels(6000), Pixels(6900));
 }
 
 void FolderDialog::BuildControls(const FolderRequest& request) {
@@ -138,6 +139,8 @@ std::string FolderDialog::Path() const {
     return item == nullptr ? std::string() : PathOf(*item);
 }
 
+std::string FolderDialog::StablePath() const { return oFSO().StablePath(Path()); }
+
 // Opens the tree up along the path, a drive and then a folder at a time. A hidden folder on the way
 // is not in the tree yet and is put there.
 void FolderDialog::Select(const std::string& path) {
@@ -174,7 +177,7 @@ void FolderDialog::showEvent(QShowEvent* event) {
 }
 
 void FolderDialog::SelectionChanged() {
-    cmdOK->setEnabled(trvFolders->currentItem() != nullptr);
+    cmdOK->setEnabled(trvFolders->currentItem() != nullptr && !IsPathTooLong(StablePath()));
     if (m_ready) Notify(FolderPickerSelectionChanged);
 }
 

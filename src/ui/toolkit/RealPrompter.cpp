@@ -3,10 +3,11 @@
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
+#include "ui/toolkit/WorkWindow.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -44,6 +45,7 @@ QMessageBox::StandardButtons ButtonsOf(MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return QMessageBox::Ok | QMessageBox::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return QMessageBox::Yes | QMessageBox::No;
         case MsgBoxButtons::OK:
             break;
@@ -56,6 +58,7 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return pressed == QMessageBox::Ok ? MsgBoxAnswer::OK : MsgBoxAnswer::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return pressed == QMessageBox::Yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
         case MsgBoxButtons::OK:
             break;
@@ -63,32 +66,50 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
     return MsgBoxAnswer::OK;
 }
 
+// Lines may also end between the folders of a path: it often has no blank, and cut off it would
+// not tell its file.
 QString WithLineBreaks(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
-        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+        .replace(QLatin1Char('\\'), QStringLiteral("\\\u200B"));
+}
+
+// The text of a box without an icon is indented, as though one might come yet.
+void LeaveNoRoomForAnIcon(const QMessageBox& box) {
+    auto& grid = static_cast<QGridLayout&>(*box.layout());
+    grid.setHorizontalSpacing(0);
+    for (int i = 0; i < grid.count(); ++i) {
+        QSpacerItem* indent = grid.itemAt(i)->spacerItem();
+        if (indent != nullptr) indent->changeSize(0, 0, QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    // The text stands in the last column, which takes the room that the buttons make.
+    grid.setColumnStretch(grid.columnCount() - 1, 1);
 }
 
 }  // namespace
 
 MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
                                   const QString& title) {
-    Modal<QMessageBox> box(QApplication::activeWindow());
+    Modal<QMessageBox> box(BoxOwner());
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(title);
     box->setTextFormat(Qt::PlainText);
     box->setText(WithLineBreaks(text));
     box->setStandardButtons(ButtonsOf(buttons));
+    if (buttons == MsgBoxButtons::YesNoDefaultNo) box->setDefaultButton(QMessageBox::No);
     PlainButtons(*box);
+    LeaveNoRoomForAnIcon(*box);
     return AnswerOf(box.Run(), buttons);
 }
 
 QString RealPrompter::InputBox(const QString& prompt, const QString& title,
                                const QString& defaultText) {
-    Modal<QInputDialog> box(QApplication::activeWindow());
+    Modal<QInputDialog> box(BoxOwner());
     box->setObjectName(QStringLiteral("InputBox"));
     box->setWindowTitle(title);
     box->setLabelText(prompt);
     box->setTextValue(defaultText);
+    box->adjustSize();  // makes the buttons
     PlainButtons(*box);
     return box.Run() == QDialog::Accepted ? box->textValue() : QString();
 }
@@ -106,7 +127,7 @@ FileAnswer RealPrompter::PickFiles(const FileRequest& request) {
 
 std::string RealPrompter::PickFolder(const FolderRequest& request) {
     Modal<FolderDialog> box(request);
-    return box.Run() == QDialog::Accepted ? box->Path() : std::string();
+    return box.Run() == QDialog::Accepted ? box->StablePath() : std::string();
 }
 
 }  // namespace tavel

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/linux/Places.h"
+
+namespace tavel {
+
+// A new file beside another, which can take that one's place in one step: whoever looks, after a
+// kill or a power cut too, finds the old bytes or the new ones. Its name is always the same, so
+// that one which a kill has left behind is gone with the next. It belongs to whom the other one
+// belongs to, where the user may give it away, and has the same mode.
+class Successor {
+  public:
+    // `former` is a file, with its folder open, and outlives the successor.
+    explicit Successor(const Place& former);
+    ~Successor();  // removes it unless it has taken the place
+    Successor(const Successor&) = delete;
+    Successor& operator=(const Successor&) = delete;
+
+    // Does nothing once something has failed.
+    void Write(std::string_view bytes);
+    // True when it is the file of that name now, and all of it is on the medium.
+    bool TakePlace();
+    // The host's number of the first failure, 0 when there was none.
+    int Error() const { return m_error; }
+    // A failure may come after that step.
+    bool HasTakenPlace() const { return m_hasTakenPlace; }
+
+  private:
+    void TakeOwnerAndMode();
+    bool IsUnderItsName() const;
+    bool Check(bool succeeded);
+
+    const Place& m_former;
+    std::string m_name;
+    Descriptor m_file;
+    int m_error = 0;
+    bool m_hasTakenPlace = false;
+};
+
+}  // namespace tavel

@@ -1,0 +1,160 @@
+#include "platform/ProfileFile.h"
+#include "platform/ProfileService.h"
+#include "support/FileSizeLimit.h"
+#include "support/HostCalls.h"
+#include "support/HostDrives.h"
+#include "support/PlainUser.h"
+
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+
+// The order in which changes are brought to the medium, so that a power cut or a pulled stick
+// leaves whole files. On FAT an entry tells where a file's data lie, and renaming a file makes its
+// entry anew, in memory at first: a file that has been renamed has to be flushed again.
+
+namespace tavel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::ElementsAre;
+
+class PowerCut : public HostDrives {
+  protected:
+    void SetUp() override {
+        Link('e', "card");
+        temp.Write("card/old.txt", "[s]\r\nk=old\r\n");
+        calls.Take();
+    }
+
+    void WriteRaw(const std::string& path, const std::string& bytes) {
+        Long error = 0;
+        std::size_t count = 0;
+        const auto file = files->OpenRaw(path, RawMode::Create, error);
+        ASSERT_TRUE(file);
+        EXPECT_TRUE(file->Write(bytes, count));
+        EXPECT_TRUE(file->Close());
+    }
+
+    HostCalls calls{temp.HostPath()};
+};
+
+}  // namespace
+
+TEST_F(PowerCut, A_profile_is_flushed_under_its_new_name_once_more) {
+    Service<FileService>::Use(files.get());
+    EXPECT_TRUE(WritePrivateProfileString("s", "k", "new", "e:\\old.txt"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/.old.txt.new 12",
+                                          "rename card/.old.txt.new -> card/old.txt",  //
+                                          "flush card/old.txt 12", "flush folder card"));
+    EXPECT_TRUE(WritePrivateProfileString("s", "k", "new", "e:\\fresh.txt"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/fresh.txt 0", "flush folder card",  //
+                                          "flush card/.fresh.txt.new 12",
+                                          "rename card/.fresh.txt.new -> card/fresh.txt",
+                                          "flush card/fresh.txt 12", "flush folder card"));
+    Service<FileService>::Use(nullptr);
+}
+
+TEST_F(PowerCut, A_profile_that_is_written_in_place_is_flushed) {
+    fs::create_directory(temp.HostPath("card/.old.txt.new"));
+    EXPECT_TRUE(ReplaceHostFile(
+        temp.HostPath("card/old.txt"), [](const ByteSink& sink) { sink("new"); }, false));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 3"));
+}
+
+TEST_F(PowerCut, A_file_on_a_stick_is_flushed_when_it_is_closed_and_a_new_one_with_its_entry) {
+    WriteRaw("e:\\new.bin", std::string(3000, 'x'));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 3000", "flush folder card"));
+    WriteRaw("e:\\NEW.bin", std::string(4000, 'x'));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 4000"));
+    files->CopyFile("e:\\new.bin", "e:\\copy.bin", true);
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/copy.bin 4000", "flush folder card"));
+    files->CreateTextFile("e:\\empty.txt", true);
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/empty.txt 0", "flush folder card"));
+}
+
+TEST_F(PowerCut, What_of_a_copy_did_not_fit_is_gone_from_the_stick) {
+    temp.Write("large.bin", std::string(200, 'x'));
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_EQ(
+            FailureOf([&] { files->CopyFile(temp.DrivePath("large.bin"), "e:\\a.bin", true); }),
+            61);
+    }
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/a.bin 100", "flush folder card",
+                                          "remove card/a.bin", "flush folder card"));
+}
+
+TEST_F(PowerCut, Folders_made_and_files_removed_on_a_stick_are_so_at_once) {
+    files->CreateFolder("e:\\psp");
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    files->DeleteFile("e:\\old.txt", false);
+    EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+}
+
+TEST_F(PowerCut, A_file_that_moves_within_a_stick_is_flushed_under_its_new_name) {
+    fs::create_directory(temp.HostPath("card/psp"));
+    files->MoveFile("e:\\old.txt", "e:\\psp\\new.txt");
+    EXPECT_THAT(
+        calls.Take(),
+        ElementsAre("rename card/old.txt -> card/psp/new.txt",  //
+                    "flush card/psp/new.txt 12", "flush folder card/psp", "flush folder card"));
+}
+
+TEST_F(PowerCut, A_file_that_moves_and_cannot_be_opened_is_flushed_with_its_file_system) {
+    fs::permissions(temp.HostPath(), fs::perms(0755));
+    fs::permissions(temp.HostPath("card"), fs::perms(0777));
+    fs::permissions(temp.HostPath("card/old.txt"), fs::perms(0));
+    {
+        const PlainUser user;
+        files->MoveFile("e:\\old.txt", "e:\\new.txt");
+    }
+    EXPECT_THAT(calls.Take(), ElementsAre("rename card/old.txt -> card/new.txt", "flush all",
+                                          "flush folder card"));
+}
+
+TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_source_goes) {
+    const fs::path other = "/dev/shm/" + fs::path(temp.HostPath()).filename().string();
+    struct stat here {};
+    struct stat there {};
+    if (stat(temp.HostPath().c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
+        here.st_dev == there.st_dev) {
+        GTEST_SKIP() << "needs a second file system at /dev/shm";
+    }
+    const std::string below = fs::path(temp.HostPath()).relative_path().string();
+    const std::string name = other.relative_path().string();
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    HostCalls all("/");
+    files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath);
+    EXPECT_THAT(all.Take(), ElementsAre("flush " + name + " 12", "flush folder dev/shm",
+                                        "remove " + below + "/card/old.txt"));
+    files->MoveFile(otherDrivePath, "e:\\back.txt");
+    EXPECT_THAT(all.Take(), ElementsAre("flush " + below + "/card/back.txt 12",
+                                        "flush folder " + below + "/card", "remove " + name));
+}
+
+TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
+    mounts.Mount(temp.HostPath("card"), "card");
+    ASSERT_TRUE(files->DriveExists("d:"));
+    WriteRaw(temp.DrivePath("card/new.bin"), "x");
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
+    files->CreateFolder(temp.DrivePath("card/psp"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    files->MoveFile(temp.DrivePath("card/new.bin"), temp.DrivePath("card/psp/new.bin"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
+                            "flush folder card/psp", "flush folder card"));
+    files->DeleteFile(temp.DrivePath("card/old.txt"), true);
+    EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+}
+
+TEST_F(PowerCut, The_host_sees_to_other_drives_in_its_own_time) {
+    WriteRaw(temp.DrivePath("card/new.bin"), "x");
+    files->CreateFolder(temp.DrivePath("card/psp"));
+    files->MoveFile(temp.DrivePath("card/new.bin"), temp.DrivePath("card/psp/new.bin"));
+    EXPECT_THAT(calls.Take(), ElementsAre("rename card/new.bin -> card/psp/new.bin"));
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,109 @@
+#include "support/HostCalls.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <optional>
+#include <utility>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+struct Notes {
+    fs::path folder;
+    std::vector<std::string> calls;
+};
+
+std::optional<Notes>& Running() {
+    static std::optional<Notes> notes;
+    return notes;
+}
+
+fs::path PathOf(int file) {
+    std::error_code none;
+    if (file == AT_FDCWD) return fs::current_path(none);
+    return fs::read_symlink("/proc/self/fd/" + std::to_string(file), none);
+}
+
+// Empty for what lies elsewhere.
+std::string NameOf(const fs::path& path) {
+    const std::string name = path.lexically_normal().lexically_relative(Running()->folder).string();
+    return name.rfind("..", 0) == 0 ? std::string() : name;
+}
+
+std::string NameOf(int folder, const char* path) { return NameOf(PathOf(folder) / path); }
+
+void Note(const std::string& call) { Running()->calls.push_back(call); }
+
+void NoteFlush(int file) {
+    if (!Running()) return;
+    const std::string name = NameOf(PathOf(file));
+    struct stat status {};
+    if (name.empty() || fstat(file, &status) != 0) return;
+    const bool isFolder = S_ISDIR(status.st_mode);
+    Note(isFolder ? "flush folder " + name
+                  : "flush " + name + ' ' + std::to_string(status.st_size));
+}
+
+void NoteRename(int from, const char* old, int to, const char* name) {
+    if (!Running()) return;
+    const std::string before = NameOf(from, old);
+    const std::string after = NameOf(to, name);
+    if (!before.empty() || !after.empty()) Note("rename " + before + " -> " + after);
+}
+
+int Answer(long result) { return static_cast<int>(result); }
+
+}  // namespace
+
+// The program's own symbols come before those of the C library.
+extern "C" {
+
+int fsync(int file) {
+    NoteFlush(file);
+    return Answer(syscall(SYS_fsync, file));
+}
+
+int fdatasync(int file) {
+    NoteFlush(file);
+    return Answer(syscall(SYS_fdatasync, file));
+}
+
+int syncfs(int file) noexcept {
+    if (Running() && !NameOf(PathOf(file)).empty()) Note("flush all");
+    return Answer(syscall(SYS_syncfs, file));
+}
+
+int renameat2(int from, const char* old, int to, const char* name, unsigned flags) noexcept {
+    const int result = Answer(syscall(SYS_renameat2, from, old, to, name, flags));
+    if (result == 0) NoteRename(from, old, to, name);
+    return result;
+}
+
+int renameat(int from, const char* old, int to, const char* name) noexcept {
+    return renameat2(from, old, to, name, 0);
+}
+
+int unlinkat(int folder, const char* path, int flags) noexcept {
+    const int result = Answer(syscall(SYS_unlinkat, folder, path, flags));
+    const std::string name = Running() ? NameOf(folder, path) : std::string();
+    if (result == 0 && !name.empty()) Note("remove " + name);
+    return result;
+}
+}
+
+namespace tavel::test {
+
+HostCalls::HostCalls(const std::string& folder) {
+    Running().emplace(Notes{fs::canonical(folder), {}});
+}
+
+HostCalls::~HostCalls() { Running().reset(); }
+
+std::vector<std::string> HostCalls::Take() { return std::exchange(Running()->calls, {}); }
+
+}  // namespace tavel::test

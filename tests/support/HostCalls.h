@@ -1,0 +1,23 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tavel::test {
+
+// Notes, while it lives, the calls of the host that decide what a power cut leaves of a folder, in
+// their order: "flush a.bin 3000" (with the bytes that the file holds by then), "flush folder PSP",
+// "flush all" (of the file system), "rename a.bin -> PSP/b.bin", "remove a.bin". Names are paths
+// below the folder, which is "." itself; what happens elsewhere is not noted.
+class HostCalls {
+  public:
+    explicit HostCalls(const std::string& folder);
+    ~HostCalls();
+    HostCalls(const HostCalls&) = delete;
+    HostCalls& operator=(const HostCalls&) = delete;
+
+    // The calls up to now; the next time, those from here on.
+    std::vector<std::string> Take();
+};
+
+}  // namespace tavel::test
