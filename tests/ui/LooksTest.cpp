@@ -9,6 +9,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/main/frmSplash.h"
+#include "ui/main/frmThumb.h"
 #include "ui/support/Clipping.h"
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Modal.h"
@@ -172,6 +173,13 @@ TEST_P(LooksTest, the_window_for_a_new_PSP) {
     frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
     ShowNow(window);
     Look(window, "new_psp");
+}
+
+TEST_P(LooksTest, the_window_for_a_thumbnail) {
+    InstallPictures();
+    frmThumb& window = SingleWindow<frmThumb>::Get();
+    window.GetNewThumbPath("", {"vd_a"});
+    Look(window, "thumbnail");
 }
 
 TEST_P(LooksTest, the_log) {

@@ -22,6 +22,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QWindow>
+#include <algorithm>
 
 namespace tavel {
 
@@ -31,6 +32,12 @@ namespace {
 QPixmap LoadThumb(const std::string& sPath) {
     return LoadPicture(sPath).scaled(ThumbWidth, ThumbHeight, Qt::IgnoreAspectRatio,
                                      Qt::SmoothTransformation);
+}
+
+// A box that was laid out for less high a text takes a little more room above and below it.
+void GrowToText(QLineEdit& box) {
+    const int missing = std::max(0, box.sizeHint().height() - box.height());
+    box.setGeometry(box.geometry().adjusted(0, -missing / 2, 0, missing - missing / 2));
 }
 
 void DeleteNewThumb() {
@@ -79,6 +86,7 @@ void frmThumb::PlaceControls() {
     Place(*Label1, {240, 720, 1695, 255});
     Place(*txtPath, {240, 1080, 3135, 285});
     Place(*cmdBrowse, {240, 1440, 1095, 375});
+    GrowToText(*txtPath);
     Place(*imgThumb, {4560, 240, 2655, 1815});
     Place(*cmdOK, {3960, 2400, 1575, 495});
     Place(*cmdCancel, {5640, 2400, 1575, 495});
