@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <utility>
 
 namespace tavel::test {
 
@@ -247,6 +248,59 @@ TEST_F(Thumbnails, The_metadata_of_the_source_stays_behind) {
     Converted("dressed.jpg");
     EXPECT_EQ(SizeOf("2.THM"), "160x120");
     EXPECT_EQ(folder.Read(Name("2.THM")).find("SECRET"), std::string::npos);
+}
+
+TEST_F(Thumbnails, Damaged_metadata_harms_nobody) {
+    Converted();
+    const std::string jpeg = folder.Read(Name("1.THM"));
+    folder.Write("plain.jpg", jpeg);
+    Converted("plain.jpg");
+    int number = 2;
+    // Directories that lead beyond the segment, in a circle, and with more entries than there are.
+    for (const std::string& notes :
+         {"MM\0*\xFF\xFF\xFF\xF0"s, "II*\0\x08\0\0\0\0\0\x08\0\0\0"s,
+          "II*\0\x08\0\0\0\xFF\xFF\x7C\x92\7\0\xFF\xFF\xFF\xFF\x1A\0\0\0Nikon\0\2"s}) {
+        const std::string content = "Exif\0\0"s + notes;
+        folder.Write("notes.jpg", jpeg.substr(0, 2) + "\xFF\xE1" +
+                                      BigEndian(static_cast<std::uint32_t>(content.size()) + 2, 2) +
+                                      content + jpeg.substr(2));
+        EXPECT_EQ(Converted("notes.jpg"), Path(std::to_string(++number) + ".THM"));
+        EXPECT_EQ(folder.Read(Name(std::to_string(number) + ".THM")), folder.Read(Name("2.THM")));
+    }
+}
+
+TEST_F(Thumbnails, Metadata_that_is_longer_than_its_file_hides_the_picture) {
+    folder.Write("cut.jpg",
+                 "\xFF\xD8\xFF\xE1\xFF\xFF"
+                 "Exif\0\0MM"s);
+    ExpectNoFile("cut.jpg");
+}
+
+TEST_F(Thumbnails, Are_made_of_pictures_that_are_65500_pixels_wide) {
+    folder.Write("wide.bmp", HalfWhite(65500, 2));
+    const std::unique_ptr<FIBITMAP, void (*)(FIBITMAP*)> wide(
+        FreeImage_Load(FIF_BMP, folder.HostPath("wide.bmp").c_str(), 0), FreeImage_Unload);
+    for (const auto& [format, name] : {std::pair(FIF_BMP, "a.bmp"),
+                                       {FIF_JPEG, "a.jpg"},
+                                       {FIF_PNG, "a.png"},
+                                       {FIF_TIFF, "a.tif"}}) {
+        ASSERT_TRUE(FreeImage_Save(format, wide.get(), folder.HostPath(name).c_str(), 0)) << name;
+        EXPECT_EQ(Converted(name), Path("1.THM"));
+        EXPECT_EQ(SizeOf("1.THM"), "160x120") << name;
+        EXPECT_LT(Brightness(Host("1.THM"), 70, 60), 40) << name;
+        EXPECT_GT(Brightness(Host("1.THM"), 90, 60), 725) << name;
+        std::filesystem::remove(Host("1.THM"));
+    }
+}
+
+TEST_F(Thumbnails, Are_not_made_of_pictures_with_a_side_beyond_65535) {
+    folder.Write("wide.bmp", HalfWhite(65536, 1));
+    ExpectNoFile("wide.bmp");
+    folder.Write("high.bmp", HalfWhite(2, 65536));
+    ExpectNoFile("high.bmp");
+    folder.Write("widest.bmp", HalfWhite(65535, 1));
+    Converted("widest.bmp");
+    EXPECT_EQ(SizeOf("1.THM"), "160x120");
 }
 
 // What cannot be decoded, as the library that reads TIFF has it, is told to nobody.
