@@ -74,6 +74,10 @@ def click(x, y, button=1, times=1):
     _xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
 
 
+def move(x, y):
+    _xdotool("mousemove", x, y)
+
+
 def click_with(modifier, x, y):
     _xdotool("keydown", modifier, "mousemove", x, y, "click", 1, "keyup", modifier)
 

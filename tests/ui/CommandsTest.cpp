@@ -172,9 +172,8 @@ TEST_F(CommandsTest, Show_Log_Window_brings_a_log_that_is_open_to_the_front) {
 
 TEST_F(CommandsTest, what_is_not_built_yet_is_in_the_menu_and_disabled) {
     Open();
-    for (const char* name : {"mnuAddZipFile", "mnuThumbnail"})
-        EXPECT_FALSE(Find<QAction>(Main(), name).isEnabled()) << name;
-    for (const char* name : {"mnuWatchFolders", "mnuBackScan", "mnuOptions"})
+    EXPECT_FALSE(Find<QAction>(Main(), "mnuAddZipFile").isEnabled());
+    for (const char* name : {"mnuThumbnail", "mnuWatchFolders", "mnuBackScan", "mnuOptions"})
         EXPECT_TRUE(Find<QAction>(Main(), name).isEnabled()) << name;
 }
 

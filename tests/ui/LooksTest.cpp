@@ -9,6 +9,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/main/frmSplash.h"
+#include "ui/main/frmThumb.h"
 #include "ui/setup/frmOptions.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Clipping.h"
@@ -196,6 +197,13 @@ TEST_P(LooksTest, the_options) {
     Look(window, "options_general");
     Find<QTabBar>(window, "tbsOptions").setCurrentIndex(1);
     Look(window, "options_scan");
+}
+
+TEST_P(LooksTest, the_window_for_a_thumbnail) {
+    InstallPictures();
+    frmThumb& window = SingleWindow<frmThumb>::Get();
+    window.GetNewThumbPath("", {"vd_a"});
+    Look(window, "thumbnail");
 }
 
 TEST_P(LooksTest, the_log) {

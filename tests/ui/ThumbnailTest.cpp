@@ -1,5 +1,6 @@
 #include "core/PublicStuff.h"
 #include "ui/support/MainWindow.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QImage>
 #include <QLabel>
@@ -26,7 +27,16 @@ class ThumbnailTest : public MainWindowTest {
     QPoint PointAt(int x, int y) {  // twips of the list; of its viewport
         return grdItems().viewport()->mapFrom(&grdItems(), QPoint(x / 15, y / 15));
     }
+    // The pointer comes over the picture, or moves there.
+    void TouchPicture() {
+        m_touched = QPoint(60, 130) - m_touched;
+        QTest::mouseMove(&imgThumb(), m_touched);
+        RunEvents();
+    }
     void MovePointer(int x, int y) { QTest::mouseMove(grdItems().viewport(), PointAt(x, y)); }
+
+  private:
+    QPoint m_touched{20, 60};  // in its lower half, which is always to be seen
 };
 
 }  // namespace
@@ -87,6 +97,76 @@ TEST_F(ThumbnailTest, in_mode_3_the_picture_floats_under_the_current_row) {
     EXPECT_EQ(PlaceOf("imgThumb").Top, top + 360);
     EXPECT_EQ(PlaceOf("imgThumb").Left, 2640 + grdItems().RowLeft(2));
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
+}
+
+TEST_F(ThumbnailTest, in_mode_3_the_picture_hops_over_its_row_and_back_when_the_pointer_comes) {
+    frmMain& window = Open();
+    iVidThumbMode = 3;
+    ClickNode("videoall");
+    ClickRow(2);
+    const int top = grdItems().RowTop(2);
+    EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
+    TouchPicture();
+    EXPECT_TRUE(window.bThumbAbove);
+    EXPECT_EQ(imgThumb().y(), (top - 1335 + 160) / 15);
+    EXPECT_EQ(imgThumb().x(), (2640 + grdItems().RowLeft(2)) / 15);
+    TouchPicture();
+    EXPECT_FALSE(window.bThumbAbove);
+    EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
+    EXPECT_EQ(imgThumb().x(), (2640 + grdItems().RowLeft(2)) / 15);
+}
+
+TEST_F(ThumbnailTest, the_picture_that_hopped_may_stand_above_the_list) {
+    Open();
+    iVidThumbMode = 3;
+    ClickNode("videoall");
+    ClickRow(1);
+    TouchPicture();
+    EXPECT_LT(imgThumb().y(), 0);
+    EXPECT_EQ(imgThumb().y(), Pixels(grdItems().RowTop(1) - 1175));
+}
+
+TEST_F(ThumbnailTest, a_click_while_the_picture_stands_above_puts_it_below_and_the_next_hop_too) {
+    frmMain& window = Open();
+    iVidThumbMode = 3;
+    ClickNode("videoall");
+    window.bThumbAbove = true;
+    ClickRow(2);
+    const int below = (grdItems().RowTop(2) + 360) / 15;
+    EXPECT_EQ(imgThumb().y(), below);
+    EXPECT_TRUE(window.bThumbAbove);
+    TouchPicture();
+    EXPECT_EQ(imgThumb().y(), below) << "the other side of where it was said to be";
+    EXPECT_FALSE(window.bThumbAbove);
+}
+
+TEST_F(ThumbnailTest, in_the_other_modes_the_picture_stays_where_it_is) {
+    frmMain& window = Open();
+    for (const Integer iMode : std::initializer_list<Integer>{2, 4, 5}) {
+        iVidThumbMode = iMode;
+        ClickNode("videoall");
+        ClickRow(1);
+        ASSERT_TRUE(imgThumb().isVisible());
+        const QPoint place = imgThumb().pos();
+        TouchPicture();
+        EXPECT_EQ(imgThumb().pos(), place) << iMode;
+        EXPECT_FALSE(window.bThumbAbove) << iMode;
+    }
+}
+
+TEST_F(ThumbnailTest, below_mode_2_a_click_on_a_video_changes_nothing) {
+    Open();
+    for (const Integer iMode : std::initializer_list<Integer>{-32768, -1, 0, 1}) {
+        iVidThumbMode = iMode;
+        ClickNode("videoall");
+        Main().LoadThumbnail("vd_a");
+        Main().LoadThumbnail("vd_gone");
+        Main().LoadThumbnail("multi");
+        ClickRow(1);
+        EXPECT_FALSE(imgThumb().isVisible()) << iMode;
+        EXPECT_EQ(PictureWidth(), 0) << iMode;
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000) << iMode;
+    }
 }
 
 TEST_F(ThumbnailTest, the_pointer_right_of_the_picture_brings_it_back_under_the_row) {

@@ -11,7 +11,6 @@
 #include <string>
 #include <vector>
 
-class QLabel;
 class QPushButton;
 class QToolButton;
 
@@ -19,6 +18,7 @@ namespace tavel {
 
 class ListView;
 class StatusFrame;
+class ThumbPicture;
 class TreeView;
 class TreeNode;
 
@@ -77,7 +77,8 @@ class frmMain : public QMainWindow {
     void FillListFromPSP(const std::string& sPath, Integer iType);
 
     // Thumbnail pane
-    void LoadThumbnail(const std::string& sID);  // of a video, or "multi"
+    void LoadThumbnail(const std::string& sID);                         // of a video, or "multi"
+    static void AssignThumbnail(const std::vector<std::string>& sIDs);  // asks for it
     static void CheckForMultiThumbs(const std::vector<std::string>& sIDs, std::string& sThumb,
                                     bool& bMulti);
 
@@ -117,8 +118,8 @@ class frmMain : public QMainWindow {
     void cmdSend_Click();
     void cmdClear_Click();
 
-    static std::string NoThumbFile();
     void ShowThumbFile(const std::string& sPath);
+    void imgThumb_MouseMove();
     void PlaceThumbAtRow(int top, bool bAbove);  // sets bThumbAbove
 
     void AddPSPCats();
@@ -133,6 +134,7 @@ class frmMain : public QMainWindow {
     void mnuSetupPSP_Click();
     static void mnuOptions_Click();
     void mnuAddToTransfer_Click();
+    void mnuThumbnail_Click();
     void CreateGroup(Integer iType);
     void mnuRemFromGroup_Click();
     void mnuRemoveDB_Click();
@@ -163,7 +165,7 @@ class frmMain : public QMainWindow {
     QToolButton* m_view;
     QPushButton* cmdSend;
     QPushButton* cmdClear;
-    QLabel* imgThumb;
+    ThumbPicture* imgThumb;
     QWidget* shpThumb;
     StatusFrame* Frame1;
     QWidget* Image1;

@@ -2,12 +2,12 @@
 #include "library/Collections.h"
 #include "library/Groups.h"
 #include "library/Identifiers.h"
+#include "ui/main/ThumbPicture.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
 
-#include <QLabel>
 #include <QMenu>
 #include <algorithm>
 #include <array>

@@ -1,10 +1,10 @@
-#include "core/PublicStuff.h"
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
 #include "platform/Service.h"
 #include "platform/Text.h"
 #include "ui/main/ItemRows.h"
+#include "ui/main/MediaFilters.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/frmNewPSP.h"
@@ -23,21 +23,6 @@
 namespace tavel {
 
 namespace {
-
-// One pattern an extension, each with a semicolon behind it, the last one too.
-std::string PatternsOf(const std::vector<std::string>& sExtensions) {
-    std::string sPatterns;
-    for (const std::string& sExtension : sExtensions) sPatterns += "*." + sExtension + ";";
-    return sPatterns;
-}
-
-std::string FilterOfMedia() {
-    const std::string sPhotos = PatternsOf(sPhotoSupport);
-    const std::string sMusic = PatternsOf(sMusicSupport);
-    const std::string sVideos = PatternsOf(sVideoSupport);
-    return "All Supported Files|" + sPhotos + sMusic + sVideos + "|Photo Files|" + sPhotos +
-           "|Music Files|" + sMusic + "|Video Files|" + sVideos;
-}
 
 constexpr const char* DelGroupQuestion = "This will remove the group from the DB, are you sure?";
 

@@ -2,6 +2,7 @@
 #include "library/Records.h"
 #include "library/Scan.h"
 #include "ui/main/StatusFrame.h"
+#include "ui/main/ThumbPicture.h"
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/Application.h"
@@ -12,7 +13,6 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPainter>
@@ -139,9 +139,7 @@ void frmMain::AddControls() {
     cmdClear =
         Labelled(new WrappedButton(QStringLiteral("Clear List"), client), "cmdClear", "Clear List");
 
-    imgThumb = Labelled(new QLabel(client), "imgThumb", "Thumbnail");
-    imgThumb->setScaledContents(true);
-    imgThumb->setMouseTracking(true);
+    imgThumb = Named<ThumbPicture>("imgThumb", client);
     imgThumb->hide();
     shpThumb = Labelled(new QWidget(client), "shpThumb", "Place of the thumbnail");
     shpThumb->hide();
@@ -185,6 +183,7 @@ void frmMain::ConnectMenus() {
     on("mnuOptions", [] { mnuOptions_Click(); });
     on("mnuSetupPSP", [this] { mnuSetupPSP_Click(); });
     on("mnuAddToTransfer", [this] { mnuAddToTransfer_Click(); });
+    on("mnuThumbnail", [this] { mnuThumbnail_Click(); });
     on("mnuRename", [this] { grdItems->StartLabelEdit(); });
     on("mnuPhotoAlbumGroup", [this] { CreateGroup(mtPhotoAlbum); });
     on("mnuPhotoMagazineGroup", [this] { CreateGroup(mtMagazine); });
@@ -197,8 +196,7 @@ void frmMain::ConnectMenus() {
     on("mnuPSPDel", [this] { mnuPSPDel_Click(); });
     on("mnuRename_Cat", [this] { trvCat->StartLabelEdit(); });
     on("mnuDelGroup_Cat", [this] { mnuDelGroup_Cat_Click(); });
-    for (const char* name : {"mnuAddZipFile", "mnuThumbnail"})
-        m_menus.Entry(name).setEnabled(false);
+    m_menus.Entry("mnuAddZipFile").setEnabled(false);
 }
 
 void frmMain::ConnectControls() {
@@ -218,6 +216,8 @@ void frmMain::ConnectControls() {
     connect(grdItems, &ListView::MouseReleased, this, &frmMain::grdItems_MouseUp);
     connect(grdItems, &ListView::MenuRequested, this, &frmMain::grdItems_MenuRequested);
     connect(grdItems, &ListView::MouseMoved, this, &frmMain::grdItems_MouseMove);
+
+    connect(imgThumb, &ThumbPicture::PointerMoved, this, &frmMain::imgThumb_MouseMove);
 
     connect(grdSync, &ListView::KeyPressed, this, &frmMain::grdSync_KeyDown);
     connect(grdSync, &ListView::RowsDropped, this, &frmMain::grdSync_RowsDropped);

@@ -7,7 +7,6 @@
 #include "ui/toolkit/TreeView.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QMenu>
 #include <utility>
 

@@ -1,32 +1,23 @@
 #include "core/PublicStuff.h"
-#include "core/UsefulFunctions.h"
 #include "library/Collections.h"
+#include "platform/Activity.h"
+#include "ui/main/ThumbPicture.h"
 #include "ui/main/frmMain.h"
+#include "ui/main/frmThumb.h"
 #include "ui/toolkit/ListView.h"
-
-#include <QLabel>
+#include "ui/toolkit/SingleWindow.h"
 
 namespace tavel {
 
-namespace {
-
-std::string UIFile(const char* name) { return GetAppPath() + "UI\\" + name; }
-
-}  // namespace
-
-std::string frmMain::NoThumbFile() { return UIFile("NoThumb.bmp"); }
-
 void frmMain::ShowThumbFile(const std::string& sPath) {
-    const std::string bytes = oFSO().ReadWhole(sPath);
-    QPixmap picture;
-    if (!picture.loadFromData(QByteArray::fromStdString(bytes))) Fail(failure::InvalidPicture);
-    imgThumb->setPixmap(picture);
+    const Doing showing("Showing", sPath);
+    imgThumb->setPixmap(LoadPicture(sPath));
 }
 
 void frmMain::LoadThumbnail(const std::string& sID) {
     if (iVidThumbMode < 2) return;
     if (sID == "multi") {
-        ShowThumbFile(UIFile("multiThumb.bmp"));
+        ShowThumbFile(MultiThumbFile());
     } else {
         const std::string& sThumbPath = colVideo.Item(sID).sThumbPath;
         ShowThumbFile(sThumbPath.empty() ? NoThumbFile() : sThumbPath);
@@ -41,6 +32,16 @@ void frmMain::LoadThumbnail(const std::string& sID) {
     imgThumb->show();
 }
 
+// The picture gets out of the pointer's way, to the other side of its row.
+void frmMain::imgThumb_MouseMove() {
+    if (iVidThumbMode != 3) return;
+    const int top = grdItems->RowTop(grdItems->Current());
+    if (bThumbAbove)
+        PlaceThumbAtRow(top + 360, false);
+    else
+        PlaceThumbAtRow(top - m_layout.imgThumb.Height + 160, true);
+}
+
 // The top counts from the top of the list, without the list's own; so the picture stands a little
 // higher than its row, and what is in the way of the pointer is the row's right part alone.
 void frmMain::PlaceThumbAtRow(int top, bool bAbove) {
@@ -49,6 +50,18 @@ void frmMain::PlaceThumbAtRow(int top, bool bAbove) {
     Place(*imgThumb, m_layout.imgThumb);
     imgThumb->raise();
     bThumbAbove = bAbove;
+}
+
+void frmMain::mnuThumbnail_Click() { AssignThumbnail(sSelected); }
+
+void frmMain::AssignThumbnail(const std::vector<std::string>& sIDs) {
+    std::string sThumb;
+    bool bMulti = false;
+    if (sIDs.size() == 1)
+        sThumb = colVideo.Item(sIDs[0]).sThumbPath;
+    else
+        CheckForMultiThumbs(sIDs, sThumb, bMulti);
+    SingleWindow<frmThumb>::Get().GetNewThumbPath(bMulti ? MultiThumbFile() : sThumb, sIDs);
 }
 
 void frmMain::CheckForMultiThumbs(const std::vector<std::string>& sIDs, std::string& sThumb,

@@ -2,6 +2,7 @@
 #include "library/Collections.h"
 #include "library/Identifiers.h"
 #include "ui/main/ItemRows.h"
+#include "ui/main/ThumbPicture.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/MsgBox.h"
@@ -10,7 +11,6 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QAction>
-#include <QLabel>
 #include <QPushButton>
 #include <QScopeGuard>
 #include <QToolButton>

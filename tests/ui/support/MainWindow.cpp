@@ -12,6 +12,7 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QSaveFile>
+#include <tuple>
 #include <utility>
 
 namespace tavel::test {
@@ -201,10 +202,11 @@ void MainWindowTest::PlugStick() {
 void MainWindowTest::InstallPictures() {
     const QDir folder(QCoreApplication::applicationDirPath());
     ASSERT_TRUE(folder.mkpath(QStringLiteral("UI")));
-    for (const auto& [name, width] :
-         {std::pair("UI/NoThumb.bmp", NoThumbWidth), {"UI/multiThumb.bmp", MultiThumbWidth}}) {
+    for (const auto& [name, width, colour] :
+         {std::tuple("UI/NoThumb.bmp", NoThumbWidth, NoThumbColour),
+          {"UI/multiThumb.bmp", MultiThumbWidth, MultiThumbColour}}) {
         QImage picture(width, 12, QImage::Format_RGB32);
-        picture.fill(Qt::gray);
+        picture.fill(colour);
         QSaveFile file(folder.filePath(QLatin1String(name)));
         ASSERT_TRUE(file.open(QIODevice::WriteOnly));
         ASSERT_TRUE(picture.save(&file, "BMP"));

@@ -68,6 +68,8 @@ class MainWindowTest : public testing::Test {
     static void InstallPictures();
     static constexpr int NoThumbWidth = 16;
     static constexpr int MultiThumbWidth = 24;
+    static constexpr Qt::GlobalColor NoThumbColour = Qt::gray;
+    static constexpr Qt::GlobalColor MultiThumbColour = Qt::darkGreen;
 
     // Loads and shows the window.
     frmMain& Open();
