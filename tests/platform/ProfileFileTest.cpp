@@ -1,11 +1,10 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
+#include "support/FileSizeLimit.h"
 #include "support/PlainUser.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
-#include <signal.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -20,27 +19,6 @@ namespace tavel::test {
 namespace {
 
 namespace fs = std::filesystem;
-
-// A disk that takes no more than so many bytes of one file.
-class FileSizeLimit {
-  public:
-    explicit FileSizeLimit(rlim_t bytes) {
-        getrlimit(RLIMIT_FSIZE, &m_before);
-        m_handler = signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{bytes, m_before.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &limit);
-    }
-    ~FileSizeLimit() {
-        setrlimit(RLIMIT_FSIZE, &m_before);
-        signal(SIGXFSZ, m_handler);
-    }
-    FileSizeLimit(const FileSizeLimit&) = delete;
-    FileSizeLimit& operator=(const FileSizeLimit&) = delete;
-
-  private:
-    rlimit m_before{};
-    sighandler_t m_handler = SIG_DFL;
-};
 
 // How many bytes the process has read so far.
 unsigned long long BytesRead() {

@@ -63,10 +63,14 @@ bool HostFile::Seek(std::int64_t position) {
     return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
-void HostFile::CopyTimeOf(const struct stat& status) {
-    const timespec times[2] = {{0, UTIME_OMIT}, status.st_mtim};
+void HostFile::SetTime(const timespec& modified) {
+    const timespec times[2] = {{0, UTIME_OMIT}, modified};
     futimens(m_file.Get(), times);
 }
+
+void HostFile::SetTime(std::int64_t seconds) { SetTime(timespec{seconds, 0}); }
+
+void HostFile::CopyTimeOf(const struct stat& status) { SetTime(status.st_mtim); }
 
 bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_place)); }
 
