@@ -67,12 +67,12 @@ Integer GetFileType(std::string_view sPath) {
     return -1;
 }
 
-std::string AddFile(const std::string& sPath) {
+std::string AddFile(const std::string& sPath, bool bMayBeHidden) {
     const Integer iType = GetFileType(sPath);
     if (iType == -1) return "-1";
     bDBChanged = true;
     const FileEntry file = oFSO().GetFile(sPath);
-    if (!bAddHiddenFiles && file.Hidden) return {};
+    if (bMayBeHidden && !bAddHiddenFiles && file.Hidden) return {};
     std::string sID = MakeDBID(sPath, iType);
     switch (iType) {
         case mtMusic:

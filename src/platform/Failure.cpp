@@ -7,7 +7,7 @@ namespace tavel {
 
 namespace {
 
-constexpr std::array<std::pair<Long, std::string_view>, 21> texts{{
+constexpr std::array<std::pair<Long, std::string_view>, 22> texts{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -23,6 +23,7 @@ constexpr std::array<std::pair<Long, std::string_view>, 21> texts{{
     {failure::DiskNotReady, "Disk not ready"},
     {failure::PathNotFound, "Path not found"},
     {failure::ObjectNotSet, "Object variable or With block variable not set"},
+    {failure::InvalidFileFormat, "Invalid file format"},
     {failure::NoSuchMember, "Object doesn't support this property or method"},
     {failure::KeyAlreadyThere, "This key is already associated with an element of this collection"},
     {failure::InvalidPicture, "Invalid picture"},

@@ -25,6 +25,7 @@ inline constexpr Long PermissionDenied = 70;
 inline constexpr Long DiskNotReady = 71;
 inline constexpr Long PathNotFound = 76;
 inline constexpr Long ObjectNotSet = 91;
+inline constexpr Long InvalidFileFormat = 321;
 inline constexpr Long NoSuchMember = 438;
 inline constexpr Long KeyAlreadyThere = 457;
 inline constexpr Long InvalidPicture = 481;

@@ -35,12 +35,12 @@ bool FaultyFile::Failed(Long number) {
 Long FaultyFile::Error() const { return m_error == 0 && m_real ? m_real->Error() : m_error; }
 
 void FaultyFile::SetTime(std::int64_t seconds) {
-    m_service.rawCalls.push_back("SetTime " + m_path + " " + std::to_string(seconds));
+    m_service.RecordRaw("SetTime " + m_path + " " + std::to_string(seconds));
     m_real->SetTime(seconds);
 }
 
 bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
-    m_service.rawCalls.push_back("Read " + m_path + " " + std::to_string(buffer.size()));
+    m_service.RecordRaw("Read " + m_path + " " + std::to_string(buffer.size()));
     bytesRead = 0;
     if (!IsDriveThere()) return false;
     const auto allowed =
@@ -51,7 +51,7 @@ bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
 }
 
 bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
-    m_service.rawCalls.push_back("Write " + m_path + " " + std::to_string(buffer.size()));
+    m_service.RecordRaw("Write " + m_path + " " + std::to_string(buffer.size()));
     bytesWritten = 0;
     if (!IsDriveThere()) return false;
     FakeDrive& drive = m_service.At(m_letter);
@@ -75,7 +75,7 @@ bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->
 
 bool FaultyFile::Close() {
     if (!m_real) return m_isClosedWell;
-    m_service.rawCalls.push_back("Close " + m_path);
+    m_service.RecordRaw("Close " + m_path);
     m_isClosedWell = m_real->Close() && IsDriveThere() &&
                      (!m_faults.isCloseFailing || Failed(failure::DeviceIO));
     m_real.reset();
