@@ -2,6 +2,7 @@
 
 #include "ui/main/UpCalls.h"
 #include "ui/toolkit/Application.h"
+#include "ui/toolkit/EndOfSession.h"
 
 #include <QIcon>
 #include <algorithm>
@@ -23,6 +24,7 @@ int main(int argc, char** argv) {
     int nameAlone = std::min(argc, 1);
     tavel::Application application(nameAlone, argv);
     tavel::Application::setWindowIcon(ProgramIcon());
+    const tavel::EndOfSession endOfSession;
     tavel::WireUpCalls();
     application.Guard(tavel::Main);
     return tavel::Application::exec();

@@ -2,6 +2,7 @@
 
 #include "core/PublicStuff.h"
 #include "core/modRegistry.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 namespace tavel {
@@ -17,6 +18,7 @@ std::string Option(std::string_view key) {
 bool Flag(std::string_view key) { return TextToBoolean(Option(key)); }
 
 void LoadList(std::string_view section, std::vector<std::string>& list) {
+    const Doing reading("Reading the list", section, "of", sDBFile);
     Integer n = 0;
     ReadValue(sDBFile, section, "no", "s", "0", n);
     const Integer upper = ToInteger(n - 1);
@@ -29,6 +31,7 @@ void LoadList(std::string_view section, std::vector<std::string>& list) {
 }  // namespace
 
 void LoadOptions() {
+    const Doing reading("Reading the options of", sDBFile);
     bFirstTime = Flag("bFirstTime");
     bGroupZip = Flag("bGroupZip");
     bAutoGroup = Flag("bAutoGroup");

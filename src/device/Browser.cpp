@@ -9,6 +9,7 @@
 #include "library/SizeText.h"
 #include "media/Pictures.h"
 #include "media/cMP3ID3v2.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 #include <optional>
@@ -68,26 +69,34 @@ const std::string& SubItem(const PSPRow& row, std::size_t number) {
     return row.sSubItems[number - 1];
 }
 
-void DeleteVideo(const std::string& sPath) {
+void DeleteFile(const std::string& sPath) {
+    const Doing deleting("Deleting", sPath);
     oFSO().DeleteFile(sPath, false);
+}
+
+void DeleteVideo(const std::string& sPath) {
+    DeleteFile(sPath);
     const std::string sThumb = StripExt(sPath) + ".THM";
-    if (oFSO().FileExists(sThumb)) oFSO().DeleteFile(sThumb, false);
+    if (oFSO().FileExists(sThumb)) DeleteFile(sThumb);
+}
+
+std::vector<FolderEntry> FoldersIn(const std::string& sPath) {
+    const Doing listing("Listing", sPath);
+    return oFSO().GetFolder(sPath).SubFolders;
 }
 
 }  // namespace
 
-std::vector<FolderEntry> PSPMusicFolders() {
-    return oFSO().GetFolder(PSPPath(MusicFolder)).SubFolders;
-}
+std::vector<FolderEntry> PSPMusicFolders() { return FoldersIn(PSPPath(MusicFolder)); }
 
-std::vector<FolderEntry> PSPPhotoFolders() {
-    return oFSO().GetFolder(PSPPath(PhotoFolder)).SubFolders;
-}
+std::vector<FolderEntry> PSPPhotoFolders() { return FoldersIn(PSPPath(PhotoFolder)); }
 
 // The keys count all files of the folder, those that get no row too.
 void ListPSPFiles(const std::string& sPath, Integer iType, std::vector<PSPRow>& rows) {
+    const Doing listing("Listing", sPath);
     std::size_t number = 0;
     for (const FileEntry& file : oFSO().GetFolder(sPath).Files) {
+        const Doing reading("Listing", file.Path);
         ++number;
         std::optional<PSPRow> row = RowOf(file, iType);
         if (!row) continue;
@@ -101,9 +110,9 @@ void DeletePSPFile(const PSPRow& row, Integer iListType) {
         case mtVideo:
             return DeleteVideo(SubItem(row, 3));
         case mtMusic:
-            return oFSO().DeleteFile(SubItem(row, 5), false);
+            return DeleteFile(SubItem(row, 5));
         case mtPhoto:
-            return oFSO().DeleteFile(SubItem(row, 4), false);
+            return DeleteFile(SubItem(row, 4));
         default:
             return;
     }

@@ -5,6 +5,7 @@
 #include "core/modRegistry.h"
 #include "device/DeviceWindows.h"
 #include "device/Naming.h"
+#include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
@@ -22,6 +23,7 @@ constexpr const char* NotReadyText =
 
 // A drive that is not removable is never looked into: a network drive may answer slowly.
 bool IsPSPDrive(const std::string& sRoot) {
+    const Doing looking("Looking for a PSP on", sRoot);
     if (!oFSO().DriveExists(sRoot)) return false;
     const std::shared_ptr<Drive> drive = oFSO().GetDrive(sRoot);
     if (drive->DriveType() != DriveRemovable) return false;

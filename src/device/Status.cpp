@@ -1,6 +1,7 @@
 #include "device/Status.h"
 
 #include "core/PublicStuff.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 #include "platform/Numbers.h"
 
@@ -52,6 +53,7 @@ void ShowMegabytes(StatusPanel& panel) {
 }
 
 void ShowConnected(StatusPanel& panel) {
+    const Doing measuring("Measuring the space on the PSP", sPSPName);
     if (panel.bImgFullVisible) {
         HideFigures(panel);
         Merge(panel);

@@ -7,6 +7,7 @@
 #include "device/Naming.h"
 #include "library/Collections.h"
 #include "library/Identifiers.h"
+#include "platform/Activity.h"
 #include "platform/UpCall.h"
 
 namespace tavel {
@@ -31,6 +32,7 @@ class Transfer {
 
   private:
     void Send(const std::string& sID) {
+        const Doing sending("Sending", sID);
         const Integer iType = GetDBIDType(sID);
         switch (iType) {
             case mtPhoto:
@@ -53,22 +55,22 @@ class Transfer {
 
     void SendPhoto(const Photo& photo) {
         ShowItem(photo.sName);
-        CopyWithProgress(photo.sPath, PSPPath(PhotoFolder) + FileNameOf(photo), m_pgbCurr);
+        Copy(photo, PSPPath(PhotoFolder) + FileNameOf(photo));
     }
 
     void SendMusic(const Music& track) {
         ShowItem(track.sName + "-" + track.sArtist);
-        CopyWithProgress(track.sPath, PSPPath(MusicFolder) + FileNameOf(track), m_pgbCurr);
+        Copy(track, PSPPath(MusicFolder) + FileNameOf(track));
     }
 
     void SendVideo(const Video& video) {
         ShowItem(video.sName);
         const std::string sFolder = PSPPath(VideoFolder);
         const std::string sFile = NextVideoName(video.sFormat);
-        CopyWithProgress(video.sPath, sFolder + sFile, m_pgbCurr);
+        Copy(video, sFolder + sFile);
         const std::string sNumber = StripExt(sFile);
         if (!video.sThumbPath.empty()) {
-            oFSO().CopyFile(video.sThumbPath, sFolder + sNumber + ".THM", true);
+            CopyAtOnce(video.sThumbPath, sFolder + sNumber + ".THM");
         }
         // Also for a copy that wrote nothing: the engine can't tell.
         WriteValue(sPSPDataFile, "video", sNumber, "s", video.sName);
@@ -77,25 +79,22 @@ class Transfer {
     void SendPages(const Group& group) {
         ShowGroup(group);
         const std::string sFolder = MakeGroupFolder(PhotoFolder, group);
-        SendMembers(group, mtPhoto, [&](const Item& page) {
-            oFSO().CopyFile(page.sPath, sFolder + FileNameOf(page), true);
-        });
+        SendMembers(group, mtPhoto,
+                    [&](const Item& page) { CopyAtOnce(page.sPath, sFolder + FileNameOf(page)); });
     }
 
     void SendTracks(const Playlist& list) {
         ShowGroup(list);
         const std::string sFolder = MakeGroupFolder(MusicFolder, list);
-        SendMembers(list, mtMusic, [&](const Item& track) {
-            CopyWithProgress(track.sPath, sFolder + FileNameOf(track), m_pgbCurr);
-        });
+        SendMembers(list, mtMusic,
+                    [&](const Item& track) { Copy(track, sFolder + FileNameOf(track)); });
     }
 
     // Episodes get neither a thumbnail nor a title in the identity file, unlike single videos.
     void SendEpisodes(const VidSeries& series) {
         ShowGroup(series);
         SendMembers(series, mtVideo, [&](const Item& episode) {
-            CopyWithProgress(episode.sPath, PSPPath(VideoFolder) + NextVideoName(episode.sFormat),
-                             m_pgbCurr);
+            Copy(episode, PSPPath(VideoFolder) + NextVideoName(episode.sFormat));
         });
     }
 
@@ -104,6 +103,7 @@ class Transfer {
     template <class Copy>
     void SendMembers(const Group& group, MediaType memberType, Copy&& copy) {
         for (Integer i = 0; i < group.Count(); ++i) {
+            const Doing sending("Sending", group.Get_sMemberID(i), "of", group.sName);
             const Item& member = ItemOf(memberType, group.Get_sMemberID(i));
             m_frmCopy.SetSubFile(member.sName);
             m_frmCopy.Repaint();
@@ -111,6 +111,16 @@ class Transfer {
             m_pgbCurr.SetValue(m_pgbCurr.Value() + 1);
             m_frmCopy.Repaint();
         }
+    }
+
+    void Copy(const Item& item, const std::string& sTarget) {
+        const Doing sending("Sending", item.sPath, "to", sTarget);
+        CopyWithProgress(item.sPath, sTarget, m_pgbCurr);
+    }
+
+    static void CopyAtOnce(const std::string& sSource, const std::string& sTarget) {
+        const Doing sending("Sending", sSource, "to", sTarget);
+        oFSO().CopyFile(sSource, sTarget, true);
     }
 
     void ShowItem(const std::string& sText) {
@@ -131,6 +141,7 @@ class Transfer {
 
     static std::string MakeGroupFolder(std::string_view sParent, const Group& group) {
         std::string sFolder = PSPPath(sParent) + group.sName + "\\";
+        const Doing making("Making the folder", sFolder);
         if (!oFSO().FolderExists(sFolder)) oFSO().CreateFolder(sFolder);
         return sFolder;
     }

@@ -5,6 +5,7 @@
 #include "library/Identifiers.h"
 #include "media/Pictures.h"
 #include "media/cMP3ID3v2.h"
+#include "platform/Activity.h"
 
 #include <algorithm>
 
@@ -68,6 +69,7 @@ Integer GetFileType(std::string_view sPath) {
 }
 
 std::string AddFile(const std::string& sPath, bool bMayBeHidden) {
+    const Doing adding("Adding", sPath);
     const Integer iType = GetFileType(sPath);
     if (iType == -1) return "-1";
     bDBChanged = true;

@@ -6,6 +6,7 @@
 #include "library/Identifiers.h"
 #include "library/LibraryWindows.h"
 #include "library/Scan.h"
+#include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
@@ -71,6 +72,7 @@ void AddFiles(const std::vector<std::string>& sFiles) {
 
 void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield) {
+    const Doing scanning("Scanning", sPath);
     FolderContents contents = oFSO().GetFolder(sPath);
     GroupInMaking group;
     if (contents.SubFolders.empty()) {
@@ -84,6 +86,7 @@ void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups,
         contents = oFSO().GetFolder(sPath);
     }
     for (const FileEntry& file : contents.Files) {
+        const Doing adding("Adding", file.Path);
         if (bOnlyNew && IsFileInDB(file.Path)) continue;
         std::string sID = AddFile(file.Path);
         if (sID == "-1") continue;

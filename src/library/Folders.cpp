@@ -5,6 +5,7 @@
 #include "library/Collections.h"
 #include "library/Identifiers.h"
 #include "library/PathIndex.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 namespace tavel {
@@ -21,6 +22,7 @@ void CreateIfMissing(const std::string& sFolder) {
 }
 
 void MoveItem(Item& item, const std::string& sTarget) {
+    const Doing moving("Moving", item.sPath, "to", sTarget);
     oFSO().MoveFile(item.sPath, sTarget);
     item.sPath = sTarget;
     ForgetPaths();

@@ -4,6 +4,7 @@
 #include "library/Collections.h"
 #include "library/Identifiers.h"
 #include "library/LibraryWindows.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 #include "platform/UpCall.h"
 
@@ -87,6 +88,7 @@ Integer TakeOut(TextArray& ids, Integer n, const std::string& sID) {
 // The loop goes by the number of groups at its start, while each round shortens the list: an item
 // in two or more groups fails after the first round.
 void UnlinkFromGroups(const Item& item, const std::string& sID) {
+    const Doing removing("Removing", item.sPath, "from the library");
     const Integer iNoGroups = item.iNoGroups;
     for (Integer i = 0; i < iNoGroups; ++i) {
         RemoveFromGroup(sID, item.Get_sGroups(i));
@@ -96,6 +98,7 @@ void UnlinkFromGroups(const Item& item, const std::string& sID) {
 // An album's pages are taken by a rising position in a list that shortens, so an album of two or
 // more fails; the others always give their first member.
 void UnlinkMembers(const Group& group, MediaType type, const std::string& sID) {
+    const Doing removing("Removing the group", group.sName, "from the library");
     const Integer iCount = group.Count();
     for (Integer i = 0; i < iCount; ++i) {
         RemoveFromGroup(group.Get_sMemberID(type == mtPhotoAlbum ? i : Integer{0}), sID);
@@ -106,6 +109,7 @@ void UnlinkMembers(const Group& group, MediaType type, const std::string& sID) {
 
 std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& sName,
                       Integer iType) {
+    const Doing making("Making the group", sName);
     std::string sID = MakeDBID(sName, iType);
     if (IsGroupType(iType)) {
         Group& group = NewGroup(static_cast<MediaType>(iType), sID);
@@ -128,6 +132,7 @@ void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupI
     const Integer iType = GetDBIDType(sGroupID);
     if (!IsGroupType(iType)) return;
     Group& group = GroupOf(static_cast<MediaType>(iType), sGroupID);
+    const Doing adding("Adding to the group", group.sName);
     const Integer iOld = group.Count();
     const Integer iCount = ToInteger(iOld + static_cast<std::int64_t>(sIDs.size()));
     group.SetCount(iCount);
@@ -168,6 +173,7 @@ void RemoveFromGroup(std::string sItemID, std::string sGroupID) {
 }
 
 void RemoveItem(const std::string& sID, bool& bDeleteFile) {
+    const Doing removing("Removing", sID, "from the library");
     const Integer iType = GetDBIDType(sID);
     const auto type = static_cast<MediaType>(iType);
     std::string sPath;
@@ -181,7 +187,10 @@ void RemoveItem(const std::string& sID, bool& bDeleteFile) {
         RemoveRecord(type, sID);
         bDeleteFile = false;
     }
-    if (bDeleteFile && IsItemType(iType)) oFSO().DeleteFile(sPath, true);
+    if (bDeleteFile && IsItemType(iType)) {
+        const Doing deleting("Deleting", sPath);
+        oFSO().DeleteFile(sPath, true);
+    }
     bDBChanged = true;
 }
 

@@ -3,6 +3,7 @@
 #include "core/modRegistry.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
+#include "platform/Activity.h"
 #include "platform/ProfileService.h"
 
 #include <utility>
@@ -15,18 +16,21 @@ namespace {
 // is none fails, where the profile wrapper would keep it quiet.
 class Section {
   public:
-    explicit Section(Long number) : m_name(std::to_string(number)) {}
+    explicit Section(Long number) : m_header("[" + std::to_string(number) + "]") {}
 
+    std::string_view Header() const { return m_header; }
     std::string Text(std::string_view key) const {
         std::string text;
-        ReadValue(sDBFile, m_name, key, "s", "", text);
+        ReadValue(sDBFile, Name(), key, "s", "", text);
         return text;
     }
     Integer Number(std::string_view key) const { return TextToInteger(Text(key)); }
     Long LongNumber(std::string_view key) const { return TextToLong(Text(key)); }
 
   private:
-    std::string m_name;
+    std::string_view Name() const { return Header().substr(1, m_header.size() - 2); }
+
+    std::string m_header;
 };
 
 template <class T>
@@ -96,6 +100,7 @@ void LoadGroup(Collection<T>& collection, T*& current, const Section& section,
 }
 
 void LoadEntry(const Section& section) {
+    const Doing loading("Loading", section.Header(), "of", sDBFile);
     switch (section.Number("type")) {
         case mtPhoto:
             return LoadPhoto(section);
@@ -119,6 +124,7 @@ void LoadEntry(const Section& section) {
 }  // namespace
 
 void LoadDB() {
+    const Doing loading("Loading", sDBFile);
     const ProfileBatch batch(sDBFile);
     Integer iNoOfItems = 0;
     ReadValue(sDBFile, "db", "noofitems", "s", "0", iNoOfItems);

@@ -7,6 +7,7 @@
 #include "library/Collections.h"
 #include "library/LibraryWindows.h"
 #include "library/PathIndex.h"
+#include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/UpCall.h"
 
@@ -19,6 +20,7 @@ namespace {
 
 // A missing count reads as -1, which no list can be sized to.
 std::vector<std::string> WatchFolders() {
+    const Doing reading("Reading", "[watch]", "of", sDBFile);
     Integer n = 0;
     ReadValue(sDBFile, "watch", "noofflds", "s", "-1", n);
     if (n < 0) Fail(failure::SubscriptOutOfRange);

@@ -9,6 +9,7 @@
 #include "library/Identifiers.h"
 #include "library/LibraryWindows.h"
 #include "library/ZipReader.h"
+#include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
 #include "platform/UpCall.h"
@@ -51,7 +52,7 @@ class Import {
             if (entry.Name().ends_with('\\')) continue;
             m_bHasFiles = true;
             entry.bWithPath = true;
-            const std::string sPath = entry.Extract(sFolder);
+            const std::string sPath = Unpack(entry, sFolder);
             if (sPath.empty()) {
                 m_sRejected.Add(entry.Name());
                 continue;
@@ -97,6 +98,11 @@ class Import {
     }
 
   private:
+    std::string Unpack(const ZipEntry& entry, const std::string& sFolder) const {
+        const Doing unpacking("Unpacking", entry.Name(), "of", m_zip.ZipFile());
+        return entry.Extract(sFolder);
+    }
+
     ZipReader& m_zip;
     bool m_bHasFiles = false;
     std::vector<std::string> m_sPaths;
@@ -108,6 +114,7 @@ class Import {
 }  // namespace
 
 void AddZipFile(const std::string& sZipPath, const bool& bMakeGroup) {
+    const Doing importing("Importing", sZipPath);
     frmAdd().Show();
     const std::string sFolder = sDefaultDBPath + "\\TEMPUNZIP";
     ZipReader zip;

@@ -1,5 +1,7 @@
 #include "platform/Failure.h"
 
+#include "platform/Activity.h"
+
 #include <array>
 #include <utility>
 
@@ -41,7 +43,9 @@ std::string_view FailureText(Long number) {
     return "Application-defined or object-defined error";
 }
 
-Failure::Failure(Long number) : Failure(number, std::string(FailureText(number)), "Tavel") {}
+Failure::Failure(Long number) : Failure(number, std::string(FailureText(number)), "Tavel") {
+    ForgetFailedActivity();
+}
 
 Failure::Failure(Long number, std::string description, std::string source)
     : m_number(number),

@@ -114,6 +114,12 @@ TEST_F(MainTest, An_option_that_does_not_convert_ends_the_start_before_any_windo
     EXPECT_EQ(windows.calls, Calls{});
 }
 
+TEST_F(MainTest, The_style_is_there_before_the_options_so_that_their_failure_is_shown_in_it) {
+    const ProgramDB db(WithOptions("bFirstTime=\r\n"));
+    EXPECT_EQ(FailureOf(StartUp), failure::TypeMismatch);
+    EXPECT_EQ(gStyle.sFontName, "Verdanda");
+}
+
 TEST_F(MainTest, A_library_that_does_not_load_leaves_only_the_splash) {
     const ProgramDB db(WithOptions(""));
     library.onLoadDB = [] { Fail(failure::TypeMismatch); };
@@ -149,13 +155,18 @@ TEST_F(MainTest, A_save_that_fails_ends_the_shutdown_there) {
     EXPECT_EQ(windows.calls, (Calls{"ShowEnd", "SaveDB"}));
 }
 
-TEST_F(MainTest, ShutDown_lets_go_of_the_file_service_behind_the_save) {
+TEST_F(MainTest, ShutDown_lets_go_of_the_file_service_between_the_save_and_the_collections) {
     FaultyFileService other;
     UseFileService(&other);
     bDBChanged = true;
+    bool bReleased = false;
     library.onSaveDB = [&] { EXPECT_EQ(&oFSO(), &other); };
+    library.onRelease = [&] {
+        bReleased = true;
+        EXPECT_NE(&oFSO(), &other);
+    };
     ShutDown();
-    EXPECT_NE(&oFSO(), &other);
+    EXPECT_TRUE(bReleased);
 }
 
 TEST_F(MainTest, SetupStyle_names_its_font_and_leaves_all_colours) {

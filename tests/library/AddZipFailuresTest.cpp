@@ -158,6 +158,27 @@ TEST_F(AddZipFailures, A_damaged_file_fails_with_those_before_it_unzipped_and_no
     EXPECT_EQ(colPhoto.Count(), 0);
 }
 
+TEST_F(AddZipFailures, The_message_names_the_archive_and_the_file_in_it) {
+    const std::string sZip = temp.DrivePath("archive.zip");
+    EXPECT_EQ(FailedActivityOf([&] { ImportBytes("no archive"); }), "Importing " + sZip);
+    EXPECT_EQ(FailedActivityOf([&] { Import({}); }), "Importing " + sZip);
+    ZipItem damaged{"in/b.jpg", "some bytes"};
+    damaged.checksum = 1;
+    EXPECT_EQ(FailedActivityOf([&] {
+                  Import({{"a.jpg", "1"}, damaged});
+              }),
+              "Unpacking in\\b.jpg of " + sZip);
+    EXPECT_EQ(FailedActivityOf([&] {
+                  Import({{"README", "1"}});
+              }),
+              "Adding " + sFolder + "\\README");
+    Write("library/Photos/a.jpg", "mine");
+    EXPECT_EQ(FailedActivityOf([&] {
+                  Import({{"a.jpg", "1"}});
+              }),
+              "Moving " + sFolder + "\\a.jpg to " + root + "\\Photos\\a.jpg");
+}
+
 TEST_F(AddZipFailures, A_bomb_ends_with_a_full_disk_and_hurts_nothing_else) {
     // 100 entries of 40 MB each, which share their packed bytes: 42 kB that unpack to 4 GB.
     std::vector<ZipItem> bomb{{"a0.jpg", std::string(40'000'000, '\0'), true}};

@@ -4,7 +4,7 @@
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryFixture.h"
-#include "library/LibraryStore.h"
+#include "library/MediaLibraryStore.h"
 #include "platform/ProfileText.h"
 #include "platform/UpCall.h"
 #include "support/ProgramDB.h"

@@ -60,6 +60,14 @@ TEST_F(ZipReaderTest, An_archive_tells_its_path_and_its_entries_by_number) {
     EXPECT_EQ(zip.Item(2).Name(), "b.jpg");
 }
 
+TEST_F(ZipReaderTest, A_name_in_UTF_8_that_stands_beside_the_stored_one_is_taken) {
+    ZipItem item{"___.jpg", "x"};
+    // Its length, a version, the checksum of the stored name, the name.
+    item.extra = std::string("up\x0F\x00\x01\xEE\xBF\x2E\xF6", 9) + "Жук.jpg";
+    Open({item});
+    EXPECT_EQ(zip.Item(0).Name(), "Жук.jpg");
+}
+
 TEST_F(ZipReaderTest, A_file_is_written_below_the_folder_under_its_path_in_the_archive) {
     const std::string big(3'000'000, 'x');
     Open({{"a.jpg", "stored"}, {"in/deep/b.jpg", big, true}, {"in/deep/empty.jpg"}});
@@ -212,11 +220,13 @@ TEST_F(ZipReaderTest, A_wrong_checksum_is_a_failure_and_leaves_what_was_written)
 }
 
 TEST_F(ZipReaderTest, More_bytes_than_declared_are_a_failure_and_are_not_written) {
-    for (const std::uint32_t size : {0u, 100u, 1'999'999u}) {
-        ZipItem item{"a.jpg", std::string(2'000'000, 'x'), true};
-        item.size = size;
-        EXPECT_EQ(FailureOfExtracting(item), failure::InvalidFileFormat) << size;
-        EXPECT_EQ(fs::file_size(temp.HostPath("out/a.jpg")), size);
+    for (const bool isDeflated : {false, true}) {
+        for (const std::uint32_t size : {0u, 100u, 1'999'999u}) {
+            ZipItem item{"a.jpg", std::string(2'000'000, 'x'), isDeflated};
+            item.size = size;
+            EXPECT_EQ(FailureOfExtracting(item), failure::InvalidFileFormat) << size;
+            EXPECT_EQ(fs::file_size(temp.HostPath("out/a.jpg")), size);
+        }
     }
 }
 

@@ -107,10 +107,23 @@ TEST(Clock, A_locale_that_is_not_installed_falls_back) {
     EXPECT_EQ(HostDecimalMark(), ".");
 }
 
-TEST(Clock, The_timer_counts_the_seconds_of_the_day) {
-    const double seconds = HostClock().Timer();
-    EXPECT_GE(seconds, 0);
-    EXPECT_LT(seconds, 86401);  // a leap second
+double SecondOfDay(time_t when) {
+    const tm* local = localtime(&when);
+    return local->tm_hour * 3600 + local->tm_min * 60 + local->tm_sec;
+}
+
+TEST(Clock, The_timer_counts_the_seconds_of_the_local_day_with_fractions) {
+    double fractions = 0;
+    for (int round = 0; round < 1000; ++round) {
+        const time_t before = time(nullptr);
+        const double seconds = HostClock().Timer();
+        const time_t after = time(nullptr) + 1;                  // time() may lag a tick behind
+        if (SecondOfDay(after) < SecondOfDay(before)) continue;  // midnight
+        ASSERT_GE(seconds, SecondOfDay(before));
+        ASSERT_LT(seconds, SecondOfDay(after) + 1);
+        fractions += seconds - static_cast<int>(seconds);
+    }
+    EXPECT_GT(fractions, 0);
 }
 
 TEST(Clock, The_host_tells_the_present_date_and_time) {

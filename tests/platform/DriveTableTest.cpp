@@ -339,6 +339,22 @@ TEST_F(Drives, A_path_of_a_mounted_stick_has_one_that_lasts) {
     EXPECT_EQ(files->ReadWhole(temp.DrivePath("stick/Music/a.mp3")), "x");
 }
 
+TEST_F(Drives, Nothing_is_made_in_the_folder_of_a_stick_that_has_gone_by_the_path_that_lasts) {
+    Mount("stick");
+    const std::string path = files->StablePath("d:\\") + "\\";
+    fs::create_directory_symlink(temp.HostPath("stick"), temp.HostPath("link"));
+    files->CreateFolder(path + "Music");
+    Unmount("stick");
+    fs::remove(temp.HostPath("stick/Music"));
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder(path + "Music"); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateTextFile(path + "a.txt", true); }), 76);
+    EXPECT_EQ(OpenError(path + "a.txt", RawMode::Create), 76);
+    EXPECT_EQ(OpenError(temp.DrivePath("link/a.txt"), RawMode::Create), 76);
+    EXPECT_EQ(files->HostPath(path + "a.txt"), "");
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("stick")));
+    files->CreateTextFile(temp.DrivePath("a.txt"), true);
+}
+
 TEST_F(Drives, A_path_without_a_drive_is_below_the_working_folder) {
     const fs::path before = fs::current_path();
     temp.Write("sub/a.txt", "x");
@@ -365,7 +381,7 @@ TEST_F(Drives, No_descriptor_stays_open_between_calls) {
     const auto count = [] {
         return std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator());
     };
-    files->DriveExists("e");
+    files->FileExists("e:\\none.txt");  // the watches over folders stay
     const auto before = count();
     files->GetFolder("e:\\PSP");
     files->CopyFile("e:\\psp\\a.txt", "e:\\psp\\b.txt", true);

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
@@ -234,6 +235,31 @@ TEST_F(OnExfat, A_file_is_itself_in_any_spelling) {
     EXPECT_EQ(files->ReadWhole("e:\\Psp\\A.txt"), "x");
 }
 
+// On this file system each spelling of a path has an inode number of its own.
+TEST_F(OnExfat, A_file_is_itself_by_every_way_to_it) {
+    const std::string bytes(3'000'000, 'x');
+    fs::create_directory(stick.MountFolder() + "/PSP");
+    std::ofstream(stick.MountFolder() + "/PSP/a.bin") << bytes;
+    fs::create_directory_symlink(stick.MountFolder() + "/psp", temp.HostPath("album"));
+    fs::create_symlink(stick.MountFolder() + "/PSP/A.BIN", temp.HostPath("a.lnk"));
+    std::string mounted = "c:" + stick.MountFolder();
+    std::replace(mounted.begin(), mounted.end(), '/', '\\');
+    for (const std::string& way : {mounted + "\\psp\\A.bin", temp.DrivePath("album/a.BIN"),
+                                   temp.DrivePath("a.lnk"), std::string("e:\\Psp\\a.bin")}) {
+        SCOPED_TRACE(way);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile(way, "e:\\psp\\A.BIN", true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->CopyFile("e:\\psp\\A.BIN", way, true); }), 70);
+        EXPECT_EQ(FailureOf([&] { files->MoveFile(way, "e:\\psp\\A.BIN"); }), 58);
+        Long error = 0;
+        const auto source = files->OpenRaw(way, RawMode::Read, error);
+        ASSERT_TRUE(source);
+        EXPECT_FALSE(files->OpenRaw("e:\\psp\\A.BIN", RawMode::Create, error));
+        EXPECT_EQ(error, 70);
+        EXPECT_TRUE(Create("e:\\psp\\b.bin")) << "another file";
+    }
+    EXPECT_TRUE(files->ReadWhole("e:\\psp\\a.bin") == bytes);
+}
+
 TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     temp.Write("program2/x", "");
     const auto service =
@@ -241,6 +267,8 @@ TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     const std::string root = RootOf(*service);
     ASSERT_NE(root, "");
     service->CreateTextFile(root + "TavelDataFile.tavel", true);
+    const std::string lasting = service->StablePath(root);
+    EXPECT_TRUE(service->FileExists(lasting + "\\taveldatafile.tavel"));
     EXPECT_TRUE(fs::exists(stick.MountFolder() + "/TavelDataFile.tavel"));
     EXPECT_TRUE(service->FileExists(root + "taveldatafile.tavel"));
     stick.Pull();
@@ -248,8 +276,10 @@ TEST_F(OnExfat, A_mounted_stick_has_a_letter_and_is_gone_when_it_is_pulled) {
     EXPECT_EQ(FailureOf([&] { service->GetDrive(root); }), 68);
     EXPECT_FALSE(service->FileExists(root + "taveldatafile.tavel"));
     EXPECT_EQ(FailureOf([&] { service->CreateTextFile(root + "b.txt", true); }), 76);
+    EXPECT_EQ(FailureOf([&] { service->CreateTextFile(lasting + "\\b.txt", true); }), 76);
     EXPECT_TRUE(IsMountFolderEmpty());
     ASSERT_TRUE(stick.Mount());
+    service->CreateTextFile(lasting + "\\b.txt", true);
     EXPECT_TRUE(service->FileExists(RootOf(*service) + "taveldatafile.tavel"));
 }
 

@@ -40,6 +40,11 @@ void LibraryStoreRecorder::BackgroundScan() {
     onBackgroundScan();
 }
 
+void LibraryStoreRecorder::Release() {
+    m_calls.push_back("Release");
+    onRelease();
+}
+
 void LogWindowRecorder::AddItem(const std::string& line) {
     lines.push_back(line);
     const std::size_t category = line.find('\t') + 1;

@@ -60,11 +60,12 @@ class LibraryStoreRecorder : public Standing<LibraryStore> {
     std::function<void()> onLoadDB = [] {};
     std::function<void()> onSaveDB = [] {};
     std::function<void()> onBackgroundScan = [] {};
+    std::function<void()> onRelease = [] {};
 
     void LoadDB() override;
     void SaveDB() override;
     void BackgroundScan() override;
-    void Release() override { m_calls.push_back("Release"); }
+    void Release() override;
 
   private:
     Calls& m_calls;

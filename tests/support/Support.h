@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 #include <gtest/gtest.h>
@@ -52,6 +53,17 @@ std::string FullFailureOf(Call&& call) {
                failure.Source();
     }
     return {};
+}
+
+// What the failure message would say that the program was doing when a call throws.
+template <class Call>
+std::string FailedActivityOf(Call&& call) {
+    try {
+        call();
+    } catch (...) {
+        return TakeFailedActivity();
+    }
+    return "(no failure)";
 }
 
 }  // namespace tavel::test

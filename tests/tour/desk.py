@@ -1,6 +1,7 @@
 """A desk of our own: a virtual display, a window manager, a bus, a mouse and a keyboard."""
 
 import os
+import re
 import signal
 import subprocess
 
@@ -94,3 +95,17 @@ def key(*names):
 
 def write(text):
     _xdotool("type", "--delay", 8, text)
+
+
+def _property(window, name):
+    """What xprop tells of a window ("-root" or an id)."""
+    where = ["-root"] if window == "-root" else ["-id", window]
+    told = subprocess.run(["xprop", *where, name], stdout=subprocess.PIPE, stderr=subprocess.DEVNULL, text=True)
+    return told.stdout.strip()
+
+
+def stacking():
+    """The titles of the windows that the window manager keeps, the lowest first."""
+    ids = re.findall(r"0x[0-9a-f]+", _property("-root", "_NET_CLIENT_LIST_STACKING"))
+    titles = (re.search(r'= "(.*)"', _property(window, "_NET_WM_NAME")) for window in ids)
+    return [title[1] for title in titles if title]

@@ -1,4 +1,6 @@
 #include "core/PublicStuff.h"
+#include "library/Adding.h"
+#include "platform/Activity.h"
 #include "support/Recorders.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
@@ -25,7 +27,9 @@ void ClickThatRuns(Call&& call) {
 }
 
 void ExpectMessage(PromptQueue& prompts, const char* text, PromptQueue::During during = {}) {
-    prompts.ExpectMsgBox(QLatin1String(text), MsgBoxButtons::OK, MsgBoxAnswer::OK,
+    const QString closing =
+        QStringLiteral("\r\rTavel has to close. Changes since the start are not saved.");
+    prompts.ExpectMsgBox(QLatin1String(text) + closing, MsgBoxButtons::OK, MsgBoxAnswer::OK,
                          QStringLiteral("Tavel"), std::move(during));
 }
 
@@ -42,8 +46,48 @@ TEST(FatalFailure, a_failure_in_a_handler_is_shown_with_number_and_text_and_ends
     ExpectMessage(prompts, "Run-time error '6':\r\rOverflow");
     testing::internal::CaptureStderr();
     ClickThatRuns([] { Fail(failure::Overflow); });
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), "Tavel: run-time error 6: Overflow\n");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Tavel: run-time error 6: Overflow\n"
+              "Tavel has to close. Changes since the start are not saved.\n");
     EXPECT_EQ(ends.Count(), 1);
+}
+
+TEST(FatalFailure, what_the_program_was_doing_with_which_file_is_shown) {
+    PromptQueue prompts;
+    const FatalEnds ends;
+    ExpectMessage(prompts, "Run-time error '53':\r\rFile not found\r\rAdding c:\\Music\\a.mp3");
+    sMusicSupport = {"mp3"};
+    testing::internal::CaptureStderr();
+    ClickThatRuns([] { AddFile("c:\\Music\\a.mp3"); });
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "Tavel: run-time error 53: File not found (Adding c:\\Music\\a.mp3)\n"
+              "Tavel has to close. Changes since the start are not saved.\n");
+    EXPECT_EQ(ends.Count(), 1);
+    ResetPublicStuff();
+}
+
+TEST(FatalFailure, want_of_memory_tells_what_the_program_was_doing) {
+    PromptQueue prompts;
+    const FatalEnds ends;
+    ExpectMessage(prompts, "Run-time error '7':\r\rOut of memory\r\rAdding c:\\a.mp3");
+    ClickThatRuns([] {
+        const Doing adding("Adding", "c:\\a.mp3");
+        throw std::bad_alloc();
+    });
+    EXPECT_EQ(ends.Count(), 1);
+}
+
+TEST(FatalFailure, what_an_earlier_failure_passed_is_not_told_of_a_later_one) {
+    PromptQueue prompts;
+    const FatalEnds ends;
+    ExpectMessage(prompts, "Run-time error '6':\r\rOverflow\r\rAdding a");
+    ClickThatRuns([] {
+        const Doing adding("Adding", "a");
+        Fail(failure::Overflow);
+    });
+    ExpectMessage(prompts, "Run-time error '7':\r\rOut of memory");
+    ClickThatRuns([] { throw std::bad_alloc(); });
+    EXPECT_EQ(ends.Count(), 2);
 }
 
 TEST(FatalFailure, a_classes_own_description_is_shown) {

@@ -9,6 +9,7 @@
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/WorkWindow.h"
 
 #include <gtest/gtest.h>
 
@@ -74,11 +75,11 @@ TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
 TEST(MsgBox, outlives_its_owner) {
     const RealPrompts real;
     auto* owner = new QWidget;
-    owner->show();
-    owner->activateWindow();
-    RunEvents();
-    ASSERT_EQ(QApplication::activeWindow(), owner);
-    WhenModal([owner](QWidget&) { delete owner; });
+    SetWorkWindow(*owner);
+    WhenModal([owner](QWidget& box) {
+        ASSERT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
     EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
 }
 

@@ -2,6 +2,7 @@
 #include "core/UsefulFunctions.h"
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
+#include "ui/support/Soon.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/DriveList.h"
 #include "ui/toolkit/ElidedLabel.h"
@@ -15,6 +16,7 @@
 #include <gtest/gtest.h>
 
 #include <QPaintEvent>
+#include <QPushButton>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -120,6 +122,20 @@ TEST(ShowNow, no_timer_runs_on_the_way) {
     EXPECT_EQ(ticks, 0);
     RunEvents();
     EXPECT_EQ(ticks, 1);
+}
+
+TEST(ShowNow, user_input_waits_until_the_window_is_shown) {
+    QPushButton button;
+    int clicks = 0;
+    QObject::connect(&button, &QPushButton::clicked, [&] { ++clicks; });
+    button.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&button));
+    ClickSoon(button);
+    CountingWindow window;
+    ShowNow(window);
+    EXPECT_EQ(clicks, 0);
+    RunEvents();
+    EXPECT_EQ(clicks, 1);
 }
 
 TEST(RepaintNow, lays_out_what_has_changed_first) {

@@ -4,11 +4,14 @@
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
 #include "ui/support/DeviceWindow.h"
+#include "ui/support/Soon.h"
+#include "ui/toolkit/EndOfSession.h"
 #include "ui/toolkit/ProgressBar.h"
 
 #include <gmock/gmock.h>
 
 #include <algorithm>
+#include <csignal>
 
 namespace tavel::test {
 
@@ -104,6 +107,51 @@ TEST_F(SendTest, the_copy_window_waits_for_its_OK_with_the_main_window_usable_be
     EXPECT_THAT(watch.shown, Not(Contains(false))) << "the end of the first run goes on showing";
     Click(window, "cmdOK");
     EXPECT_FALSE(SingleWindow<frmCopy>::Loaded());
+}
+
+TEST_F(SendTest, clicks_and_keys_that_came_during_a_transfer_are_dropped_at_its_end) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    const auto sends = [&] { return std::count(calls.begin(), calls.end(), "frmCopy.Show"); };
+    copyWindow.total.onValue = [&](float) {
+        ClickSoon(Find(Main(), "cmdSend"));
+        PressSoon(Main(), Qt::Key_Space);  // the button has the focus
+        CloseSoon(Main());
+    };
+    Click(Main(), "cmdSend");
+    RunEvents();
+    EXPECT_EQ(sends(), 1);
+    EXPECT_THAT(calls, Not(Contains("ShowEnd")));
+
+    copyWindow.total.onValue = [](float) {};
+    ClickSoon(Find(Main(), "cmdSend"));
+    RunEvents();
+    EXPECT_EQ(sends(), 2) << "what comes afterwards is taken";
+    PressSoon(Main(), Qt::Key_Space);
+    RunEvents();
+    EXPECT_EQ(sends(), 3);
+}
+
+TEST_F(SendTest, no_timer_runs_while_input_is_dropped) {
+    const CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a"});
+    int ticks = 0;
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, [&] { ++ticks; });
+    timer.start(0);
+    Click(Main(), "cmdSend");
+    EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(SendTest, a_request_to_end_that_came_during_a_transfer_is_done_behind_it) {
+    const EndOfSession endOfSession;
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    copyWindow.total.onValue = [](float) { std::raise(SIGTERM); };
+    Click(Main(), "cmdSend");
+    EXPECT_THAT(calls, Not(Contains("ShowEnd")));
+    EXPECT_EQ(calls.back(), "cmdOK on");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calls.back() == "EndProcess"; }));
 }
 
 TEST_F(SendTest, Clear_List_touches_nothing_else) {

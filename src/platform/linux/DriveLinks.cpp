@@ -1,15 +1,12 @@
 #include "platform/linux/DriveLinks.h"
 
-#include "platform/linux/HostNames.h"
+#include "platform/linux/FolderNames.h"
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
-#include <sys/inotify.h>
 #include <sys/stat.h>
 
-#include <array>
-#include <cstring>
 #include <optional>
 #include <utility>
 
@@ -42,42 +39,19 @@ bool IsOnPresentDevice(int folder) {
 
 }  // namespace
 
-DriveLinks::DriveLinks(std::string folder)
-    : m_folder(std::move(folder)), m_inotify(inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {}
+DriveLinks::DriveLinks(std::string folder) : m_folder(std::move(folder)) {}
 
 bool DriveLinks::Refresh() {
-    const bool hasNews = TakeNews();
-    const bool isNew = !m_isWatching && Watch();
+    // What has happened does not matter, as the folder is read anew, unless the watch has ended.
+    const bool hasNews = m_watch.Take([this](const FolderWatch::News& news) {
+        if (news.hasMoved || news.hasEnded) m_isWatching = false;
+    });
+    const bool isNew = !m_isWatching && m_watch.Add(m_folder) >= 0;
+    m_isWatching = m_isWatching || isNew;
     // Without a watch the folder is not there, or the host can't watch it and it is read each time.
     if (!hasNews && !isNew && m_isWatching) return false;
     Read();
     return true;
-}
-
-bool DriveLinks::Watch() {
-    constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_MOVED_FROM | IN_MOVED_TO |
-                                      IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-    m_isWatching = inotify_add_watch(m_inotify.Get(), m_folder.c_str(), changes) >= 0;
-    return m_isWatching;
-}
-
-// What has happened does not matter, as the folder is read anew, unless the watch has ended.
-bool DriveLinks::TakeNews() {
-    bool hasNews = false;
-    alignas(inotify_event) std::array<char, 4096> buffer{};
-    ssize_t length = 0;
-    while ((length = read(m_inotify.Get(), buffer.data(), buffer.size())) > 0) {
-        hasNews = true;
-        for (ssize_t at = 0; at < length;) {
-            inotify_event event{};
-            std::memcpy(&event, buffer.data() + at, sizeof event);
-            if ((event.mask & (IN_MOVE_SELF | IN_DELETE_SELF | IN_IGNORED)) != 0) {
-                m_isWatching = false;
-            }
-            at += static_cast<ssize_t>(sizeof event + event.len);
-        }
-    }
-    return hasNews;
 }
 
 void DriveLinks::Read() {

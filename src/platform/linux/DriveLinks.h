@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/linux/Descriptor.h"
+#include "platform/linux/FolderWatch.h"
 
 #include <sys/types.h>
 #include <time.h>
@@ -39,12 +40,10 @@ class DriveLinks {
     std::string Target(char letter) const;
 
   private:
-    bool Watch();
-    bool TakeNews();
     void Read();
 
     std::string m_folder;
-    Descriptor m_inotify;
+    FolderWatch m_watch;
     bool m_isWatching = false;
     std::map<char, DriveLink> m_links;
 };

@@ -40,7 +40,10 @@ void DriveTable::ReadMounts() {
             return IsSameMount(mount.entry, drive.mount.entry);
         });
     };
-    m_mounts.erase(std::remove_if(m_mounts.begin(), m_mounts.end(), isGone), m_mounts.end());
+    for (const MountedDrive& drive : m_mounts) {
+        if (isGone(drive)) m_leftBehind.insert(drive.mount.entry.target);
+    }
+    std::erase_if(m_mounts, isGone);
     for (const RemovableMount& mount : found) {
         const bool isKnown = std::any_of(
             m_mounts.begin(), m_mounts.end(),
@@ -93,6 +96,12 @@ DriveTable::Entry DriveTable::LinkEntry(char letter) {
 bool DriveTable::Has(char letter) {
     Refresh();
     return MountOf(letter) != nullptr || m_links.Has(letter);
+}
+
+bool DriveTable::IsLeftBehind(int folder) {
+    if (m_mounts.empty() && m_leftBehind.empty()) return false;
+    Refresh();
+    return m_leftBehind.count(PathOf(folder)) != 0 && !IsMountRoot(folder);
 }
 
 DriveTable::Root DriveTable::Open(char letter) {

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -41,6 +42,10 @@ class DriveTable {
     };
     Root Open(char letter);
 
+    // True for the folder that a stick was mounted on and has left behind. Paths of c: that were
+    // kept lead there.
+    bool IsLeftBehind(int folder);
+
   private:
     struct MountedDrive {
         char letter = 0;
@@ -57,6 +62,7 @@ class DriveTable {
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;
+    std::set<std::string> m_leftBehind;  // the folders that mounts have been seen to leave
     std::string m_letters;  // of mounts: the free ones first, the longest unused in front
 };
 

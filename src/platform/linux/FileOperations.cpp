@@ -10,8 +10,8 @@
 #include <stdio.h>
 
 #include <cerrno>
+#include <memory>
 #include <utility>
-#include <vector>
 
 namespace tavel {
 
@@ -41,7 +41,12 @@ void RequireOneDrive(const Place& place) {
 // On a removable drive at once; the host sees to others in its own time.
 bool KeepEntries(const Place& place) { return !place.isOnRemovable || FlushFolderOf(place); }
 
-void Remove(const Place& place) { unlinkat(place.Parent(), place.name.c_str(), 0); }
+// Its entry is on the medium by now, and must not be there when a stick is pulled.
+void RemovePartial(const Place& partial) {
+    if (!partial.IsFile()) return;
+    unlinkat(partial.Parent(), partial.name.c_str(), 0);
+    KeepEntries(partial);
+}
 
 Place FindTarget(DriveTable& drives, std::string_view target, const Place& source) {
     Place place = FindPlace(drives, target);
@@ -61,13 +66,13 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
 
 // 0, or the run-time's number of what went wrong.
 Long CopyBytes(HostFile& source, HostFile& target) {
-    std::vector<char> piece(pieceSize);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
     std::size_t count = 0;
     std::size_t written = 0;
     do {
-        if (!source.Read(piece, count)) return source.Error();
-        if (!target.Write({piece.data(), count}, written)) return target.Error();
-    } while (count == piece.size());
+        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
+        if (!target.Write({piece.get(), count}, written)) return target.Error();
+    } while (count == pieceSize);
     return 0;
 }
 
@@ -83,8 +88,7 @@ void CopyBetween(Place source, DriveTable& drives, Place target, Lasting lasting
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
-    const Place partial = FindPlace(drives, targetPath);
-    if (partial.IsFile()) Remove(partial);
+    RemovePartial(FindPlace(drives, targetPath));
     Fail(error);
 }
 

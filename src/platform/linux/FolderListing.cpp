@@ -2,7 +2,7 @@
 
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "platform/linux/HostNames.h"
+#include "platform/linux/FolderNames.h"
 
 #include <algorithm>
 #include <cerrno>

@@ -29,9 +29,9 @@ HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
       m_place(std::move(place)),
       m_isWritten(isWritten),
       m_isNew(isNew),
-      m_isFlushed(isWritten && m_place.isOnRemovable),
-      m_pace(m_file.Get()) {
-    if (!m_isWritten) m_share.emplace(m_place);
+      m_isFlushed(isWritten && m_place.isOnRemovable) {
+    if (!isWritten) m_share.emplace(m_file.Get());
+    if (m_isFlushed) m_pace.emplace(m_file.Get());
 }
 
 HostFile::~HostFile() { Close(); }
@@ -49,7 +49,7 @@ bool HostFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
     bytesWritten = 0;
     if (m_isMediumLost) return false;
     if (!m_file.Write(buffer, bytesWritten)) return Failed();
-    if (!m_place.isOnRemovable || m_pace.Wrote(m_file.Get(), bytesWritten)) return true;
+    if (!m_pace || m_pace->Wrote(m_file.Get(), bytesWritten)) return true;
     m_isMediumLost = true;
     return Failed();
 }
@@ -77,9 +77,9 @@ bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_p
 bool HostFile::Close() {
     if (m_file.IsOpen()) {
         if (m_isFlushed && !Flush()) Failed();
+        m_share.reset();
         if (!m_file.Close()) Failed();
         m_place.folder.Close();
-        m_share.reset();
     }
     return !m_isWritten || m_error == 0;
 }

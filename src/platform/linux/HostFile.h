@@ -40,7 +40,7 @@ class HostFile : public RawFile {
     std::optional<ReadShare> m_share;
     bool m_isNew;
     bool m_isFlushed;
-    WritePace m_pace;
+    std::optional<WritePace> m_pace;  // on a removable drive
     Long m_error = 0;
     bool m_isMediumLost = false;  // what had been taken did not reach it
 };

@@ -1,15 +1,9 @@
 #include "platform/linux/HostNames.h"
 
 #include "platform/Text.h"
-#include "platform/linux/Descriptor.h"
-
-#include <dirent.h>
-#include <fcntl.h>
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
-#include <memory>
 
 namespace tavel {
 
@@ -47,36 +41,8 @@ std::string NameToCreate(std::string_view name) {
     return kept;
 }
 
-bool NamesMatch(std::string_view a, std::string_view b) {
-    if (IsAscii(a) && IsAscii(b)) return EqualsIgnoringCase(a, b);
-    return EqualsIgnoringCase(ToUtf8(a), ToUtf8(b));
-}
-
-std::vector<std::string> NamesIn(int folder, int& error) {
-    std::vector<std::string> names;
-    Descriptor own(openat(folder, ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(own.IsOpen() ? fdopendir(own.Get()) : nullptr,
-                                                      closedir);
-    if (!listing) {
-        error = errno;
-        return names;
-    }
-    own.Release();  // the listing owns it from here on
-    errno = 0;
-    while (const dirent* entry = readdir(listing.get())) {
-        const std::string_view name = entry->d_name;
-        if (name != "." && name != "..") names.emplace_back(name);
-    }
-    error = errno;
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::string_view MatchingName(const std::vector<std::string>& names, std::string_view name) {
-    const auto match = std::find_if(names.begin(), names.end(), [&](const std::string& candidate) {
-        return NamesMatch(candidate, name);
-    });
-    return match == names.end() ? std::string_view{} : std::string_view(*match);
+std::string MatchKey(std::string_view name) {
+    return LowerCase(IsAscii(name) ? std::string(name) : ToUtf8(name));
 }
 
 }  // namespace tavel

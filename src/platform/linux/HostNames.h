@@ -2,7 +2,6 @@
 
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace tavel {
 
@@ -16,14 +15,7 @@ std::string NameToCreate(std::string_view name);
 // The name without the blanks and dots at its end.
 std::string_view WithoutDroppedEnd(std::string_view name);
 
-// Equal without regard to case and to how the host spells the characters.
-bool NamesMatch(std::string_view a, std::string_view b);
-
-// The names in an open folder in byte order, without "." and "..". Sets `error` to the host's
-// error, 0 when there is none.
-std::vector<std::string> NamesIn(int folder, int& error);
-
-// The one of the names that matches, the first of several in their order; empty when none does.
-std::string_view MatchingName(const std::vector<std::string>& names, std::string_view name);
+// The same for names that match: without regard to case, and to how the host spells the characters.
+std::string MatchKey(std::string_view name);
 
 }  // namespace tavel

@@ -2,12 +2,16 @@
 
 #include <stdlib.h>
 
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 namespace tavel {
 
 std::string HostJoin(std::string_view folder, std::string_view name) {
-    std::string path(folder);
+    std::string path;
+    path.reserve(folder.size() + 1 + name.size());
+    path += folder;
     if (path.empty() || path.back() != '/') path += '/';
     return path.append(name);
 }
@@ -28,6 +32,11 @@ bool IsBelow(std::string_view hostPath, std::string_view root) {
 std::string RealPath(const std::string& hostPath) {
     const std::unique_ptr<char, void (*)(void*)> path(realpath(hostPath.c_str(), nullptr), free);
     return path ? path.get() : std::string();
+}
+
+std::string PathOf(int file) {
+    std::error_code none;
+    return std::filesystem::read_symlink("/proc/self/fd/" + std::to_string(file), none).string();
 }
 
 }  // namespace tavel

@@ -18,5 +18,7 @@ bool IsBelow(std::string_view hostPath, std::string_view root);
 
 // The path of what is there, behind all symbolic links; empty when it leads nowhere.
 std::string RealPath(const std::string& hostPath);
+// The same of what is open, if only to be looked at.
+std::string PathOf(int file);
 
 }  // namespace tavel

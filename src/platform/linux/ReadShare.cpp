@@ -6,20 +6,23 @@ namespace tavel {
 
 namespace {
 
-std::list<FileIdentity>& Held() {
-    static std::list<FileIdentity> held;
+// What each one is is asked when something is to be written, which is seldom next to reading.
+std::list<int>& Held() {
+    static std::list<int> held;
     return held;
 }
 
 }  // namespace
 
-ReadShare::ReadShare(const Place& file) : m_held(Held().emplace(Held().end(), file)) {}
+ReadShare::ReadShare(int file) : m_held(Held().emplace(Held().end(), file)) {}
 
 ReadShare::~ReadShare() { Held().erase(m_held); }
 
 bool ReadShare::IsHeld(const Place& file) {
     if (Held().empty()) return false;
-    return std::find(Held().begin(), Held().end(), FileIdentity(file)) != Held().end();
+    const FileIdentity identity(file);
+    return std::any_of(Held().begin(), Held().end(),
+                       [&](int held) { return FileIdentity(held) == identity; });
 }
 
 }  // namespace tavel

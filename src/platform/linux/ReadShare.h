@@ -10,7 +10,8 @@ namespace tavel {
 // one lives, the same file, under whatever path, can't be opened for writing.
 class ReadShare {
   public:
-    explicit ReadShare(const Place& file);
+    // `file` is open as long as this lives.
+    explicit ReadShare(int file);
     ~ReadShare();
     ReadShare(const ReadShare&) = delete;
     ReadShare& operator=(const ReadShare&) = delete;
@@ -18,7 +19,7 @@ class ReadShare {
     static bool IsHeld(const Place& file);
 
   private:
-    std::list<FileIdentity>::iterator m_held;
+    std::list<int>::iterator m_held;
 };
 
 }  // namespace tavel

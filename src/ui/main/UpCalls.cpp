@@ -4,8 +4,8 @@
 #include "core/LogWindow.h"
 #include "core/MessageBoxes.h"
 #include "device/DeviceWindows.h"
-#include "library/LibraryStore.h"
 #include "library/LibraryWindows.h"
+#include "library/MediaLibraryStore.h"
 #include "platform/EventLoop.h"
 #include "platform/UpCall.h"
 #include "ui/main/frmAdd.h"
@@ -21,6 +21,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/WindowRegistry.h"
+#include "ui/toolkit/WorkWindow.h"
 #include "ui/toolkit/Yielding.h"
 
 #include <QCoreApplication>
@@ -77,7 +78,7 @@ class InvalidFilesOnScreen : public InvalidFilesWindow {
     void AddItem(const std::string& sPath) override {
         SingleWindow<frmInvFiles>::Get().AddItem(sPath);
     }
-    void Show() override { SingleWindow<frmInvFiles>::Get().show(); }
+    void Show() override { ShowDialog(SingleWindow<frmInvFiles>::Get()); }
 };
 
 class CopyOnScreen : public CopyWindow {

@@ -31,7 +31,6 @@ frmAdd::frmAdd()
 
     StyleApply(*this, gStyle);
     setFixedSize(460, sizeHint().height());
-    CenterOnScreen(*this);
 }
 
 void frmAdd::SetPath(const std::string& sPath) { labPath->setText(ToQString(sPath)); }

@@ -59,7 +59,6 @@ frmCopy::frmCopy()
     window->addWidget(Frame1);
     StyleApply(*this, gStyle);
     setFixedSize(520, sizeHint().height());
-    CenterOnScreen(*this);
 }
 
 void frmCopy::PlaceControls(QGroupBox& frame) {

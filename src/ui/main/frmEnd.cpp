@@ -26,7 +26,6 @@ frmEnd::frmEnd() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) 
 
     StyleApply(*this, gStyle);
     resize(240, 72);
-    CenterOnScreen(*this);
 }
 
 }  // namespace tavel

@@ -31,7 +31,6 @@ frmInvFiles::frmInvFiles()
     column->addWidget(cmdOK, 0, Qt::AlignRight);
 
     resize(480, 320);
-    CenterOnScreen(*this);
 }
 
 void frmInvFiles::AddItem(const std::string& sPath) { lstItems->AddItem(sPath); }

@@ -9,6 +9,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/StyleApply.h"
 #include "ui/toolkit/TreeView.h"
+#include "ui/toolkit/WorkWindow.h"
 
 #include <QCloseEvent>
 
@@ -17,6 +18,7 @@ namespace tavel {
 frmMain::frmMain() : m_menus(*this), tmrBack(this), tmrPSP(this) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tavel"));
+    SetWorkWindow(*this);
     tmrBack.setObjectName(QStringLiteral("tmrBack"));
     tmrPSP.setObjectName(QStringLiteral("tmrPSP"));
     AddPictures();

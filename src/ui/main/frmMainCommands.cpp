@@ -16,6 +16,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
+#include "ui/toolkit/WorkWindow.h"
 
 namespace tavel {
 
@@ -43,14 +44,6 @@ bool ConfirmsDelete(const char* sQuestion) {
                   QStringLiteral("Delete Group?")) == MsgBoxAnswer::Yes;
 }
 
-template <class Window>
-void ShowWindow() {
-    Window& window = SingleWindow<Window>::Get();
-    window.show();
-    window.raise();
-    window.activateWindow();
-}
-
 }  // namespace
 
 void frmMain::mnuAddFile_Click() {
@@ -74,9 +67,19 @@ void frmMain::mnuAddFolder_Click() {
     UpCall<AddWindow>::Get().Unload();
 }
 
-void frmMain::mnuShowLog_Click() { ShowWindow<frmLog>(); }
+// A window beside this one, not a dialog.
+void frmMain::mnuShowLog_Click() {
+    frmLog& window = SingleWindow<frmLog>::Get();
+    window.show();
+    window.raise();
+    window.activateWindow();
+}
 
-void frmMain::mnuSetupPSP_Click() { ShowWindow<frmNewPSP>(); }
+void frmMain::mnuSetupPSP_Click() {
+    frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
+    ShowDialog(window);
+    window.activateWindow();
+}
 
 void frmMain::CreateGroup(Integer iType) {
     std::vector<std::string> sIDs{""};

@@ -5,6 +5,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/QuietEvents.h"
 #include "ui/toolkit/TreeView.h"
 #include "ui/toolkit/Twips.h"
 
@@ -67,6 +68,7 @@ void frmMain::cmdSend_Click() {
     std::vector<std::string> sIDs;
     FormSyncList(sIDs);
     TransferToPSP(sIDs);
+    DropInput();
 }
 
 void frmMain::cmdClear_Click() { grdSync->Clear(); }

@@ -59,7 +59,6 @@ frmNewPSP::frmNewPSP()
 
     StyleApply(*this, gStyle);
     setFixedSize(380, heightForWidth(380));
-    CenterOnScreen(*this);
 }
 
 void frmNewPSP::cmdOK_Click() {

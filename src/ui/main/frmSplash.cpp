@@ -1,7 +1,5 @@
 #include "ui/main/frmSplash.h"
 
-#include "ui/toolkit/Controls.h"
-
 #include <QPainter>
 
 namespace tavel {
@@ -13,7 +11,6 @@ frmSplash::frmSplash()
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(QStringLiteral("Tavel"));
     setFixedSize(800, 300);
-    CenterOnScreen(*this);
 }
 
 void frmSplash::paintEvent(QPaintEvent*) { QPainter(this).drawPixmap(rect(), m_picture); }

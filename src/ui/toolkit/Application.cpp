@@ -1,6 +1,7 @@
 #include "ui/toolkit/Application.h"
 
 #include "core/MessageBoxes.h"
+#include "platform/Activity.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
 
@@ -21,6 +22,8 @@ constexpr double textPoints = 8.25;
 
 constexpr Long outOfMemory = 7;
 constexpr Long internalError = 51;
+
+constexpr const char* ending = "Tavel has to close. Changes since the start are not saved.";
 
 // Qt's file dialog keeps its look and the folders it was in in a file that all Qt programs of the
 // user share. Ours neither takes anything from it nor leaves anything there.
@@ -81,19 +84,24 @@ void Application::Guard(const std::function<void()>& work) {
 }
 
 void Application::HandleFailure() noexcept {
+    const std::string activity = TakeFailedActivity();
     const Failure failure = CurrentFailure();
     // A failure of the message's own leaves only the end.
-    if (!std::exchange(m_failed, true)) FailureMessage(failure);
+    if (!std::exchange(m_failed, true)) FailureMessage(failure, activity);
     m_end();
     m_failed = false;
 }
 
-void Application::FailureMessage(const Failure& failure) {
-    const std::string text =
-        "Run-time error '" + std::to_string(failure.Number()) + "':\r\r" + failure.Description();
-    std::fprintf(stderr, "%s: run-time error %ld: %s\n", ProgramTitle,
-                 static_cast<long>(failure.Number()), failure.Description().c_str());
-    MsgBox(ToQString(text));
+void Application::FailureMessage(const Failure& failure, const std::string& activity) {
+    const std::string number = std::to_string(failure.Number());
+    std::string text = "Run-time error '" + number + "':\r\r" + failure.Description() + "\r\r";
+    std::string line = ProgramTitle + (": run-time error " + number) + ": " + failure.Description();
+    if (!activity.empty()) {
+        text += activity + "\r\r";
+        line += " (" + activity + ")";
+    }
+    std::fprintf(stderr, "%s\n%s\n", line.c_str(), ending);
+    MsgBox(ToQString(text + ending));
 }
 
 }  // namespace tavel

@@ -4,12 +4,13 @@
 
 #include <QApplication>
 #include <functional>
+#include <string>
 
 namespace tavel {
 
 // The process's application object. A failure that reaches the event loop, and one that Guard
-// lets through, is fatal: its number and text are shown in a box, and the process ends with
-// nothing saved.
+// lets through, is fatal: its number and text are shown in a box with what the program was doing,
+// and the process ends with nothing saved.
 class Application : public QApplication {
     Q_OBJECT
 
@@ -26,7 +27,7 @@ class Application : public QApplication {
 
   private:
     void HandleFailure() noexcept;
-    void FailureMessage(const Failure& failure);
+    static void FailureMessage(const Failure& failure, const std::string& activity);
 
     std::function<void()> m_end;
     bool m_failed = false;

@@ -1,8 +1,6 @@
 #include "ui/toolkit/Controls.h"
 
-#include <QGuiApplication>
 #include <QPushButton>
-#include <QScreen>
 #include <QShortcut>
 
 namespace tavel {
@@ -33,11 +31,6 @@ void SetEnterButton(QWidget& window, QPushButton& button) {
 
 void PlainButtons(QWidget& dialog) {
     for (QPushButton* button : dialog.findChildren<QPushButton*>()) button->setIcon(QIcon());
-}
-
-void CenterOnScreen(QWidget& window) {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    window.move(screen.center() - QRect(QPoint(0, 0), window.size()).center());
 }
 
 }  // namespace tavel

@@ -25,7 +25,4 @@ void SetEnterButton(QWidget& window, QPushButton& button);
 // Takes the pictures off a stock dialog's buttons, so that they look like the program's own.
 void PlainButtons(QWidget& dialog);
 
-// Puts a window that was not shown yet in the middle of the screen.
-void CenterOnScreen(QWidget& window);
-
 }  // namespace tavel

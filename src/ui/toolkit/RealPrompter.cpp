@@ -3,8 +3,8 @@
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
+#include "ui/toolkit/WorkWindow.h"
 
-#include <QApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QInputDialog>
@@ -72,7 +72,7 @@ QString WithLineBreaks(QString text) {
 
 MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
                                   const QString& title) {
-    Modal<QMessageBox> box(QApplication::activeWindow());
+    Modal<QMessageBox> box(BoxOwner());
     box->setObjectName(QStringLiteral("MsgBox"));
     box->setWindowTitle(title);
     box->setTextFormat(Qt::PlainText);
@@ -84,7 +84,7 @@ MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
 
 QString RealPrompter::InputBox(const QString& prompt, const QString& title,
                                const QString& defaultText) {
-    Modal<QInputDialog> box(QApplication::activeWindow());
+    Modal<QInputDialog> box(BoxOwner());
     box->setObjectName(QStringLiteral("InputBox"));
     box->setWindowTitle(title);
     box->setLabelText(prompt);

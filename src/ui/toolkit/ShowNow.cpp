@@ -1,8 +1,9 @@
 #include "ui/toolkit/ShowNow.h"
 
-#include <QCoreApplication>
+#include "ui/toolkit/QuietEvents.h"
+#include "ui/toolkit/WorkWindow.h"
+
 #include <QDeadlineTimer>
-#include <QEventLoop>
 #include <QLayout>
 #include <QThread>
 #include <QWidget>
@@ -22,8 +23,7 @@ bool IsOnScreen(const QWidget& window) {
 void WaitUntilOnScreen(const QWidget& window) {
     const QDeadlineTimer deadline(longestWait);
     while (true) {
-        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents |
-                                        QEventLoop::X11ExcludeTimers);
+        TakeWindowEvents();
         if (IsOnScreen(window) || deadline.hasExpired()) return;
         QThread::msleep(1);
     }
@@ -39,12 +39,11 @@ void ActivateLayouts(QWidget& widget) {
 
 }  // namespace
 
-void ShowNow(QWidget& window) {
-    window.show();
-    window.raise();
-    // A window that is on the screen already needs no answer from the window system.
-    if (!IsOnScreen(window)) WaitUntilOnScreen(window);
-    RepaintNow(window);
+void ShowNow(QWidget& dialog) {
+    ShowDialog(dialog);
+    // What is on the screen already needs no answer from the window system.
+    if (!IsOnScreen(dialog)) WaitUntilOnScreen(dialog);
+    RepaintNow(dialog);
 }
 
 void RepaintNow(QWidget& widget) {

@@ -1,4 +1,4 @@
-#include "library/LibraryStore.h"
+#include "library/MediaLibraryStore.h"
 
 #include "library/Collections.h"
 #include "library/LibraryFile.h"

@@ -1,0 +1,131 @@
+#include "core/Options.h"
+#include "library/Adding.h"
+#include "library/Folders.h"
+#include "library/Groups.h"
+#include "library/LibraryFile.h"
+#include "library/LibraryFixture.h"
+#include "library/Scan.h"
+#include "platform/Failure.h"
+#include "support/FaultyFileService.h"
+
+#include <filesystem>
+
+namespace tavel::test {
+namespace {
+
+// What the failure message says that the program was doing, for each thing that can fail in the
+// library.
+class FailedActivity : public LibraryTest {
+  protected:
+    ~FailedActivity() override { UseFileService(nullptr); }
+
+    std::string At(const std::string& name) const { return temp.DrivePath(name); }
+
+    FaultyFileService files;
+};
+
+TEST_F(FailedActivity, Adding_names_the_file) {
+    const std::string sPath = Write("empty.mp3", "");
+    const auto expectNamed = [&](auto&& add) {
+        EXPECT_EQ(FailedActivityOf(add), "Adding " + sPath);
+        ReleaseCollections();
+    };
+    expectNamed([&] { AddFile(sPath); });
+    expectNamed([&] { AddFiles({sPath, ""}); });
+    expectNamed([&] { AddFiles({temp.DrivePath(""), "empty.mp3", ""}); });
+    expectNamed([&] { AddFolder(temp.DrivePath(""), true, false, true, true); });
+}
+
+TEST_F(FailedActivity, Adding_names_a_file_without_an_extension) {
+    Write("db.txt", "");
+    std::filesystem::remove(temp.HostPath("db.txt"));
+    const std::string sPath = Write("README", "x");
+    EXPECT_EQ(FailedActivityOf([&] { AddFolder(temp.DrivePath(""), true, false, true, true); }),
+              "Adding " + sPath);
+}
+
+TEST_F(FailedActivity, Adding_names_the_file_that_the_disk_could_not_give) {
+    const std::string sPath = Write("a.mp3", "some bytes of a file");
+    UseFileService(&files);
+    files.FailReadAfter("a.mp3", 0);
+    EXPECT_EQ(FailedActivityOf([&] { AddFile(sPath); }), "Adding " + sPath);
+}
+
+TEST_F(FailedActivity, A_walk_names_the_folder_in_which_it_ends) {
+    const std::string sInner = At("in\\ner");
+    Write("in/ner/a.mp4", "x");
+    UseFileService(&files);
+    files.FailOn("GetFolder " + sInner, failure::PermissionDenied);
+    EXPECT_EQ(FailedActivityOf([&] { AddFolder(At("in"), true, false, true, true); }),
+              "Scanning " + sInner);
+}
+
+TEST_F(FailedActivity, A_scan_names_the_watched_folder_that_has_gone) {
+    Contain("[watch]\r\nnoofflds=1\r\n0=" + At("gone") + "\r\n");
+    EXPECT_EQ(FailedActivityOf(BackgroundScan), "Scanning " + At("gone"));
+}
+
+TEST_F(FailedActivity, A_scan_without_a_count_names_the_section) {
+    Contain("");
+    EXPECT_EQ(FailedActivityOf(BackgroundScan), "Reading [watch] of " + sDBFile);
+}
+
+TEST_F(FailedActivity, Grouping_names_the_group) {
+    Give(colMusic, "mu_a");
+    MakeGroup({"mu_a"}, "One", mtPlaylist);
+    EXPECT_EQ(FailedActivityOf([] { MakeGroup({"mu_a"}, "Two", mtPlaylist); }),
+              "Making the group Two");
+    EXPECT_EQ(FailedActivityOf([] { AddToGroup({"mu_x"}, "pl_"); }), "Adding to the group One");
+}
+
+TEST_F(FailedActivity, Deleting_names_the_file) {
+    Give(colPhoto, "ph_a", At("none.jpg"));
+    bool bDeleteFile = true;
+    EXPECT_EQ(FailedActivityOf([&] { RemoveItem("ph_a", bDeleteFile); }),
+              "Deleting " + At("none.jpg"));
+}
+
+TEST_F(FailedActivity, Removing_names_the_file_or_the_group_or_at_least_the_id) {
+    Give(colPhoto, "ph_a", At("a.jpg"));
+    Give(colPhoto, "ph_b", At("b.jpg"));
+    const std::string sAlbum = MakeGroup({"ph_a", "ph_b"}, "Summer", mtPhotoAlbum);
+    MakeGroup({"ph_b"}, "Winter", mtPhotoAlbum);
+    bool bDeleteFile = false;
+    EXPECT_EQ(FailedActivityOf([&] { RemoveItem("ph_b", bDeleteFile); }),
+              "Removing " + At("b.jpg") + " from the library");
+    AddToGroup({"ph_b"}, sAlbum);
+    EXPECT_EQ(FailedActivityOf([&] { RemoveItem(sAlbum, bDeleteFile); }),
+              "Removing the group Summer from the library");
+    EXPECT_EQ(FailedActivityOf([&] { RemoveItem("ph_x", bDeleteFile); }),
+              "Removing ph_x from the library");
+}
+
+TEST_F(FailedActivity, Moving_into_the_library_folders_names_both_places) {
+    sDefaultDBPath = At("library");
+    Give(colPhoto, "ph_a", At("a.jpg")).sName = "Holiday";
+    EXPECT_EQ(FailedActivityOf([] { MoveToDBFolder("ph_a"); }),
+              "Moving " + At("a.jpg") + " to " + At("library\\Photos\\Holiday.jpg"));
+}
+
+TEST_F(FailedActivity, Loading_names_the_section_of_the_file) {
+    Contain(
+        "[DB]\r\nNoOfItems=2\r\n[1]\r\nID=x\r\nType=6\r\n[2]\r\nID=ph_a\r\nType=0\r\n"
+        "SizeW=many\r\n");
+    EXPECT_EQ(FailedActivityOf(LoadDB), "Loading [2] of " + sDBFile);
+}
+
+TEST_F(FailedActivity, The_settings_name_what_was_to_be_read) {
+    Contain("[options]\r\nbFirstTime=perhaps\r\n[musicsupport]\r\nno=1\r\n0=mp3\r\n");
+    EXPECT_EQ(FailedActivityOf(LoadOptions), "Reading the options of " + sDBFile);
+    EXPECT_EQ(FailedActivityOf(LoadSupportedExts), "Reading the list videosupport of " + sDBFile);
+}
+
+TEST_F(FailedActivity, A_folder_that_cannot_be_made_leaves_nothing_for_a_later_failure) {
+    UseFileService(&files);
+    files.FailOn("CreateFolder", failure::PermissionDenied);
+    EXPECT_FALSE(MakeDBFolders(At("library")));
+    EXPECT_EQ(FailedActivityOf([] { colPhoto.Item("none"); }), "");
+}
+
+}  // namespace
+}  // namespace tavel::test

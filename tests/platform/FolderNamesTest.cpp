@@ -1,0 +1,108 @@
+#include "platform/OnEachDrive.h"
+#include "support/FoldersRead.h"
+
+#include <unistd.h>
+
+#include <fstream>
+
+// Whether a name is there without regard to case is told from memory where that is as good as
+// looking.
+
+namespace tavel::test {
+
+namespace {
+
+using FolderNames = OnEachDrive;
+using FolderNamesOnC = HostDrives;
+
+INSTANTIATE_TEST_SUITE_P(Drives, FolderNames, ::testing::Values('c', 'e'),
+                         [](const auto& drive) { return std::string(1, drive.param); });
+
+}  // namespace
+
+TEST_P(FolderNames, Many_new_names_in_a_folder_cost_one_reading_of_it) {
+    Put("a/source.jpg", "x");
+    fs::create_directory(Host("b"));
+    EXPECT_TRUE(files->FolderExists(At("b")));
+    const auto number = [](int i) { return std::to_string(i) + ".jpg"; };
+    const int before = FoldersRead();
+    for (int i = 0; i < 30; ++i) {
+        files->CreateTextFile(At("b\\made" + number(i)), false);
+        files->CopyFile(At("a\\source.jpg"), At("b\\copied" + number(i)), false);
+        files->MoveFile(At("b\\copied" + number(i)), At("b\\moved" + number(i)));
+        EXPECT_FALSE(files->FileExists(At("b\\none" + number(i))));
+        EXPECT_TRUE(files->FileExists(At("b\\MOVED" + number(i))));
+        files->DeleteFile(At("b\\MADE" + number(i)), false);
+    }
+    EXPECT_LE(FoldersRead() - before, 1);
+}
+
+TEST_P(FolderNames, What_others_do_in_a_folder_is_seen_at_once) {
+    EXPECT_FALSE(files->FileExists(At("a.txt")));
+    for (int i = 0; i < 20; ++i) {
+        Put("A.txt", "x");
+        ASSERT_EQ(FailureOf([&] { files->CreateTextFile(At("a.TXT"), false); }), 58);
+        fs::rename(Host("A.txt"), Host("b.txt"));
+        ASSERT_FALSE(files->FileExists(At("a.TXT")));
+        ASSERT_TRUE(files->FileExists(At("B.TXT")));
+        fs::remove(Host("b.txt"));
+        ASSERT_FALSE(files->FileExists(At("B.TXT")));
+        fs::create_directory(Host("A.txt"));
+        ASSERT_TRUE(files->FolderExists(At("a.TXT")));
+        fs::remove(Host("A.txt"));
+        fs::create_symlink("none", Host("a.txt"));
+        fs::remove(Host("a.txt"));
+    }
+}
+
+TEST_P(FolderNames, A_folder_that_was_replaced_or_moved_is_another_one) {
+    Put("a/One.txt", "x");
+    Put("b/Two.txt", "x");
+    EXPECT_TRUE(files->FileExists(At("a\\one.txt")));
+    EXPECT_TRUE(files->FileExists(At("b\\two.txt")));
+    fs::rename(Host("a"), Host("c"));
+    fs::rename(Host("b"), Host("a"));
+    EXPECT_FALSE(files->FileExists(At("a\\one.txt")));
+    EXPECT_TRUE(files->FileExists(At("a\\two.txt")));
+    EXPECT_TRUE(files->FileExists(At("c\\one.txt")));
+    fs::remove_all(Host("a"));
+    Put("a/Three.txt", "x");
+    EXPECT_FALSE(files->FileExists(At("a\\two.txt")));
+    EXPECT_TRUE(files->FileExists(At("a\\three.txt")));
+}
+
+TEST_P(FolderNames, More_folders_than_are_remembered_are_told_apart) {
+    for (int round = 0; round < 2; ++round) {
+        for (int i = 0; i < 40; ++i) {
+            const std::string folder = std::to_string(i);
+            if (round == 0) Put(folder + "/A" + folder + ".txt", "x");
+            ASSERT_TRUE(files->FileExists(At(folder + "\\a" + folder + ".txt")));
+            ASSERT_FALSE(files->FileExists(At(folder + "\\a" + std::to_string(i + 1) + ".txt")));
+        }
+    }
+}
+
+// The kernel keeps so many news and drops what comes later.
+TEST_P(FolderNames, More_changes_than_the_kernel_keeps_are_seen_all_the_same) {
+    int limit = 0;
+    std::ifstream("/proc/sys/fs/inotify/max_queued_events") >> limit;
+    if (limit == 0 || limit > 50'000) GTEST_SKIP() << "the kernel keeps " << limit << " changes";
+    Put("A.txt", "x");
+    EXPECT_TRUE(files->FileExists(At("a.TXT")));
+    for (int i = 0; i <= limit / 2; ++i) {
+        ASSERT_EQ(symlink("none", Host("link").c_str()), 0);
+        ASSERT_EQ(unlink(Host("link").c_str()), 0);
+    }
+    fs::rename(Host("A.txt"), Host("B.txt"));
+    EXPECT_FALSE(files->FileExists(At("a.TXT")));
+    EXPECT_TRUE(files->FileExists(At("b.TXT")));
+}
+
+// Such as a share of another machine, of whose changes this one's kernel tells nothing.
+TEST_F(FolderNamesOnC, A_folder_that_the_kernel_cannot_speak_for_is_read_each_time) {
+    const int before = FoldersRead();
+    for (int i = 0; i < 3; ++i) EXPECT_FALSE(files->FileExists("c:\\proc\\self\\Nothing"));
+    EXPECT_EQ(FoldersRead() - before, 3);
+}
+
+}  // namespace tavel::test
