@@ -47,7 +47,7 @@ void AddTrack(int number) {
     track.sAlbum = "The Album";
     track.sFormat = "mp3";
     track.iSize = 4000000 + number * 37;
-    track.sPath = "C:\\Music\\Some folder\\" + track.sName + ".mp3";
+    track.sPath("C:\\Music\\Some folder\\" + track.sName + ".mp3");
     colMusic.Add(track.sDBID, track);
 }
 

@@ -2,6 +2,7 @@
 
 #include "core/LogWindow.h"
 #include "platform/Clock.h"
+#include "platform/Text.h"
 #include "platform/UpCall.h"
 
 #include <algorithm>
@@ -14,9 +15,7 @@ namespace {
 // Categories are the program's own words, in ASCII.
 std::string UpperCase(std::string_view category) {
     std::string upper(category);
-    std::transform(upper.begin(), upper.end(), upper.begin(), [](char letter) {
-        return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
-    });
+    std::transform(upper.begin(), upper.end(), upper.begin(), AsciiUpper);
     return upper;
 }
 

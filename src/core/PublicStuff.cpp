@@ -30,32 +30,4 @@ FileService& oFSO() { return HostFileService(); }
 
 void UseFileService(FileService* service) { UseHostFileService(service); }
 
-void ResetPublicStuff() {
-    bFirstTime = false;
-    sDefaultDBPath.clear();
-    bAutoGroup = false;
-    bAddHiddenFiles = false;
-    bScanOnAppStart = false;
-    iVidThumbMode = 0;
-    bGroupZip = false;
-
-    sMusicSupport.clear();
-    sVideoSupport.clear();
-    sPhotoSupport.clear();
-
-    bPSPConnected = false;
-    sPSPName.clear();
-    sPSPDataFile.clear();
-    oPSPDrive.reset();
-
-    sDBFile.clear();
-    gStyle = Style{};
-    iScanTicks = 0;
-    iScanDelay = 0;
-    bScanning = false;
-    bDBChanged = false;
-
-    UseFileService(nullptr);
-}
-
 }  // namespace tavel

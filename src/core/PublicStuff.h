@@ -53,7 +53,4 @@ extern bool bDBChanged;     // the library has changes that ShutDown must save
 FileService& oFSO();
 void UseFileService(FileService* service);
 
-// Puts all of the above back to what it is when the process begins.
-void ResetPublicStuff();
-
 }  // namespace tavel

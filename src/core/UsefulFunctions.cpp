@@ -36,7 +36,7 @@ std::size_t LastDot(std::string_view sPath) {
     const std::size_t dot = sPath.rfind('.');
     if (dot == std::string_view::npos) Fail(failure::Overflow);
     const std::string_view walked = sPath.substr(dot);
-    if (walked.size() > WalkLimit && Characters(walked).size() > WalkLimit) Fail(failure::Overflow);
+    if (walked.size() > WalkLimit && CharacterCount(walked) > WalkLimit) Fail(failure::Overflow);
     return dot;
 }
 
@@ -58,7 +58,7 @@ std::string GetFileExt(std::string_view sPath) {
 }
 
 std::string PadZeros(std::string_view sValue, Integer iWidth) {
-    const auto length = static_cast<std::int64_t>(Characters(sValue).size());
+    const auto length = static_cast<std::int64_t>(CharacterCount(sValue));
     std::string padded;
     if (length < iWidth) padded.assign(static_cast<std::size_t>(iWidth - length), '0');
     return padded.append(sValue);

@@ -26,7 +26,7 @@ struct RootName {
 constexpr RootName RootNames[] = {{"HKCU", 0x80000001}, {"HKLM", 0x80000002}, {"HKU", 0x80000003},
                                   {"HKDD", 0x80000006}, {"HKCC", 0x80000005}, {"HKCR", 0x80000000}};
 
-bool IsText(std::string_view kind) { return EqualsIgnoringCase(kind, "S"); }
+bool IsText(std::string_view kind) { return kind == "s" || kind == "S"; }
 
 void Assign(std::string& out, std::string_view text) { out = text; }
 
@@ -55,19 +55,6 @@ Long ReadGuarded(std::string_view root, std::string_view section, std::string_vi
     }
 }
 
-template <class Write>
-Long WriteGuarded(std::string_view root, Write&& write) {
-    try {
-        const Long rootKey = GetRootKey(root);
-        if (rootKey == NothingToActOn) return StatusAtStart;
-        if (rootKey != ProfileMode) return RegistryKeyNotFound;
-        write();
-        return 0;
-    } catch (const Failure&) {
-        return StatusAtStart;
-    }
-}
-
 }  // namespace
 
 Long GetRootKey(std::string_view name) {
@@ -90,13 +77,15 @@ Long ReadValue(std::string_view root, std::string_view section, std::string_view
 
 Long WriteValue(std::string_view root, std::string_view section, std::string_view key,
                 std::string_view kind, std::string_view value) {
-    return WriteGuarded(root, [&] {
+    try {
+        const Long rootKey = GetRootKey(root);
+        if (rootKey == NothingToActOn) return StatusAtStart;
+        if (rootKey != ProfileMode) return RegistryKeyNotFound;
         if (IsText(kind)) WritePrivateProfileString(section, key, value, root);
-    });
-}
-
-Long WriteValues(std::string_view root, std::string_view section, const ProfileLines& lines) {
-    return WriteGuarded(root, [&] { WritePrivateProfileLines(section, lines, root); });
+        return 0;
+    } catch (const Failure&) {
+        return StatusAtStart;
+    }
 }
 
 }  // namespace tavel

@@ -7,8 +7,6 @@
 
 namespace tavel {
 
-class ProfileLines;
-
 // Reading and writing of db.txt and of the identity file on the stick go through these.
 // `root` is the full path of a profile file or the name of a registry root; `kind` is "S" text,
 // "B" boolean or "D" 32-bit number, in either case. All return a status that callers ignore: 0 in
@@ -24,9 +22,6 @@ Long ReadValue(std::string_view root, std::string_view section, std::string_view
 
 Long WriteValue(std::string_view root, std::string_view section, std::string_view key,
                 std::string_view kind, std::string_view value);
-
-// As WriteValue with kind "S" of each of the lines' keys in their order.
-Long WriteValues(std::string_view root, std::string_view section, const ProfileLines& lines);
 
 // What a root stands for: 1 profile mode, 0 nothing to act on, else the registry root's handle.
 Long GetRootKey(std::string_view name);

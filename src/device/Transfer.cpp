@@ -43,7 +43,7 @@ class Transfer {
                 return SendVideo(colVideo.Item(sID));
             case mtMagazine:
             case mtPhotoAlbum:
-                return SendPages(GroupOf(static_cast<MediaType>(iType), sID));
+                return SendPages(GroupOf(iType, sID));
             case mtVidSeries:
                 return SendEpisodes(colVidSeries.Item(sID));
             case mtPlaylist:
@@ -79,8 +79,9 @@ class Transfer {
     void SendPages(const Group& group) {
         ShowGroup(group);
         const std::string sFolder = MakeGroupFolder(PhotoFolder, group);
-        SendMembers(group, mtPhoto,
-                    [&](const Item& page) { CopyAtOnce(page.sPath, sFolder + FileNameOf(page)); });
+        SendMembers(group, mtPhoto, [&](const Item& page) {
+            CopyAtOnce(page.sPath(), sFolder + FileNameOf(page));
+        });
     }
 
     void SendTracks(const Playlist& list) {
@@ -103,8 +104,8 @@ class Transfer {
     template <class Copy>
     void SendMembers(const Group& group, MediaType memberType, Copy&& copy) {
         for (Integer i = 0; i < group.Count(); ++i) {
-            const Doing sending("Sending", group.Get_sMemberID(i), "of", group.sName);
-            const Item& member = ItemOf(memberType, group.Get_sMemberID(i));
+            const Doing sending("Sending", group.Members().Get(i), "of", group.sName);
+            const Item& member = ItemOf(memberType, group.Members().Get(i));
             m_frmCopy.SetSubFile(member.sName);
             m_frmCopy.Repaint();
             copy(member);
@@ -114,8 +115,8 @@ class Transfer {
     }
 
     void Copy(const Item& item, const std::string& sTarget) {
-        const Doing sending("Sending", item.sPath, "to", sTarget);
-        CopyWithProgress(item.sPath, sTarget, m_pgbCurr);
+        const Doing sending("Sending", item.sPath(), "to", sTarget);
+        CopyWithProgress(item.sPath(), sTarget, m_pgbCurr);
     }
 
     static void CopyAtOnce(const std::string& sSource, const std::string& sTarget) {

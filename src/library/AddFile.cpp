@@ -17,24 +17,13 @@ bool Holds(const std::vector<std::string>& extensions, const std::string& extens
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
 
-template <class T>
-T& AddRecord(Collection<T>& collection, T*& current, const std::string& sID,
-             const std::string& sPath) {
-    collection.Add(sID, T{});
-    current = &collection.Item(sID);
-    current->sDBID = sID;
-    current->sFormat = GetFileExt(sPath);
-    return *current;
-}
-
 void SetFile(Item& item, const FileEntry& file, const std::string& sPath) {
-    item.sPath = sPath;
+    item.sPath(sPath);
     item.iSize = ToLong(file.Size);
 }
 
 // A track without a tag has no name: the file's own is not taken for it.
-void AddMusic(const std::string& sID, const std::string& sPath, const FileEntry& file) {
-    Music& music = AddRecord(colMusic, curMusic, sID, sPath);
+void Fill(Music& music, const FileEntry& file, const std::string& sPath) {
     cMP3ID3v2 tag;
     tag.MP3File(sPath);
     music.sName = tag.Title();
@@ -43,14 +32,12 @@ void AddMusic(const std::string& sID, const std::string& sPath, const FileEntry&
     SetFile(music, file, sPath);
 }
 
-void AddVideo(const std::string& sID, const std::string& sPath, const FileEntry& file) {
-    Video& video = AddRecord(colVideo, curVideo, sID, sPath);
+void Fill(Video& video, const FileEntry& file, const std::string& sPath) {
     SetFile(video, file, sPath);
     video.sName = StripExt(file.Name);
 }
 
-void AddPhoto(const std::string& sID, const std::string& sPath, const FileEntry& file) {
-    Photo& photo = AddRecord(colPhoto, curPhoto, sID, sPath);
+void Fill(Photo& photo, const FileEntry& file, const std::string& sPath) {
     SetFile(photo, file, sPath);
     photo.sName = StripExt(file.Name);
     const PictureSize size = SizeOfPicture(sPath);
@@ -70,23 +57,20 @@ Integer GetFileType(std::string_view sPath) {
 
 std::string AddFile(const std::string& sPath, bool bMayBeHidden) {
     const Doing adding("Adding", sPath);
+    // Cut at the next load, it would lead nowhere.
+    if (IsPathTooLong(sPath)) return "-1";
     const Integer iType = GetFileType(sPath);
     if (iType == -1) return "-1";
     bDBChanged = true;
     const FileEntry file = oFSO().GetFile(sPath);
     if (bMayBeHidden && !bAddHiddenFiles && file.Hidden) return {};
-    std::string sID = MakeDBID(sPath, iType);
-    switch (iType) {
-        case mtMusic:
-            AddMusic(sID, sPath, file);
-            break;
-        case mtVideo:
-            AddVideo(sID, sPath, file);
-            break;
-        default:
-            AddPhoto(sID, sPath, file);
-            break;
-    }
+    std::string sID = MakeDBID(file, iType);
+    WithItems(iType, [&](auto& items, auto*& current) {
+        current = &items.Add(sID, {});
+        current->sDBID = sID;
+        current->sFormat = GetFileExt(sPath);
+        Fill(*current, file, sPath);
+    });
     return sID;
 }
 

@@ -1,7 +1,5 @@
 #include "library/Collections.h"
 
-#include "platform/Failure.h"
-
 namespace tavel {
 
 Collection<Photo> colPhoto;
@@ -20,90 +18,33 @@ VidSeries* curVidSeries = nullptr;
 Music* curMusic = nullptr;
 Playlist* curPlaylist = nullptr;
 
-namespace {
-
-template <class T>
-void Empty(Collection<T>& collection, T*& current) {
-    current = nullptr;
-    collection.Clear();
-}
-
-template <class T>
-void Remove(Collection<T>& collection, T*& current, std::string_view sID) {
-    if (&collection.Item(sID) == current) current = nullptr;
-    collection.Remove(sID);
-}
-
-}  // namespace
-
 void ReleaseCollections() {
-    Empty(colPhoto, curPhoto);
-    Empty(colMagazine, curMagazine);
-    Empty(colPhotoAlbum, curPhotoAlbum);
-    Empty(colVideo, curVideo);
-    Empty(colVidSeries, curVidSeries);
-    Empty(colMusic, curMusic);
-    Empty(colPlaylist, curPlaylist);
-}
-
-Item& ItemOf(MediaType itemType, std::string_view sID) {
-    switch (itemType) {
-        case mtPhoto:
-            return colPhoto.Item(sID);
-        case mtVideo:
-            return colVideo.Item(sID);
-        case mtMusic:
-            return colMusic.Item(sID);
-        default:
-            Fail(failure::InvalidProcedureCall);
+    for (const MediaType type : MediaTypes) {
+        WithCollection(type, [](auto& collection, auto*& current) {
+            current = nullptr;
+            collection.Clear();
+        });
     }
 }
 
-Group& GroupOf(MediaType groupType, std::string_view sID) {
-    switch (groupType) {
-        case mtMagazine:
-            return colMagazine.Item(sID);
-        case mtPhotoAlbum:
-            return colPhotoAlbum.Item(sID);
-        case mtVidSeries:
-            return colVidSeries.Item(sID);
-        case mtPlaylist:
-            return colPlaylist.Item(sID);
-        default:
-            Fail(failure::InvalidProcedureCall);
-    }
+Item& ItemOf(Integer itemType, std::string_view sID) {
+    return WithItems(itemType, [&](auto& items, auto*) -> Item& { return items.Item(sID); });
 }
 
-Record& RecordOf(MediaType type, std::string_view sID) {
-    if (IsItemType(type)) return ItemOf(type, sID);
-    return GroupOf(type, sID);
+Group& GroupOf(Integer groupType, std::string_view sID) {
+    return WithGroups(groupType, [&](auto& groups, auto*) -> Group& { return groups.Item(sID); });
 }
 
-void RemoveRecord(MediaType type, std::string_view sID) {
-    switch (type) {
-        case mtPhoto:
-            return Remove(colPhoto, curPhoto, sID);
-        case mtMagazine:
-            return Remove(colMagazine, curMagazine, sID);
-        case mtPhotoAlbum:
-            return Remove(colPhotoAlbum, curPhotoAlbum, sID);
-        case mtVideo:
-            return Remove(colVideo, curVideo, sID);
-        case mtVidSeries:
-            return Remove(colVidSeries, curVidSeries, sID);
-        case mtMusic:
-            return Remove(colMusic, curMusic, sID);
-        case mtPlaylist:
-            return Remove(colPlaylist, curPlaylist, sID);
-    }
-    Fail(failure::InvalidProcedureCall);
+Record& RecordOf(Integer iType, std::string_view sID) {
+    return WithCollection(iType,
+                          [&](auto& records, auto*) -> Record& { return records.Item(sID); });
 }
 
-bool IsItemType(Integer iType) { return iType == mtPhoto || iType == mtVideo || iType == mtMusic; }
-
-bool IsGroupType(Integer iType) {
-    return iType == mtMagazine || iType == mtPhotoAlbum || iType == mtVidSeries ||
-           iType == mtPlaylist;
+void RemoveRecord(Integer iType, std::string_view sID) {
+    WithCollection(iType, [&](auto& records, auto*& current) {
+        if (&records.Item(sID) == current) current = nullptr;
+        records.Remove(sID);
+    });
 }
 
 }  // namespace tavel

@@ -2,6 +2,7 @@
 
 #include "library/Records.h"
 #include "platform/Collection.h"
+#include "platform/Failure.h"
 
 #include <string_view>
 
@@ -28,16 +29,51 @@ extern Playlist* curPlaylist;
 // Empties the collections and drops the working references.
 void ReleaseCollections();
 
+// Hands the collection of a type and its working reference to `use`, and gives back what that
+// returns. A type that is none of these fails with 5: items are 0, 3 and 5, groups 1, 2, 4 and 8.
+template <class Use>
+decltype(auto) WithItems(Integer iType, Use&& use) {
+    switch (iType) {
+        case mtPhoto:
+            return use(colPhoto, curPhoto);
+        case mtVideo:
+            return use(colVideo, curVideo);
+        case mtMusic:
+            return use(colMusic, curMusic);
+        default:
+            Fail(failure::InvalidProcedureCall);
+    }
+}
+
+template <class Use>
+decltype(auto) WithGroups(Integer iType, Use&& use) {
+    switch (iType) {
+        case mtMagazine:
+            return use(colMagazine, curMagazine);
+        case mtPhotoAlbum:
+            return use(colPhotoAlbum, curPhotoAlbum);
+        case mtVidSeries:
+            return use(colVidSeries, curVidSeries);
+        case mtPlaylist:
+            return use(colPlaylist, curPlaylist);
+        default:
+            Fail(failure::InvalidProcedureCall);
+    }
+}
+
+template <class Use>
+decltype(auto) WithCollection(Integer iType, Use&& use) {
+    if (IsItemType(iType)) return WithItems(iType, use);
+    return WithGroups(iType, use);
+}
+
 // Look-ups that need not know the class. Each fails with 5 when no record has the id.
-Item& ItemOf(MediaType itemType, std::string_view sID);     // 0, 3 or 5
-Group& GroupOf(MediaType groupType, std::string_view sID);  // 1, 2, 4 or 8
-Record& RecordOf(MediaType type, std::string_view sID);
+Item& ItemOf(Integer itemType, std::string_view sID);
+Group& GroupOf(Integer groupType, std::string_view sID);
+Record& RecordOf(Integer iType, std::string_view sID);
 
 // Takes a record out of its collection, and lets go of a working reference to it. Fails with 5
 // when no record has the id.
-void RemoveRecord(MediaType type, std::string_view sID);
-
-bool IsItemType(Integer iType);   // 0, 3, 5
-bool IsGroupType(Integer iType);  // 1, 2, 4, 8
+void RemoveRecord(Integer iType, std::string_view sID);
 
 }  // namespace tavel

@@ -4,7 +4,6 @@
 #include "core/UsefulFunctions.h"
 #include "library/Collections.h"
 #include "library/Identifiers.h"
-#include "library/PathIndex.h"
 #include "platform/Activity.h"
 #include "platform/Failure.h"
 
@@ -22,29 +21,30 @@ void CreateIfMissing(const std::string& sFolder) {
 }
 
 void MoveItem(Item& item, const std::string& sTarget) {
-    const Doing moving("Moving", item.sPath, "to", sTarget);
-    oFSO().MoveFile(item.sPath, sTarget);
-    item.sPath = sTarget;
-    ForgetPaths();
+    const std::string sSource = item.sPath();
+    const Doing moving("Moving", sSource, "to", sTarget);
+    if (IsPathTooLong(sTarget)) Fail(failure::PathNotFound);
+    oFSO().MoveFile(sSource, sTarget);
+    item.sPath(sTarget);
 }
 
 void MovePhoto(Photo& photo) {
-    MoveItem(photo, sDefaultDBPath + "\\Photos\\" + photo.sName + "." + GetFileExt(photo.sPath));
+    MoveItem(photo, sDefaultDBPath + "\\Photos\\" + photo.sName + "." + GetFileExt(photo.sPath()));
 }
 
 void MoveMagazine(const Magazine& magazine) {
     const std::string sFolder = sDefaultDBPath + "\\Photos\\Magazines\\" + magazine.sName + "\\";
     CreateIfMissing(sFolder);
     for (Integer i = 0; i < magazine.iPages; ++i) {
-        Photo& photo = colPhoto.Item(magazine.Get_sPageID(i));
-        MoveItem(photo, sFolder + GetFileName(photo.sPath));
+        Photo& photo = colPhoto.Item(magazine.Members().Get(i));
+        MoveItem(photo, sFolder + GetFileName(photo.sPath()));
     }
 }
 
 // Videos and tracks are named after their whole path. The target has a second drive in its middle,
 // so the file service refuses it: such files stay where they lie.
 void MoveByWholePath(Item& item, const std::string& sFolder) {
-    MoveItem(item, sFolder + StripExt(item.sPath) + "." + GetFileExt(item.sPath));
+    MoveItem(item, sFolder + StripExt(item.sPath()) + "." + GetFileExt(item.sPath()));
 }
 
 // A series has no pages to move; only its folder is made.

@@ -2,7 +2,6 @@
 
 #include "core/PublicStuff.h"
 #include "core/UsefulFunctions.h"
-#include "library/Collections.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
 
@@ -56,23 +55,23 @@ std::string HeadAndTail(std::string_view name) {
     return parts += GatherPart(characters.rbegin(), characters.rend());
 }
 
-std::string ItemBody(std::string_view sPath) {
-    const FileEntry file = oFSO().GetFile(sPath);
-    const std::string size = std::to_string(file.Size).substr(0, PartLength);
-    return HeadAndTail(StripExt(file.Name)) + PadZeros(size, PartLength) + RandomLetters(10);
-}
-
-std::string Body(std::string_view sSource, Integer iType) {
-    if (IsItemType(iType)) return ItemBody(sSource);
-    // A playlist's id has no body, so the library holds one playlist at most.
-    if (IsGroupType(iType) && iType != mtPlaylist) return HeadAndTail(sSource) + RandomLetters(10);
-    return {};
+std::string WithPrefix(Integer iType, const std::string& sBody) {
+    return std::string(PrefixOf(iType)) + "_" + sBody;
 }
 
 }  // namespace
 
 std::string MakeDBID(std::string_view sSource, Integer iType) {
-    return std::string(PrefixOf(iType)) + "_" + Body(sSource, iType);
+    if (IsItemType(iType)) return MakeDBID(oFSO().GetFile(sSource), iType);
+    // A playlist's id has no body, so the library holds one playlist at most.
+    if (!IsGroupType(iType) || iType == mtPlaylist) return WithPrefix(iType, "");
+    return WithPrefix(iType, HeadAndTail(sSource) + RandomLetters(10));
+}
+
+std::string MakeDBID(const FileEntry& file, Integer itemType) {
+    const std::string size = std::to_string(file.Size).substr(0, PartLength);
+    return WithPrefix(itemType, HeadAndTail(StripExt(file.Name)) + PadZeros(size, PartLength) +
+                                    RandomLetters(10));
 }
 
 Integer GetDBIDType(std::string_view sID) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "library/Records.h"
+#include "platform/FileService.h"
 
 #include <string>
 #include <string_view>
@@ -8,9 +9,13 @@
 namespace tavel {
 
 // A new library id. sSource is a file's full path for an item and the group's name for a group;
-// an item's file must exist (53). A name from which no 5 characters can be gathered (empty, or a
-// blank at the end that the walk stops at) fails with 6. Every playlist gets the id "pl_".
+// an item's file must exist (53). A name from which no 5 characters can be gathered within
+// 32,767 steps (an empty one, or one with a blank at its end that the walk stops at) fails with 6.
+// Every playlist gets the id "pl_".
 std::string MakeDBID(std::string_view sSource, Integer iType);
+
+// The same for an item whose file has just been looked at.
+std::string MakeDBID(const FileEntry& file, Integer itemType);
 
 // The type that an id tells; -1 when its third character is not "_", 0 for an unknown prefix.
 Integer GetDBIDType(std::string_view sID);

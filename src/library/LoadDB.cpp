@@ -33,35 +33,25 @@ class Section {
     std::string m_header;
 };
 
-template <class T>
-T& AddRecord(Collection<T>& collection, T*& current, const Section& section) {
-    std::string sID = section.Text("id");
-    collection.Add(sID, T{});
-    current = &collection.Item(collection.Count());
-    current->sDBID = std::move(sID);
-    return *current;
-}
-
 void LoadGroupsOf(Item& item, const Section& section) {
     item.iNoGroups = section.Number("noofgroups");
     if (item.iNoGroups == 0) return;
-    item.Redim_sGroups(ToInteger(item.iNoGroups - 1), false);
+    item.Groups().Redim(ToInteger(item.iNoGroups - 1), false);
     for (Integer i = 0; i < item.iNoGroups; ++i)
-        item.Set_sGroups(i, section.Text("group" + std::to_string(i)));
+        item.Groups().Set(i, section.Text("group" + std::to_string(i)));
 }
 
 // A group without members was written but cannot be read: its array has no upper bound of -1.
 void LoadMembersOf(Group& group, const Section& section, std::string_view countKey) {
     group.SetCount(section.Number(countKey));
     const Integer iCount = group.Count();
-    group.Redim_sMemberID(ToInteger(iCount - 1), false);
-    for (Integer i = 0; i < iCount; ++i) group.Set_sMemberID(i, section.Text(std::to_string(i)));
+    group.Members().Redim(ToInteger(iCount - 1), false);
+    for (Integer i = 0; i < iCount; ++i) group.Members().Set(i, section.Text(std::to_string(i)));
 }
 
-void LoadPhoto(const Section& section) {
-    Photo& photo = AddRecord(colPhoto, curPhoto, section);
+void Load(Photo& photo, const Section& section) {
     photo.sName = section.Text("name");
-    photo.sPath = section.Text("path");
+    photo.sPath(section.Text("path"));
     photo.sFormat = section.Text("format");
     // Width and height change places at each load; libraries in use hold them that way.
     photo.iSizeH = section.Number("sizew");
@@ -70,10 +60,9 @@ void LoadPhoto(const Section& section) {
     LoadGroupsOf(photo, section);
 }
 
-void LoadMusic(const Section& section) {
-    Music& music = AddRecord(colMusic, curMusic, section);
+void Load(Music& music, const Section& section) {
     music.sName = section.Text("name");
-    music.sPath = section.Text("path");
+    music.sPath(section.Text("path"));
     music.sArtist = section.Text("artist");
     music.sAlbum = section.Text("album");
     music.iSize = section.LongNumber("size");
@@ -81,44 +70,34 @@ void LoadMusic(const Section& section) {
     LoadGroupsOf(music, section);
 }
 
-void LoadVideo(const Section& section) {
-    Video& video = AddRecord(colVideo, curVideo, section);
+void Load(Video& video, const Section& section) {
     video.sName = section.Text("name");
-    video.sPath = section.Text("path");
+    video.sPath(section.Text("path"));
     video.iSize = section.LongNumber("size");
     video.sFormat = section.Text("format");
     video.sThumbPath = section.Text("thumbpath");
     LoadGroupsOf(video, section);
 }
 
-template <class T>
-void LoadGroup(Collection<T>& collection, T*& current, const Section& section,
-               std::string_view countKey) {
-    T& group = AddRecord(collection, current, section);
+void LoadGroup(Group& group, const Section& section, std::string_view countKey) {
     group.sName = section.Text("name");
     LoadMembersOf(group, section, countKey);
 }
 
+void Load(PagedGroup& group, const Section& section) { LoadGroup(group, section, "noofpages"); }
+void Load(VidSeries& series, const Section& section) { LoadGroup(series, section, "noofepisodes"); }
+void Load(Playlist& list, const Section& section) { LoadGroup(list, section, "nooftracks"); }
+
 void LoadEntry(const Section& section) {
     const Doing loading("Loading", section.Header(), "of", sDBFile);
-    switch (section.Number("type")) {
-        case mtPhoto:
-            return LoadPhoto(section);
-        case mtMagazine:
-            return LoadGroup(colMagazine, curMagazine, section, "noofpages");
-        case mtPhotoAlbum:
-            return LoadGroup(colPhotoAlbum, curPhotoAlbum, section, "noofpages");
-        case mtVideo:
-            return LoadVideo(section);
-        case mtVidSeries:
-            return LoadGroup(colVidSeries, curVidSeries, section, "noofepisodes");
-        case mtMusic:
-            return LoadMusic(section);
-        case mtPlaylist:
-            return LoadGroup(colPlaylist, curPlaylist, section, "nooftracks");
-        default:
-            return;
-    }
+    const Integer iType = section.Number("type");
+    if (!IsItemType(iType) && !IsGroupType(iType)) return;
+    WithCollection(iType, [&](auto& records, auto*& current) {
+        std::string sID = section.Text("id");
+        current = &records.Add(sID, {});
+        current->sDBID = std::move(sID);
+        Load(*current, section);
+    });
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #include "library/PathIndex.h"
 
 #include "library/Collections.h"
-#include "platform/Failure.h"
 
+#include <cstddef>
+#include <map>
 #include <string>
 #include <unordered_set>
 
@@ -10,54 +11,26 @@ namespace tavel {
 
 namespace {
 
-template <class T>
-class PathIndex {
-  public:
-    explicit PathIndex(const Collection<T>& collection) : m_collection(collection) {}
-
-    bool Has(std::string_view sPath) {
-        if (m_collection.Removals() != m_removals) Forget();
-        for (; m_known < m_collection.Count(); ++m_known)
-            m_paths.insert(m_collection.Item(m_known + 1).sPath);
-        return m_paths.count(std::string(sPath)) != 0;
-    }
-
-    void Forget() {
-        m_paths.clear();
-        m_known = 0;
-        m_removals = m_collection.Removals();
-    }
-
-  private:
-    const Collection<T>& m_collection;
-    std::unordered_set<std::string> m_paths;
-    Long m_known = 0;  // entries taken in, from the first on
-    std::size_t m_removals = 0;
+// The paths of a collection's first `count` records.
+struct KnownPaths {
+    std::unordered_set<std::string> paths;
+    Long count = 0;
+    std::size_t removals = 0;  // of the collection's records, when the first was taken in
 };
 
-PathIndex<Photo> photos{colPhoto};
-PathIndex<Video> videos{colVideo};
-PathIndex<Music> music{colMusic};
+std::map<Integer, KnownPaths> knownOfType;
 
 }  // namespace
 
-bool HasPath(MediaType itemType, std::string_view sPath) {
-    switch (itemType) {
-        case mtPhoto:
-            return photos.Has(sPath);
-        case mtVideo:
-            return videos.Has(sPath);
-        case mtMusic:
-            return music.Has(sPath);
-        default:
-            Fail(failure::InvalidProcedureCall);
-    }
+bool HasPath(Integer itemType, std::string_view sPath) {
+    return WithItems(itemType, [&](const auto& items, auto*) {
+        KnownPaths& known = knownOfType[itemType];
+        if (known.removals != items.Removals()) known = {{}, 0, items.Removals()};
+        while (known.count < items.Count()) known.paths.insert(items.Item(++known.count).sPath());
+        return known.paths.count(std::string(sPath)) != 0;
+    });
 }
 
-void ForgetPaths() {
-    photos.Forget();
-    videos.Forget();
-    music.Forget();
-}
+void ForgetPaths() { knownOfType.clear(); }
 
 }  // namespace tavel

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "library/Records.h"
+#include "platform/Numbers.h"
 
 #include <string_view>
 
@@ -10,10 +10,9 @@ namespace tavel {
 
 // True when a record of the item type (0, 3 or 5) has exactly this path, case included. Records
 // that were added or removed since the last look are taken into account.
-bool HasPath(MediaType itemType, std::string_view sPath);
+bool HasPath(Integer itemType, std::string_view sPath);
 
-// To be called when the path of a record that stays in its collection has changed: the look can't
-// see that by itself.
+// The path of a record changes that may have been taken in.
 void ForgetPaths();
 
 }  // namespace tavel

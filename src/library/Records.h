@@ -1,10 +1,11 @@
 #pragma once
 
+#include "library/TextArray.h"
 #include "platform/Numbers.h"
 
+#include <array>
 #include <string>
 #include <utility>
-#include <vector>
 
 namespace tavel {
 
@@ -19,21 +20,11 @@ enum MediaType : Integer {
     mtPlaylist = 8,
 };
 
-// An array of text with the lower bound 0, unallocated until its first resize. An index outside
-// the bounds fails with 9, as does a resize to an upper bound below 0.
-class TextArray {
-  public:
-    const std::string& Get(Integer i) const;
-    void Set(Integer i, std::string s);
-    void Redim(Integer iUpper, bool bKeep);
+inline constexpr std::array MediaTypes{mtPhoto,     mtMagazine, mtPhotoAlbum, mtVideo,
+                                       mtVidSeries, mtMusic,    mtPlaylist};
 
-    // Drops entry i and moves those behind it, up to entry iUpper, one place down. The bounds stay,
-    // and what then stands at iUpper is for the caller to cut off.
-    void CloseGap(Integer i, Integer iUpper);
-
-  private:
-    std::vector<std::string> m_entries;
-};
+bool IsItemType(Integer iType);   // 0, 3, 5
+bool IsGroupType(Integer iType);  // 1, 2, 4, 8
 
 // What all seven classes have.
 struct Record {
@@ -42,19 +33,25 @@ struct Record {
     Long iSize = 0;  // bytes; a group's is never assigned
 };
 
-// What the three items have: one file on disk, and the groups that hold it.
+// What the three items have: one file on disk, and the ids of the groups that hold it.
 class Item : public Record {
   public:
-    std::string sPath;
     std::string sFormat;  // lower-case extension
     Integer iNoGroups = 0;
+
+    // A path changes here alone, since the look for paths keeps an index of them.
+    const std::string& sPath() const { return m_sPath; }
+    void sPath(std::string sPath);
+
+    TextArray& Groups() { return m_groups; }
+    const TextArray& Groups() const { return m_groups; }
 
     const std::string& Get_sGroups(Integer i) const { return m_groups.Get(i); }
     void Set_sGroups(Integer i, std::string s) { m_groups.Set(i, std::move(s)); }
     void Redim_sGroups(Integer iUpper, bool bKeep) { m_groups.Redim(iUpper, bKeep); }
-    TextArray& sGroups() { return m_groups; }
 
   private:
+    std::string m_sPath;
     TextArray m_groups;
 };
 
@@ -75,8 +72,8 @@ class Music : public Item {
     std::string sAlbum;
 };
 
-// What the four groups have: the ids of their members, in order. Each class has its own names for
-// the count and the members; these are the ones that serve any group.
+// What the four groups have: the ids of their members, in order, and how many they are. Each class
+// has names of its own for both.
 class Group : public Record {
   public:
     virtual ~Group() = default;
@@ -89,10 +86,8 @@ class Group : public Record {
     virtual Integer Count() const = 0;
     virtual void SetCount(Integer iCount) = 0;
 
-    const std::string& Get_sMemberID(Integer i) const { return m_members.Get(i); }
-    void Set_sMemberID(Integer i, std::string s) { m_members.Set(i, std::move(s)); }
-    void Redim_sMemberID(Integer iUpper, bool bKeep) { m_members.Redim(iUpper, bKeep); }
-    TextArray& sMemberIDs() { return m_members; }
+    TextArray& Members() { return m_members; }
+    const TextArray& Members() const { return m_members; }
 
   private:
     TextArray m_members;
@@ -105,9 +100,9 @@ class PagedGroup : public Group {
 
     Integer Count() const override { return iPages; }
     void SetCount(Integer iCount) override { iPages = iCount; }
-    const std::string& Get_sPageID(Integer i) const { return Get_sMemberID(i); }
-    void Set_sPageID(Integer i, std::string s) { Set_sMemberID(i, std::move(s)); }
-    void Redim_sPageID(Integer iUpper, bool bKeep) { Redim_sMemberID(iUpper, bKeep); }
+    const std::string& Get_sPageID(Integer i) const { return Members().Get(i); }
+    void Set_sPageID(Integer i, std::string s) { Members().Set(i, std::move(s)); }
+    void Redim_sPageID(Integer iUpper, bool bKeep) { Members().Redim(iUpper, bKeep); }
 };
 
 class Magazine : public PagedGroup {};
@@ -122,9 +117,9 @@ class VidSeries : public Group {
 
     Integer Count() const override { return iEpisodes(); }
     void SetCount(Integer iCount) override { iEpisodes(iCount); }
-    const std::string& Get_sEpisodeID(Integer i) const { return Get_sMemberID(i); }
-    void Set_sEpisodeID(Integer i, std::string s) { Set_sMemberID(i, std::move(s)); }
-    void Redim_sEpisodeID(Integer iUpper, bool bKeep) { Redim_sMemberID(iUpper, bKeep); }
+    const std::string& Get_sEpisodeID(Integer i) const { return Members().Get(i); }
+    void Set_sEpisodeID(Integer i, std::string s) { Members().Set(i, std::move(s)); }
+    void Redim_sEpisodeID(Integer iUpper, bool bKeep) { Members().Redim(iUpper, bKeep); }
 
   private:
     std::string m_episodes;
@@ -136,9 +131,9 @@ class Playlist : public Group {
 
     Integer Count() const override { return iTracks; }
     void SetCount(Integer iCount) override { iTracks = iCount; }
-    const std::string& Get_sTrackID(Integer i) const { return Get_sMemberID(i); }
-    void Set_sTrackID(Integer i, std::string s) { Set_sMemberID(i, std::move(s)); }
-    void Redim_sTrackID(Integer iUpper, bool bKeep) { Redim_sMemberID(iUpper, bKeep); }
+    const std::string& Get_sTrackID(Integer i) const { return Members().Get(i); }
+    void Set_sTrackID(Integer i, std::string s) { Members().Set(i, std::move(s)); }
+    void Redim_sTrackID(Integer iUpper, bool bKeep) { Members().Redim(iUpper, bKeep); }
 };
 
 }  // namespace tavel

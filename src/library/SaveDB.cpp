@@ -2,46 +2,37 @@
 #include "core/modRegistry.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
-#include "platform/ProfileLines.h"
+#include "platform/Activity.h"
 #include "platform/ProfileService.h"
+
+#include <array>
 
 namespace tavel {
 
 namespace {
 
-// One numbered section. What has been written to it goes to the file at its end, by failure too.
+// A numbered section of db.txt, written key by key.
 class SectionWriter {
   public:
-    SectionWriter(Integer number, ProfileLines& lines) : m_number(number), m_lines(lines) {
-        m_lines.Clear();
-    }
-    ~SectionWriter() { WriteValues(sDBFile, std::to_string(m_number), m_lines); }
-    SectionWriter(const SectionWriter&) = delete;
-    SectionWriter& operator=(const SectionWriter&) = delete;
+    explicit SectionWriter(Integer number) : m_name(std::to_string(number)) {}
 
-    void Write(std::string_view key, std::string_view value) { m_lines.Add(key, value); }
-    void Write(std::string_view key, Long value) { Write(key, std::to_string(value)); }
+    void Write(std::string_view key, std::string_view value) const {
+        WriteValue(sDBFile, m_name, key, "s", value);
+    }
+    void Write(std::string_view key, Long value) const { Write(key, std::to_string(value)); }
 
   private:
-    const Integer m_number;
-    ProfileLines& m_lines;
+    std::string m_name;
 };
 
-void WriteHead(SectionWriter& section, const Record& record, MediaType type) {
-    section.Write("ID", record.sDBID);
-    section.Write("Name", record.sName);
-    section.Write("Type", Long{type});
-}
-
-void WriteGroupsOf(SectionWriter& section, const Item& item) {
+void WriteGroupsOf(const SectionWriter& section, const Item& item) {
     section.Write("NoOfGroups", Long{item.iNoGroups});
     for (Integer i = 0; i < item.iNoGroups; ++i)
-        section.Write("group" + std::to_string(i), item.Get_sGroups(i));
+        section.Write("group" + std::to_string(i), item.Groups().Get(i));
 }
 
-void Write(SectionWriter& section, const Photo& photo) {
-    WriteHead(section, photo, mtPhoto);
-    section.Write("Path", photo.sPath);
+void WriteFields(const SectionWriter& section, const Photo& photo) {
+    section.Write("Path", photo.sPath());
     section.Write("Format", photo.sFormat);
     section.Write("Size", photo.iSize);
     section.Write("SizeW", Long{photo.iSizeW});
@@ -49,9 +40,8 @@ void Write(SectionWriter& section, const Photo& photo) {
     WriteGroupsOf(section, photo);
 }
 
-void Write(SectionWriter& section, const Music& music) {
-    WriteHead(section, music, mtMusic);
-    section.Write("Path", music.sPath);
+void WriteFields(const SectionWriter& section, const Music& music) {
+    section.Write("Path", music.sPath());
     section.Write("Size", music.iSize);
     section.Write("Format", music.sFormat);
     section.Write("Artist", music.sArtist);
@@ -59,62 +49,59 @@ void Write(SectionWriter& section, const Music& music) {
     WriteGroupsOf(section, music);
 }
 
-void Write(SectionWriter& section, const Video& video) {
-    WriteHead(section, video, mtVideo);
-    section.Write("Path", video.sPath);
+void WriteFields(const SectionWriter& section, const Video& video) {
+    section.Write("Path", video.sPath());
     section.Write("Format", video.sFormat);
     section.Write("Size", video.iSize);
     section.Write("ThumbPath", video.sThumbPath);
     WriteGroupsOf(section, video);
 }
 
-void WriteGroup(SectionWriter& section, const Group& group, MediaType type,
-                std::string_view countKey) {
-    WriteHead(section, group, type);
+void WriteMembers(const SectionWriter& section, const Group& group, std::string_view countKey) {
     const Integer iCount = group.Count();
     section.Write(countKey, Long{iCount});
-    for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Get_sMemberID(i));
+    for (Integer i = 0; i < iCount; ++i) section.Write(std::to_string(i), group.Members().Get(i));
 }
 
-void Write(SectionWriter& section, const Magazine& magazine) {
-    WriteGroup(section, magazine, mtMagazine, "NoOfPages");
+void WriteFields(const SectionWriter& section, const PagedGroup& group) {
+    WriteMembers(section, group, "NoOfPages");
 }
 
-void Write(SectionWriter& section, const PhotoAlbum& album) {
-    WriteGroup(section, album, mtPhotoAlbum, "NoOfPages");
+void WriteFields(const SectionWriter& section, const VidSeries& series) {
+    WriteMembers(section, series, "NoOfEpisodes");
 }
 
-void Write(SectionWriter& section, const VidSeries& series) {
-    WriteGroup(section, series, mtVidSeries, "NoOfEpisodes");
+void WriteFields(const SectionWriter& section, const Playlist& list) {
+    WriteMembers(section, list, "NoOfTracks");
 }
 
-void Write(SectionWriter& section, const Playlist& playlist) {
-    WriteGroup(section, playlist, mtPlaylist, "NoOfTracks");
-}
-
-// `number` is that of the last section written.
 template <class T>
-void WriteAll(Integer& number, ProfileLines& lines, const Collection<T>& collection) {
-    for (Long i = 1; i <= collection.Count(); ++i) {
-        number = ToInteger(number + 1);
-        SectionWriter section(number, lines);
-        Write(section, collection.Item(i));
-    }
+void WriteEntry(Integer number, MediaType type, const T& record) {
+    const Doing saving("Saving", record.sDBID, "in", sDBFile);
+    const SectionWriter section(number);
+    section.Write("ID", record.sDBID);
+    section.Write("Name", record.sName);
+    section.Write("Type", Long{type});
+    WriteFields(section, record);
 }
+
+constexpr std::array SaveOrder{mtPhoto,      mtMusic,     mtVideo,   mtMagazine,
+                               mtPhotoAlbum, mtVidSeries, mtPlaylist};
 
 }  // namespace
 
 void SaveDB() {
+    const Doing saving("Saving", sDBFile);
     const ProfileBatch batch(sDBFile);
-    ProfileLines lines;
     Integer n = 0;
-    WriteAll(n, lines, colPhoto);
-    WriteAll(n, lines, colMusic);
-    WriteAll(n, lines, colVideo);
-    WriteAll(n, lines, colMagazine);
-    WriteAll(n, lines, colPhotoAlbum);
-    WriteAll(n, lines, colVidSeries);
-    WriteAll(n, lines, colPlaylist);
+    for (const MediaType type : SaveOrder) {
+        WithCollection(type, [&](const auto& records, auto*) {
+            for (Long i = 1; i <= records.Count(); ++i) {
+                n = ToInteger(n + 1);
+                WriteEntry(n, type, records.Item(i));
+            }
+        });
+    }
     WriteValue(sDBFile, "DB", "NoOfItems", "s", std::to_string(n));
 }
 

@@ -33,12 +33,14 @@ std::vector<std::string> WatchFolders() {
 // The library can shrink while the program is yielded, and the comparison goes by position up to
 // the count that it began with: it then fails beyond the end. Only the yield behind the last
 // comparison is harmless.
-template <class T>
-bool IsIn(const Collection<T>& collection, MediaType type, std::string_view sPath) {
-    const Long iCount = collection.Count();
-    const bool bFound = HasPath(type, sPath);
+bool IsAmongItems(Integer itemType, std::string_view sPath) {
+    const auto count = [&] {
+        return WithItems(itemType, [](const auto& items, auto*) { return items.Count(); });
+    };
+    const Long iCount = count();
+    const bool bFound = HasPath(itemType, sPath);
     if (iCount > 0) DoEvents();
-    if (iCount > 1 && collection.Count() < iCount) Fail(failure::SubscriptOutOfRange);
+    if (iCount > 1 && count() < iCount) Fail(failure::SubscriptOutOfRange);
     return bFound;
 }
 
@@ -69,16 +71,8 @@ void ScanTick() {
 }
 
 bool IsFileInDB(std::string_view sPath) {
-    switch (GetFileType(sPath)) {
-        case mtPhoto:
-            return IsIn(colPhoto, mtPhoto, sPath);
-        case mtVideo:
-            return IsIn(colVideo, mtVideo, sPath);
-        case mtMusic:
-            return IsIn(colMusic, mtMusic, sPath);
-        default:
-            return false;
-    }
+    const Integer iType = GetFileType(sPath);
+    return iType != -1 && IsAmongItems(iType, sPath);
 }
 
 }  // namespace tavel

@@ -4,7 +4,8 @@
 #include "platform/Text.h"
 
 #include <cstddef>
-#include <memory>
+#include <iterator>
+#include <list>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -19,15 +20,24 @@ namespace tavel {
 template <class T>
 class Collection {
   public:
+    Collection() = default;
+    Collection(const Collection&) = delete;
+    Collection(Collection&&) = default;
+    Collection& operator=(const Collection&) = delete;
+    Collection& operator=(Collection&&) = default;
+
     Long Count() const { return static_cast<Long>(m_entries.size()); }
 
     // Fails with 457 when the key is there already.
     T& Add(std::string_view key, T value) {
-        auto entry = std::make_unique<Entry>(Entry{LowerCase(key), std::move(value)});
-        auto [place, isNew] = m_byKey.try_emplace(entry->key, entry.get());
-        if (!isNew) Fail(failure::KeyAlreadyThere);
-        m_entries.push_back(std::move(entry));
-        return m_entries.back()->value;
+        const bool isNumbered = IsNumbered();
+        const auto entry = m_entries.insert(m_entries.end(), {LowerCase(key), std::move(value)});
+        if (!m_byKey.try_emplace(entry->key, entry).second) {
+            m_entries.pop_back();
+            Fail(failure::KeyAlreadyThere);
+        }
+        if (isNumbered) m_byPosition.push_back(&*entry);
+        return entry->value;
     }
 
     // Fails with 9 when the position is outside 1 to Count.
@@ -35,24 +45,26 @@ class Collection {
     const T& Item(Long position) const { return EntryAt(position).value; }
 
     // Fails with 5 when no entry has the key.
-    T& Item(std::string_view key) { return EntryOf(key).value; }
-    const T& Item(std::string_view key) const { return EntryOf(key).value; }
+    T& Item(std::string_view key) { return EntryOf(key)->value; }
+    const T& Item(std::string_view key) const { return EntryOf(key)->value; }
 
     bool Has(std::string_view key) const { return m_byKey.count(LowerCase(key)) != 0; }
 
     // Fails with 5 when no entry has the key.
     void Remove(std::string_view key) {
-        const Entry* gone = &EntryOf(key);
+        const auto gone = EntryOf(key);
+        const bool isLast = std::next(gone) == m_entries.end();
+        if (isLast && IsNumbered())
+            m_byPosition.pop_back();
+        else
+            m_byPosition.clear();
         m_byKey.erase(gone->key);
-        for (std::size_t i = 0; i < m_entries.size(); ++i) {
-            if (m_entries[i].get() != gone) continue;
-            m_entries.erase(m_entries.begin() + static_cast<std::ptrdiff_t>(i));
-            break;
-        }
+        m_entries.erase(gone);
         ++m_removals;
     }
 
     void Clear() {
+        m_byPosition.clear();
         m_byKey.clear();
         m_entries.clear();
         ++m_removals;
@@ -67,19 +79,29 @@ class Collection {
         T value;
     };
 
+    using Place = typename std::list<Entry>::iterator;
+
+    bool IsNumbered() const { return m_byPosition.size() == m_entries.size(); }
+
     Entry& EntryAt(Long position) const {
         if (position < 1 || position > Count()) Fail(failure::SubscriptOutOfRange);
-        return *m_entries[static_cast<std::size_t>(position) - 1];
+        if (!IsNumbered()) {
+            for (Entry& entry : m_entries) m_byPosition.push_back(&entry);
+        }
+        return *m_byPosition[static_cast<std::size_t>(position) - 1];
     }
 
-    Entry& EntryOf(std::string_view key) const {
+    Place EntryOf(std::string_view key) const {
         const auto found = m_byKey.find(LowerCase(key));
         if (found == m_byKey.end()) Fail(failure::InvalidProcedureCall);
-        return *found->second;
+        return found->second;
     }
 
-    std::vector<std::unique_ptr<Entry>> m_entries;
-    std::unordered_map<std::string_view, Entry*> m_byKey;  // views into the entries' own keys
+    mutable std::list<Entry> m_entries;
+    std::unordered_map<std::string_view, Place> m_byKey;  // views of the entries' own keys
+    // All entries, or none since one went from the midst of them: who removes thousands in a row
+    // asks for none by its position.
+    mutable std::vector<Entry*> m_byPosition;
     std::size_t m_removals = 0;
 };
 

@@ -3,7 +3,7 @@
 #include "platform/Failure.h"
 #include "platform/FileService.h"
 #include "platform/ProfileFile.h"
-#include "platform/ProfileLines.h"
+#include "platform/ProfileSpelling.h"
 #include "platform/ProfileText.h"
 #include "platform/Text.h"
 
@@ -21,64 +21,48 @@ constexpr std::size_t keptFrom = 64 * 1024;
 // A profile file as it was read. Without a file there is a text all the same, an empty one.
 struct Document {
     std::string hostPath;
-    std::optional<FileStamp> stamp;  // of the file that the text was read from or written to
-    std::unique_ptr<ProfileText> text;
+    std::optional<FileStamp> stamp;     // of the file that the text was read from
+    bool mayBeKept = false;             // as long as that file has this stamp
+    std::unique_ptr<ProfileText> text;  // null when something is there that cannot be read
 };
-
-std::shared_ptr<Document>& Kept() {
-    static std::shared_ptr<Document> document;
-    return document;
-}
 
 struct Batch {
     std::string path;
-    std::string hostPath;
     bool fileExists = false;
-    std::shared_ptr<Document> document;  // null when the file cannot be read
+    Document document;
     int depth = 1;
 };
 
-std::optional<Batch>& Running() {
-    static std::optional<Batch> batch;
-    return batch;
+std::optional<Batch> running;
+
+// What was read last outside of a batch.
+Document lastRead;
+
+bool IsInBatch(std::string_view path) {
+    if (!running) return false;
+    if (running->path == path) return true;
+    const std::string& hostPath = running->document.hostPath;
+    return !hostPath.empty() && hostPath == HostFileService().HostPath(path);
 }
 
-bool IsIn(const std::optional<Batch>& batch, std::string_view path) {
-    if (!batch) return false;
-    if (batch->path == path) return true;
-    return !batch->hostPath.empty() && batch->hostPath == HostFileService().HostPath(path);
-}
-
-void Keep(const std::shared_ptr<Document>& document) {
-    if (document->stamp && document->stamp->size > keptFrom && !MayChangeUnseen(*document->stamp)) {
-        Kept() = document;
-    }
-}
-
-void Forget(const Document& document) {
-    if (Kept() && Kept()->hostPath == document.hostPath) Kept().reset();
-}
-
-// Null when something is there that cannot be read.
-std::shared_ptr<Document> Load(std::string_view path) {
-    auto document = std::make_shared<Document>();
-    document->hostPath = HostFileService().HostPath(path);
+// What the file holds now.
+Document Load(std::string_view path) {
+    Document document = std::exchange(lastRead, {});
+    const std::string hostPath = HostFileService().HostPath(path);
     // The file service knows what is no file to it, such as a link that leads out of a stick.
     std::optional<FileStamp> present;
-    if (HostFileService().FileExists(path)) present = StampOf(document->hostPath);
-    if (present && Kept() && Kept()->hostPath == document->hostPath && Kept()->stamp == present) {
-        return Kept();
-    }
-    Forget(*document);
+    if (HostFileService().FileExists(path)) present = StampOf(hostPath);
+    const bool isSame = document.hostPath == hostPath && document.stamp == present;
+    if (isSame && document.mayBeKept) return document;
+    document = {hostPath, present, false, nullptr};
     std::string bytes;
     if (present) {
-        document->stamp.emplace();
-        const bool isRead =
-            ReadHostFile(document->hostPath, ProfileText::MaxSize, bytes, *document->stamp);
-        if (!isRead) return nullptr;
+        // Asked before the reading, so that no change after it goes unseen.
+        const bool isSettled = !MayChangeUnseen(*present);
+        if (!ReadHostFile(hostPath, ProfileText::MaxSize, bytes, *document.stamp)) return document;
+        document.mayBeKept = isSettled && bytes.size() > keptFrom && document.stamp == present;
     }
-    document->text = std::make_unique<ProfileText>(std::move(bytes));
-    Keep(document);
+    document.text = std::make_unique<ProfileText>(std::move(bytes));
     return document;
 }
 
@@ -88,45 +72,26 @@ bool MakeFile(std::string_view path) {
     return file != nullptr && file->Close();
 }
 
-// A text that could not be written is not kept: it is not what the file holds. What a batch has
-// written must be there whole or not at all.
+// What a batch has written must be there whole or not at all. The text is not kept: it may not have
+// become what the file holds, and a change right behind this one could go unseen.
 bool Save(Document& document, std::string_view path, bool isBatch) {
-    if (!document.text->IsChanged()) return true;
-    Forget(document);
+    if (document.text == nullptr || !document.text->IsChanged()) return true;
+    document.mayBeKept = false;
     if (!document.stamp && !MakeFile(path)) return false;
-    const std::string hostPath = HostFileService().HostPath(path);
-    const auto bytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
-    if (!ReplaceHostFile(hostPath, bytes, !isBatch)) return false;
-    document.hostPath = hostPath;
-    document.stamp = StampOf(hostPath);
-    document.text->MarkSaved();
-    return true;
+    const auto tellBytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
+    return ReplaceHostFile(HostFileService().HostPath(path), tellBytes, !isBatch);
 }
 
-// The batch's document, or what the file holds now; null when that cannot be read.
-struct Look {
-    explicit Look(std::string_view path)
-        : isInBatch(IsIn(Running(), path)),
-          loaded(isInBatch ? nullptr : Load(path)),
-          document(isInBatch ? Running()->document.get() : loaded.get()) {}
+// The batch's document, or what the file holds now.
+Document& Look(std::string_view path) {
+    if (IsInBatch(path)) return running->document;
+    return lastRead = Load(path);
+}
 
-    std::optional<std::string_view> Value(std::string_view section, std::string_view key) const {
-        return document == nullptr ? std::nullopt : document->text->Value(section, key);
-    }
-
-    const bool isInBatch;
-    const std::shared_ptr<Document> loaded;
-    Document* const document;
-};
-
-template <class Change>
-bool Edit(std::string_view path, Change&& change) {
-    const Look look(path);
-    if (look.document == nullptr || !change(*look.document->text)) return false;
-    if (look.isInBatch) return true;
-    if (!Save(*look.loaded, path, false)) return false;
-    Keep(look.loaded);
-    return true;
+std::optional<std::string_view> Value(std::string_view section, std::string_view key,
+                                      std::string_view path) {
+    const Document& document = Look(path);
+    return document.text == nullptr ? std::nullopt : document.text->Value(section, key);
 }
 
 }  // namespace
@@ -135,15 +100,13 @@ std::string GetPrivateProfileString(std::string_view section, std::string_view k
                                     std::string_view defaultValue, std::size_t size,
                                     std::string_view path) {
     if (size == 0) return {};
-    const Look look(path);
-    const std::optional<std::string_view> value = look.Value(section, key);
+    const std::optional<std::string_view> value = Value(section, key, path);
     return std::string(CutAt(value.value_or(WithoutBlanksAfter(defaultValue)), size - 1));
 }
 
 unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, int defaultValue,
                               std::string_view path) {
-    const Look look(path);
-    const std::optional<std::string_view> value = look.Value(section, key);
+    const std::optional<std::string_view> value = Value(section, key, path);
     if (!value || value->empty()) return static_cast<unsigned>(defaultValue);
     const bool isNegative = value->front() == '-';
     unsigned number = 0;
@@ -157,39 +120,38 @@ unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, in
 
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, std::string_view path) {
-    return Edit(path, [&](ProfileText& text) { return text.Write(section, key, value); });
-}
-
-bool WritePrivateProfileLines(std::string_view section, const ProfileLines& lines,
-                              std::string_view path) {
-    return Edit(path, [&](ProfileText& text) { return text.Write(section, lines); });
+    Document& document = Look(path);
+    if (document.text == nullptr || !document.text->Write(section, key, value)) return false;
+    const bool isInBatch = running && &document == &running->document;
+    return isInBatch || Save(document, path, false);
 }
 
 ProfileBatch::ProfileBatch(std::string_view path) {
-    if (Running()) {
-        if (!IsIn(Running(), path)) Fail(failure::InvalidProcedureCall);
-        ++Running()->depth;
+    if (running) {
+        if (!IsInBatch(path)) Fail(failure::InvalidProcedureCall);
+        ++running->depth;
         return;
     }
-    Batch batch;
-    batch.path = path;
-    batch.fileExists = ProfileFileExists(path);
-    batch.document = Load(path);
-    if (batch.document != nullptr) batch.hostPath = batch.document->hostPath;
-    Running() = std::move(batch);
+    const bool fileExists = ProfileFileExists(path);
+    running = Batch{std::string(path), fileExists, Load(path)};
 }
 
 ProfileBatch::~ProfileBatch() {
-    if (--Running()->depth > 0) return;
-    const Batch batch = std::move(*Running());
-    Running().reset();
-    if (batch.document != nullptr && Save(*batch.document, batch.path, true)) Keep(batch.document);
+    if (--running->depth > 0) return;
+    Batch batch = std::move(*running);
+    running.reset();
+    // Like any other write that fails, the last one is not noticed.
+    try {
+        Save(batch.document, batch.path, true);
+    } catch (const Failure&) {
+    }
+    lastRead = std::move(batch.document);
 }
 
 bool ProfileFileExists(std::string_view path) {
     // Any failure of the test stands for a missing file.
     try {
-        if (IsIn(Running(), path)) return Running()->fileExists;
+        if (IsInBatch(path)) return running->fileExists;
         return HostFileService().FileExists(path) && !HostFileService().GetFile(path).Hidden;
     } catch (const Failure&) {
         return false;

@@ -6,11 +6,9 @@
 
 namespace tavel {
 
-class ProfileLines;
-
 // The profile service: text files of `[section]` and `key=value` lines, under the platform's
-// classic rules. Names match without regard to (ASCII) case; only the first of equal sections is
-// looked at, and in it the first of equal keys. Paths are drive paths.
+// classic rules. Names match without regard to (ASCII) case and to blanks around them; only the
+// first of equal sections is looked at, and in it the first of equal keys. Paths are drive paths.
 
 // The value, at most `size` - 1 characters of it (a UTF-8 sequence is one); the default, without
 // its trailing blanks and cut likewise, when the file or the key is not there.
@@ -27,10 +25,6 @@ unsigned GetPrivateProfileInt(std::string_view section, std::string_view key, in
 // name that could not be found again writes nothing and is false too.
 bool WritePrivateProfileString(std::string_view section, std::string_view key,
                                std::string_view value, std::string_view path);
-
-// The same for several keys of a section in one go.
-bool WritePrivateProfileLines(std::string_view section, const ProfileLines& lines,
-                              std::string_view path);
 
 // While one lives, the file at `path` is looked at once and what is written to it stays in memory;
 // its end, by failure too, brings all of it to the file in one atomic step. One file at a time: a

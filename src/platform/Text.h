@@ -36,6 +36,11 @@ constexpr char AsciiLower(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
 }
 
+// The upper case of an ASCII letter; any other byte is itself.
+constexpr char AsciiUpper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
+}
+
 // Lower case by Unicode's simple mapping, character by character; lone bytes by Windows-1252.
 std::string LowerCase(std::string_view text);
 

@@ -1,5 +1,4 @@
 #include "core/modRegistry.h"
-#include "platform/ProfileLines.h"
 #include "platform/ProfileText.h"
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
@@ -50,18 +49,6 @@ TEST_F(Registry, GetRootKey_takes_an_ordinary_file_and_nothing_else_for_a_profil
     EXPECT_EQ(GetRootKey("HKXX"), 0);
 }
 
-TEST_F(Registry, WriteValues_writes_several_keys_of_a_section) {
-    ProfileLines lines;
-    lines.Add("a", "1");
-    lines.Add("b", " 2");
-    EXPECT_EQ(WriteValues(db, "s", lines), 99);
-    EXPECT_EQ(WriteValues("HKCU", "s", lines), 2);
-    EXPECT_FALSE(std::filesystem::exists(temp.HostPath("db.txt")));
-    Contain("[s]\r\nb=0\r\nc=3\r\n");
-    EXPECT_EQ(WriteValues(db, "s", lines), 0);
-    EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nb=\" 2\"\r\nc=3\r\na=1\r\n");
-}
-
 TEST_F(Registry, GetRootKey_takes_a_test_that_fails_for_a_missing_file) {
     Contain("[s]\r\nk=7\r\n");
     for (const char* test : {"FileExists", "GetFile"}) {
@@ -87,9 +74,6 @@ TEST_F(Registry, A_failure_inside_a_wrapper_ends_it_with_the_status_reached_so_f
     EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", text), 99);
     EXPECT_EQ(ReadValue(db, "s", "k", "s", "5", number), 99);
     EXPECT_EQ(WriteValue(db, "s", "k", "s", "8"), 99);
-    ProfileLines lines;
-    lines.Add("k", "9");
-    EXPECT_EQ(WriteValues(db, "s", lines), 99);
     UseHostFileService(nullptr);
     EXPECT_EQ(text, "default");
     EXPECT_EQ(number, 5);
@@ -103,6 +87,15 @@ TEST_F(Registry, ReadValue_gives_the_value_whatever_the_case_of_the_names) {
     EXPECT_EQ(out, "12");
 }
 
+TEST_F(Registry, Blanks_around_the_names_do_not_count) {
+    Contain("[options ]\r\nbGroupZip =1\r\n");
+    std::string out;
+    EXPECT_EQ(ReadValue(db, "options", "bGroupZip", "s", "0", out), 0);
+    EXPECT_EQ(out, "1");
+    EXPECT_EQ(WriteValue(db, " options", "bGroupZip\t", "s", "2"), 0);
+    EXPECT_EQ(temp.Read("db.txt"), "[options ]\r\nbGroupZip =2\r\n");
+}
+
 TEST_F(Registry, ReadValue_gives_the_default_for_a_missing_key_and_not_for_an_empty_value) {
     Contain("[s]\r\nempty=\r\n");
     EXPECT_EQ(Text("missing"), "none");
@@ -113,6 +106,14 @@ TEST_F(Registry, ReadValue_cuts_a_value_at_254_characters) {
     Contain("[s]\r\na=" + std::string(254, 'x') + "\r\nb=" + std::string(255, 'x') + "\r\n");
     EXPECT_EQ(Text("a").size(), 254U);
     EXPECT_EQ(Text("b"), std::string(254, 'x'));
+}
+
+TEST_F(Registry, A_path_of_157_Cyrillic_characters_comes_back_whole) {
+    std::string path = "C:\\";
+    for (int i = 3; i < 157; ++i) path += "\u0436";
+    Contain("");
+    EXPECT_EQ(WriteValue(db, "s", "path", "s", path), 0);
+    EXPECT_EQ(Text("path"), path);
 }
 
 TEST_F(Registry, Without_the_file_reads_give_the_default_and_writes_do_nothing) {

@@ -20,7 +20,7 @@ class FailedActivity : public TransferTestBase {
 
 TEST_F(FailedActivity, Sending_names_the_file_and_its_place_on_the_stick) {
     const std::string sPhoto = AddPhoto("Beach");
-    const std::string sPath = colPhoto.Item(sPhoto).sPath;
+    const std::string sPath = colPhoto.Item(sPhoto).sPath();
     const std::string sAlbum = AddAlbum("Summer", {sPhoto});
     files.FailOn("GetFile " + sPath, failure::FileNotFound);
     EXPECT_EQ(OfSending(sPhoto), "Sending " + sPath + " to e:\\psp\\photo\\Beach.jpg");
@@ -37,8 +37,8 @@ TEST_F(FailedActivity, Sending_names_tracks_videos_and_thumbnails) {
     video.sThumbPath = temp.DrivePath("none.THM");
     EXPECT_EQ(OfSending(sVideo),
               "Sending " + video.sThumbPath + " to e:\\MP_ROOT\\100MNV01\\M4V10001.THM");
-    const std::string sTrackPath = colMusic.Item(sTrack).sPath;
-    const std::string sVideoPath = video.sPath;
+    const std::string sTrackPath = colMusic.Item(sTrack).sPath();
+    const std::string sVideoPath = video.sPath();
     files.FailOn("GetFile", failure::FileNotFound);
     EXPECT_EQ(OfSending(sTrack), "Sending " + sTrackPath + " to e:\\psp\\music\\Song.mp3");
     EXPECT_EQ(OfSending(sList), "Sending " + sTrackPath + " to e:\\psp\\music\\List\\Song.mp3");

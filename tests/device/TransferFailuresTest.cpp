@@ -113,7 +113,7 @@ TEST_F(TransferFailuresTest, A_thumbnail_that_cannot_be_copied_ends_the_run_befo
 TEST_F(TransferFailuresTest, A_page_that_is_its_own_destination_ends_the_run_unharmed) {
     const std::string sPhoto = AddPhoto("A");
     Put('e', "PSP/PHOTO/Album/A.jpg", "page");
-    colPhoto.Item(sPhoto).sPath = "e:\\psp\\photo\\Album\\A.jpg";
+    colPhoto.Item(sPhoto).sPath("e:\\psp\\photo\\Album\\A.jpg");
     EXPECT_EQ(FailureOfSending({AddAlbum("Album", {sPhoto})}), 70);
     EXPECT_EQ(BytesOn('e', "PSP/PHOTO/Album/A.jpg"), "page");
     ExpectNotFinished();
@@ -258,16 +258,16 @@ TEST_F(NamesThatClimbTest, Nothing_is_ever_written_outside_the_stick) {
         Photo photo;
         photo.sName = sName;
         photo.sFormat = "jpg";
-        photo.sPath = temp.DrivePath("lib/source.jpg");
+        photo.sPath(temp.DrivePath("lib/source.jpg"));
         colPhoto.Add("ph_1", photo);
         Music track;
         track.sName = sName;
         track.sFormat = "jpg";
-        track.sPath = photo.sPath;
+        track.sPath(photo.sPath());
         colMusic.Add("mu_1", track);
         Video video;
         video.sFormat = std::string("mp4\\") + sName;
-        video.sPath = photo.sPath;
+        video.sPath(photo.sPath());
         colVideo.Add("vd_1", video);
         PhotoAlbum album;
         album.sName = sName;

@@ -21,8 +21,8 @@ std::string AddGroup(Collection<Class>& collection, const char* prefix, const st
     group.SetCount(static_cast<Integer>(members.size()));
     Integer i = 0;
     for (const std::string& sMember : members) {
-        group.Redim_sMemberID(i, true);
-        group.Set_sMemberID(i++, sMember);
+        group.Members().Redim(i, true);
+        group.Members().Set(i++, sMember);
     }
     return collection.Add(group.sDBID, group).sDBID;
 }
@@ -37,7 +37,7 @@ void TransferTestBase::FillItem(Item& item, const std::string& sID, const std::s
     temp.Write(sFile, bytes);
     item.sDBID = sID;
     item.sFormat = sFormat;
-    item.sPath = temp.DrivePath(sFile);
+    item.sPath(temp.DrivePath(sFile));
 }
 
 std::string TransferTestBase::AddPhoto(const std::string& sName, const std::string& bytes) {

@@ -1,6 +1,5 @@
 """What the machine starts with: a shell, the kernel's modules for sticks, the driver, a library."""
 
-import os
 import re
 import shutil
 import subprocess

@@ -7,16 +7,20 @@ from lines import Lines, Monitor
 from waiting import Mismatch, wait_for
 
 QEMU = "qemu-system-x86_64"
+# The kernel's check that its timer ticks fails, and ends it, where this computer is busy at that moment.
+KERNEL_WORDS = "console=ttyS0 quiet panic=-1 no_timer_check"
 
 
 class Machine:
+    """Runs as long as its with block, whose end is a power cut."""
+
     def __init__(self, place, kernel, initrd):
         self._log = place / "console.log"
         for name in ("monitor", "shell"):
             (place / name).unlink(missing_ok=True)
         self._process = subprocess.Popen(
             [QEMU, "-accel", "tcg,thread=multi", "-m", "384", "-nodefaults", "-display", "none", "-no-reboot",
-             "-kernel", str(kernel), "-initrd", str(initrd), "-append", "console=ttyS0 quiet panic=-1",
+             "-kernel", str(kernel), "-initrd", str(initrd), "-append", KERNEL_WORDS,
              "-serial", f"file:{self._log}", "-serial", f"unix:{place / 'shell'},server=on,wait=off",
              "-qmp", f"unix:{place / 'monitor'},server=on,wait=off", "-device", "qemu-xhci,id=usb"],
             stdin=subprocess.DEVNULL)
@@ -35,7 +39,7 @@ class Machine:
         self.cut_power()
 
     def cut_power(self):
-        """What the kernel has not written by now is lost."""
+        """Before the end of the block. What the kernel has not written by now is lost."""
         self._process.kill()
         self._process.wait()
 
@@ -98,9 +102,3 @@ class Machine:
     def mount(self, stick, options):
         """In its folder below /media, as soon as the kernel knows it."""
         self.run("mount_stick", stick.name, stick.file_system, options, stick.folder)
-
-    def digests_in(self, folder):
-        """{path: digest} of the files below it."""
-        lines = self.run("find", folder, "-type", "f", "-exec", "sha256sum", "{}", "+")
-        told = (line.split("  ", 1) for line in lines)
-        return {path.removeprefix(f"{folder}/"): digest for digest, path in told}

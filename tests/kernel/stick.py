@@ -1,6 +1,5 @@
 """A memory stick: the image of a disk with one partition, and what is on it when nobody uses it."""
 
-import hashlib
 import re
 import shutil
 import struct
@@ -27,11 +26,6 @@ def _run(*command, **options):
     words = [shutil.which(command[0]) or shutil.which(command[0], path="/usr/sbin:/sbin") or command[0], *command[1:]]
     return subprocess.run([str(word) for word in words], text=True, stdin=subprocess.DEVNULL,
                           stdout=subprocess.PIPE, stderr=subprocess.STDOUT, **options)
-
-
-def digests(files):
-    """{path: bytes} as {path: what tells whether they are the same}."""
-    return {path: hashlib.sha256(content).hexdigest() for path, content in files.items()}
 
 
 class Stick:

@@ -44,7 +44,7 @@ TEST_F(AddFileTest, A_video_gets_its_fields_and_stays_where_it_lies) {
     const Video& video = colVideo.Item(sID);
     EXPECT_EQ(video.sDBID, sID);
     EXPECT_EQ(video.sName, "My Film");
-    EXPECT_EQ(video.sPath, sPath);
+    EXPECT_EQ(video.sPath(), sPath);
     EXPECT_EQ(video.sFormat, "mp4");
     EXPECT_EQ(video.iSize, 8);
     EXPECT_EQ(video.sThumbPath, "");
@@ -62,7 +62,7 @@ TEST_F(AddFileTest, Music_is_named_by_its_tag) {
     EXPECT_EQ(music.sDBID, sID);
     EXPECT_EQ(music.sName + "|" + music.sArtist + "|" + music.sAlbum, "Song|Band|Record");
     EXPECT_EQ(music.sFormat, "mp3");
-    EXPECT_EQ(music.sPath, temp.DrivePath("track01.mp3"));
+    EXPECT_EQ(music.sPath(), temp.DrivePath("track01.mp3"));
     EXPECT_EQ(static_cast<std::uintmax_t>(music.iSize),
               std::filesystem::file_size(temp.HostPath("track01.mp3")));
     EXPECT_EQ(curMusic, &music);
@@ -83,14 +83,14 @@ TEST_F(AddFileTest, An_empty_music_file_fails_with_its_record_half_made) {
     EXPECT_EQ(FailureOf([&] { AddFile(sPath); }), failure::InvalidProcedureCall);
     ASSERT_EQ(colMusic.Count(), 1);
     EXPECT_EQ(colMusic.Item(1).sFormat, "mp3");
-    EXPECT_EQ(colMusic.Item(1).sPath, "");
+    EXPECT_EQ(colMusic.Item(1).sPath(), "");
 }
 
 TEST_F(AddFileTest, A_photo_gets_its_sides_the_right_way_round) {
     const std::string sID = AddFile(Write("Holiday 2.BMP", Bitmap(640, 480)));
     const Photo& photo = colPhoto.Item(sID);
     EXPECT_EQ(photo.sDBID, sID);
-    EXPECT_EQ(photo.sPath, temp.DrivePath("Holiday 2.BMP"));
+    EXPECT_EQ(photo.sPath(), temp.DrivePath("Holiday 2.BMP"));
     EXPECT_EQ(photo.sName, "Holiday 2");
     EXPECT_EQ(photo.sFormat, "bmp");
     EXPECT_EQ(photo.iSizeW, 640);
@@ -140,7 +140,7 @@ TEST_F(AddFileTest, A_size_beyond_a_Long_fails_with_what_comes_before_it_assigne
         return sPath;
     };
     const auto read = [](const Item& item) {
-        return item.sDBID.substr(0, 2) + "|" + item.sName + "|" + item.sFormat + "|" + item.sPath;
+        return item.sDBID.substr(0, 2) + "|" + item.sName + "|" + item.sFormat + "|" + item.sPath();
     };
     const std::string sVideo = large("large.mp4", "");
     const std::string sMusic = large("large.mp3", Tag(3, Frame3("TIT2", Latin1("Song"))));

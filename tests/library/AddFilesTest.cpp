@@ -21,7 +21,7 @@ TEST_F(AddFilesTest, A_single_file_is_given_by_its_full_path) {
     ExpectShown(expected, sPath);
     expected.push_back("frmAdd.Unload");
     EXPECT_EQ(windows.calls, expected);
-    EXPECT_EQ(colPhoto.Item(1).sPath, sPath);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), sPath);
 }
 
 TEST_F(AddFilesTest, Several_files_are_given_by_their_folder_and_names) {
@@ -33,8 +33,8 @@ TEST_F(AddFilesTest, Several_files_are_given_by_their_folder_and_names) {
     ExpectShown(expected, sSecond);
     expected.push_back("frmAdd.Unload");
     EXPECT_EQ(windows.calls, expected);
-    EXPECT_EQ(colPhoto.Item(1).sPath, sFirst);
-    EXPECT_EQ(colVideo.Item(1).sPath, sSecond);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), sFirst);
+    EXPECT_EQ(colVideo.Item(1).sPath(), sSecond);
 }
 
 TEST_F(AddFilesTest, A_blank_entry_ends_the_list) {
@@ -52,7 +52,7 @@ TEST_F(AddFilesTest, A_blank_entry_ends_the_list) {
 TEST_F(AddFilesTest, An_entry_is_put_behind_its_folder_and_a_backslash_as_it_stands) {
     Write(" abcde.jpg", "x");
     AddFiles({temp.DrivePath("") + "\\", " abcde.jpg", ""});
-    EXPECT_EQ(colPhoto.Item(1).sPath, temp.DrivePath("") + "\\\\ abcde.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), temp.DrivePath("") + "\\\\ abcde.jpg");
 }
 
 TEST_F(AddFilesTest, Unsupported_and_hidden_files_are_shown_and_passed_over_without_a_word) {

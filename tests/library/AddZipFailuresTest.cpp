@@ -76,7 +76,7 @@ TEST_F(AddZipFailures, A_group_whose_first_file_was_rejected_fails) {
     bGroupZip = true;
     EXPECT_EQ(FailureOfImport({{"a.txt", "1"}, {"b.jpg", "2"}}), failure::FileNotFound);
     EXPECT_EQ(Listed(), Texts{sFolder + "\\a.txt"});
-    EXPECT_EQ(colPhoto.Item(1).sPath, sFolder + "\\b.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), sFolder + "\\b.jpg");
     EXPECT_TRUE(fs::exists(Unzipped("b.jpg")));
 }
 
@@ -115,7 +115,7 @@ TEST_F(AddZipFailures, After_a_failure_the_import_can_be_started_again) {
     EXPECT_EQ(FailureOfImport({{"b.jpg", "2"}}), failure::DiskFull);
     ReleaseCollections();
     Import({{"b.jpg", "2"}});
-    EXPECT_EQ(colPhoto.Item(1).sPath, root + "\\Photos\\b.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), root + "\\Photos\\b.jpg");
 }
 
 TEST_F(AddZipFailures, Two_files_of_one_name_fail_at_the_second_ones_move) {
@@ -135,7 +135,7 @@ TEST_F(AddZipFailures, A_file_without_an_extension_fails_with_everything_still_u
 TEST_F(AddZipFailures, An_archive_without_an_extension_cannot_name_its_group) {
     bGroupZip = true;
     EXPECT_EQ(FailureOfImport({{"a.jpg", "1"}}, "archive"), failure::Overflow);
-    EXPECT_EQ(colPhoto.Item(1).sPath, sFolder + "\\a.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), sFolder + "\\a.jpg");
     EXPECT_EQ(colMagazine.Count(), 0);
 }
 

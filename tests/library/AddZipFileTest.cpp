@@ -14,9 +14,9 @@ using AddZipFileTest = ZipImportTest;
 TEST_F(AddZipFileTest, Three_pictures_become_three_photos_in_the_library_folder) {
     Import({{"a.jpg", "1"}, {"b.JPG", "2"}, {"c.bmp", Bitmap(40, 30)}});
     ASSERT_EQ(colPhoto.Count(), 3);
-    EXPECT_EQ(colPhoto.Item(1).sPath, root + "\\Photos\\a.jpg");
-    EXPECT_EQ(colPhoto.Item(2).sPath, root + "\\Photos\\b.jpg");
-    EXPECT_EQ(colPhoto.Item(3).sPath, root + "\\Photos\\c.bmp");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), root + "\\Photos\\a.jpg");
+    EXPECT_EQ(colPhoto.Item(2).sPath(), root + "\\Photos\\b.jpg");
+    EXPECT_EQ(colPhoto.Item(3).sPath(), root + "\\Photos\\c.bmp");
     EXPECT_EQ(colPhoto.Item(3).iSizeW, 40);
     EXPECT_EQ(temp.Read("library/Photos/a.jpg"), "1");
     EXPECT_EQ(temp.Read("library/Photos/b.jpg"), "2");
@@ -34,8 +34,8 @@ TEST_F(AddZipFileTest, As_a_group_they_become_one_magazine_named_after_the_archi
     EXPECT_EQ(MembersOf(magazine),
               (Texts{colPhoto.Item(1).sDBID, colPhoto.Item(2).sDBID, colPhoto.Item(3).sDBID}));
     const std::string folder = root + "\\Photos\\Magazines\\Summer 2006.v2\\";
-    EXPECT_EQ(colPhoto.Item(1).sPath, folder + "b.JPG");
-    EXPECT_EQ(colPhoto.Item(3).sPath, folder + "c.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), folder + "b.JPG");
+    EXPECT_EQ(colPhoto.Item(3).sPath(), folder + "c.jpg");
     EXPECT_EQ(temp.Read("library/Photos/Magazines/Summer 2006.v2/b.JPG"), "1");
     EXPECT_EQ(GroupsOf(colPhoto.Item(2)), Texts{magazine.sDBID});
 }
@@ -105,7 +105,7 @@ TEST_F(AddZipFileTest, The_temporary_folder_is_used_as_it_is_found) {
 
 TEST_F(AddZipFileTest, A_folders_entry_is_passed_over_and_its_files_go_in) {
     Import({{"in/"}, {"in/deep/"}, {"in/deep/a.jpg", "1"}, {"empty/"}});
-    EXPECT_EQ(colPhoto.Item(1).sPath, root + "\\Photos\\a.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), root + "\\Photos\\a.jpg");
     EXPECT_TRUE(fs::is_empty(Unzipped("in/deep")));
     EXPECT_FALSE(fs::exists(Unzipped("empty")));
 }
@@ -149,7 +149,7 @@ TEST_F(AddZipFileTest, Without_one_supported_file_all_are_listed_and_nothing_is_
 TEST_F(AddZipFileTest, A_dot_in_front_of_a_name_hides_nothing) {
     Import({{".a.jpg", "1"}, {"in/.b.jpg", "2"}});
     ASSERT_EQ(colPhoto.Count(), 2);
-    EXPECT_EQ(colPhoto.Item(1).sPath, root + "\\Photos\\.a.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), root + "\\Photos\\.a.jpg");
     EXPECT_EQ(temp.Read("library/Photos/.b.jpg"), "2");
 }
 
@@ -167,7 +167,7 @@ TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
     EXPECT_EQ(windows.calls, Calls{"frmAdd.Show"});
     fs::create_directories(temp.HostPath("0/Photos"));
     Import({{"a.jpg", "1"}});
-    EXPECT_EQ(colPhoto.Item(1).sPath, "0\\Photos\\a.jpg");
+    EXPECT_EQ(colPhoto.Item(1).sPath(), "0\\Photos\\a.jpg");
     EXPECT_EQ(temp.Read("0/Photos/a.jpg"), "1");
     EXPECT_TRUE(fs::exists(temp.HostPath("0/TEMPUNZIP")));
     fs::current_path(before);

@@ -120,6 +120,12 @@ TEST_F(FailedActivity, The_settings_name_what_was_to_be_read) {
     EXPECT_EQ(FailedActivityOf(LoadSupportedExts), "Reading the list videosupport of " + sDBFile);
 }
 
+TEST_F(FailedActivity, Saving_names_the_entry_and_the_file) {
+    Contain("");
+    Give(colVidSeries, "vs_a");  // without a count
+    EXPECT_EQ(FailedActivityOf(SaveDB), "Saving vs_a in " + sDBFile);
+}
+
 TEST_F(FailedActivity, A_folder_that_cannot_be_made_leaves_nothing_for_a_later_failure) {
     UseFileService(&files);
     files.FailOn("CreateFolder", failure::PermissionDenied);

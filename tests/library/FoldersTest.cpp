@@ -97,7 +97,7 @@ TEST_F(Folders, A_photo_moves_under_its_name_in_the_library) {
     Photo& photo = Give(colPhoto, "ph_a", Write("TEMPUNZIP/page 1.JPG", "picture"));
     photo.sName = "Renamed";
     MoveToDBFolder("ph_a");
-    EXPECT_EQ(photo.sPath, root + "\\Photos\\Renamed.jpg");
+    EXPECT_EQ(photo.sPath(), root + "\\Photos\\Renamed.jpg");
     EXPECT_EQ(temp.Read("library/Photos/Renamed.jpg"), "picture");
     EXPECT_FALSE(std::filesystem::exists(temp.HostPath("TEMPUNZIP/page 1.JPG")));
 }
@@ -108,7 +108,7 @@ TEST_F(Folders, A_photo_whose_name_is_taken_cannot_move) {
     Photo& photo = Give(colPhoto, "ph_a", Write("in/a.jpg", "second"));
     photo.sName = "a";
     EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::FileAlreadyExists);
-    EXPECT_EQ(photo.sPath, temp.DrivePath("in\\a.jpg"));
+    EXPECT_EQ(photo.sPath(), temp.DrivePath("in\\a.jpg"));
     EXPECT_EQ(temp.Read("library/Photos/a.jpg"), "first");
 }
 
@@ -121,7 +121,7 @@ TEST_F(Folders, A_photo_whose_file_or_target_folder_is_not_there_cannot_move) {
     MakeTree();
     std::filesystem::remove(temp.HostPath("in/a.jpg"));
     EXPECT_EQ(FailureOf([] { MoveToDBFolder("ph_a"); }), failure::FileNotFound);
-    EXPECT_EQ(photo.sPath, temp.DrivePath("in\\a.jpg"));
+    EXPECT_EQ(photo.sPath(), temp.DrivePath("in\\a.jpg"));
 }
 
 TEST_F(Folders, A_photo_that_lies_there_already_cannot_move_in_any_spelling) {
@@ -149,8 +149,8 @@ class MagazineMove : public Folders {
 
 TEST_F(MagazineMove, Moves_each_page_under_its_files_own_name) {
     MoveToDBFolder("ma_a");
-    EXPECT_EQ(colPhoto.Item("ph_a").sPath, folder + "one.jpg");
-    EXPECT_EQ(colPhoto.Item("ph_b").sPath, folder + "two.JPG");
+    EXPECT_EQ(colPhoto.Item("ph_a").sPath(), folder + "one.jpg");
+    EXPECT_EQ(colPhoto.Item("ph_b").sPath(), folder + "two.JPG");
     EXPECT_EQ(temp.Read("library/Photos/Magazines/Summer/one.jpg"), "1");
     EXPECT_EQ(temp.Read("library/Photos/Magazines/Summer/two.JPG"), "2");
 }
@@ -158,7 +158,7 @@ TEST_F(MagazineMove, Moves_each_page_under_its_files_own_name) {
 TEST_F(MagazineMove, Reuses_a_folder_and_fails_on_a_name_that_it_holds) {
     Write("library/Photos/Magazines/Summer/two.JPG", "kept");
     EXPECT_EQ(FailureOf([] { MoveToDBFolder("ma_a"); }), failure::FileAlreadyExists);
-    EXPECT_EQ(colPhoto.Item("ph_a").sPath, folder + "one.jpg");
+    EXPECT_EQ(colPhoto.Item("ph_a").sPath(), folder + "one.jpg");
     EXPECT_EQ(temp.Read("library/Photos/Magazines/Summer/two.JPG"), "kept");
 }
 
@@ -175,7 +175,7 @@ TEST_F(MagazineMove, Fails_on_a_page_that_is_no_photo_of_the_library) {
 }
 
 TEST_F(MagazineMove, The_scan_knows_a_moved_file_by_its_new_path_alone) {
-    const std::string sOld = colPhoto.Item("ph_a").sPath;
+    const std::string sOld = colPhoto.Item("ph_a").sPath();
     EXPECT_TRUE(IsFileInDB(sOld));
     MoveToDBFolder("ma_a");
     EXPECT_FALSE(IsFileInDB(sOld));
@@ -191,11 +191,12 @@ TEST_F(Folders, Videos_and_music_are_refused_by_the_file_service) {
     Music& music = Give(colMusic, "mu_a", Write("in/song.mp3", "m"));
     for (const char* sID : {"vd_a", "mu_a"})
         EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::BadFileName) << sID;
-    EXPECT_EQ(CallsOf("MoveFile "),
-              (Texts{video.sPath + " -> " + root + "\\Video\\" + temp.DrivePath("in\\film.mp4"),
-                     music.sPath + " -> " + root + "\\Music\\" + temp.DrivePath("in\\song.mp3")}));
-    EXPECT_EQ(video.sPath, temp.DrivePath("in\\film.MP4"));
-    EXPECT_EQ(music.sPath, temp.DrivePath("in\\song.mp3"));
+    EXPECT_EQ(
+        CallsOf("MoveFile "),
+        (Texts{video.sPath() + " -> " + root + "\\Video\\" + temp.DrivePath("in\\film.mp4"),
+               music.sPath() + " -> " + root + "\\Music\\" + temp.DrivePath("in\\song.mp3")}));
+    EXPECT_EQ(video.sPath(), temp.DrivePath("in\\film.MP4"));
+    EXPECT_EQ(music.sPath(), temp.DrivePath("in\\song.mp3"));
     EXPECT_EQ(temp.Read("in/film.MP4") + temp.Read("in/song.mp3"), "vm");
 }
 
@@ -205,7 +206,7 @@ TEST_F(Folders, An_album_fails_before_anything_is_made_or_moved) {
     const std::string sID = MakeGroup({"ph_a"}, "Album", mtPhotoAlbum);
     EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::NoSuchMember);
     EXPECT_EQ(files.calls, Texts{});
-    EXPECT_EQ(colPhoto.Item("ph_a").sPath, temp.DrivePath("in\\a.jpg"));
+    EXPECT_EQ(colPhoto.Item("ph_a").sPath(), temp.DrivePath("in\\a.jpg"));
 }
 
 TEST_F(Folders, A_series_gets_its_folder_and_then_fails_with_its_episodes_in_their_place) {
@@ -216,7 +217,7 @@ TEST_F(Folders, A_series_gets_its_folder_and_then_fails_with_its_episodes_in_the
         EXPECT_EQ(FailureOf([&] { MoveToDBFolder(sID); }), failure::NoSuchMember);
     EXPECT_EQ(CallsOf("CreateFolder "), Texts{root + "\\Videos\\VidSeries\\Series\\"});
     EXPECT_EQ(CallsOf("MoveFile "), Texts{});
-    EXPECT_EQ(colVideo.Item("vd_a").sPath, temp.DrivePath("in\\a.mp4"));
+    EXPECT_EQ(colVideo.Item("vd_a").sPath(), temp.DrivePath("in\\a.mp4"));
 }
 
 TEST_F(Folders, A_playlist_is_looked_for_among_the_magazines_and_not_found) {

@@ -236,7 +236,7 @@ TEST_F(Groups, Removing_works_for_each_kind) {
         RemoveFromGroup(kind.b, sID);
         const Group& group = GroupOf(kind.group, sID);
         EXPECT_EQ(group.Count(), 0);
-        EXPECT_EQ(group.Get_sMemberID(0), kind.b);
+        EXPECT_EQ(group.Members().Get(0), kind.b);
         EXPECT_EQ(windows.calls, Calls{});
     }
 }

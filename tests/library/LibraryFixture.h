@@ -43,7 +43,7 @@ template <class T>
 T& Give(Collection<T>& collection, const std::string& sID, const std::string& sPath = {}) {
     T& record = collection.Add(sID, T{});
     record.sDBID = sID;
-    if constexpr (requires { record.sPath; }) record.sPath = sPath;
+    if constexpr (requires { record.sPath(); }) record.sPath(sPath);
     return record;
 }
 
@@ -55,7 +55,7 @@ inline Texts GroupsOf(const Item& item) {
 
 inline Texts MembersOf(const Group& group) {
     Texts ids;
-    for (Integer i = 0; i < group.Count(); ++i) ids.push_back(group.Get_sMemberID(i));
+    for (Integer i = 0; i < group.Count(); ++i) ids.push_back(group.Members().Get(i));
     return ids;
 }
 

@@ -32,7 +32,7 @@ TEST_F(LoadDBTest, A_photo_comes_with_width_and_height_crossed) {
     const Photo& photo = colPhoto.Item("ph_a");
     EXPECT_EQ(photo.sDBID, "ph_a");
     EXPECT_EQ(photo.sName, "Holiday 2");
-    EXPECT_EQ(photo.sPath, "C:\\Pictures\\Holiday 2.jpg");
+    EXPECT_EQ(photo.sPath(), "C:\\Pictures\\Holiday 2.jpg");
     EXPECT_EQ(photo.sFormat, "jpg");
     EXPECT_EQ(photo.iSize, 120488);
     EXPECT_EQ(photo.iSizeH, 640);
@@ -50,13 +50,13 @@ TEST_F(LoadDBTest, Music_and_video_come_with_all_their_fields) {
          "ThumbPath=C:\\a.THM\r\nNoOfGroups=0\r\n"});
     LoadDB();
     const Music& music = colMusic.Item("mu_a");
-    EXPECT_EQ(music.sName + "|" + music.sPath + "|" + music.sFormat, "Song|C:\\a.mp3|mp3");
+    EXPECT_EQ(music.sName + "|" + music.sPath() + "|" + music.sFormat, "Song|C:\\a.mp3|mp3");
     EXPECT_EQ(music.sArtist + "|" + music.sAlbum, "Someone|Something");
     EXPECT_EQ(music.iSize, 7);
     EXPECT_EQ(GroupsOf(music), Texts{"pl_"});
     EXPECT_EQ(curMusic, &music);
     const Video& video = colVideo.Item("vd_a");
-    EXPECT_EQ(video.sName + "|" + video.sPath + "|" + video.sFormat, "Film|C:\\a.mp4|mp4");
+    EXPECT_EQ(video.sName + "|" + video.sPath() + "|" + video.sFormat, "Film|C:\\a.mp4|mp4");
     EXPECT_EQ(video.sThumbPath, "C:\\a.THM");
     EXPECT_EQ(video.iSize, 8);
     EXPECT_EQ(video.iNoGroups, 0);
@@ -78,7 +78,7 @@ TEST_F(LoadDBTest, Each_kind_of_group_comes_with_its_members) {
     const Group* groups[] = {curMagazine, curPhotoAlbum, curVidSeries, curPlaylist};
     for (const Group* group : groups) {
         EXPECT_EQ(group->iSize, 0);
-        EXPECT_EQ(FailureOf([&] { group->Get_sMemberID(group->Count()); }),
+        EXPECT_EQ(FailureOf([&] { group->Members().Get(group->Count()); }),
                   failure::SubscriptOutOfRange);
     }
 }
@@ -208,7 +208,7 @@ TEST_F(LoadDBTest, Keys_are_read_in_a_fixed_order_up_to_the_first_that_fails) {
     for (const auto& row : photos) {
         EXPECT_EQ(FailureOfLoading({Spoilt(photo, row.spoilt)}), failure::TypeMismatch);
         const Photo& read = colPhoto.Item("ph_a");
-        EXPECT_EQ(read.sDBID + " " + read.sName + " " + read.sPath + " " + read.sFormat + " " +
+        EXPECT_EQ(read.sDBID + " " + read.sName + " " + read.sPath() + " " + read.sFormat + " " +
                       std::to_string(read.iSizeH) + " " + std::to_string(read.iSizeW) + " " +
                       std::to_string(read.iSize),
                   row.read)
@@ -221,7 +221,7 @@ TEST_F(LoadDBTest, Keys_are_read_in_a_fixed_order_up_to_the_first_that_fails) {
     for (const char* spoilt : {"Size", "NoOfGroups"}) {
         EXPECT_EQ(FailureOfLoading({Spoilt(music, spoilt)}), failure::TypeMismatch);
         const Music& read = colMusic.Item("mu_a");
-        EXPECT_EQ(read.sDBID + read.sName + read.sPath + read.sArtist + read.sAlbum, "mu_anpal");
+        EXPECT_EQ(read.sDBID + read.sName + read.sPath() + read.sArtist + read.sAlbum, "mu_anpal");
         const bool isBehindSize = spoilt == std::string("NoOfGroups");
         EXPECT_EQ(read.iSize, isBehindSize ? 3 : 0);
         EXPECT_EQ(read.sFormat, isBehindSize ? "f" : "");
@@ -232,7 +232,7 @@ TEST_F(LoadDBTest, Keys_are_read_in_a_fixed_order_up_to_the_first_that_fails) {
     for (const char* spoilt : {"Size", "NoOfGroups"}) {
         EXPECT_EQ(FailureOfLoading({Spoilt(video, spoilt)}), failure::TypeMismatch);
         const Video& read = colVideo.Item("vd_a");
-        EXPECT_EQ(read.sDBID + read.sName + read.sPath, "vd_anp");
+        EXPECT_EQ(read.sDBID + read.sName + read.sPath(), "vd_anp");
         const bool isBehindSize = spoilt == std::string("NoOfGroups");
         EXPECT_EQ(read.iSize, isBehindSize ? 3 : 0);
         EXPECT_EQ(read.sFormat + read.sThumbPath, isBehindSize ? "ft" : "");

@@ -3,6 +3,8 @@
 #include "platform/Failure.h"
 #include "support/Support.h"
 
+#include <numeric>
+#include <random>
 #include <tuple>
 
 namespace tavel::test {
@@ -51,14 +53,107 @@ TEST(TextArray, An_upper_bound_of_minus_1_fails_and_leaves_the_entries) {
     EXPECT_EQ(array.Get(0), "a");
 }
 
-TEST(TextArray, Closing_a_gap_moves_the_entries_behind_it_down) {
+std::string AllOf(const TextArray& array, Integer iCount) {
+    std::string all;
+    for (Integer i = 0; i < iCount; ++i) all += array.Get(i);
+    return all;
+}
+
+TextArray ArrayOf(const std::string& letters) {
     TextArray array;
-    array.Redim(3, false);
-    for (Integer i = 0; i <= 3; ++i) array.Set(i, std::string(1, static_cast<char>('a' + i)));
-    array.CloseGap(1, 2);
-    EXPECT_EQ(array.Get(0) + array.Get(1) + array.Get(3), "acd");
-    EXPECT_EQ(FailureOf([&] { array.CloseGap(0, 4); }), failure::SubscriptOutOfRange);
-    EXPECT_EQ(FailureOf([&] { array.CloseGap(0, -1); }), failure::SubscriptOutOfRange);
+    array.Redim(static_cast<Integer>(letters.size() - 1), false);
+    for (Integer i = 0; const char letter : letters) array.Set(i++, std::string(1, letter));
+    return array;
+}
+
+TEST(TextArray, Taking_one_out_moves_those_behind_it_down) {
+    TextArray array = ArrayOf("abcde");
+    array.TakeOut(1);
+    EXPECT_EQ(AllOf(array, 4), "acde");
+    array.TakeOut(3);
+    EXPECT_EQ(AllOf(array, 3), "acd");
+    array.TakeOut(0);
+    EXPECT_EQ(AllOf(array, 2), "cd");
+    for (const int i : {-1, 2}) {
+        EXPECT_EQ(FailureOf([&] { array.TakeOut(static_cast<Integer>(i)); }),
+                  failure::SubscriptOutOfRange);
+    }
+    array.Redim(2, true);
+    array.Set(2, "f");
+    EXPECT_EQ(AllOf(array, 3), "cdf");
+}
+
+TEST(TextArray, The_last_of_equal_entries_is_found_among_the_first_ones) {
+    TextArray array = ArrayOf("abaca");
+    EXPECT_EQ(array.LastOf("a", 5), 4);
+    EXPECT_EQ(array.LastOf("a", 4), 2);
+    EXPECT_EQ(array.LastOf("a", 2), 0);
+    EXPECT_EQ(array.LastOf("c", 3), std::nullopt);
+    EXPECT_EQ(array.LastOf("", 5), std::nullopt);
+    EXPECT_EQ(array.LastOf("a", 0), std::nullopt);
+    EXPECT_EQ(FailureOf([&] { array.LastOf("a", 6); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(FailureOf([] { TextArray().LastOf("a", 1); }), failure::SubscriptOutOfRange);
+}
+
+TEST(TextArray, A_search_sees_what_changed_since_the_one_before) {
+    TextArray array = ArrayOf("abc");
+    EXPECT_EQ(array.LastOf("c", 3), 2);
+    array.Set(2, "d");
+    EXPECT_EQ(array.LastOf("c", 3), std::nullopt);
+    EXPECT_EQ(array.LastOf("d", 3), 2);
+    array.TakeOut(0);
+    EXPECT_EQ(array.LastOf("d", 2), 1);
+    array.Redim(3, true);
+    EXPECT_EQ(array.LastOf("", 4), 3);
+    array.Redim(0, true);
+    EXPECT_EQ(array.LastOf("d", 1), std::nullopt);
+    array.Redim(0, false);
+    EXPECT_EQ(array.LastOf("b", 1), std::nullopt);
+}
+
+TEST(TextArray, A_copy_goes_its_own_way) {
+    TextArray array = ArrayOf("ab");
+    array.LastOf("a", 2);
+    TextArray copy = array;
+    copy.Set(0, "c");
+    EXPECT_EQ(AllOf(array, 2) + AllOf(copy, 2), "abcb");
+    EXPECT_EQ(copy.LastOf("a", 2), std::nullopt);
+    array = copy;
+    EXPECT_EQ(array.LastOf("c", 2), 0);
+    TextArray moved = std::move(array);
+    EXPECT_EQ(AllOf(moved, 2), "cb");
+}
+
+TEST(TextArray, Does_as_a_plain_list_of_texts_does) {
+    std::mt19937 random(11);
+    TextArray array = ArrayOf("a");
+    std::vector<std::string> plain{"a"};
+    const auto place = [&] { return static_cast<Integer>(random() % plain.size()); };
+    for (int round = 0; round < 3000; ++round) {
+        const std::string text(1, static_cast<char>('a' + random() % 8));
+        const unsigned kind = random() % 4;
+        if (kind == 0 && plain.size() > 1) {
+            const Integer i = place();
+            array.TakeOut(i);
+            plain.erase(plain.begin() + i);
+        } else if (kind == 1) {
+            const auto iUpper = static_cast<Integer>(random() % 40);
+            array.Redim(iUpper, true);
+            plain.resize(static_cast<std::size_t>(iUpper) + 1);
+        } else if (kind == 2) {
+            const Integer i = place();
+            array.Set(i, text);
+            plain[static_cast<std::size_t>(i)] = text;
+        }
+        const Integer iCount = place();
+        std::optional<Integer> expected;
+        for (Integer i = 0; i < iCount; ++i) {
+            if (plain[static_cast<std::size_t>(i)] == text) expected = i;
+        }
+        ASSERT_EQ(array.LastOf(text, iCount), expected) << round;
+        ASSERT_EQ(AllOf(array, static_cast<Integer>(plain.size())),
+                  std::accumulate(plain.begin(), plain.end(), std::string()));
+    }
 }
 
 TEST(Records, Items_share_the_groups_trio) {
@@ -123,6 +218,42 @@ TEST(Collections, Keep_their_order_and_are_reached_by_position_and_by_key_in_any
     texts.Remove("b");
     EXPECT_EQ(texts.Item(1), "second");
     EXPECT_EQ(texts.Count(), 2);
+}
+
+TEST(Collections, Positions_are_right_whichever_entries_have_gone_and_come) {
+    Collection<std::string> texts;
+    const auto all = [&] {
+        std::string joined;
+        for (Long i = 1; i <= texts.Count(); ++i) joined += texts.Item(i);
+        return joined;
+    };
+    for (const char* key : {"a", "b", "c", "d", "e"}) texts.Add(key, key);
+    texts.Remove("e");
+    texts.Add("f", "f");
+    EXPECT_EQ(all(), "abcdf");
+    texts.Remove("b");
+    texts.Remove("f");
+    texts.Add("g", "g");
+    EXPECT_EQ(all(), "acdg");
+    texts.Remove("a");
+    EXPECT_EQ(texts.Item(3), "g");
+    texts.Clear();
+    texts.Add("h", "h");
+    EXPECT_EQ(all(), "h");
+    texts.Remove("h");
+    texts.Add("i", "i");
+    EXPECT_EQ(FailureOf([&] { texts.Add("I", "j"); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(all(), "i");
+}
+
+TEST(Collections, A_moved_one_has_its_entries) {
+    Collection<std::string> texts;
+    texts.Add("a", "first");
+    texts.Add("b", "second");
+    Collection<std::string> moved = std::move(texts);
+    moved.Add("c", "third");
+    moved.Remove("a");
+    EXPECT_EQ(moved.Item("B") + moved.Item(2), "secondthird");
 }
 
 TEST(Collections, A_key_twice_a_missing_key_and_a_position_outside_fail) {

@@ -26,7 +26,7 @@ class RemoveItemTest : public LibraryTest {
 };
 
 TEST_F(RemoveItemTest, An_item_goes_and_its_file_stays) {
-    colPhoto.Item("ph_a").sPath = Write("a.jpg", "x");
+    colPhoto.Item("ph_a").sPath(Write("a.jpg", "x"));
     Remove("ph_a");
     EXPECT_FALSE(colPhoto.Has("ph_a"));
     EXPECT_EQ(colPhoto.Count(), 2);
@@ -35,10 +35,10 @@ TEST_F(RemoveItemTest, An_item_goes_and_its_file_stays) {
 }
 
 TEST_F(RemoveItemTest, Each_kind_of_item_goes_with_its_file_when_told) {
-    colPhoto.Item("ph_a").sPath = Write("a.jpg", "x");
-    colVideo.Item("vd_a").sPath = Write("a.mp4", "x");
+    colPhoto.Item("ph_a").sPath(Write("a.jpg", "x"));
+    colVideo.Item("vd_a").sPath(Write("a.mp4", "x"));
     colVideo.Item("vd_a").sThumbPath = Write("a.THM", "x");
-    colMusic.Item("mu_a").sPath = Write("a.mp3", "x");
+    colMusic.Item("mu_a").sPath(Write("a.mp3", "x"));
     for (const char* sID : {"ph_a", "vd_a", "mu_a"}) EXPECT_TRUE(Remove(sID, true));
     EXPECT_FALSE(IsThere("a.jpg") || IsThere("a.mp4") || IsThere("a.mp3"));
     EXPECT_TRUE(IsThere("a.THM"));
@@ -46,14 +46,14 @@ TEST_F(RemoveItemTest, Each_kind_of_item_goes_with_its_file_when_told) {
 }
 
 TEST_F(RemoveItemTest, A_read_only_file_goes_too) {
-    colPhoto.Item("ph_a").sPath = Write("a.jpg", "x");
+    colPhoto.Item("ph_a").sPath(Write("a.jpg", "x"));
     std::filesystem::permissions(temp.HostPath("a.jpg"), std::filesystem::perms::owner_read);
     Remove("ph_a", true);
     EXPECT_FALSE(IsThere("a.jpg"));
 }
 
 TEST_F(RemoveItemTest, A_file_that_has_gone_fails_behind_the_record) {
-    colPhoto.Item("ph_a").sPath = temp.DrivePath("none.jpg");
+    colPhoto.Item("ph_a").sPath(temp.DrivePath("none.jpg"));
     EXPECT_EQ(FailureOf([] { Remove("ph_a", true); }), failure::FileNotFound);
     EXPECT_FALSE(colPhoto.Has("ph_a"));
     EXPECT_FALSE(bDBChanged);
@@ -78,7 +78,7 @@ TEST_F(RemoveItemTest, Each_kind_of_item_leaves_its_group_and_goes_with_its_file
                 {"mu_a", "mu_b", mtPlaylist}};
     for (const auto& row : rows) {
         const auto type = static_cast<MediaType>(GetMediaClass(row.group));
-        ItemOf(type, row.sID).sPath = Write(row.sID, "x");
+        ItemOf(type, row.sID).sPath(Write(row.sID, "x"));
         const std::string sGroupID = MakeGroup({row.sID, row.other}, "Summer", row.group);
         windows.calls.clear();
         EXPECT_TRUE(Remove(row.sID, true));
@@ -137,8 +137,8 @@ TEST_F(RemoveItemTest, Groups_that_give_their_first_member_go_cleanly_at_any_siz
     for (const auto& row : rows) {
         bDBChanged = false;
         for (const std::string& sItemID : row.members)
-            ItemOf(static_cast<MediaType>(GetMediaClass(row.type)), sItemID).sPath =
-                Write(sItemID, "x");
+            ItemOf(static_cast<MediaType>(GetMediaClass(row.type)), sItemID)
+                .sPath(Write(sItemID, "x"));
         const std::string sID = MakeGroup(row.members, "Summer", row.type);
         windows.calls.clear();
         EXPECT_FALSE(Remove(sID, true));
@@ -153,7 +153,7 @@ TEST_F(RemoveItemTest, Groups_that_give_their_first_member_go_cleanly_at_any_siz
 }
 
 TEST_F(RemoveItemTest, A_groups_removal_deletes_no_file_and_tells_its_caller) {
-    colPhoto.Item("ph_a").sPath = Write("a.jpg", "x");
+    colPhoto.Item("ph_a").sPath(Write("a.jpg", "x"));
     const std::string sID = MakeGroup({"ph_a"}, "Summer", mtPhotoAlbum);
     EXPECT_FALSE(Remove(sID, true));
     EXPECT_TRUE(IsThere("a.jpg"));
@@ -225,6 +225,12 @@ TEST_F(RemoveItemTest, What_is_no_id_removes_nothing_and_marks_the_library_as_ch
     Remove("-1");
     EXPECT_EQ(colPhoto.Count(), 3);
     EXPECT_TRUE(bDBChanged);
+}
+
+TEST_F(RemoveItemTest, What_is_no_id_has_no_file_to_delete_and_fails) {
+    bool bDeleteFile = true;
+    EXPECT_EQ(FailureOf([&] { RemoveItem("-1", bDeleteFile); }), 76);
+    EXPECT_FALSE(bDBChanged);
 }
 
 }  // namespace

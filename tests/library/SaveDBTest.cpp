@@ -27,8 +27,8 @@ class SaveDBTest : public LibraryTest {
         group.sName = "N" + sID;
         group.SetCount(static_cast<Integer>(members.size()));
         for (Integer i = 0; i < group.Count(); ++i) {
-            group.Redim_sMemberID(i, true);
-            group.Set_sMemberID(i, members[static_cast<std::size_t>(i)]);
+            group.Members().Redim(i, true);
+            group.Members().Set(i, members[static_cast<std::size_t>(i)]);
         }
     }
 
@@ -180,24 +180,37 @@ TEST_F(SaveDBTest, A_long_value_is_cut_at_254_characters_at_the_next_load) {
     Contain("");
     Photo& photo = GivePhoto("ph_a");
     photo.sName = repeated("n", 300);
-    photo.sPath = "C:\\" + repeated("\u00e4", 260);
+    photo.sPath("C:\\" + repeated("\u00e4", 260));
     Link(photo, repeated("\u00e4", 254));
     SaveDB();
     EXPECT_NE(DB().find("Name=" + repeated("n", 300) + "\r\n"), std::string::npos);
     Reload();
     EXPECT_EQ(colPhoto.Item(1).sName, repeated("n", 254));
-    EXPECT_EQ(colPhoto.Item(1).sPath, "C:\\" + repeated("\u00e4", 251));
+    EXPECT_EQ(colPhoto.Item(1).sPath(), "C:\\" + repeated("\u00e4", 251));
     EXPECT_EQ(GroupsOf(colPhoto.Item(1)), Texts{repeated("\u00e4", 254)});
+}
+
+TEST_F(SaveDBTest, A_path_of_157_Cyrillic_characters_comes_back_whole) {
+    std::string sPath = "C:\\";
+    for (int i = 3; i < 157; ++i) sPath += "\u0436";
+    Contain("");
+    GivePhoto("ph_a").sPath(sPath);
+    for (int session = 0; session < 2; ++session) {
+        SaveDB();
+        Reload();
+        EXPECT_EQ(colPhoto.Item("ph_a").sPath(), sPath);
+    }
 }
 
 TEST_F(SaveDBTest, Bytes_of_any_code_page_come_back_as_they_were) {
     Contain("");
     Photo& photo = GivePhoto("ph_a");
-    photo.sName = photo.sPath = "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC";
+    photo.sName = "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC";
+    photo.sPath(photo.sName);
     SaveDB();
     Reload();
     EXPECT_EQ(colPhoto.Item(1).sName, "\xC3\xA4 \xE4 \x80 \xE2\x82\xAC");
-    EXPECT_EQ(colPhoto.Item(1).sPath, colPhoto.Item(1).sName);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), colPhoto.Item(1).sName);
 }
 
 TEST_F(SaveDBTest, Without_its_file_a_save_does_nothing) {

@@ -1,5 +1,6 @@
 #include "platform/OnEachDrive.h"
 #include "support/FoldersRead.h"
+#include "support/PlainUser.h"
 
 #include <unistd.h>
 
@@ -96,6 +97,18 @@ TEST_P(FolderNames, More_changes_than_the_kernel_keeps_are_seen_all_the_same) {
     fs::rename(Host("A.txt"), Host("B.txt"));
     EXPECT_FALSE(files->FileExists(At("a.TXT")));
     EXPECT_TRUE(files->FileExists(At("b.TXT")));
+}
+
+TEST_P(FolderNames, A_folder_that_could_not_be_read_is_looked_at_again) {
+    Put("a/Photos/one.jpg", "x");
+    fs::permissions(temp.HostPath(), fs::perms(0755));
+    fs::permissions(Host("a"), fs::perms(0311));
+    {
+        const PlainUser user;
+        EXPECT_FALSE(files->FolderExists(At("a\\photos")));
+    }
+    fs::permissions(Host("a"), fs::perms(0755));
+    EXPECT_TRUE(files->FolderExists(At("a\\photos")));
 }
 
 // Such as a share of another machine, of whose changes this one's kernel tells nothing.

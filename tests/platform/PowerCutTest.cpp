@@ -1,5 +1,6 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
+#include "support/FileSizeLimit.h"
 #include "support/HostCalls.h"
 #include "support/HostDrives.h"
 #include "support/PlainUser.h"
@@ -74,6 +75,18 @@ TEST_F(PowerCut, A_file_on_a_stick_is_flushed_when_it_is_closed_and_a_new_one_wi
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/empty.txt 0", "flush folder card"));
 }
 
+TEST_F(PowerCut, What_of_a_copy_did_not_fit_is_gone_from_the_stick) {
+    temp.Write("large.bin", std::string(200, 'x'));
+    {
+        const FileSizeLimit limit(100);
+        EXPECT_EQ(
+            FailureOf([&] { files->CopyFile(temp.DrivePath("large.bin"), "e:\\a.bin", true); }),
+            61);
+    }
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/a.bin 100", "flush folder card",
+                                          "remove card/a.bin", "flush folder card"));
+}
+
 TEST_F(PowerCut, Folders_made_and_files_removed_on_a_stick_are_so_at_once) {
     files->CreateFolder("e:\\psp");
     EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
@@ -120,6 +133,21 @@ TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_sourc
     files->MoveFile(otherDrivePath, "e:\\back.txt");
     EXPECT_THAT(all.Take(), ElementsAre("flush " + below + "/card/back.txt 12",
                                         "flush folder " + below + "/card", "remove " + name));
+}
+
+TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
+    mounts.Mount(temp.HostPath("card"), "card");
+    ASSERT_TRUE(files->DriveExists("d:"));
+    WriteRaw(temp.DrivePath("card/new.bin"), "x");
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
+    files->CreateFolder(temp.DrivePath("card/psp"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    files->MoveFile(temp.DrivePath("card/new.bin"), temp.DrivePath("card/psp/new.bin"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
+                            "flush folder card/psp", "flush folder card"));
+    files->DeleteFile(temp.DrivePath("card/old.txt"), true);
+    EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
 }
 
 TEST_F(PowerCut, The_host_sees_to_other_drives_in_its_own_time) {

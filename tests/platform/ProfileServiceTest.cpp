@@ -242,6 +242,23 @@ TEST_F(ProfileBatching, Another_file_that_cannot_be_looked_for_is_a_missing_one)
     UseHostFileService(nullptr);
 }
 
+TEST_F(ProfileBatching, A_failure_at_its_end_is_not_noticed) {
+    const std::string before = "[s]\r\nk=1\r\n";
+    File(before);
+    FaultyFileService files;
+    UseHostFileService(&files);
+    {
+        const ProfileBatch batch(m_path);
+        EXPECT_TRUE(Put("s", "k", "2"));
+        files.FailOn("HostPath", failure::DeviceIO);
+    }
+    UseHostFileService(nullptr);
+    EXPECT_EQ(File(), before);
+    EXPECT_EQ(Get("s", "k"), "1");
+    EXPECT_TRUE(Put("s", "k", "3")) << "the batch is over";
+    EXPECT_EQ(File(), "[s]\r\nk=3\r\n");
+}
+
 TEST_F(ProfileBatching, A_batch_within_joins_and_one_on_another_file_is_refused) {
     File("[s]\r\nk=1\r\n");
     const std::string other = m_folder.DrivePath("other.txt");

@@ -12,11 +12,17 @@ std::string ValueIn(const std::string& bytes, const std::string& section, const 
     return std::string(ProfileText(bytes).Value(section, key).value_or("(none)"));
 }
 
+std::string BytesOf(const ProfileText& profile) {
+    std::string bytes;
+    profile.Tell([&](std::string_view piece) { bytes += piece; });
+    return bytes;
+}
+
 std::string Written(const std::string& bytes, const std::string& section, const std::string& key,
                     const std::string& value) {
     ProfileText profile(bytes);
     EXPECT_TRUE(profile.Write(section, key, value));
-    return profile.Bytes();
+    return BytesOf(profile);
 }
 
 // A row's own words as the name of its test.
@@ -59,7 +65,10 @@ const Reading readings[] = {
     {"a header without its end is none", "[s]\r\n[t\r\nkey=1", "1"},
     {"a header without an end is no key", "[s]\r\n[key=1\r\n", "(none)"},
     {"a header without a name hides its keys", "[s]\r\n[]\r\nkey=1", "(none)"},
-    {"blanks inside a header belong to the name", "[ s ]\r\nkey=1", "(none)"},
+    {"blanks around a section name", "[ \t s\t]\r\nkey=1", "1"},
+    {"blanks inside a section name", "[s s]\r\nkey=1\r\n", "(none)"},
+    {"first of sections that blanks tell apart", "[s ]\r\nkey=1\r\n[s]\r\nkey=2", "1"},
+    {"a header of blanks hides its keys", "[s]\r\n[ ]\r\nkey=1", "(none)"},
     {"a comment is no key", "[s]\r\n;key=1\r\n", "(none)"},
     {"a comment after blanks is no key", "[s]\r\n \t;key=1\r\n", "(none)"},
     {"a comment is no header", ";[s]\r\nkey=1\r\n", "(none)"},
@@ -109,9 +118,17 @@ TEST(ProfileText, Blanks_around_an_asked_key_do_not_count) {
     EXPECT_EQ(Written("", "s", " a b ", "2"), "[s]\r\na b=2\r\n");
 }
 
+TEST(ProfileText, Blanks_around_an_asked_section_do_not_count) {
+    EXPECT_EQ(ValueIn("[s]\nkey=1\n", " s\t", "key"), "1");
+    EXPECT_EQ(ValueIn("[ s]\nkey=1\n", "S ", "key"), "1");
+    EXPECT_EQ(Written("[s\t]\nkey=1\n", " S ", "key", "2"), "[s\t]\nkey=2\n");
+    EXPECT_EQ(Written("", " a b ", "key", "2"), "[a b]\r\nkey=2\r\n");
+    EXPECT_EQ(ValueIn("[ ]\nkey=1\n", " ", "key"), "(none)");
+}
+
 TEST(ProfileText, Reading_leaves_every_byte) {
     for (const Reading& reading : readings)
-        EXPECT_EQ(ProfileText(reading.bytes).Bytes(), reading.bytes);
+        EXPECT_EQ(BytesOf(ProfileText(reading.bytes)), reading.bytes);
 }
 
 struct Writing {
@@ -126,12 +143,13 @@ class ProfileWriting : public ::testing::TestWithParam<Writing> {};
 TEST_P(ProfileWriting, Keeps_every_other_byte_and_reads_back) {
     const Writing& row = GetParam();
     EXPECT_EQ(Written(row.before, "s", "key", row.value), row.after) << row.what;
-    EXPECT_EQ(ProfileText(row.after).Bytes(), row.after);
+    EXPECT_EQ(BytesOf(ProfileText(row.after)), row.after);
 }
 
 const Writing writings[] = {
     {"in place", "[s]\r\nkey=old\r\nb=1\r\n", "[s]\r\nkey=new\r\nb=1\r\n"},
     {"spelling is kept", "[S]\r\nKEY=old\r\n", "[S]\r\nKEY=new\r\n"},
+    {"blanks in a header are kept", "[ s\t] x\nkey=old\n", "[ s\t] x\nkey=new\n"},
     {"blanks around are kept", "[s]\n  key =\told  \n", "[s]\n  key =\tnew  \n"},
     {"into an empty value", "[s]\nkey=\n", "[s]\nkey=new\n"},
     {"into a value of blanks", "[s]\nkey=  \n", "[s]\nkey=new  \n"},
@@ -148,6 +166,10 @@ const Writing writings[] = {
      "[s]\r\na=1\r\nb=2\r\nkey=new\r\n\r\n; c\r\n[t]\r\n"},
     {"behind the last key though it is a repeated one", "[s]\na=1\nb=2\nA=3\n;\n",
      "[s]\na=1\nb=2\nA=3\nkey=new\r\n;\n"},
+    {"behind the last key though comments stand between keys", "[s]\na=1\n;c\n\nb=2\n;d\n",
+     "[s]\na=1\n;c\n\nb=2\nkey=new\r\n;d\n"},
+    {"keys that cannot be reached stay where they are", "k=0\n[s]\na=1\n[]\nb=2\n[S]\nc=3\n",
+     "k=0\n[s]\na=1\nkey=new\r\n[]\nb=2\n[S]\nc=3\n"},
     {"a line without = is no last key", "[s]\na=1\nword\n", "[s]\na=1\nkey=new\r\nword\n"},
     {"behind the header", "[s]\r\n; c\r\n[t]\r\n", "[s]\r\nkey=new\r\n; c\r\n[t]\r\n"},
     {"behind a header that other text follows", "[s] x\n;c", "[s] x\nkey=new\r\n;c"},
@@ -189,7 +211,18 @@ TEST(ProfileText, A_value_that_reads_the_same_changes_nothing) {
         ProfileText profile(row.bytes);
         EXPECT_TRUE(profile.Write("S", "KEY", row.value));
         EXPECT_FALSE(profile.IsChanged()) << row.bytes;
-        EXPECT_EQ(profile.Bytes(), row.bytes);
+        EXPECT_EQ(BytesOf(profile), row.bytes);
+    }
+}
+
+TEST(ProfileText, A_break_is_found_wherever_it_stands) {
+    for (std::size_t at = 0; at < 20; ++at) {
+        std::string value(20, '\x1F');
+        std::string stored = value;
+        value[at] = '\n';
+        stored[at] = ' ';
+        if (at == 0 || at == 19) stored = '"' + stored + '"';
+        EXPECT_EQ(Written("[s]\nkey=1\n", "s", "key", value), "[s]\nkey=" + stored + "\n") << at;
     }
 }
 
@@ -210,14 +243,16 @@ TEST(ProfileText, Names_that_could_not_be_found_again_write_nothing) {
         EXPECT_FALSE(profile.Write("s", name, "v")) << name;
         EXPECT_FALSE(profile.Write(name, "k", "v")) << name;
         EXPECT_FALSE(profile.IsChanged());
-        EXPECT_EQ(profile.Bytes(), "[s]\nk=1\n");
+        EXPECT_EQ(BytesOf(profile), "[s]\nk=1\n");
     }
     ProfileText profile("");
     EXPECT_FALSE(profile.Write("s", " \t", "v"));
     EXPECT_FALSE(profile.Write("s", " ;a", "v"));
     EXPECT_FALSE(profile.Write("a]b", "k", "v"));
+    EXPECT_FALSE(profile.Write(" ;a", "k", "v"));
+    EXPECT_FALSE(profile.Write("\t", "k", "v"));
     EXPECT_TRUE(profile.Write("s", "a]b;[", "v"));
-    EXPECT_EQ(profile.Bytes(), "[s]\r\na]b;[=v\r\n");
+    EXPECT_EQ(BytesOf(profile), "[s]\r\na]b;[=v\r\n");
 }
 
 TEST(ProfileText, Many_edits_stand_in_order) {
@@ -232,11 +267,8 @@ TEST(ProfileText, Many_edits_stand_in_order) {
     EXPECT_TRUE(profile.Write("b", "z", "33"));
     EXPECT_TRUE(profile.Write("a", "n2", "2"));
     EXPECT_EQ(profile.Value("C", "K1"), "1");
-    EXPECT_EQ(profile.Bytes(),
+    EXPECT_EQ(BytesOf(profile),
               "[a]\nx=11\ny=22\nn1=one\r\nn2=2\r\n[b]\nz=33\r\nn1=1\r\n[c]\r\nk1=1\r\nk2=2\r\n");
-    profile.MarkSaved();
-    EXPECT_TRUE(profile.Write("a", "x", "11"));
-    EXPECT_FALSE(profile.IsChanged());
 }
 
 TEST(ProfileText, Thousands_of_sections_and_keys_are_told_apart) {
@@ -246,7 +278,7 @@ TEST(ProfileText, Thousands_of_sections_and_keys_are_told_apart) {
         ASSERT_TRUE(profile.Write(number, "NoOfGroupsAndMore", number));
         ASSERT_TRUE(profile.Write("one", "a key longer than eight " + number, number));
     }
-    ProfileText again(profile.Bytes());
+    ProfileText again(BytesOf(profile));
     for (int i = 0; i < 3000; ++i) {
         const std::string number = std::to_string(i);
         for (ProfileText* text : {&again, &profile}) {
@@ -254,6 +286,81 @@ TEST(ProfileText, Thousands_of_sections_and_keys_are_told_apart) {
             ASSERT_EQ(text->Value("ONE", "A KEY LONGER THAN EIGHT " + number), number);
         }
     }
+}
+
+TEST(ProfileText, What_was_written_is_edited_again) {
+    ProfileText profile("[t]\nx=1");
+    for (const char* value : {"one", " two ", "3"}) {
+        EXPECT_TRUE(profile.Write("s", "a", value));
+        EXPECT_TRUE(profile.Write("T", "X", value));
+        EXPECT_TRUE(profile.Write("t", "y", value));
+        EXPECT_EQ(profile.Value("S", "A"), value);
+    }
+    EXPECT_EQ(BytesOf(profile), "[t]\nx=3\r\ny=3\r\n[s]\r\na=3\r\n");
+}
+
+TEST(ProfileText, An_emptied_value_is_filled_as_if_the_file_had_been_read_again) {
+    ProfileText profile("[s]\na= x \n");
+    EXPECT_TRUE(profile.Write("s", "a", ""));
+    const std::string emptied = BytesOf(profile);
+    EXPECT_TRUE(profile.Write("s", "a", "new"));
+    EXPECT_EQ(BytesOf(profile), Written(emptied, "s", "a", "new"));
+}
+
+// A line whose end is missing is finished once, whoever comes first behind it.
+TEST(ProfileText, An_unfinished_end_is_finished_once) {
+    ProfileText sectionFirst("[s]");
+    EXPECT_TRUE(sectionFirst.Write("t", "a", "1"));
+    EXPECT_TRUE(sectionFirst.Write("s", "b", "2"));
+    EXPECT_EQ(BytesOf(sectionFirst), "[s]\r\nb=2\r\n[t]\r\na=1\r\n");
+    ProfileText behindComment("[s]\n;end");
+    EXPECT_TRUE(behindComment.Write("s", "b", "2"));
+    EXPECT_TRUE(behindComment.Write("t", "a", "1"));
+    EXPECT_EQ(BytesOf(behindComment), "[s]\nb=2\r\n;end\r\n[t]\r\na=1\r\n");
+}
+
+TEST(ProfileText, In_a_section_of_many_keys_the_first_of_equal_ones_counts) {
+    std::string bytes = "[s]\n";
+    for (const char* round : {"first", "second"}) {
+        for (int i = 0; i < 100; ++i) {
+            bytes += "Key" + std::to_string(i) + "=" + round + "\n;comment\n";
+        }
+    }
+    ProfileText profile(bytes);
+    for (int i = 100; i < 200; ++i) {
+        EXPECT_EQ(profile.Value("s", "key" + std::to_string(i)), std::nullopt);
+        EXPECT_TRUE(profile.Write("s", "kEY" + std::to_string(i), "first"));
+    }
+    for (int i = 0; i < 200; ++i) {
+        const std::string key = "KEY" + std::to_string(i);
+        EXPECT_EQ(profile.Value("s", key), "first");
+        EXPECT_TRUE(profile.Write("s", key, "written"));
+        EXPECT_EQ(profile.Value("s", key), "written");
+    }
+    ProfileText again(BytesOf(profile));
+    for (int i = 0; i < 200; ++i) EXPECT_EQ(again.Value("s", "key" + std::to_string(i)), "written");
+    EXPECT_EQ(again.Value("s", ""), std::nullopt);
+}
+
+TEST(ProfileText, Sections_are_found_in_any_order) {
+    std::string bytes;
+    for (int i = 0; i < 300; ++i) {
+        const std::string number = std::to_string(i * 7919 % 300);
+        bytes += "[" + number + "]\nn=" + number + "\n";
+    }
+    ProfileText profile(bytes);
+    for (int i = 0; i < 300; ++i) {
+        const std::string number = std::to_string(i * 101 % 300);
+        EXPECT_EQ(profile.Value(number, "n"), number);
+        EXPECT_EQ(profile.Value(number + "x", "n"), std::nullopt);
+        EXPECT_TRUE(profile.Write("new" + number, "n", number));
+    }
+    for (int i = 299; i >= 0; --i) {
+        const std::string number = std::to_string(i);
+        EXPECT_EQ(profile.Value("NEW" + number, "N"), number);
+        EXPECT_EQ(profile.Value(number, "N"), number);
+    }
+    EXPECT_EQ(BytesOf(profile).substr(0, bytes.size()), bytes);
 }
 
 }  // namespace

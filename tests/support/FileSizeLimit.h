@@ -5,7 +5,7 @@
 
 namespace tavel::test {
 
-// While it lives, the disk takes no more than so many bytes of one file.
+// A disk that takes no more than so many bytes of one file.
 class FileSizeLimit {
   public:
     explicit FileSizeLimit(rlim_t bytes) {

@@ -1,5 +1,7 @@
 #include "support/Support.h"
 
+#include "core/PublicStuff.h"
+
 #include <stdlib.h>
 
 #include <algorithm>
@@ -35,6 +37,34 @@ void TempFolder::Write(const std::string& name, const std::string& bytes) const 
 std::string TempFolder::Read(const std::string& name) const {
     std::ifstream file(HostPath(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void ResetPublicStuff() {
+    bFirstTime = false;
+    sDefaultDBPath.clear();
+    bAutoGroup = false;
+    bAddHiddenFiles = false;
+    bScanOnAppStart = false;
+    iVidThumbMode = 0;
+    bGroupZip = false;
+
+    sMusicSupport.clear();
+    sVideoSupport.clear();
+    sPhotoSupport.clear();
+
+    bPSPConnected = false;
+    sPSPName.clear();
+    sPSPDataFile.clear();
+    oPSPDrive.reset();
+
+    sDBFile.clear();
+    gStyle = Style{};
+    iScanTicks = 0;
+    iScanDelay = 0;
+    bScanning = false;
+    bDBChanged = false;
+
+    UseFileService(nullptr);
 }
 
 std::string SourceFile(const std::string& path) { return TAVEL_SOURCE_FOLDER "/" + path; }

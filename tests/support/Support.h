@@ -29,6 +29,9 @@ class TempFolder {
     std::string m_path;
 };
 
+// Puts the shared state of the program back to what it is when the process begins.
+void ResetPublicStuff();
+
 // A file of the source tree by its path from the root of the tree, on the host.
 std::string SourceFile(const std::string& path);
 

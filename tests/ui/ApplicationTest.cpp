@@ -2,6 +2,7 @@
 #include "library/Adding.h"
 #include "platform/Activity.h"
 #include "support/Recorders.h"
+#include "support/Support.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Application.h"

@@ -218,6 +218,16 @@ TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
     EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
 }
 
+TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
+    const std::string fits(MaxPathCharacters - folder.DrivePath("").size() - 1, 'x');
+    folder.Write(fits, "");
+    folder.Write(fits + 'y', "");
+    EXPECT_EQ(Type(ToQString(fits)).files, QStringList(ToQString(folder.HostPath(fits))));
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'y')).result, 0);
+    request.mustExist = false;
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'z')).result, 0);
+}
+
 TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
     folder.Write("Trip/d.jpg", "");
     const RealPrompts real;

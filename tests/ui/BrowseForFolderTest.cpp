@@ -1,5 +1,7 @@
 #include "core/PublicStuff.h"
+#include "platform/linux/HostFileService.h"
 #include "support/FaultyFileService.h"
+#include "support/HostDrives.h"
 #include "support/Support.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
@@ -192,6 +194,43 @@ TEST_F(FolderPickers, the_chosen_folder_comes_back_on_OK_and_nothing_on_Escape) 
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "e:\\photos");
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "");
+}
+
+TEST_F(FolderPickers, a_folder_of_a_mounted_stick_comes_back_as_a_path_that_lasts) {
+    MountTable mounts;
+    mounts.Mount(folder.HostPath("photos"), "STICK");
+    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
+    UseFileService(host.get());
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        QTreeWidgetItem* stick = Tree(box).topLevelItem(1);
+        ASSERT_EQ(FromQString(stick->text(0)), "d: [STICK]");
+        stick->setExpanded(true);
+        Tree(box).setCurrentItem(Child(stick, "2006"));
+        QTest::mouseClick(&Find(box, "cmdOK"), Qt::LeftButton);
+    });
+    EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "", false, false), folder.DrivePath("photos/2006"));
+    UseFileService(&service);
+}
+
+TEST_F(FolderPickers, a_folder_whose_path_to_keep_is_too_long_is_not_picked) {
+    MountTable mounts;
+    mounts.Mount(folder.HostPath("photos"), "STICK");
+    const std::string fits(MaxPathCharacters - folder.DrivePath("photos").size() - 1, 'x');
+    folder.Write("photos/" + fits + "/a.jpg", "");
+    folder.Write("photos/" + fits + "y/a.jpg", "");
+    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
+    UseFileService(host.get());
+    {
+        FolderDialog dialog(request);
+        QTreeWidgetItem* stick = Tree(dialog).topLevelItem(1);
+        stick->setExpanded(true);
+        Tree(dialog).setCurrentItem(Child(stick, fits.c_str()));
+        EXPECT_TRUE(Find(dialog, "cmdOK").isEnabled());
+        Tree(dialog).setCurrentItem(Child(stick, (fits + 'y').c_str()));
+        EXPECT_FALSE(Find(dialog, "cmdOK").isEnabled());
+    }
+    UseFileService(&service);
 }
 
 TEST_F(FolderPickers, a_start_folder_is_selected_and_its_path_stands_in_the_status_line) {

@@ -207,7 +207,7 @@ TEST_F(DeviceDeleteTest, a_row_of_a_library_group_after_the_device_loses_its_fil
 TEST_F(DeviceDeleteTest, the_library_is_left_alone) {
     temp.Write("one.jpg", "mine");
     Photo& photo = AddPhoto("ph_one", "one");
-    photo.sPath = temp.DrivePath("one.jpg");
+    photo.sPath(temp.DrivePath("one.jpg"));
     Open();
     ClickPSP("e:\\psp\\photo\\Trip");
     DeleteRow(1);

@@ -26,8 +26,8 @@ class SendTest : public DeviceWindowTest {
     SendTest() {
         temp.Write("beach.jpg", "a picture");
         temp.Write("film.mp4", "a film");
-        AddPhoto("ph_a", "Beach").sPath = temp.DrivePath("beach.jpg");
-        AddVideo("vd_a", "Film").sPath = temp.DrivePath("film.mp4");
+        AddPhoto("ph_a", "Beach").sPath(temp.DrivePath("beach.jpg"));
+        AddVideo("vd_a", "Film").sPath(temp.DrivePath("film.mp4"));
         AddMagazine("ma_a", {"ph_a"});
     }
 
@@ -181,7 +181,7 @@ TEST_F(SendTest, a_stick_that_is_pulled_on_the_way_ends_the_program_at_the_trees
 
 TEST_F(SendTest, a_library_file_that_is_missing_ends_the_program) {
     CopyWindowRecorder copyWindow(calls);
-    colVideo.Item("vd_a").sPath = temp.DrivePath("none.mp4");
+    colVideo.Item("vd_a").sPath(temp.DrivePath("none.mp4"));
     OpenWith({"vd_a"});
     EXPECT_EQ(FatalOf([&] { Click(Main(), "cmdSend"); }), failure::FileNotFound);
     EXPECT_THAT(calls, Not(Contains("labFinish on")));

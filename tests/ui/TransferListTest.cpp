@@ -191,7 +191,7 @@ TEST_F(TransferListTest, a_drag_of_the_first_row_of_a_new_list_counts_as_a_click
 
 TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_question) {
     temp.Write("beach.jpg", "a picture");
-    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
+    colPhoto.Item("ph_a").sPath(temp.DrivePath("beach.jpg"));
     frmMain& window = Open();
     for (const char* id : {"vd_a", "vd_b", "vd_c", "ph_a"}) window.AddToTransferList(id);
     ClickRow(grdSync(), 2);
@@ -240,7 +240,7 @@ TEST_F(TransferListTest, what_is_deleted_from_the_library_stays_on_the_list) {
     expectYes(theGroup);
     Pick({"mnuRMB", "mnuDelGroup"});
     temp.Write("beach.jpg", "a picture");
-    colPhoto.Item("ph_a").sPath = temp.DrivePath("beach.jpg");
+    colPhoto.Item("ph_a").sPath(temp.DrivePath("beach.jpg"));
     ClickNode("photoall");
     ClickRow(1);
     expectYes(fromComputer);
@@ -322,7 +322,7 @@ TEST_F(TransferListTest, no_timer_ticks_while_the_list_is_sent) {
     const AppWindowsRecorder noRealEnd(calls);
     PlugStick();
     temp.Write("film.mp4", std::string(100'000, 'x'));
-    colVideo.Item("vd_a").sPath = temp.DrivePath("film.mp4");
+    colVideo.Item("vd_a").sPath(temp.DrivePath("film.mp4"));
     frmMain& window = Open();
     window.AddToTransferList("vd_a");
     auto& tmrPSP = Find<QTimer>(window, "tmrPSP");

@@ -1,5 +1,6 @@
 #include "platform/linux/DriveLinks.h"
 
+#include "platform/linux/DrivePath.h"
 #include "platform/linux/FolderNames.h"
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"
@@ -16,9 +17,8 @@ namespace {
 
 // The letter that a link of this name stands for; 0 for none.
 char LetterOf(const std::string& name) {
-    if (name.size() != 1) return 0;
-    const char letter = static_cast<char>(name[0] | 0x20);
-    return letter >= 'a' && letter <= 'z' && letter != 'c' && name[0] >= 'A' ? letter : '\0';
+    const char letter = name.size() == 1 ? DriveLetter(name[0]) : '\0';
+    return letter == 'c' ? '\0' : letter;
 }
 
 std::optional<DriveLink> LinkAt(const std::string& hostPath) {

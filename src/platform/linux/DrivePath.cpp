@@ -1,5 +1,7 @@
 #include "platform/linux/DrivePath.h"
 
+#include "platform/Text.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -7,8 +9,6 @@
 namespace tavel {
 
 namespace {
-
-bool IsLetter(char c) { return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z'); }
 
 void Descend(std::vector<std::string>& names, std::string_view rest, char separator) {
     while (!rest.empty()) {
@@ -31,6 +31,11 @@ std::string WorkingFolder() {
 
 }  // namespace
 
+char DriveLetter(char c) {
+    const char letter = AsciiLower(c);
+    return letter >= 'a' && letter <= 'z' ? letter : '\0';
+}
+
 std::string DrivePath::Text() const {
     std::string text = drive + '\\';
     for (std::size_t i = 0; i < names.size(); ++i) {
@@ -42,7 +47,7 @@ std::string DrivePath::Text() const {
 
 bool DrivePath::HasSecondDrive() const {
     return std::any_of(names.begin(), names.end(), [](const std::string& name) {
-        return name.size() == 2 && IsLetter(name[0]) && name[1] == ':';
+        return name.size() == 2 && DriveLetter(name[0]) != 0 && name[1] == ':';
     });
 }
 
@@ -51,9 +56,9 @@ std::optional<DrivePath> ParseDrivePath(std::string_view text) {
     DrivePath path;
     path.drive = "c:";
     path.endsInSeparator = text.back() == '\\';
-    if (text.size() >= 2 && IsLetter(text[0]) && text[1] == ':') {
+    if (text.size() >= 2 && DriveLetter(text[0]) != 0 && text[1] == ':') {
         path.drive = text.substr(0, 2);
-        path.letter = static_cast<char>(text[0] | 0x20);
+        path.letter = DriveLetter(text[0]);
         text.remove_prefix(2);
     } else if (text.front() != '\\') {
         Descend(path.names, WorkingFolder(), '/');

@@ -7,6 +7,9 @@
 
 namespace tavel {
 
+// The lower case of a letter that a drive may have; 0 for any other character.
+char DriveLetter(char c);
+
 // A drive path taken apart: the letter, and the names below the drive's root with "." and ".."
 // resolved.
 struct DrivePath {

@@ -98,6 +98,12 @@ bool DriveTable::Has(char letter) {
     return MountOf(letter) != nullptr || m_links.Has(letter);
 }
 
+bool DriveTable::IsOnMount(std::string_view hostPath) const {
+    return std::any_of(m_mounts.begin(), m_mounts.end(), [&](const MountedDrive& drive) {
+        return IsBelow(hostPath, drive.mount.entry.target);
+    });
+}
+
 bool DriveTable::IsLeftBehind(int folder) {
     if (m_mounts.empty() && m_leftBehind.empty()) return false;
     Refresh();

@@ -42,6 +42,9 @@ class DriveTable {
     };
     Root Open(char letter);
 
+    // True when a host path leads to a stick that was mounted at the last look.
+    bool IsOnMount(std::string_view hostPath) const;
+
     // True for the folder that a stick was mounted on and has left behind. Paths of c: that were
     // kept lead there.
     bool IsLeftBehind(int folder);

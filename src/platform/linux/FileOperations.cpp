@@ -39,7 +39,7 @@ void RequireOneDrive(const Place& place) {
 }
 
 // On a removable drive at once; the host sees to others in its own time.
-bool KeepEntries(const Place& place) { return !place.isOnRemovable || FlushFolderOf(place); }
+bool KeepEntries(const Place& place) { return !place.isFlushed || FlushFolderOf(place); }
 
 // Its entry is on the medium by now, and must not be there when a stick is pulled.
 void RemovePartial(const Place& partial) {
@@ -158,7 +158,7 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
     if (RenameIfFree(from, to)) {
-        Require(!to.isOnRemovable || FlushMove(from, to));
+        Require(!to.isFlushed || FlushMove(from, to));
     } else {
         MoveAcross(drives, std::move(from), std::move(to));
     }

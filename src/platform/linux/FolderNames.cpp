@@ -62,19 +62,27 @@ bool IsOfThisMachineAlone(int folder) {
             figures.f_type == OVERLAYFS_SUPER_MAGIC);
 }
 
-NameIndex IndexOf(int folder) {
+// `isWhole` is false where the host would not tell all names.
+NameIndex IndexOf(int folder, bool& isWhole) {
     int error = 0;
-    return NameIndex(NamesIn(folder, error));
+    NameIndex names(NamesIn(folder, error));
+    isWhole = error == 0;
+    return names;
+}
+
+std::vector<std::string> ReadMatching(int folder, std::string_view name) {
+    bool isWhole = false;
+    return IndexOf(folder, isWhole).Matching(name);
 }
 
 class KnownFolders {
   public:
     std::vector<std::string> Matching(int folder, std::string_view name) {
-        if (!IsOfThisMachineAlone(folder)) return IndexOf(folder).Matching(name);
+        if (!IsOfThisMachineAlone(folder)) return ReadMatching(folder, name);
         const int watch = m_watch.Add("/proc/self/fd/" + std::to_string(folder));
-        if (watch < 0) return IndexOf(folder).Matching(name);
+        if (watch < 0) return ReadMatching(folder, name);
         m_watch.Take([this](const FolderWatch::News& news) { Follow(news); });
-        return Find(watch, folder).Matching(name);
+        return Find(watch, folder, name);
     }
 
   private:
@@ -93,15 +101,25 @@ class KnownFolders {
     }
 
     // What comes while the folder is read is told afterwards, and changes nothing.
-    const NameIndex& Find(int watch, int folder) {
+    std::vector<std::string> Find(int watch, int folder, std::string_view name) {
         const auto known = WithWatch(watch);
         if (known != m_known.end()) {
             m_known.splice(m_known.begin(), m_known, known);
         } else {
-            m_known.push_front({watch, IndexOf(folder)});
+            bool isWhole = false;
+            m_known.push_front({watch, IndexOf(folder, isWhole)});
             if (m_known.size() > mostFolders) ForgetOldest();
+            if (!isWhole) return ForgetFirst().Matching(name);
         }
-        return m_known.front().names;
+        return m_known.front().names.Matching(name);
+    }
+
+    // A folder that could not be read may be readable the next time.
+    NameIndex ForgetFirst() {
+        m_watch.Remove(m_known.front().watch);
+        NameIndex names = std::move(m_known.front().names);
+        m_known.pop_front();
+        return names;
     }
 
     std::list<Known>::iterator WithWatch(int watch) {

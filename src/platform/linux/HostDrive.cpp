@@ -1,6 +1,7 @@
 #include "platform/linux/HostDrive.h"
 
 #include "platform/Failure.h"
+#include "platform/linux/DrivePath.h"
 #include "platform/linux/HostErrors.h"
 
 #include <sys/statvfs.h>
@@ -46,8 +47,7 @@ double HostDrive::FreeSpace() const {
 
 char DriveLetterOf(std::string_view name) {
     if (name.empty() || (name.size() > 1 && name[1] != ':')) return 0;
-    const char letter = static_cast<char>(name[0] | 0x20);
-    return name[0] >= 'A' && letter >= 'a' && letter <= 'z' ? letter : '\0';
+    return DriveLetter(name[0]);
 }
 
 }  // namespace tavel

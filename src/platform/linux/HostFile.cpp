@@ -29,7 +29,7 @@ HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
       m_place(std::move(place)),
       m_isWritten(isWritten),
       m_isNew(isNew),
-      m_isFlushed(isWritten && m_place.isOnRemovable) {
+      m_isFlushed(isWritten && m_place.isFlushed) {
     if (!isWritten) m_share.emplace(m_file.Get());
     if (m_isFlushed) m_pace.emplace(m_file.Get());
 }

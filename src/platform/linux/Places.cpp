@@ -91,16 +91,20 @@ bool FindExactlyOnFixed(Place& place) {
 }
 
 void FindOnFixed(DriveTable& drives, Place& place) {
-    if (FindExactlyOnFixed(place)) return;
-    place.hostPath = "/";
-    FindIn(Tree(), place);
-    // Nothing is made in the empty folder of a stick that has gone.
-    if (place.failure == failure::FileNotFound && drives.IsLeftBehind(place.folder.Get()))
-        place.failure = failure::PathNotFound;
+    if (!FindExactlyOnFixed(place)) {
+        place.hostPath = "/";
+        FindIn(Tree(), place);
+        // Nothing is made in the empty folder of a stick that has gone.
+        if (place.failure == failure::FileNotFound && drives.IsLeftBehind(place.folder.Get()))
+            place.failure = failure::PathNotFound;
+    }
+    // A path that lasts leads to a stick as well.
+    place.isFlushed = drives.IsOnMount(place.hostPath);
 }
 
 void FindOnRemovable(DriveTable& drives, Place& place) {
     place.isOnRemovable = true;
+    place.isFlushed = true;
     DriveTable::Root root = drives.Open(place.path.letter);
     place.failure = root.error;
     if (place.failure != 0) return;

@@ -23,7 +23,8 @@ struct Place {
     Long failure = 0;
     DrivePath path;
     bool isOnRemovable = false;
-    Descriptor folder;  // not open on c:, where `name` is the whole path
+    bool isFlushed = false;  // what happens here is on the medium at once
+    Descriptor folder;       // not open on c:, where `name` is the whole path
     std::string name;
     std::string hostPath;
     struct stat status {};

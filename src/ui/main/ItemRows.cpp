@@ -19,7 +19,7 @@ template <class Member>
 std::string WholeTotal(const Group& group, const Collection<Member>& members) {
     Long total = 0;
     for (Integer i = 0; i < group.Count(); ++i) {
-        total = RoundToLong(total + Megabytes(members.Item(group.Get_sMemberID(i))));
+        total = RoundToLong(total + Megabytes(members.Item(group.Members().Get(i))));
     }
     return std::to_string(total) + " Mb";
 }
@@ -27,7 +27,7 @@ std::string WholeTotal(const Group& group, const Collection<Member>& members) {
 std::string PageTotal(const Group& group) {
     float total = 0;
     for (Integer i = 0; i < group.Count(); ++i) {
-        total = static_cast<float>(total + Megabytes(colPhoto.Item(group.Get_sMemberID(i))));
+        total = static_cast<float>(total + Megabytes(colPhoto.Item(group.Members().Get(i))));
     }
     return TextOfSingle(static_cast<float>(Round(total, 2))) + " Mb";
 }
@@ -44,7 +44,7 @@ template <class T>
 void AddMembers(const Group& group, const Collection<T>& members, ListRow (*makeRow)(const T&),
                 const std::function<void(ListRow)>& add) {
     for (Integer i = 0; i < group.Count(); ++i) {
-        add(makeRow(members.Item(group.Get_sMemberID(i))));
+        add(makeRow(members.Item(group.Members().Get(i))));
     }
 }
 
@@ -52,17 +52,18 @@ void AddMembers(const Group& group, const Collection<T>& members, ListRow (*make
 
 ListRow PhotoRow(const Photo& photo) {
     const std::string sDims = std::to_string(photo.iSizeW) + " X " + std::to_string(photo.iSizeH);
-    return {RowKey(photo), {photo.sName, sDims, photo.sFormat, SizeText(photo.iSize), photo.sPath}};
+    return {RowKey(photo),
+            {photo.sName, sDims, photo.sFormat, SizeText(photo.iSize), photo.sPath()}};
 }
 
 ListRow VideoRow(const Video& video) {
-    return {RowKey(video), {video.sName, video.sFormat, SizeText(video.iSize), video.sPath}};
+    return {RowKey(video), {video.sName, video.sFormat, SizeText(video.iSize), video.sPath()}};
 }
 
 ListRow MusicRow(const Music& music) {
     return {RowKey(music),
             {music.sName, music.sArtist, music.sAlbum, music.sFormat, SizeText(music.iSize),
-             music.sPath}};
+             music.sPath()}};
 }
 
 ListRow MagazineRow(const Magazine& magazine) {

@@ -103,12 +103,13 @@ QStringList FileDialog::Picked() const {
 }
 
 // Paths of different folders may be typed, but an answer has one folder. And Qt finds files that
-// have no drive path: names with a backslash, links on a stick.
+// have no drive path, names with a backslash and links on a stick, or one that is too long.
 bool FileDialog::CanAnswer() const {
     const QStringList files = Picked();
     return std::all_of(files.begin(), files.end(), [&](const QString& file) {
-        return QFileInfo(file).path() == QFileInfo(files.front()).path() &&
-               (!m_mustExist || oFSO().FileExists(oFSO().FromHostPath(FromQString(file))));
+        const std::string path = oFSO().FromHostPath(FromQString(file));
+        return QFileInfo(file).path() == QFileInfo(files.front()).path() && !IsPathTooLong(path) &&
+               (!m_mustExist || oFSO().FileExists(path));
     });
 }
 

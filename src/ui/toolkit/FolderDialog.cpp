@@ -138,6 +138,8 @@ std::string FolderDialog::Path() const {
     return item == nullptr ? std::string() : PathOf(*item);
 }
 
+std::string FolderDialog::StablePath() const { return oFSO().StablePath(Path()); }
+
 // Opens the tree up along the path, a drive and then a folder at a time. A hidden folder on the way
 // is not in the tree yet and is put there.
 void FolderDialog::Select(const std::string& path) {
@@ -174,7 +176,7 @@ void FolderDialog::showEvent(QShowEvent* event) {
 }
 
 void FolderDialog::SelectionChanged() {
-    cmdOK->setEnabled(trvFolders->currentItem() != nullptr);
+    cmdOK->setEnabled(trvFolders->currentItem() != nullptr && !IsPathTooLong(StablePath()));
     if (m_ready) Notify(FolderPickerSelectionChanged);
 }
 

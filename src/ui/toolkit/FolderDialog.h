@@ -18,8 +18,9 @@ class FolderDialog : public QDialog, private FolderPicker {
   public:
     explicit FolderDialog(const FolderRequest& request);
 
-    // The drive path of the selection.
+    // The drive path of the selection, as the tree has it and as one to keep.
     std::string Path() const;
+    std::string StablePath() const;
 
   protected:
     void showEvent(QShowEvent* event) override;

@@ -106,7 +106,7 @@ FileAnswer RealPrompter::PickFiles(const FileRequest& request) {
 
 std::string RealPrompter::PickFolder(const FolderRequest& request) {
     Modal<FolderDialog> box(request);
-    return box.Run() == QDialog::Accepted ? box->Path() : std::string();
+    return box.Run() == QDialog::Accepted ? box->StablePath() : std::string();
 }
 
 }  // namespace tavel

@@ -28,10 +28,10 @@ void AddGroup(Collection<T>& groups, const std::string& sID, const std::vector<s
               MediaType itemType) {
     T& group = AddRecord(groups, sID, "Group " + sID);
     group.SetCount(static_cast<Integer>(sIDs.size()));
-    if (!sIDs.empty()) group.Redim_sMemberID(static_cast<Integer>(sIDs.size() - 1), false);
+    if (!sIDs.empty()) group.Members().Redim(static_cast<Integer>(sIDs.size() - 1), false);
     Integer place = 0;
     for (const std::string& sMember : sIDs) {
-        group.Set_sMemberID(place++, sMember);
+        group.Members().Set(place++, sMember);
         Item& item = ItemOf(itemType, sMember);
         item.Redim_sGroups(item.iNoGroups, true);
         item.Set_sGroups(item.iNoGroups++, sID);
@@ -137,7 +137,7 @@ Photo& MainWindowTest::AddPhoto(const std::string& sID, const std::string& sName
     photo.iSizeW = 480;
     photo.iSizeH = 272;
     photo.sFormat = "jpg";
-    photo.sPath = "C:\\Pictures\\" + sName + ".jpg";
+    photo.sPath("C:\\Pictures\\" + sName + ".jpg");
     return photo;
 }
 
@@ -145,7 +145,7 @@ Video& MainWindowTest::AddVideo(const std::string& sID, const std::string& sName
     Video& video = AddRecord(colVideo, sID, sName);
     video.iSize = iSize;
     video.sFormat = "mp4";
-    video.sPath = "C:\\Videos\\" + sName + ".mp4";
+    video.sPath("C:\\Videos\\" + sName + ".mp4");
     return video;
 }
 
@@ -156,7 +156,7 @@ Music& MainWindowTest::AddMusic(const std::string& sID, const std::string& sName
     music.sArtist = sArtist;
     music.sAlbum = "Album";
     music.sFormat = "mp3";
-    music.sPath = "C:\\Music\\" + sName + ".mp3";
+    music.sPath("C:\\Music\\" + sName + ".mp3");
     return music;
 }
 
@@ -164,7 +164,7 @@ void MainWindowTest::AddPhotosWithFiles() {
     for (const char* name : {"a", "b", "c", "d"}) {
         const std::string sFile = std::string(name) + ".jpg";
         temp.Write(sFile, name);
-        AddPhoto(std::string("ph_") + name, name).sPath = temp.DrivePath(sFile);
+        AddPhoto(std::string("ph_") + name, name).sPath(temp.DrivePath(sFile));
     }
 }
 
@@ -294,7 +294,7 @@ std::string MainWindowTest::CellsOf(const ListView& list, Long row) {
 
 std::string MainWindowTest::Members(const Group& group) {
     std::string members;
-    for (Integer i = 0; i < group.Count(); ++i) members += group.Get_sMemberID(i) + " ";
+    for (Integer i = 0; i < group.Count(); ++i) members += group.Members().Get(i) + " ";
     return members;
 }
 

@@ -1,6 +1,7 @@
 #include "ui/support/Windows.h"
 
 #include "core/PublicStuff.h"
+#include "support/Support.h"
 #include "ui/toolkit/Application.h"
 #include "ui/toolkit/WindowRegistry.h"
 
