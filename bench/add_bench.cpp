@@ -8,7 +8,7 @@
 #include "library/Collections.h"
 #include "library/LibraryWindows.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -34,7 +34,7 @@ class NoWindows : public AddWindow, public LogWindow, public EventLoop {
 void Add(const std::string& path) { AddFolder(path, true, false, true, true); }
 
 std::string DrivePath(const std::string& hostPath) {
-    return HostFileService().FromHostPath(std::filesystem::absolute(hostPath).string());
+    return oFSO().FromHostPath(std::filesystem::absolute(hostPath).string());
 }
 
 void CompareAdding(const std::string& folder) {
@@ -45,7 +45,7 @@ void CompareAdding(const std::string& folder) {
     };
     Long added = 0;
     bench::Compare(
-        "AddFolder into an empty library", "find with sizes", 5, 0,
+        "AddFolder into an empty library", "find with sizes", 5, 8.0,
         [&](int) {
             ReleaseCollections();
             Add(path);
@@ -68,9 +68,9 @@ int main(int argc, char** argv) {
         return 2;
     }
     NoWindows windows;
-    UpCall<AddWindow>::Set(&windows);
-    UpCall<LogWindow>::Set(&windows);
-    UpCall<EventLoop>::Set(&windows);
+    Service<AddWindow>::Use(&windows);
+    Service<LogWindow>::Use(&windows);
+    Service<EventLoop>::Use(&windows);
     sMusicSupport = {"mp3"};
     sVideoSupport = {"mp4"};
     sPhotoSupport = {"jpg"};

@@ -39,7 +39,7 @@ int main(int argc, char** argv) {
     const std::string source = argv[1];
     const std::string stick = argv[2];
     const std::string drivePath =
-        tavel::HostFileService().FromHostPath(std::filesystem::absolute(source).string());
+        tavel::oFSO().FromHostPath(std::filesystem::absolute(source).string());
     QuietBar bar;
     tavel::bench::Compare(
         "CopyWithProgress of 512 MiB to the stick, flushed", "cp and sync", 3, 1.1,

@@ -148,6 +148,6 @@ int main(int argc, char** argv) {
     const Place stick{"on the stick", argv[2], "E:", true, 1};
     for (const int count : {1000, 8000}) Compare(disk, count);
     // There the flushes take nearly all of the time.
-    for (const int count : {250, 1000}) Compare(stick, count);
+    for (const int count : {100, 400}) Compare(stick, count);
     return 0;
 }

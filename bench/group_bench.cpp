@@ -6,7 +6,7 @@
 #include "library/Collections.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <random>
 #include <stdexcept>
@@ -123,7 +123,7 @@ void CompareLetters(int count) {
 
 int main() {
     NoTree tree;
-    UpCall<CategoryTree>::Set(&tree);
+    Service<CategoryTree>::Use(&tree);
     for (const int count : {16000, 32000}) CompareRemoving(count);
     for (const std::size_t members : {std::size_t{10000}, std::size_t{20000}})
         CompareAdding(members);

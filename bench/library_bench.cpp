@@ -6,7 +6,7 @@
 #include "core/PublicStuff.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <fcntl.h>
 #include <glib.h>
@@ -153,8 +153,8 @@ int main(int argc, char** argv) {
     const std::string path = folder + "/db.txt";
     WriteOnce(path, "");
     SilentLog log;
-    UpCall<LogWindow>::Set(&log);
-    sDBFile = HostFileService().FromHostPath(std::filesystem::absolute(path).string());
+    Service<LogWindow>::Use(&log);
+    sDBFile = oFSO().FromHostPath(std::filesystem::absolute(path).string());
 
     for (const bool isLarge : {false, true}) {
         const int perKind = isLarge ? 10000 : 2500;

@@ -18,7 +18,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> drivePaths;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
         hostPaths.push_back(entry.path().string());
-        drivePaths.push_back(tavel::HostFileService().FromHostPath(hostPaths.back()));
+        drivePaths.push_back(tavel::oFSO().FromHostPath(hostPaths.back()));
     }
     std::size_t ourBytes = 0;
     std::size_t rivalBytes = 0;

@@ -9,7 +9,7 @@
 #include "library/ZipImport.h"
 #include "library/ZipReader.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <zip.h>
 
@@ -46,7 +46,7 @@ void Run(const std::string& command) {
 }
 
 std::string DrivePath(const fs::path& hostPath) {
-    return HostFileService().FromHostPath(fs::absolute(hostPath).string());
+    return oFSO().FromHostPath(fs::absolute(hostPath).string());
 }
 
 // A folder for what is unpacked.
@@ -157,10 +157,10 @@ int main(int argc, char** argv) {
         return 2;
     }
     NoWindows windows;
-    UpCall<AddWindow>::Set(&windows);
-    UpCall<InvalidFilesWindow>::Set(&windows);
-    UpCall<CategoryTree>::Set(&windows);
-    UpCall<EventLoop>::Set(&windows);
+    Service<AddWindow>::Use(&windows);
+    Service<InvalidFilesWindow>::Use(&windows);
+    Service<CategoryTree>::Use(&windows);
+    Service<EventLoop>::Use(&windows);
     sPhotoSupport = {"jpg"};
 
     const Scratch scratch{fs::path(argv[1])};

@@ -1,8 +1,10 @@
 #include "core/Main.h"
 
+#include "ui/main/MainLayout.h"
 #include "ui/main/UpCalls.h"
 #include "ui/toolkit/Application.h"
 #include "ui/toolkit/EndOfSession.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QIcon>
 #include <algorithm>
@@ -24,6 +26,8 @@ int main(int argc, char** argv) {
     int nameAlone = std::min(argc, 1);
     tavel::Application application(nameAlone, argv);
     tavel::Application::setWindowIcon(ProgramIcon());
+    tavel::SetScale(
+        tavel::DesktopScale({tavel::MainLayout::ClientWidth, tavel::MainLayout::ClientHeight}));
     const tavel::EndOfSession endOfSession;
     tavel::WireUpCalls();
     application.Guard(tavel::Main);

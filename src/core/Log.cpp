@@ -2,8 +2,8 @@
 
 #include "core/LogWindow.h"
 #include "platform/Clock.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 
 #include <algorithm>
 #include <string>
@@ -22,8 +22,8 @@ std::string UpperCase(std::string_view category) {
 }  // namespace
 
 void AddLog(std::string_view sCategory, std::string_view sMessage) {
-    UpCall<LogWindow>::Get().AddItem(HostClock().NowText() + "\t" + UpperCase(sCategory) + "\t" +
-                                     std::string(sMessage));
+    Service<LogWindow>::Get().AddItem(Service<Clock>::Get().NowText() + "\t" +
+                                      UpperCase(sCategory) + "\t" + std::string(sMessage));
 }
 
 }  // namespace tavel

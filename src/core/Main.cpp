@@ -6,7 +6,7 @@
 #include "core/Options.h"
 #include "core/PublicStuff.h"
 #include "core/UsefulFunctions.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 namespace tavel {
 
@@ -17,7 +17,7 @@ constexpr Long ExtendedComboClasses = 0x200;  // the combo boxes with pictures
 
 void InitCommonControls() {
     try {
-        UpCall<AppWindows>::Get().InitCommonControls(CommonControlsSize, ExtendedComboClasses);
+        Service<AppWindows>::Get().InitCommonControls(CommonControlsSize, ExtendedComboClasses);
     } catch (const Failure&) {
         // Without the classes the program still runs, in a plainer look.
     }
@@ -39,8 +39,8 @@ void SetupStyle() {
 }
 
 void StartUp() {
-    AppWindows& windows = UpCall<AppWindows>::Get();
-    LibraryStore& library = UpCall<LibraryStore>::Get();
+    AppWindows& windows = Service<AppWindows>::Get();
+    LibraryStore& library = Service<LibraryStore>::Get();
 
     sDBFile = GetAppPath() + "db.txt";
     SetupStyle();
@@ -60,12 +60,12 @@ void StartUp() {
 }
 
 void ShutDown() {
-    AppWindows& windows = UpCall<AppWindows>::Get();
-    LibraryStore& library = UpCall<LibraryStore>::Get();
+    AppWindows& windows = Service<AppWindows>::Get();
+    LibraryStore& library = Service<LibraryStore>::Get();
 
     windows.ShowEnd();
     if (bDBChanged) library.SaveDB();
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     library.Release();
     windows.UnloadAllButMain();
     windows.EndProcess();

@@ -4,13 +4,14 @@
 
 namespace tavel {
 
-enum class MsgBoxButtons { OK, OKCancel, YesNo };
+enum class MsgBoxButtons { OK, OKCancel, YesNo, YesNoDefaultNo };
 enum class MsgBoxAnswer { OK, Cancel, Yes, No };
 
 // The program's name: the title of a message box that is given none.
 inline constexpr const char* ProgramTitle = "Tavel";
 
-// Blocking message boxes. A YesNo box that is closed otherwise answers No, an OKCancel box Cancel.
+// Blocking message boxes. One with Yes and No that is closed otherwise answers No, an OKCancel box
+// Cancel.
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;

@@ -26,8 +26,4 @@ Integer iScanDelay = 0;
 bool bScanning = false;
 bool bDBChanged = false;
 
-FileService& oFSO() { return HostFileService(); }
-
-void UseFileService(FileService* service) { UseHostFileService(service); }
-
 }  // namespace tavel

@@ -48,9 +48,4 @@ extern Integer iScanDelay;  // minutes between timed scans
 extern bool bScanning;      // a BackgroundScan is running
 extern bool bDBChanged;     // the library has changes that ShutDown must save
 
-// The one file service of the program; the host's own unless UseFileService has put another in its
-// place (nullptr: back to the host's).
-FileService& oFSO();
-void UseFileService(FileService* service);
-
 }  // namespace tavel

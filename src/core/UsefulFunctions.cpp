@@ -22,7 +22,8 @@ constexpr std::size_t WalkLimit = std::numeric_limits<Integer>::max();
 double Draw() {
     static std::uint64_t state =
         (std::uint64_t{std::random_device{}()} << 32) ^ std::random_device{}();
-    state = (state ^ std::bit_cast<std::uint64_t>(HostClock().Timer())) + 0x9E3779B97F4A7C15U;
+    state =
+        (state ^ std::bit_cast<std::uint64_t>(Service<Clock>::Get().Timer())) + 0x9E3779B97F4A7C15U;
     std::uint64_t mixed = state;
     mixed = (mixed ^ (mixed >> 30)) * 0xBF58476D1CE4E5B9U;
     mixed = (mixed ^ (mixed >> 27)) * 0x94D049BB133111EBU;

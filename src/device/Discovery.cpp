@@ -8,8 +8,8 @@
 #include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 
 namespace tavel {
 
@@ -32,14 +32,14 @@ bool IsPSPDrive(const std::string& sRoot) {
 
 void PSPHasGone() {
     bPSPConnected = false;
-    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    DevicePanels& panels = Service<DevicePanels>::Get();
     panels.RefreshPSPStatus();
     panels.ShowPSPCats(false);
 }
 
 void PSPHasCome(const std::string& sDrive) {
     ConnectPSP(sDrive);
-    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    DevicePanels& panels = Service<DevicePanels>::Get();
     panels.RefreshPSPStatus();
     panels.ShowPSPCats(true);
     panels.RefreshPSPCats();
@@ -57,7 +57,8 @@ bool MarkDrive(const std::string& sDriveText, const std::string& sName) {
     const std::shared_ptr<Drive> drive = oFSO().GetDrive(sDriveText);
     const bool bExists = oFSO().DriveExists(sDriveText);
     if (drive->DriveType() != DriveRemovable || !bExists) {
-        UpCall<MessageBoxes>::Get().MsgBox(NotConnectedText, MsgBoxButtons::OKCancel, ProgramTitle);
+        Service<MessageBoxes>::Get().MsgBox(NotConnectedText, MsgBoxButtons::OKCancel,
+                                            ProgramTitle);
         return false;
     }
     ConnectPSP(sDriveText);
@@ -107,7 +108,7 @@ void PollPSP() {
 // Another order than the poll's: the window is not on the screen yet, and the status panel must
 // leave its design state even when there is no device.
 void FirstLookForPSP() {
-    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    DevicePanels& panels = Service<DevicePanels>::Get();
     std::string sDrive;
     if (FindPSPDrive(sDrive)) {
         ConnectPSP(sDrive);
@@ -122,7 +123,7 @@ bool SetupNewPSP(const std::string& sDriveText, const std::string& sName) {
         return MarkDrive(sDriveText, sName);
     } catch (const Failure& failure) {
         if (failure.Number() == failure::DiskNotReady) {
-            UpCall<MessageBoxes>::Get().MsgBox(NotReadyText, MsgBoxButtons::OK, ProgramTitle);
+            Service<MessageBoxes>::Get().MsgBox(NotReadyText, MsgBoxButtons::OK, ProgramTitle);
         }
         return false;
     }

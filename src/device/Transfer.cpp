@@ -8,7 +8,7 @@
 #include "library/Collections.h"
 #include "library/Identifiers.h"
 #include "platform/Activity.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 namespace tavel {
 
@@ -156,17 +156,17 @@ class Transfer {
 
 void TransferToPSP(const std::vector<std::string>& sIDs) {
     if (!bPSPConnected) {
-        UpCall<MessageBoxes>::Get().MsgBox("No PSP Connected", MsgBoxButtons::OK, ProgramTitle);
+        Service<MessageBoxes>::Get().MsgBox("No PSP Connected", MsgBoxButtons::OK, ProgramTitle);
         return;
     }
-    CopyWindow& frmCopy = UpCall<CopyWindow>::Get();
+    CopyWindow& frmCopy = Service<CopyWindow>::Get();
     frmCopy.Show();
     frmCopy.Repaint();
     Transfer(frmCopy).Run(sIDs);
     frmCopy.ShowFinish();
     frmCopy.ShowOK();
 
-    DevicePanels& panels = UpCall<DevicePanels>::Get();
+    DevicePanels& panels = Service<DevicePanels>::Get();
     panels.RefreshPSPCats();
     panels.RefreshPSPStatus();
 }

@@ -9,8 +9,8 @@
 #include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 
 namespace tavel {
 
@@ -18,7 +18,7 @@ namespace {
 
 constexpr Integer NoTypeYet = 99;
 
-AddWindow& frmAdd() { return UpCall<AddWindow>::Get(); }
+AddWindow& frmAdd() { return Service<AddWindow>::Get(); }
 
 void ShowPath(const std::string& sPath) {
     frmAdd().SetPath(sPath);
@@ -107,7 +107,7 @@ void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups,
 }
 
 void ShowInvalidFiles(const std::vector<std::string>& sFiles) {
-    InvalidFilesWindow& frmInvFiles = UpCall<InvalidFilesWindow>::Get();
+    InvalidFilesWindow& frmInvFiles = Service<InvalidFilesWindow>::Get();
     for (const std::string& sFile : sFiles) frmInvFiles.AddItem(sFile);
     frmInvFiles.Show();
 }

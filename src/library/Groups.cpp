@@ -6,7 +6,7 @@
 #include "library/LibraryWindows.h"
 #include "platform/Activity.h"
 #include "platform/Failure.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 namespace tavel {
 
@@ -86,7 +86,7 @@ std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& s
             LinkToGroup(iType, sItemID, sID);
         }
     }
-    UpCall<CategoryTree>::Get().RefreshCats();
+    Service<CategoryTree>::Get().RefreshCats();
     return sID;
 }
 
@@ -141,7 +141,7 @@ void RemoveItem(const std::string& sID, bool& bDeleteFile) {
         RemoveRecord(iType, sID);
         bDeleteFile = false;
     }
-    if (bDeleteFile) {
+    if (bDeleteFile && IsItemType(iType)) {
         const Doing deleting("Deleting", sPath);
         oFSO().DeleteFile(sPath, true);
     }

@@ -9,7 +9,7 @@
 #include "library/PathIndex.h"
 #include "platform/Activity.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <string>
 #include <vector>
@@ -48,7 +48,7 @@ bool IsAmongItems(Integer itemType, std::string_view sPath) {
 
 void BackgroundScan() {
     if (bScanning) return;
-    ScanTimer& tmrBack = UpCall<ScanTimer>::Get();
+    ScanTimer& tmrBack = Service<ScanTimer>::Get();
     tmrBack.Enable(false);
     bScanning = true;
     const std::vector<std::string> folders = WatchFolders();

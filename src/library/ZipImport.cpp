@@ -12,7 +12,7 @@
 #include "platform/Activity.h"
 #include "platform/EventLoop.h"
 #include "platform/Failure.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <vector>
 
@@ -20,7 +20,7 @@ namespace tavel {
 
 namespace {
 
-AddWindow& frmAdd() { return UpCall<AddWindow>::Get(); }
+AddWindow& frmAdd() { return Service<AddWindow>::Get(); }
 
 void ShowText(const std::string& sText) {
     frmAdd().SetPath(sText);
@@ -124,8 +124,8 @@ void AddZipFile(const std::string& sZipPath, const bool& bMakeGroup) {
     Import import(zip);
     import.Unzip(sFolder);
     if (import.HasNothingValid()) {
-        UpCall<MessageBoxes>::Get().MsgBox("No valid picture files found in this Zip file",
-                                           MsgBoxButtons::OK, ProgramTitle);
+        Service<MessageBoxes>::Get().MsgBox("No valid picture files found in this Zip file",
+                                            MsgBoxButtons::OK, ProgramTitle);
         import.ShowRejected();
     } else {
         import.AddToDB();

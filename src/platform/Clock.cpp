@@ -37,15 +37,12 @@ class SystemClock : public Clock {
     int m_secondOfDay = 0;
 };
 
-Clock* current = nullptr;
-
 }  // namespace
 
-Clock& HostClock() {
+template <>
+Clock* OwnService<Clock>() {
     static SystemClock host;
-    return current != nullptr ? *current : host;
+    return &host;
 }
-
-void UseClock(Clock* clock) { current = clock; }
 
 }  // namespace tavel

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/Service.h"
+
 #include <string>
 
 namespace tavel {
@@ -16,8 +18,8 @@ class Clock {
     virtual double Timer() = 0;
 };
 
-// The host's own clock unless UseClock has put another in its place (nullptr: back to the host's).
-Clock& HostClock();
-void UseClock(Clock* clock);
+// The host's clock.
+template <>
+Clock* OwnService<Clock>();
 
 }  // namespace tavel

@@ -1,9 +1,9 @@
 #include "platform/EventLoop.h"
 
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 namespace tavel {
 
-void DoEvents() { UpCall<EventLoop>::Get().Yield(); }
+void DoEvents() { Service<EventLoop>::Get().Yield(); }
 
 }  // namespace tavel

@@ -12,7 +12,7 @@ class EventLoop {
     virtual void Yield() = 0;
 };
 
-// Yields through the event loop that UpCall<EventLoop> holds.
+// Yields through the program's event loop.
 void DoEvents();
 
 }  // namespace tavel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Numbers.h"
+#include "platform/Service.h"
 
 #include <cstddef>
 #include <cstdint>
@@ -131,11 +132,12 @@ class FileService {
     std::string StablePath(std::string_view path);
 };
 
-// The host's own service, made on first use and kept as long as the process lives, unless
-// UseHostFileService has put another in its place (nullptr: back to the host's). The profile
-// service stands on it too.
-FileService& HostFileService();
-void UseHostFileService(FileService* service);
+// The host's files and drives, for as long as the process lives.
+template <>
+FileService* OwnService<FileService>();
+
+// The one file service of the program. The profile service stands on it too.
+inline FileService& oFSO() { return Service<FileService>::Get(); }
 
 // The folder of the running program as a drive path, without a separator at its end unless it is
 // the root of a drive.

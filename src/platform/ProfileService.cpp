@@ -42,16 +42,16 @@ bool IsInBatch(std::string_view path) {
     if (!running) return false;
     if (running->path == path) return true;
     const std::string& hostPath = running->document.hostPath;
-    return !hostPath.empty() && hostPath == HostFileService().HostPath(path);
+    return !hostPath.empty() && hostPath == oFSO().HostPath(path);
 }
 
 // What the file holds now.
 Document Load(std::string_view path) {
     Document document = std::exchange(lastRead, {});
-    const std::string hostPath = HostFileService().HostPath(path);
+    const std::string hostPath = oFSO().HostPath(path);
     // The file service knows what is no file to it, such as a link that leads out of a stick.
     std::optional<FileStamp> present;
-    if (HostFileService().FileExists(path)) present = StampOf(hostPath);
+    if (oFSO().FileExists(path)) present = StampOf(hostPath);
     const bool isSame = document.hostPath == hostPath && document.stamp == present;
     if (isSame && document.mayBeKept) return document;
     document = {hostPath, present, false, nullptr};
@@ -68,7 +68,7 @@ Document Load(std::string_view path) {
 
 bool MakeFile(std::string_view path) {
     Long error = 0;
-    const std::unique_ptr<RawFile> file = HostFileService().OpenRaw(path, RawMode::Create, error);
+    const std::unique_ptr<RawFile> file = oFSO().OpenRaw(path, RawMode::Create, error);
     return file != nullptr && file->Close();
 }
 
@@ -79,7 +79,7 @@ bool Save(Document& document, std::string_view path, bool isBatch) {
     document.mayBeKept = false;
     if (!document.stamp && !MakeFile(path)) return false;
     const auto tellBytes = [&](const ByteSink& sink) { document.text->Tell(sink); };
-    return ReplaceHostFile(HostFileService().HostPath(path), tellBytes, !isBatch);
+    return ReplaceHostFile(oFSO().HostPath(path), tellBytes, !isBatch);
 }
 
 // The batch's document, or what the file holds now.
@@ -152,7 +152,7 @@ bool ProfileFileExists(std::string_view path) {
     // Any failure of the test stands for a missing file.
     try {
         if (IsInBatch(path)) return running->fileExists;
-        return HostFileService().FileExists(path) && !HostFileService().GetFile(path).Hidden;
+        return oFSO().FileExists(path) && !oFSO().GetFile(path).Hidden;
     } catch (const Failure&) {
         return false;
     }

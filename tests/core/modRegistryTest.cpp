@@ -53,28 +53,28 @@ TEST_F(Registry, GetRootKey_takes_a_test_that_fails_for_a_missing_file) {
     Contain("[s]\r\nk=7\r\n");
     for (const char* test : {"FileExists", "GetFile"}) {
         FaultyFileService files;
-        UseHostFileService(&files);
+        Service<FileService>::Use(&files);
         EXPECT_EQ(GetRootKey(db), 1);
         files.FailOn(test, failure::PermissionDenied);
         EXPECT_EQ(GetRootKey(db), 0) << test;
         std::string out;
         EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", out), 99);
         EXPECT_EQ(out, "default");
-        UseHostFileService(nullptr);
+        Service<FileService>::Use(nullptr);
     }
 }
 
 TEST_F(Registry, A_failure_inside_a_wrapper_ends_it_with_the_status_reached_so_far) {
     Contain("[s]\r\nk=7\r\n");
     FaultyFileService files;
-    UseHostFileService(&files);
+    Service<FileService>::Use(&files);
     files.FailOn("HostPath", failure::DeviceIO);
     std::string text = "before";
     Integer number = 1;
     EXPECT_EQ(ReadValue(db, "s", "k", "s", "default", text), 99);
     EXPECT_EQ(ReadValue(db, "s", "k", "s", "5", number), 99);
     EXPECT_EQ(WriteValue(db, "s", "k", "s", "8"), 99);
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     EXPECT_EQ(text, "default");
     EXPECT_EQ(number, 5);
     EXPECT_EQ(temp.Read("db.txt"), "[s]\r\nk=7\r\n");

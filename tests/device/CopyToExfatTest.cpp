@@ -23,7 +23,7 @@ class CopyToExfatTest : public HostDrives {
         if (!stick.WhyNot().empty()) GTEST_SKIP() << stick.WhyNot();
         fs::create_directories(temp.HostPath("program/drives"));
         fs::create_directory_symlink(stick.MountFolder(), temp.HostPath("program/drives/e"));
-        UseFileService(files.get());
+        Service<FileService>::Use(files.get());
         bar.isRecording = false;
         bar.onValue = [this](float value) { values.push_back(value); };
     }

@@ -30,7 +30,7 @@ std::unique_ptr<RawFile> DeviceFiles::OpenRaw(std::string_view path, RawMode mod
 DeviceTest::DeviceTest() {
     ResetPublicStuff();
     ReleaseCollections();
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
 }
 
 DeviceTest::~DeviceTest() {

@@ -58,7 +58,7 @@ TEST_F(NextVideoNameTest, Is_not_kept_from_a_number_by_another_extension) {
 TEST_F(NextVideoNameTest, Has_five_digits_from_10000_on_and_overflows_past_32767) {
     Connect();
     FullStick stick;
-    UseFileService(&stick);
+    Service<FileService>::Use(&stick);
     stick.taken = 9998;
     EXPECT_EQ(NextVideoName("mp4"), "M4V19999.mp4");
     stick.taken = 9999;
@@ -67,7 +67,7 @@ TEST_F(NextVideoNameTest, Has_five_digits_from_10000_on_and_overflows_past_32767
     EXPECT_EQ(NextVideoName("mp4"), "M4V132767.mp4");
     stick.taken = 32767;
     EXPECT_EQ(FailureOf([] { NextVideoName("mp4"); }), 6);
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
 }
 
 TEST_F(NextVideoNameTest, Is_number_1_on_a_stick_that_was_pulled) {

@@ -245,7 +245,7 @@ TEST_F(NamesThatClimbTest, Nothing_is_ever_written_outside_the_stick) {
     Calls calls;
     CopyWindowRecorder frmCopy(calls);
     DevicePanelsRecorder panels(calls);
-    UseFileService(files.get());
+    Service<FileService>::Use(files.get());
     oPSPDrive = files->GetDrive("e:");
     bPSPConnected = true;
     sPSPDataFile = "e:\\taveldatafile.tavel";

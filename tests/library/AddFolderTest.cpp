@@ -320,11 +320,11 @@ TEST_F(AddFolderTest, A_record_removed_at_a_yield_fails_only_when_a_group_is_mad
 TEST_F(AddFolderTest, A_folder_that_is_missing_or_cannot_be_read_fails) {
     EXPECT_EQ(FailureOf([&] { Add("none", {}); }), failure::PathNotFound);
     FaultyFileService files;
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     Write("m/sub/a.jpg", "x");
     files.FailOn("GetFolder " + temp.DrivePath("m\\sub"), failure::PermissionDenied);
     EXPECT_EQ(FailureOf([&] { Add("m", {}); }), failure::PermissionDenied);
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(AddFolderTest, A_subfolder_that_vanishes_during_the_walk_fails) {

@@ -17,7 +17,7 @@ namespace {
 // library.
 class FailedActivity : public LibraryTest {
   protected:
-    ~FailedActivity() override { UseFileService(nullptr); }
+    ~FailedActivity() override { Service<FileService>::Use(nullptr); }
 
     std::string At(const std::string& name) const { return temp.DrivePath(name); }
 
@@ -46,7 +46,7 @@ TEST_F(FailedActivity, Adding_names_a_file_without_an_extension) {
 
 TEST_F(FailedActivity, Adding_names_the_file_that_the_disk_could_not_give) {
     const std::string sPath = Write("a.mp3", "some bytes of a file");
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     files.FailReadAfter("a.mp3", 0);
     EXPECT_EQ(FailedActivityOf([&] { AddFile(sPath); }), "Adding " + sPath);
 }
@@ -54,7 +54,7 @@ TEST_F(FailedActivity, Adding_names_the_file_that_the_disk_could_not_give) {
 TEST_F(FailedActivity, A_walk_names_the_folder_in_which_it_ends) {
     const std::string sInner = At("in\\ner");
     Write("in/ner/a.mp4", "x");
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     files.FailOn("GetFolder " + sInner, failure::PermissionDenied);
     EXPECT_EQ(FailedActivityOf([&] { AddFolder(At("in"), true, false, true, true); }),
               "Scanning " + sInner);
@@ -127,7 +127,7 @@ TEST_F(FailedActivity, Saving_names_the_entry_and_the_file) {
 }
 
 TEST_F(FailedActivity, A_folder_that_cannot_be_made_leaves_nothing_for_a_later_failure) {
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     files.FailOn("CreateFolder", failure::PermissionDenied);
     EXPECT_FALSE(MakeDBFolders(At("library")));
     EXPECT_EQ(FailedActivityOf([] { colPhoto.Item("none"); }), "");

@@ -16,7 +16,7 @@ const Texts Tree = {
 
 class Folders : public LibraryTest {
   protected:
-    Folders() { UseFileService(&files); }
+    Folders() { Service<FileService>::Use(&files); }
 
     Texts CallsOf(const std::string& start) const {
         Texts found;

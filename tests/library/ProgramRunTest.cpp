@@ -6,7 +6,7 @@
 #include "library/LibraryFixture.h"
 #include "library/MediaLibraryStore.h"
 #include "platform/ProfileText.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "support/ProgramDB.h"
 
 #include <filesystem>
@@ -25,8 +25,8 @@ constexpr const char* Library =
 // The program from its start to its end, over the real library.
 class ProgramRun : public LibraryTest {
   protected:
-    ProgramRun() { UpCall<LibraryStore>::Set(&store); }
-    ~ProgramRun() override { UpCall<LibraryStore>::Set(nullptr); }
+    ProgramRun() { Service<LibraryStore>::Use(&store); }
+    ~ProgramRun() override { Service<LibraryStore>::Use(nullptr); }
 
     MediaLibraryStore store;
 };
@@ -103,7 +103,7 @@ TEST_F(ProgramRun, Ends_as_if_a_save_that_fails_had_worked) {
     ASSERT_TRUE(bDBChanged);
     // A file this large is no profile, so that nothing can be put in its place.
     constexpr std::uintmax_t tooLarge = ProfileText::MaxSize + std::uintmax_t{1};
-    const std::string path = HostFileService().HostPath(sDBFile);
+    const std::string path = oFSO().HostPath(sDBFile);
     std::filesystem::resize_file(path, tooLarge);
     windows.calls.clear();
     ShutDown();

@@ -216,7 +216,7 @@ TEST_F(SaveDBTest, Bytes_of_any_code_page_come_back_as_they_were) {
 TEST_F(SaveDBTest, Without_its_file_a_save_does_nothing) {
     GivePhoto("ph_a");
     SaveDB();
-    EXPECT_FALSE(HostFileService().FileExists(sDBFile));
+    EXPECT_FALSE(oFSO().FileExists(sDBFile));
 }
 
 TEST_F(SaveDBTest, The_largest_library_comes_back) {

@@ -127,10 +127,10 @@ TEST_F(Scan, A_watch_folder_that_has_gone_fails) {
 TEST_F(Scan, A_folder_number_that_is_missing_is_no_folder) {
     Contain("[watch]\r\nnoofflds=1\r\n");
     FaultyFileService files;
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     EXPECT_EQ(FailureOf(BackgroundScan), failure::PathNotFound);
     EXPECT_EQ(files.calls.back(), "GetFolder XYZXYZ");
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(Scan, The_list_is_read_before_anything_is_added) {

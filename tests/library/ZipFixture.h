@@ -15,7 +15,7 @@ namespace tavel::test {
 class ZipImportTest : public LibraryTest {
   protected:
     ZipImportTest() {
-        UseFileService(&files);
+        Service<FileService>::Use(&files);
         MakeDBFolders(root);
         files.calls.clear();
     }

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 class ZipReaderTest : public LibraryTest {
   protected:
     ZipReaderTest() {
-        UseFileService(&files);
+        Service<FileService>::Use(&files);
         fs::create_directory(temp.HostPath("out"));
     }
 
@@ -295,7 +295,7 @@ TEST_F(ZipReaderTest, A_disk_that_is_full_fails_and_leaves_what_was_written) {
 }
 
 TEST_F(ZipReaderTest, A_real_disk_that_is_full_fails_likewise) {
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     Open({{"a.jpg", std::string(5'000'000, 'x'), true}});
     const FileSizeLimit limit(1'500'000);
     EXPECT_EQ(FailureOf([&] { Extract(0); }), failure::DiskFull);

@@ -299,7 +299,7 @@ TEST(cMP3ID3v2, An_empty_file_fails_without_the_label_of_the_class_and_leaves_an
 // The number that keeps a file from being written; 0 for none.
 Long WhyNotWritten(const std::string& path) {
     Long error = 0;
-    HostFileService().OpenRaw(path, RawMode::Create, error);
+    oFSO().OpenRaw(path, RawMode::Create, error);
     return error;
 }
 

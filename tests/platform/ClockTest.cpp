@@ -116,7 +116,7 @@ TEST(Clock, The_timer_counts_the_seconds_of_the_local_day_with_fractions) {
     double fractions = 0;
     for (int round = 0; round < 1000; ++round) {
         const time_t before = time(nullptr);
-        const double seconds = HostClock().Timer();
+        const double seconds = Service<Clock>::Get().Timer();
         const time_t after = time(nullptr) + 1;                  // time() may lag a tick behind
         if (SecondOfDay(after) < SecondOfDay(before)) continue;  // midnight
         ASSERT_GE(seconds, SecondOfDay(before));
@@ -128,7 +128,7 @@ TEST(Clock, The_timer_counts_the_seconds_of_the_local_day_with_fractions) {
 
 TEST(Clock, The_host_tells_the_present_date_and_time) {
     const time_t before = time(nullptr);
-    const std::string now = HostClock().NowText();
+    const std::string now = Service<Clock>::Get().NowText();
     bool isPresent = false;
     for (time_t moment = before; moment <= time(nullptr); ++moment)
         isPresent = isPresent || now == HostDateTimeText(moment);
@@ -137,11 +137,11 @@ TEST(Clock, The_host_tells_the_present_date_and_time) {
 
 TEST(Clock, Another_clock_can_stand_in_and_leave_again) {
     FixedClock fixed;
-    UseClock(&fixed);
-    EXPECT_EQ(HostClock().NowText(), "then");
-    EXPECT_EQ(HostClock().Timer(), 12.5);
-    UseClock(nullptr);
-    EXPECT_NE(HostClock().NowText(), "then");
+    Service<Clock>::Use(&fixed);
+    EXPECT_EQ(Service<Clock>::Get().NowText(), "then");
+    EXPECT_EQ(Service<Clock>::Get().Timer(), 12.5);
+    Service<Clock>::Use(nullptr);
+    EXPECT_NE(Service<Clock>::Get().NowText(), "then");
 }
 
 }  // namespace

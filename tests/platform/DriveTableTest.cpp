@@ -397,8 +397,7 @@ TEST_F(Drives, No_descriptor_stays_open_between_calls) {
 }
 
 TEST(HostFileServices, The_programs_folder_is_where_the_program_is) {
-    EXPECT_EQ(HostFileService().HostPath(ProgramFolder()),
-              fs::read_symlink("/proc/self/exe").parent_path());
+    EXPECT_EQ(oFSO().HostPath(ProgramFolder()), fs::read_symlink("/proc/self/exe").parent_path());
 }
 
 }  // namespace tavel::test

@@ -122,7 +122,7 @@ TEST_F(OnExfat, A_full_stick_takes_what_fits_and_says_so) {
 }
 
 TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
-    UseHostFileService(files.get());
+    Service<FileService>::Use(files.get());
     files->CreateTextFile("e:\\TavelDataFile.tavel", true);
     const std::string path = "e:\\taveldatafile.tavel";
     ASSERT_TRUE(WritePrivateProfileString("video", "M4V10001", "Old", path));
@@ -140,7 +140,7 @@ TEST_F(OnExfat, A_profile_takes_what_still_fits_on_a_full_stick) {
         WritePrivateProfileString("video", "M4V10001", "Half", path);
     }
     EXPECT_EQ(GetPrivateProfileString("video", "M4V10001", "", 255, path), "New and longer");
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(OnExfat, A_full_stick_fails_small_pieces_too) {
@@ -177,7 +177,7 @@ TEST(OnABrokenStick, Nothing_is_taken_once_a_flush_has_failed) {
 
 // A stick is asked for its identity file under two spellings.
 TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
-    UseHostFileService(files.get());
+    Service<FileService>::Use(files.get());
     files->CreateTextFile("e:\\TavelDataFile.tavel", true);
     for (int i = 0; i < 5; ++i) {
         const std::string key = std::to_string(i);
@@ -191,9 +191,17 @@ TEST_F(OnExfat, A_profile_is_one_under_any_spelling_and_keeps_its_own) {
             EXPECT_EQ(GetPrivateProfileString(section, key, "", 255, "e:\\TAVELdatafile.tavel"),
                       "v");
     }
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     EXPECT_THAT(files->GetFolder("e:\\").Files, ::testing::SizeIs(1));
     EXPECT_EQ(files->GetFolder("e:\\").Files.at(0).Name, "TavelDataFile.tavel");
+}
+
+TEST_F(OnExfat, A_host_path_has_the_spelling_that_the_stick_has_now) {
+    std::ofstream(stick.MountFolder() + "/DATA.txt") << "x";
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/DATA.txt"));
+    fs::rename(stick.MountFolder() + "/DATA.txt", stick.MountFolder() + "/other.txt");
+    fs::rename(stick.MountFolder() + "/other.txt", stick.MountFolder() + "/Data.txt");
+    EXPECT_EQ(files->HostPath("e:\\data.txt"), temp.HostPath("program/drives/e/Data.txt"));
 }
 
 TEST_F(OnExfat, A_write_protected_stick_refuses_all_changes) {

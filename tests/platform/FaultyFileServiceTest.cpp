@@ -122,14 +122,14 @@ TEST_F(FaultyFiles, Raw_files_calls_and_names_fail_as_told) {
 }
 
 TEST_F(FaultyFiles, In_the_hosts_place_it_serves_the_profile_too) {
-    UseHostFileService(&files);
+    Service<FileService>::Use(&files);
     EXPECT_TRUE(WritePrivateProfileString("Data", "PSPName", "My PSP", "f:\\TavelDataFile.tavel"));
     const std::string name =
         GetPrivateProfileString("data", "pspname", "PSP", 99, "f:\\taveldatafile.tavel");
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     EXPECT_EQ(name, "My PSP");
     EXPECT_EQ(temp.Read("stick/TavelDataFile.tavel"), "[Data]\r\nPSPName=My PSP\r\n");
-    EXPECT_NE(&HostFileService(), &files);
+    EXPECT_NE(&oFSO(), &files);
 }
 
 TEST_F(FaultyFiles, Calls_are_recorded_in_order) {

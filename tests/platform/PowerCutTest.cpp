@@ -44,7 +44,7 @@ class PowerCut : public HostDrives {
 }  // namespace
 
 TEST_F(PowerCut, A_profile_is_flushed_under_its_new_name_once_more) {
-    UseHostFileService(files.get());
+    Service<FileService>::Use(files.get());
     EXPECT_TRUE(WritePrivateProfileString("s", "k", "new", "e:\\old.txt"));
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/.old.txt.new 12",
                                           "rename card/.old.txt.new -> card/old.txt",  //
@@ -54,7 +54,7 @@ TEST_F(PowerCut, A_profile_is_flushed_under_its_new_name_once_more) {
                                           "flush card/.fresh.txt.new 12",
                                           "rename card/.fresh.txt.new -> card/fresh.txt",
                                           "flush card/fresh.txt 12", "flush folder card"));
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(PowerCut, A_profile_that_is_written_in_place_is_flushed) {

@@ -232,27 +232,27 @@ TEST_F(ProfileBatching, Another_file_that_cannot_be_looked_for_is_a_missing_one)
     FaultyFileService files;
     const std::string other = m_folder.DrivePath("other.txt");
     m_folder.Write("other.txt", "");
-    UseHostFileService(&files);
+    Service<FileService>::Use(&files);
     {
         const ProfileBatch batch(m_path);
         EXPECT_TRUE(ProfileFileExists(other));
         files.FailOn("HostPath " + other, failure::DeviceIO);
         EXPECT_FALSE(ProfileFileExists(other));
     }
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(ProfileBatching, A_failure_at_its_end_is_not_noticed) {
     const std::string before = "[s]\r\nk=1\r\n";
     File(before);
     FaultyFileService files;
-    UseHostFileService(&files);
+    Service<FileService>::Use(&files);
     {
         const ProfileBatch batch(m_path);
         EXPECT_TRUE(Put("s", "k", "2"));
         files.FailOn("HostPath", failure::DeviceIO);
     }
-    UseHostFileService(nullptr);
+    Service<FileService>::Use(nullptr);
     EXPECT_EQ(File(), before);
     EXPECT_EQ(Get("s", "k"), "1");
     EXPECT_TRUE(Put("s", "k", "3")) << "the batch is over";

@@ -37,7 +37,7 @@ struct FakeDrive {
 // so. It shows c: (the real one) and the drives that were plugged in, and none of the machine's.
 class FaultyFileService : public FileService {
   public:
-    explicit FaultyFileService(FileService& real = HostFileService());
+    explicit FaultyFileService(FileService& real = oFSO());
 
     // Makes a host folder a removable drive. The reference stays good until the drive is plugged
     // in again or pulled out.

@@ -15,9 +15,9 @@ class OneFileService : public FileService {
   public:
     explicit OneFileService(std::string bytes, Long error = 0)
         : m_bytes(std::move(bytes)), m_error(error) {
-        UseFileService(this);
+        Service<FileService>::Use(this);
     }
-    ~OneFileService() override { UseFileService(nullptr); }
+    ~OneFileService() override { Service<FileService>::Use(nullptr); }
 
     int FailAt = -1;  // the read, from 0, that fails
     bool FailClose = false;

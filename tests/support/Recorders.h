@@ -7,7 +7,7 @@
 #include "library/LibraryWindows.h"
 #include "platform/Clock.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 
 #include <deque>
 #include <functional>
@@ -21,8 +21,8 @@ namespace tavel::test {
 template <class Interface>
 class Standing : public Interface {
   public:
-    Standing() { UpCall<Interface>::Set(this); }
-    ~Standing() override { UpCall<Interface>::Set(nullptr); }
+    Standing() { Service<Interface>::Use(this); }
+    ~Standing() override { Service<Interface>::Use(nullptr); }
     Standing(const Standing&) = delete;
     Standing& operator=(const Standing&) = delete;
 };
@@ -170,13 +170,8 @@ class EventLoopRecorder : public Standing<EventLoop> {
 };
 
 // A clock that stands still until it is set.
-class FixedClock : public Clock {
+class FixedClock : public Standing<Clock> {
   public:
-    FixedClock() { UseClock(this); }
-    ~FixedClock() override { UseClock(nullptr); }
-    FixedClock(const FixedClock&) = delete;
-    FixedClock& operator=(const FixedClock&) = delete;
-
     std::string now = "21/11/2006 14:05:09";
     double timer = 50709.0;
 

@@ -64,7 +64,7 @@ void ResetPublicStuff() {
     bScanning = false;
     bDBChanged = false;
 
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 std::string SourceFile(const std::string& path) { return TAVEL_SOURCE_FOLDER "/" + path; }

@@ -7,7 +7,7 @@ import subprocess
 
 from waiting import Mismatch, wait_for
 
-SIZE = "1280x800x24"
+WIDTH, HEIGHT = 1280, 800
 
 
 class Desk:
@@ -25,7 +25,7 @@ class Desk:
         os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(runtime), XDG_CONFIG_HOME=str(home / ".config"),
                           LC_ALL="C.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_SCALE_FACTOR="1")
         os.environ["DISPLAY"] = ":" + self._answer(
-            ["Xvfb", "-displayfd", "{}", "-screen", "0", SIZE, "-dpi", "96", "-nolisten", "tcp", "-noreset"])
+            ["Xvfb", "-displayfd", "{}", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer(
             ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}"])
         self._start(["openbox"])
@@ -109,3 +109,19 @@ def stacking():
     ids = re.findall(r"0x[0-9a-f]+", _property("-root", "_NET_CLIENT_LIST_STACKING"))
     titles = (re.search(r'= "(.*)"', _property(window, "_NET_WM_NAME")) for window in ids)
     return [title[1] for title in titles if title]
+
+
+def differing(picture, other):
+    """How many pixels of two pictures are not the same, give or take what a rounding of colours makes."""
+    told = subprocess.run(["compare", "-metric", "AE", "-fuzz", "2%", str(picture), str(other), "null:"],
+                          stderr=subprocess.PIPE, text=True)
+    if told.returncode > 1:
+        raise Mismatch(f"compare: {told.stderr}")
+    return float(told.stderr)
+
+
+def middle(width, height, path):
+    """Saves what is seen in the middle of the screen."""
+    place = f"{width}x{height}+{(WIDTH - width) // 2}+{(HEIGHT - height) // 2}"
+    subprocess.run(["import", "-window", "root", "-crop", place, "+repage", str(path)], check=True)
+    return path

@@ -47,7 +47,7 @@ TEST_F(AddingWindows, a_cancel_takes_the_window_away_and_the_next_folder_goes_in
         Click(Add(), "cmdCancel");
         Click(Add(), "cmdCancel");  // a second click changes nothing
     };
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     AddFolder(temp.DrivePath("m"), true, false, false, false);
     ASSERT_EQ(colPhoto.Count(), 2);
     EXPECT_EQ(colPhoto.Item(1).sName + colPhoto.Item(2).sName, "ac");
@@ -57,7 +57,7 @@ TEST_F(AddingWindows, a_cancel_takes_the_window_away_and_the_next_folder_goes_in
 }
 
 TEST_F(AddingWindows, the_path_is_painted_before_the_file_is_added) {
-    AddWindow& window = UpCall<AddWindow>::Get();
+    AddWindow& window = Service<AddWindow>::Get();
     window.Show();
     EXPECT_TRUE(Add().windowHandle()->isExposed());
     int paints = 0;
@@ -69,7 +69,7 @@ TEST_F(AddingWindows, the_path_is_painted_before_the_file_is_added) {
 }
 
 TEST_F(AddingWindows, none_of_them_locks_the_others_and_what_was_rejected_adds_up) {
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     EXPECT_FALSE(Add().isModal());
     ShowInvalidFiles({"c:\\a.doc"});
     ShowInvalidFiles({"c:\\b.doc", "c:\\c.doc"});

@@ -36,7 +36,7 @@ void ExpectMessage(PromptQueue& prompts, const char* text, PromptQueue::During d
 
 }  // namespace
 
-TEST(TextSize, is_what_the_windows_leave_room_for_on_any_desktop) {
+TEST(TextSize, is_the_designs_at_first) {
     EXPECT_EQ(QApplication::font().pointSizeF(), 8.25);
     EXPECT_EQ(QPushButton().font().pointSizeF(), 8.25);
 }

@@ -17,9 +17,12 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFileInfo>
+#include <QLabel>
+#include <QLayout>
 #include <QLineEdit>
 #include <QListView>
 #include <QMessageBox>
+#include <QProxyStyle>
 #include <QPushButton>
 #include <QUrl>
 #include <filesystem>
@@ -32,6 +35,26 @@ QAbstractButton& ButtonOf(QWidget& box, QMessageBox::StandardButton which) {
     return *static_cast<QMessageBox&>(box).button(which);
 }
 
+// A desktop whose style puts pictures on the buttons of stock dialogs.
+class ButtonsWithPictures {
+  public:
+    ButtonsWithPictures() { QApplication::setStyle(new Style); }
+    ~ButtonsWithPictures() { QApplication::setStyle(QStringLiteral("fusion")); }
+    ButtonsWithPictures(const ButtonsWithPictures&) = delete;
+    ButtonsWithPictures& operator=(const ButtonsWithPictures&) = delete;
+
+  private:
+    class Style : public QProxyStyle {
+      public:
+        Style() : QProxyStyle(QStringLiteral("fusion")) {}
+        int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                      QStyleHintReturn* data) const override {
+            if (hint == SH_DialogButtonBox_ButtonsHaveIcons) return 1;
+            return QProxyStyle::styleHint(hint, option, widget, data);
+        }
+    };
+};
+
 }  // namespace
 
 TEST(MsgBox, each_key_answers_as_its_button_says) {
@@ -41,12 +64,15 @@ TEST(MsgBox, each_key_answers_as_its_button_says) {
         MsgBoxAnswer answer;
     };
     const RealPrompts real;
-    for (const Case& one : {Case{MsgBoxButtons::OK, Qt::Key_Return, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OK, Qt::Key_Escape, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OKCancel, Qt::Key_Return, MsgBoxAnswer::OK},
-                            Case{MsgBoxButtons::OKCancel, Qt::Key_Escape, MsgBoxAnswer::Cancel},
-                            Case{MsgBoxButtons::YesNo, Qt::Key_Return, MsgBoxAnswer::Yes},
-                            Case{MsgBoxButtons::YesNo, Qt::Key_Escape, MsgBoxAnswer::No}}) {
+    for (const Case& one :
+         {Case{MsgBoxButtons::OK, Qt::Key_Return, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OK, Qt::Key_Escape, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OKCancel, Qt::Key_Return, MsgBoxAnswer::OK},
+          Case{MsgBoxButtons::OKCancel, Qt::Key_Escape, MsgBoxAnswer::Cancel},
+          Case{MsgBoxButtons::YesNo, Qt::Key_Return, MsgBoxAnswer::Yes},
+          Case{MsgBoxButtons::YesNo, Qt::Key_Escape, MsgBoxAnswer::No},
+          Case{MsgBoxButtons::YesNoDefaultNo, Qt::Key_Return, MsgBoxAnswer::No},
+          Case{MsgBoxButtons::YesNoDefaultNo, Qt::Key_Escape, MsgBoxAnswer::No}}) {
         WhenModal([&](QWidget& box) { QTest::keyClick(&box, one.key); });
         EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), one.buttons), one.answer);
     }
@@ -65,6 +91,35 @@ TEST(MsgBox, a_click_answers_and_the_box_shows_its_words) {
               MsgBoxAnswer::No);
 }
 
+TEST(MsgBox, its_text_begins_where_the_box_does) {
+    const RealPrompts real;
+    const QString words = QStringLiteral("Already exists in the list ");
+    for (const QString& text : {words, words.repeated(9)}) {
+        WhenModal([](QWidget& box) {
+            const int margin = box.layout()->contentsMargins().left();
+            EXPECT_EQ(Find<QLabel>(box, "qt_msgbox_label").x(), margin);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        MsgBox(text);
+    }
+}
+
+TEST(MsgBox, breaks_a_long_path_at_its_folders_and_fits_the_screen) {
+    const RealPrompts real;
+    std::string path = "Adding c:";
+    for (int i = 0; i < 12; ++i) path += "\\a_folder_of_some_length";
+    WhenModal([](QWidget& box) {
+        const auto& words = *box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+        const QRect needed =
+            words.fontMetrics().boundingRect(words.contentsRect(), Qt::TextWordWrap, words.text());
+        EXPECT_LE(needed.width(), words.contentsRect().width());
+        EXPECT_LE(needed.height(), words.contentsRect().height());
+        EXPECT_LT(box.width(), box.screen()->availableGeometry().width());
+        ButtonOf(box, QMessageBox::Ok).click();
+    });
+    MsgBox(QString::fromStdString(path));
+}
+
 TEST(MsgBox, is_called_after_the_program_when_it_is_given_no_title) {
     PromptQueue prompts;
     prompts.ExpectMsgBox(QStringLiteral("Hello"), MsgBoxButtons::OK, MsgBoxAnswer::OK,
@@ -81,6 +136,31 @@ TEST(MsgBox, outlives_its_owner) {
         delete owner;
     });
     EXPECT_EQ(MsgBox(QStringLiteral("Sure?"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
+}
+
+TEST(Boxes, no_button_has_a_picture_on_a_desktop_that_likes_them) {
+    const ButtonsWithPictures desktop;
+    const RealPrompts real;
+    int buttons = 0;
+    const auto look = [&](QWidget& box) {
+        for (const QPushButton* button : box.findChildren<QPushButton*>()) {
+            EXPECT_TRUE(button->icon().isNull()) << FromQString(box.objectName());
+            ++buttons;
+        }
+        QTest::keyClick(&box, Qt::Key_Escape);
+    };
+    WhenModal(look);
+    InputBox({}, {}, {});
+    EXPECT_EQ(buttons, 2);
+    WhenModal(look);
+    MsgBox({}, MsgBoxButtons::OKCancel);
+    EXPECT_EQ(buttons, 4);
+    WhenModal(look);
+    Service<Prompter>::Get().PickFiles({});
+    EXPECT_EQ(buttons, 6);
+    WhenModal(look);
+    Service<Prompter>::Get().PickFolder({});
+    EXPECT_EQ(buttons, 8);
 }
 
 TEST(InputBox, typed_text_comes_back_on_Enter_and_nothing_on_Escape) {
@@ -115,7 +195,7 @@ class FileDialogs : public ::testing::Test {
                         QStringLiteral("Anything")};
         request.patterns = QStringList{QStringLiteral("*.jpg;*.png;"), QStringLiteral("*.zip"),
                                        QStringLiteral("*.*")};
-        request.mustExist = true;
+        request.flags = PickFileMustExist | PickHideReadOnly;
     }
 
     // Types into the name box of the dialog and confirms.
@@ -127,7 +207,7 @@ class FileDialogs : public ::testing::Test {
     FileAnswer Type(const QString& typed) {
         const RealPrompts real;
         WhenModal([typed](QWidget& box) { TypeInto(box, typed); });
-        return CurrentPrompter().PickFiles(request);
+        return Service<Prompter>::Get().PickFiles(request);
     }
 
     // The same for what the box stays for.
@@ -138,7 +218,7 @@ class FileDialogs : public ::testing::Test {
             EXPECT_TRUE(box.isVisible()) << FromQString(typed);
             QTest::keyClick(&box, Qt::Key_Escape);
         });
-        return CurrentPrompter().PickFiles(request);
+        return Service<Prompter>::Get().PickFiles(request);
     }
 
     // The names that the box lists, once it has read the folder.
@@ -175,7 +255,7 @@ TEST_F(FileDialogs, a_typed_name_is_picked) {
 }
 
 TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     const FileAnswer answer = Type(QStringLiteral("\"a.JPG\" \"b.jpg\""));
     EXPECT_EQ(answer.files, QStringList({ToQString(folder.HostPath("a.JPG")),
                                          ToQString(folder.HostPath("b.jpg"))}));
@@ -183,7 +263,7 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
 
 TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
     folder.Write("Trip/d.jpg", "");
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     for (const std::string& other : {folder.HostPath("Trip/d.jpg"), std::string("/etc/hosts")}) {
         const QString typed = QStringLiteral("\"%1\" \"%2\"")
                                   .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other));
@@ -201,11 +281,11 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
             TypeInto(box, typed);
             if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
         });
-        return CurrentPrompter().PickFiles(request).files;
+        return Service<Prompter>::Get().PickFiles(request).files;
     };
     const QString file = ToQString(folder.HostPath("c.mp3"));
     EXPECT_EQ(pick(QStringLiteral("Trip/../c.mp3")), QStringList(file));
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     EXPECT_EQ(pick(QStringLiteral("\"Trip/../c.mp3\" \"%1\"").arg(file)),
               QStringList({file, file}));
 }
@@ -213,7 +293,7 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
 TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
     folder.Write("a\\b.jpg", "");
     EXPECT_EQ(TypeInVain(QStringLiteral("a\\b.jpg")).result, 0);
-    request.multiSelect = true;
+    request.flags |= PickMultiSelect;
     EXPECT_EQ(TypeInVain(QStringLiteral("\"b.jpg\" \"a\\b.jpg\"")).result, 0);
     EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
 }
@@ -224,7 +304,7 @@ TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
     folder.Write(fits + 'y', "");
     EXPECT_EQ(Type(ToQString(fits)).files, QStringList(ToQString(folder.HostPath(fits))));
     EXPECT_EQ(TypeInVain(ToQString(fits + 'y')).result, 0);
-    request.mustExist = false;
+    request.flags = PickHideReadOnly;
     EXPECT_EQ(TypeInVain(ToQString(fits + 'z')).result, 0);
 }
 
@@ -237,7 +317,7 @@ TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
                   folder.HostPath("Trip"));
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
 }
 
 TEST_F(FileDialogs, the_box_starts_at_home_and_then_where_files_were_picked_last) {
@@ -270,12 +350,12 @@ TEST_F(FileDialogs, home_and_the_drives_with_a_medium_stand_at_the_side) {
     FaultyFileService service;
     service.Plug('e', folder.HostPath());
     service.Plug('f', folder.HostPath()).hasMedia = false;
-    UseFileService(&service);
+    Service<FileService>::Use(&service);
     EXPECT_EQ(FileDialog(request).sidebarUrls(),
               QList<QUrl>({QUrl::fromLocalFile(QDir::homePath()),
                            QUrl::fromLocalFile(QStringLiteral("/")),
                            QUrl::fromLocalFile(ToQString(folder.HostPath()))}));
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 TEST_F(FileDialogs, nothing_is_kept_in_nor_taken_from_the_file_that_Qt_programs_share) {
@@ -309,8 +389,8 @@ TEST_F(FileDialogs, a_file_that_must_exist_is_asked_for_again) {
         EXPECT_TRUE(box.isVisible());
         QTest::keyClick(&box, Qt::Key_Escape);
     });
-    EXPECT_EQ(CurrentPrompter().PickFiles(request).result, 0);
-    request.mustExist = false;
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
+    request.flags = PickHideReadOnly;
     EXPECT_EQ(Type(QStringLiteral("nowhere.jpg")).files,
               QStringList(ToQString(folder.HostPath("nowhere.jpg"))));
 }
@@ -352,14 +432,14 @@ TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_lo
                 QTest::keyClick(&Find<QComboBox>(box, "fileTypeCombo"), Qt::Key_Down);
             TypeInto(box, QStringLiteral("b.jpg"));
         });
-        EXPECT_EQ(CurrentPrompter().PickFiles(request).filterIndex, steps);
+        EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).filterIndex, steps);
     }
 }
 
 TEST_F(FileDialogs, Escape_cancels) {
     const RealPrompts real;
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
-    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     EXPECT_EQ(answer.result, 0);
     EXPECT_TRUE(answer.files.isEmpty());
 }
@@ -385,17 +465,16 @@ TEST_F(FileDialogs, an_extension_of_odd_characters_does_no_harm) {
 
 TEST_F(FileDialogs, the_read_only_box_shows_only_when_it_is_asked_for_and_tells_its_tick) {
     EXPECT_EQ(FileDialog(request).findChild<QCheckBox*>(QStringLiteral("chkReadOnly")), nullptr);
-    request.showReadOnly = true;
     const RealPrompts real;
     for (const bool ticked : {false, true}) {
-        request.readOnly = ticked;
+        request.flags = PickFileMustExist | (ticked ? PickReadOnly : 0);
         WhenModal([ticked](QWidget& box) {
             auto& tick = Find<QCheckBox>(box, "chkReadOnly");
             EXPECT_EQ(tick.isChecked(), ticked);
             tick.click();
             TypeInto(box, QStringLiteral("b.jpg"));
         });
-        EXPECT_EQ(CurrentPrompter().PickFiles(request).readOnly, !ticked);
+        EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).readOnly, !ticked);
     }
 }
 

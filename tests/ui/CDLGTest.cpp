@@ -138,6 +138,26 @@ TEST(VBGetOpenFileName, a_selection_beyond_the_buffer_acts_as_a_cancel) {
     }
 }
 
+TEST(VBGetOpenFileName, a_letter_beyond_ASCII_takes_no_more_room_than_any_other) {
+    const QString name = QString(21, QChar(0x0416));
+    // "c:\m" with its NUL, the names with theirs, the end of the list.
+    const int room = (460 - 5 - 1) / 22;
+    for (const int count : {room, room + 1}) {
+        PromptQueue prompts;
+        QStringList files;
+        for (int i = 0; i < count; ++i) files << QStringLiteral("/m/") + name;
+        prompts.ExpectFiles(title, files);
+        Call call;
+        EXPECT_EQ(call.Run(), count == room);
+        if (count == room) EXPECT_EQ(Characters(call.Filename).size(), 460U);
+    }
+    PromptQueue prompts;
+    prompts.ExpectFiles(title, {});
+    Call call;
+    for (int i = 0; i < 460; ++i) call.Filename += "\xD0\x96";
+    EXPECT_EQ(FailureOf([&] { call.Run(); }), 0);
+}
+
 TEST(VBGetOpenFileName, several_files_need_room_for_the_end_mark_of_the_list) {
     for (const bool fits : {true, false}) {
         PromptQueue prompts;
@@ -214,9 +234,9 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     EXPECT_EQ(FromQString(asked.defaultSuffix), "jpg");
     EXPECT_EQ(asked.filterIndex, 1);
     EXPECT_EQ(asked.patterns.size(), 2);
-    EXPECT_TRUE(asked.mustExist);
-    EXPECT_TRUE(asked.multiSelect);
-    EXPECT_FALSE(asked.showReadOnly);
+    EXPECT_TRUE(asked.Has(PickFileMustExist));
+    EXPECT_TRUE(asked.Has(PickMultiSelect));
+    EXPECT_TRUE(asked.Has(PickHideReadOnly));
 }
 
 TEST(VBGetOpenFileName, an_initial_path_is_asked_for_as_the_hosts_own) {
@@ -245,7 +265,7 @@ TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     call.flags = 0x280000 | 0x20 | 0x40;
     call.ReadOnly = true;
     EXPECT_TRUE(call.Run());
-    EXPECT_TRUE(prompts.LastFileRequest().readOnly);
+    EXPECT_EQ(prompts.LastFileRequest().flags, 0x281205);
     EXPECT_EQ(call.flags, 0x281204) << "neither hook nor template, and the tick is the user's";
     EXPECT_TRUE(call.ReadOnly) << "never taken back";
 
@@ -253,9 +273,9 @@ TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     Call bare;
     bare.FileMustExist = bare.MultiSelect = bare.HideReadOnly = false;
     EXPECT_TRUE(bare.Run());
-    EXPECT_FALSE(prompts.LastFileRequest().mustExist);
-    EXPECT_FALSE(prompts.LastFileRequest().multiSelect);
-    EXPECT_FALSE(prompts.LastFileRequest().readOnly);
+    EXPECT_FALSE(prompts.LastFileRequest().Has(PickFileMustExist));
+    EXPECT_FALSE(prompts.LastFileRequest().Has(PickMultiSelect));
+    EXPECT_FALSE(prompts.LastFileRequest().Has(PickReadOnly));
     EXPECT_EQ(bare.flags, 0x280000);
 }
 
@@ -266,10 +286,10 @@ TEST(VBGetOpenFileName, a_flag_does_what_its_boolean_does) {
     call.FileMustExist = call.MultiSelect = call.HideReadOnly = false;
     call.flags = 0x1000 | 0x200 | 0x1;
     call.Run();
-    EXPECT_TRUE(prompts.LastFileRequest().mustExist);
-    EXPECT_TRUE(prompts.LastFileRequest().multiSelect);
-    EXPECT_TRUE(prompts.LastFileRequest().showReadOnly);
-    EXPECT_TRUE(prompts.LastFileRequest().readOnly);
+    EXPECT_TRUE(prompts.LastFileRequest().Has(PickFileMustExist));
+    EXPECT_TRUE(prompts.LastFileRequest().Has(PickMultiSelect));
+    EXPECT_FALSE(prompts.LastFileRequest().Has(PickHideReadOnly));
+    EXPECT_TRUE(prompts.LastFileRequest().Has(PickReadOnly));
 }
 
 TEST(VBGetOpenFileName, a_tick_in_the_read_only_box_comes_back) {

@@ -32,7 +32,7 @@ TEST_F(CategoryLabelTest, renaming_a_node_renames_the_group_and_nothing_else) {
         const std::string sRow = RowsOf(grdItems());
         Rename(group.key, "New name");
         EXPECT_EQ(GroupOf(group.type, group.key).sName, "New name");
-        EXPECT_EQ(trvCat().Node(group.key).Text(), "New name");
+        EXPECT_EQ(TextOf(trvCat().Node(group.key)), "New name");
         EXPECT_EQ(RowsOf(grdItems()), sRow);
         EXPECT_TRUE(bDBChanged);
         ClickNode(group.parent);
@@ -50,7 +50,7 @@ TEST_F(CategoryLabelTest, an_empty_name_and_one_that_another_group_has_pass) {
     bDBChanged = false;
     Rename("ma_b", "");
     EXPECT_EQ(colMagazine.Item("ma_b").sName, "");
-    EXPECT_EQ(trvCat().Node("ma_b").Text(), "");
+    EXPECT_EQ(TextOf(trvCat().Node("ma_b")), "");
     EXPECT_TRUE(bDBChanged);
 }
 
@@ -83,7 +83,7 @@ TEST_F(CategoryLabelTest, renaming_a_node_whose_id_tells_no_kind_of_group_change
         bDBChanged = false;
         Rename(id, "New name");
         EXPECT_EQ(colMagazine.Item(id).sName, std::string("Group ") + id);
-        EXPECT_EQ(trvCat().Node(id).Text(), "New name");
+        EXPECT_EQ(TextOf(trvCat().Node(id)), "New name");
         EXPECT_TRUE(bDBChanged);
     }
 }
@@ -105,7 +105,7 @@ TEST_F(CategoryLabelTest, a_right_click_on_a_group_selects_it_and_fills_nothing)
     ClickRow(1);
     RightClickNode("vs_a");
     EXPECT_EQ(window.sSelected, Ids{"mu_a"});
-    EXPECT_EQ(window.Layout().grdSync.Height, 6000);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
     Find<QMenu>(window, "mnuCats").close();
 
     RightClickNode("ma_a");
@@ -122,6 +122,67 @@ TEST_F(CategoryLabelTest, a_right_click_on_a_group_selects_it_and_fills_nothing)
     ClickNode("ma_a");
     EXPECT_EQ(RowsOf(grdItems()), "Song") << "it is the selected node by now";
     EXPECT_EQ(window.iListType, 5);
+}
+
+TEST_F(CategoryLabelTest, the_Menu_key_opens_the_menu_of_the_selected_group_and_of_no_other_node) {
+    FillLibrary();
+    Open();
+    ClickNode("ma_a");
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::NoModifier), {Qt::Key_F10, Qt::ShiftModifier}}) {
+        QTest::keyClick(&trvCat(), key, modifiers);
+        ASSERT_TRUE(Shows("mnuCats")) << key;
+        const QRect node = trvCat().visualItemRect(&trvCat().Node("ma_a"));
+        EXPECT_EQ(Find<QMenu>(Main(), "mnuCats").pos(),
+                  trvCat().viewport()->mapToGlobal(node.bottomLeft()));
+        Find<QMenu>(Main(), "mnuCats").close();
+    }
+    for (const char* key : {"master", "photoall", "magazines"}) {
+        ClickNode(key);
+        QTest::keyClick(&trvCat(), Qt::Key_Menu);
+        EXPECT_FALSE(Shows("mnuCats")) << key;
+    }
+}
+
+TEST_F(CategoryLabelTest, a_half_typed_name_is_not_taken_because_other_groups_come_and_go) {
+    FillLibrary();
+    AddMagazine("ma_b", {});
+    frmMain& window = Open();
+    trvCat().Select(trvCat().Node("ma_b"));
+    QTest::keyClick(&trvCat(), Qt::Key_F2);
+    QTest::keyClicks(trvCat().findChild<QLineEdit*>(), QStringLiteral("Half"));
+    bDBChanged = false;
+    colMagazine.Remove("ma_a");
+    AddMagazine("ma_c", {});
+    window.RefreshCats();
+    RunEvents();
+    EXPECT_EQ(colMagazine.Item("ma_b").sName, "Group ma_b");
+    EXPECT_FALSE(bDBChanged);
+    auto* editor = trvCat().findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    QTest::keyClicks(editor, QStringLiteral(" and half"));
+    QTest::keyClick(editor, Qt::Key_Return);
+    RunEvents();
+    EXPECT_EQ(colMagazine.Item("ma_b").sName, "Half and half");
+}
+
+TEST_F(CategoryLabelTest, a_half_typed_name_goes_with_its_group) {
+    FillLibrary();
+    AddMagazine("ma_b", {});
+    frmMain& window = Open();
+    trvCat().Select(trvCat().Node("ma_a"));
+    QTest::keyClick(&trvCat(), Qt::Key_F2);
+    QTest::keyClicks(trvCat().findChild<QLineEdit*>(), QStringLiteral("Half"));
+    bDBChanged = false;
+    colMagazine.Remove("ma_a");
+    EXPECT_EQ(FatalOf([&] {
+                  window.RefreshCats();
+                  RunEvents();
+              }),
+              0);
+    EXPECT_EQ(trvCat().findChild<QLineEdit*>(), nullptr);
+    EXPECT_EQ(colMagazine.Item("ma_b").sName, "Group ma_b");
+    EXPECT_FALSE(bDBChanged);
 }
 
 TEST_F(CategoryLabelTest, collapsing_a_branch_selects_the_node_collapsed_and_fills_nothing) {

@@ -1,9 +1,16 @@
 #include "core/PublicStuff.h"
+#include "library/Groups.h"
 #include "ui/support/CategoryTree.h"
 
 #include <QLabel>
 
 namespace tavel::test {
+
+namespace {
+
+std::string KeyOf(const QTreeWidgetItem& node) { return static_cast<const TreeNode&>(node).Key(); }
+
+}  // namespace
 
 TEST_F(CategoryTreeTest, the_trees_have_their_fixed_nodes_in_order) {
     Open();
@@ -165,8 +172,62 @@ TEST_F(CategoryTreeTest, RefreshCats_keeps_the_selection_and_the_list) {
     EXPECT_EQ(RowsOf(grdItems()), "Beach");
     colMagazine.Remove("ma_a");
     window.RefreshCats();
-    EXPECT_EQ(trvCat().SelectedKey(), "magazines");
+    EXPECT_EQ(trvCat().SelectedKey(), "master");
     EXPECT_EQ(RowsOf(grdItems()), "Beach");
+    ClickNode("magazines");
+    EXPECT_EQ(RowsOf(grdItems()), "Group ma_b");
+}
+
+TEST_F(CategoryTreeTest, groups_made_in_a_row_are_in_the_tree_before_anybody_looks) {
+    AddPhoto("ph_a", "Beach");
+    frmMain& window = Open();
+    trvCat().Node("magazines").setExpanded(true);
+    const auto make = [] { return MakeGroup({"ph_a"}, "Group", mtMagazine); };
+    const auto shown = [&] { return window.nodMagazines->childCount(); };
+    std::vector<std::string> ids;
+    for (int i = 0; i < 3; ++i) ids.push_back(make());
+    trvCat().viewport()->repaint();
+    EXPECT_EQ(shown(), 3) << "painted";
+    make();
+    QTest::keyClick(&trvCat(), Qt::Key_Home);
+    EXPECT_EQ(shown(), 4) << "input";
+    make();
+    RunEvents();
+    EXPECT_EQ(shown(), 5) << "in the event loop";
+    const std::string sID = make();
+    EXPECT_NE(trvCat().Find(sID), nullptr) << "asked for";
+    for (int i = 0; i < 3; ++i) EXPECT_EQ(KeyOf(*window.nodMagazines->child(i)), ids[i]);
+}
+
+TEST_F(CategoryTreeTest, a_rebuild_that_is_due_is_no_reason_to_miss_a_later_one) {
+    FillLibrary();
+    frmMain& window = Open();
+    window.RefreshCatsLater();
+    colMagazine.Item("ma_a").sName = "changed";
+    AddMagazine("ma_b", {});
+    window.RefreshCatsLater();
+    RunEvents();
+    AddMagazine("ma_c", {});
+    const std::string sNow = Tree(trvCat());
+    EXPECT_NE(sNow.find("magazines=Magazines-(ma_a=changed ma_b=Group ma_b)"), std::string::npos)
+        << sNow;
+}
+
+TEST_F(CategoryTreeTest, RefreshCats_takes_over_names_and_order_of_the_groups) {
+    for (const char* id : {"ma_a", "ma_b", "ma_c", "ma_d"}) AddMagazine(id, {});
+    frmMain& window = Open();
+    colMagazine.Item("ma_c").sName = "changed";
+    for (const char* id : {"ma_a", "ma_b"}) colMagazine.Remove(id);
+    AddMagazine("ma_e", {});
+    AddMagazine("ma_a", {});
+    window.RefreshCats();
+    std::string groups;
+    for (int i = 0; i < window.nodMagazines->childCount(); ++i) {
+        const QTreeWidgetItem& node = *window.nodMagazines->child(i);
+        groups += KeyOf(node) + "=" + TextOf(node) + ";";
+    }
+    EXPECT_EQ(groups, "ma_c=changed;ma_d=Group ma_d;ma_e=Group ma_e;ma_a=Group ma_a;");
+    EXPECT_EQ(trvCat().Find("ma_b"), nullptr);
 }
 
 TEST_F(CategoryTreeTest, RefreshCats_leaves_the_parents_folded_or_open_as_they_were) {
@@ -209,14 +270,14 @@ TEST_F(CategoryTreeTest, in_thumbnail_mode_4_the_tree_opens_and_closes_the_slot)
         {"videoall", false}, {"master", true},      {"videoall", false}, {"pl_", true}};
     for (const auto& node : nodes) {
         ClickNode(node.key);
-        EXPECT_EQ(window.Layout().grdSync.Height, node.bExpanded ? 6000 : 4185) << node.key;
+        EXPECT_EQ(PlaceOf("grdSync").Height, node.bExpanded ? 6000 : 4185) << node.key;
         EXPECT_EQ(Find<QLabel>(window, "imgThumb").isVisible(), !node.bExpanded) << node.key;
     }
     // A click on the selected node fills nothing, but still sets the slot.
     ClickNode("videoall");
     window.ExpandSyncGrid(true);
     ClickNode("videoall");
-    EXPECT_EQ(window.Layout().grdSync.Height, 4185);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 4185);
 }
 
 }  // namespace tavel::test

@@ -45,9 +45,7 @@ TEST_F(CommandsTest, Add_Files_offers_the_supported_extensions_and_adds_what_is_
               (QStringList{QStringLiteral("All Supported Files"), QStringLiteral("Photo Files"),
                            QStringLiteral("Music Files"), QStringLiteral("Video Files")}));
     EXPECT_EQ(request.filterIndex, 0);
-    EXPECT_TRUE(request.mustExist);
-    EXPECT_TRUE(request.multiSelect);
-    EXPECT_FALSE(request.showReadOnly);
+    EXPECT_EQ(request.flags, 0x280000 | 0x1000 | 0x200 | 0x4);
     EXPECT_EQ(request.owner, &Main());
     EXPECT_TRUE(request.startFolder.isEmpty());
     EXPECT_EQ(colPhoto.Count(), 6);
@@ -62,6 +60,16 @@ TEST_F(CommandsTest, an_entry_that_the_lists_lack_stands_in_the_filter_as_it_is)
     prompts.ExpectFiles(QStringLiteral("Select file(s) to add"), {});
     Pick({"mnuFile", "mnuAdd", "mnuAddFile"});
     EXPECT_EQ(prompts.LastFileRequest().patterns.last(), QStringLiteral("*.avi;*.XYZXYZ;"));
+}
+
+TEST_F(CommandsTest, F10_opens_the_first_menu) {
+    Open();
+    Main().activateWindow();
+    trvCat().setFocus();
+    QTest::keyClick(&trvCat(), Qt::Key_F10);
+    ASSERT_TRUE(Shows("mnuFile"));
+    QTest::keyClick(&Find<QMenu>(Main(), "mnuFile"), Qt::Key_Escape);
+    EXPECT_FALSE(Shows("mnuFile"));
 }
 
 TEST_F(CommandsTest, a_single_file_is_added_and_a_cancel_does_nothing) {

@@ -206,8 +206,8 @@ namespace {
 
 class DriveLists : public ::testing::Test {
   protected:
-    DriveLists() { UseFileService(&service); }
-    ~DriveLists() override { UseFileService(nullptr); }
+    DriveLists() { Service<FileService>::Use(&service); }
+    ~DriveLists() override { Service<FileService>::Use(nullptr); }
 
     TempFolder stick;
     FaultyFileService service;

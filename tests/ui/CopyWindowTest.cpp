@@ -1,6 +1,6 @@
 #include "core/Main.h"
 #include "device/DeviceWindows.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
 #include "ui/support/OnPaint.h"
@@ -28,7 +28,7 @@ class CopyWindows : public ::testing::Test {
         Calls().Show();
     }
 
-    static CopyWindow& Calls() { return UpCall<CopyWindow>::Get(); }
+    static CopyWindow& Calls() { return Service<CopyWindow>::Get(); }
     static frmCopy& Window() { return SingleWindow<frmCopy>::Get(); }
     static bool IsVisible(const char* control) { return Find(Window(), control).isVisible(); }
     static std::string Text(const char* label) {

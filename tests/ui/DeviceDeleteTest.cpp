@@ -56,6 +56,23 @@ TEST_F(DeviceDeleteTest, a_right_click_on_a_row_of_the_device_opens_its_menu_alo
     EXPECT_EQ(EntriesOf("mnuPSPRMB"), "mnuPSPDel ");
 }
 
+TEST_F(DeviceDeleteTest, the_Menu_key_opens_it_too_and_opens_nothing_in_the_devices_tree) {
+    Open();
+    ClickPSP("videoall");
+    QTest::keyClick(&trvPSPCat(), Qt::Key_Menu);
+    QTest::keyClick(&trvPSPCat(), Qt::Key_F10, Qt::ShiftModifier);
+    ClickNode(trvPSPCat(), "videoall", Qt::RightButton);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::NoModifier), {Qt::Key_F10, Qt::ShiftModifier}}) {
+        QTest::keyClick(&grdItems(), key, modifiers);
+        EXPECT_TRUE(Shows("mnuPSPRMB"));
+        EXPECT_FALSE(Shows("mnuRMB"));
+        EXPECT_TRUE(grdItems().Selected(1));
+        Find<QMenu>(Main(), "mnuPSPRMB").close();
+    }
+}
+
 TEST_F(DeviceDeleteTest, rows_2_and_4_of_5_go_from_the_last_to_the_first) {
     OpenWithFiveVideos();
     files.At('e').freeSpace = 500'000'000;
@@ -135,7 +152,8 @@ TEST_F(DeviceDeleteTest, Yes_without_a_selected_row_reads_the_figures_alone) {
     grdItems().clearSelection();
     files.At('e').freeSpace = 500'000'000;
     prompts.ExpectMsgBox(QStringLiteral("This will remove the file(s) from the PSP, are you sure?"),
-                         MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, QStringLiteral("Confirm Delete"));
+                         MsgBoxButtons::YesNoDefaultNo, MsgBoxAnswer::Yes,
+                         QStringLiteral("Confirm Delete"));
     Pick({"mnuPSPRMB", "mnuPSPDel"});
     EXPECT_EQ(OnStick(videos), "M4V10001.mp4 ");
     EXPECT_EQ(grdItems().Count(), 1);
@@ -171,7 +189,7 @@ TEST_F(DeviceDeleteTest, the_Delete_key_acts_on_the_librarys_selection_and_fails
     ClickPSP("videoall");
     ClickRow(1);
     const auto pressDelete = [&] {
-        prompts.ExpectMsgBox(fromComputer, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+        prompts.ExpectMsgBox(fromComputer, ButtonsOf(fromComputer), MsgBoxAnswer::Yes, deleteTitle);
         QTest::keyClick(&grdItems(), Qt::Key_Delete);
     };
     EXPECT_EQ(FatalOf(pressDelete), failure::ListElementNotFound);

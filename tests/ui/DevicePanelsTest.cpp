@@ -134,7 +134,7 @@ TEST_F(DevicePanelsTest, a_stick_without_a_name_is_called_PSP) {
 TEST_F(DevicePanelsTest, a_pulled_stick_covers_the_tree_and_keeps_the_rows) {
     Open();
     const QRect tree = Place("picPSPCatBack");
-    EXPECT_EQ(Main().Layout().picCatBack.Height, 3240);
+    EXPECT_EQ(PlaceOf("picCatBack").Height, 3240);
     EXPECT_EQ(Place("picCatBack").height(), 3240 / 15);
     EXPECT_EQ(trvCat().height(), 3240 / 15);
     EXPECT_EQ(InTheMiddleOfTheDevicesPanel(), trvPSPCat().viewport());

@@ -115,7 +115,7 @@ TEST_F(EndOfSessionTest, a_yield_while_files_are_added_hears_it) {
     AddPhotosWithFiles();
     sPhotoSupport = {"jpg"};
     Yielding yielding([now = std::int64_t{0}]() mutable { return now += 1000; });
-    UpCall<EventLoop>::Set(&yielding);
+    Service<EventLoop>::Use(&yielding);
     std::raise(SIGTERM);
     AddFolder(temp.DrivePath(""), false, false, true, true);
     EXPECT_THAT(calls, Contains("SaveDB"));

@@ -20,7 +20,7 @@ class GroupCommandsTest : public MainWindowTest {
     }
 
     void Expect(const QString& question, MsgBoxAnswer answer) {
-        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, answer, deleteTitle);
+        prompts.ExpectMsgBox(question, ButtonsOf(question), answer, deleteTitle);
     }
     void ExpectName(const char* answer) {
         prompts.ExpectInputBox(QStringLiteral("What would you like to call your new group?"),
@@ -53,7 +53,7 @@ TEST_F(GroupCommandsTest, each_Create_Group_command_makes_a_group_of_its_type) {
     EXPECT_EQ(Members(colMagazine.Item(1)), "ph_a ph_b ");
     EXPECT_EQ(colPlaylist.Item(1).sName, "Hits");
     EXPECT_EQ(Members(colPlaylist.Item(1)), "mu_a ");
-    EXPECT_EQ(trvCat().Node(colPhotoAlbum.Item(1).sDBID).Text(), "Album");
+    EXPECT_EQ(TextOf(trvCat().Node(colPhotoAlbum.Item(1).sDBID)), "Album");
     EXPECT_EQ(RowsOf(grdItems()), "Song a|Song b|Song c|Song d");
     EXPECT_FALSE(bDBChanged);
 }
@@ -234,10 +234,12 @@ TEST_F(GroupCommandsTest, Delete_Group_of_the_tree_takes_the_lists_current_row_w
     Pick({"mnuCats", "mnuDelGroup_Cat"});
     EXPECT_FALSE(colMagazine.Has("ma_a"));
     EXPECT_EQ(trvCat().Find("ma_a"), nullptr);
-    EXPECT_EQ(trvCat().SelectedKey(), "magazines");
+    EXPECT_EQ(trvCat().SelectedKey(), "master");
     EXPECT_EQ(RowsOf(grdItems()), "Song a|Song b|Song d");
     EXPECT_TRUE(colMusic.Has("mu_c"));
     EXPECT_EQ(Main().sSelected, Ids{"mu_c"});
+    ClickNode("musicall");
+    EXPECT_EQ(RowsOf(grdItems()), "Song a|Song b|Song c|Song d");
 }
 
 TEST_F(GroupCommandsTest, Delete_Group_of_the_tree_leaves_the_groups_other_members_listed) {

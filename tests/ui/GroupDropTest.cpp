@@ -89,10 +89,19 @@ TEST_F(GroupDropTest, rows_of_another_kind_and_groups_go_into_none) {
     }
 }
 
-// The empty id counts as a member, since the place made for it holds an empty text.
-TEST_F(GroupDropTest, a_drop_before_any_row_was_clicked_adds_nothing) {
+TEST_F(GroupDropTest, a_row_that_was_not_clicked_before_goes_into_the_group_it_is_dropped_on) {
     Open();
     ClickNode("photoall");
+    ClickRow(1);
+    DropOn("ma_a", 3);
+    EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ph_c ");
+}
+
+// The empty id counts as a member, since the place made for it holds an empty text.
+TEST_F(GroupDropTest, a_drop_of_a_file_of_the_stick_before_any_row_was_clicked_adds_nothing) {
+    frmMain& window = Open();
+    ClickNode("photoall");
+    window.bPSPView = true;
     DropOn("ma_a");
     EXPECT_EQ(Members(colMagazine.Item("ma_a")), "ph_a ");
 }

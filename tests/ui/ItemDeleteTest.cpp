@@ -13,7 +13,7 @@ class ItemDeleteTest : public MainWindowTest {
     ItemDeleteTest() { AddPhotosWithFiles(); }
 
     void Expect(const QString& question, MsgBoxAnswer answer) {
-        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, answer, deleteTitle);
+        prompts.ExpectMsgBox(question, ButtonsOf(question), answer, deleteTitle);
     }
     void PressDelete(MsgBoxAnswer answer, Qt::KeyboardModifiers keys = Qt::NoModifier) {
         Expect(fromComputer, answer);

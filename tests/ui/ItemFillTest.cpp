@@ -76,7 +76,7 @@ TEST_F(ItemFillTest, a_listed_series_opens_the_slot_in_thumbnail_mode_4_and_noth
     const auto heightWith = [&](Integer iMode, const char* group) {
         iVidThumbMode = iMode;
         window.FillListFromGroup(group);
-        return window.Layout().grdSync.Height;
+        return PlaceOf("grdSync").Height;
     };
     window.SetupItemList(mtVideo);
     EXPECT_EQ(heightWith(2, "vs_a"), 6000);

@@ -169,7 +169,7 @@ TEST_F(ItemListTest, a_jump_leaves_columns_thumbnail_and_selected_ids_as_they_we
     ClickNode("videoall");
     window.JumpToGroup("ma_a");
     EXPECT_TRUE(imgThumb.isVisible());
-    EXPECT_EQ(window.Layout().grdSync.Height, 4185);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 4185);
 }
 
 TEST_F(ItemListTest, a_jump_brings_the_groups_node_into_view) {
@@ -210,9 +210,9 @@ TEST_F(ItemListTest, a_label_edit_renames_the_record_of_any_kind) {
         EXPECT_EQ(grdItems().Cell(1, 0), "New");
         EXPECT_TRUE(bDBChanged);
     }
-    EXPECT_EQ(trvCat().Node("ma_a").Text(), "Group ma_a");
+    EXPECT_EQ(TextOf(trvCat().Node("ma_a")), "Group ma_a");
     Main().RefreshCats();
-    EXPECT_EQ(trvCat().Node("ma_a").Text(), "New");
+    EXPECT_EQ(TextOf(trvCat().Node("ma_a")), "New");
 }
 
 TEST_F(ItemListTest, a_new_name_is_taken_as_it_was_typed) {

@@ -96,6 +96,73 @@ TEST_F(ItemMenuTest, the_menu_opens_at_the_pointer) {
               grdItems().viewport()->mapToGlobal(PointOfRow(2)));
 }
 
+TEST_F(ItemMenuTest, the_Menu_key_and_Shift_F10_open_the_menu_of_the_current_row_beside_it) {
+    frmMain& window = Open();
+    ClickNode("ma_a");
+    for (const auto& [key, modifiers] :
+         {std::pair(Qt::Key_Menu, Qt::NoModifier), {Qt::Key_F10, Qt::ShiftModifier}}) {
+        QTest::keyClick(&grdItems(), key, modifiers);
+        ASSERT_TRUE(Shows("mnuRMB")) << key;
+        EXPECT_EQ(
+            EntriesOf("mnuRMB"),
+            std::string(always) + "mnuSep2 mnuPhotoGroup mnuSep3 mnuRemFromGroup mnuRemoveTop ");
+        const QRect row = grdItems().visualRect(grdItems().model()->index(0, 0));
+        EXPECT_EQ(Find<QMenu>(window, "mnuRMB").pos(),
+                  grdItems().viewport()->mapToGlobal(row.bottomLeft()));
+        Find<QMenu>(window, "mnuRMB").close();
+    }
+}
+
+TEST_F(ItemMenuTest, the_Menu_key_selects_the_row_that_its_menu_acts_on) {
+    frmMain& window = Open();
+    ClickNode("photoall");
+    EXPECT_FALSE(grdItems().Selected(1));
+    QTest::keyClick(&grdItems(), Qt::Key_Menu);
+    EXPECT_TRUE(grdItems().Selected(1));
+    EXPECT_EQ(window.sSelected, Ids{"ph_a"});
+    Find<QMenu>(window, "mnuRMB").close();
+
+    QTest::keyClick(&grdItems(), Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&grdItems(), Qt::Key_Menu);
+    EXPECT_TRUE(grdItems().Selected(1) && grdItems().Selected(2)) << "it is part of the selection";
+    Find<QMenu>(window, "mnuRMB").close();
+}
+
+TEST_F(ItemMenuTest, the_Menu_key_brings_the_current_row_into_view) {
+    for (int i = 0; i < 100; ++i) AddPhoto("ph_" + std::to_string(i), std::to_string(i));
+    Open();
+    ClickNode("photoall");
+    ClickRow(1);
+    grdItems().scrollToBottom();
+    QTest::keyClick(&grdItems(), Qt::Key_Menu);
+    EXPECT_EQ(grdItems().indexAt({5, 5}).row(), 0);
+    EXPECT_TRUE(grdItems().viewport()->rect().contains(
+        grdItems().viewport()->mapFromGlobal(Find<QMenu>(Main(), "mnuRMB").pos())));
+}
+
+TEST_F(ItemMenuTest, over_an_empty_list_the_Menu_key_opens_nothing) {
+    Open();
+    QTest::keyClick(&grdItems(), Qt::Key_Menu);
+    EXPECT_FALSE(Shows("mnuRMB"));
+}
+
+TEST_F(ItemMenuTest, a_video_is_put_on_the_transfer_list_by_keyboard_alone) {
+    Open();
+    trvCat().setFocus();
+    while (trvCat().SelectedKey() != "videoall") {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Down);
+    }
+    while (QApplication::focusWidget() != &grdItems()) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F10, Qt::ShiftModifier);
+    auto& menu = Find<QMenu>(Main(), "mnuRMB");
+    ASSERT_TRUE(menu.isVisible());
+    QTest::keyClick(&menu, Qt::Key_Down);
+    QTest::keyClick(&menu, Qt::Key_Return);
+    EXPECT_EQ(grdSync().Key(1), "IDvd_a");
+}
+
 TEST_F(ItemMenuTest, a_right_click_on_empty_space_opens_no_menu) {
     Open();
     ClickNode("photoall");

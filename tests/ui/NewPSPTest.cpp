@@ -12,6 +12,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -25,12 +26,12 @@ class NewPSP : public ::testing::Test {
     NewPSP() {
         WireUpCalls();
         SetupStyle();
-        UseFileService(&service);
+        Service<FileService>::Use(&service);
         service.Plug('b', temp.HostPath());
         service.Plug('e', stick.HostPath());
         Open();
     }
-    ~NewPSP() override { UseFileService(nullptr); }
+    ~NewPSP() override { Service<FileService>::Use(nullptr); }
 
     // Keys reach the window that is in front.
     static void Open() {
@@ -114,6 +115,21 @@ TEST_F(NewPSP, Enter_belongs_to_the_button_that_has_the_focus) {
     Find(Window(), "cmdOK").setFocus();
     QTest::keyClick(&Find(Window(), "cmdOK"), Qt::Key_Enter);
     EXPECT_TRUE(bPSPConnected);
+}
+
+TEST_F(NewPSP, Enter_in_the_open_list_of_drives_takes_the_row_and_Escape_closes_the_list_alone) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        Drives().SetDrive("c:");
+        Drives().showPopup();
+        QWidget& list = *Drives().view();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(list.window()));
+        QTest::keyClick(&list, Qt::Key_End);
+        QTest::keyClick(&list, key);
+        ASSERT_TRUE(IsOpen()) << key;
+        EXPECT_FALSE(list.isVisible());
+        EXPECT_EQ(Drives().Drive().substr(0, 2), key == Qt::Key_Escape ? "c:" : "e:");
+        EXPECT_FALSE(bPSPConnected);
+    }
 }
 
 TEST_F(NewPSP, a_drive_that_is_not_removable_gets_a_message_and_the_dialog_stays) {

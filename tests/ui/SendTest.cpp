@@ -132,6 +132,21 @@ TEST_F(SendTest, clicks_and_keys_that_came_during_a_transfer_are_dropped_at_its_
     EXPECT_EQ(sends(), 3);
 }
 
+TEST_F(SendTest, keys_that_came_before_a_failure_do_not_answer_its_message) {
+    CopyWindowRecorder copyWindow(calls);
+    OpenWith({"ph_a", "vd_a"});
+    copyWindow.total.onValue = [&](float) {
+        PressSoon(Main(), Qt::Key_Space);  // the button has the focus
+        Fail(failure::DiskFull);
+    };
+    EXPECT_EQ(FatalOf([&] {
+                  Click(Main(), "cmdSend");
+                  RunEvents();
+              }),
+              failure::DiskFull);
+    EXPECT_EQ(std::count(calls.begin(), calls.end(), "frmCopy.Show"), 1);
+}
+
 TEST_F(SendTest, no_timer_runs_while_input_is_dropped) {
     const CopyWindowRecorder copyWindow(calls);
     OpenWith({"ph_a"});

@@ -7,16 +7,18 @@
 #include "library/Collections.h"
 #include "library/LibraryWindows.h"
 #include "library/Scan.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "support/FaultyFileService.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmAdd.h"
+#include "ui/main/frmCopy.h"
 #include "ui/main/frmEnd.h"
 #include "ui/main/frmInvFiles.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
+#include "ui/main/frmNewPSP.h"
 #include "ui/main/frmSplash.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/LineList.h"
@@ -49,8 +51,8 @@ class SmallWindows : public ::testing::Test {
     static frmLog& Log() { return SingleWindow<frmLog>::Get(); }
     static LineList& Lines() { return Find<LineList>(Log(), "lstLog"); }
     static frmAdd& Add() { return SingleWindow<frmAdd>::Get(); }
-    static AddWindow& AddCalls() { return UpCall<AddWindow>::Get(); }
-    static AppWindows& App() { return UpCall<AppWindows>::Get(); }
+    static AddWindow& AddCalls() { return Service<AddWindow>::Get(); }
+    static AppWindows& App() { return Service<AppWindows>::Get(); }
 };
 
 std::string TextOf(QWidget& window, const char* label) {
@@ -236,9 +238,10 @@ TEST_F(SmallWindows, the_splash_is_on_the_screen_until_it_is_unloaded) {
     EXPECT_TRUE(splash.testAttribute(Qt::WA_Mapped));
     EXPECT_EQ(splash.size(), QSize(800, 300));
     EXPECT_FALSE(splash.windowFlags().testFlag(Qt::WindowCloseButtonHint));
-    EXPECT_NE(splash.grab().toImage().pixelColor(10, 10),
-              splash.grab().toImage().pixelColor(400, 150))
-        << "a picture fills it";
+    const QImage picture(QStringLiteral(":/artwork/splash.png"));
+    EXPECT_EQ(splash.grab().toImage().convertToFormat(QImage::Format_RGB32),
+              picture.convertToFormat(QImage::Format_RGB32))
+        << "the picture fills it";
     App().UnloadSplash();
     EXPECT_FALSE(SingleWindow<frmSplash>::Loaded());
 }
@@ -250,6 +253,26 @@ TEST_F(SmallWindows, the_end_says_that_the_library_is_being_saved) {
     EXPECT_EQ(TextOf(end, "lblEnd"), "Saving DB...");
     EXPECT_TRUE(Find(end, "Picture1").isVisible());
     EXPECT_TRUE(IsStyled(end, "lblEnd"));
+}
+
+TEST_F(SmallWindows, title_bars_have_only_the_buttons_that_do_something) {
+    const auto buttonsOf = [](const QWidget& window) {
+        return window.windowFlags() & (Qt::WindowMinimizeButtonHint | Qt::WindowMaximizeButtonHint |
+                                       Qt::WindowCloseButtonHint | Qt::WindowContextHelpButtonHint);
+    };
+    const auto sizes = [](const QWidget& window) {
+        return !window.windowFlags().testFlag(Qt::MSWindowsFixedSizeDialogHint);
+    };
+    const Qt::WindowFlags close = Qt::WindowCloseButtonHint;
+    frmMain main;
+    EXPECT_EQ(buttonsOf(main), close | Qt::WindowMinimizeButtonHint) << "it has one size";
+    EXPECT_EQ(buttonsOf(Add()), close);
+    EXPECT_EQ(buttonsOf(SingleWindow<frmNewPSP>::Get()), close);
+    EXPECT_EQ(buttonsOf(SingleWindow<frmInvFiles>::Get()), close);
+    EXPECT_EQ(buttonsOf(SingleWindow<frmCopy>::Get()), Qt::WindowFlags());
+    EXPECT_FALSE(sizes(Add()) || sizes(SingleWindow<frmNewPSP>::Get()) ||
+                 sizes(SingleWindow<frmCopy>::Get()));
+    EXPECT_TRUE(sizes(SingleWindow<frmInvFiles>::Get()));
 }
 
 TEST_F(SmallWindows, all_windows_but_the_main_one_are_unloaded_at_the_end) {
@@ -272,13 +295,13 @@ TEST_F(SmallWindows, the_main_window_stands_in_for_the_wizard) {
     const TempFolder temp;
     sDBFile = temp.DrivePath("db.txt");
     FaultyFileService noDrives;
-    UseFileService(&noDrives);
+    Service<FileService>::Use(&noDrives);
     App().ShowStartWizard();
     EXPECT_TRUE(SingleWindow<frmMain>::Get().isVisible());
     EXPECT_FALSE(SingleWindow<frmMain>::Get().isModal());
     SingleWindow<frmMain>::Unload();
     RunEvents();
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 using SmallWindowsDeathTest = SmallWindows;

@@ -84,8 +84,8 @@ TEST_F(ThumbnailTest, in_mode_3_the_picture_floats_under_the_current_row) {
     ClickNode("videoall");
     ClickRow(2);
     const int top = grdItems().RowTop(2);
-    EXPECT_EQ(Main().Layout().imgThumb.Top, top + 360);
-    EXPECT_EQ(Main().Layout().imgThumb.Left, 2640 + grdItems().RowLeft(2));
+    EXPECT_EQ(PlaceOf("imgThumb").Top, top + 360);
+    EXPECT_EQ(PlaceOf("imgThumb").Left, 2640 + grdItems().RowLeft(2));
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
 }
 
@@ -105,8 +105,8 @@ TEST_F(ThumbnailTest, the_pointer_right_of_the_picture_brings_it_back_under_the_
     MovePointer(1950, top + 30);
     EXPECT_FALSE(window.bThumbAbove);
     EXPECT_EQ(imgThumb().y(), (top + 360) / 15);
-    EXPECT_EQ(window.Layout().imgThumb.Left, 2640 + grdItems().RowLeft(1));
-    EXPECT_EQ(imgThumb().x(), window.Layout().imgThumb.Left / 15);
+    EXPECT_EQ(PlaceOf("imgThumb").Left, 2640 + grdItems().RowLeft(1));
+    EXPECT_EQ(imgThumb().x(), PlaceOf("imgThumb").Left / 15);
 }
 
 TEST_F(ThumbnailTest, the_picture_stays_above_while_a_row_is_dragged) {
@@ -143,7 +143,43 @@ TEST_F(ThumbnailTest, in_mode_4_the_picture_stands_in_its_slot) {
     EXPECT_EQ(imgThumb().pos(), QPoint(11880 / 15, 4920 / 15));
     ClickNode("photoall");
     EXPECT_FALSE(imgThumb().isVisible());
-    EXPECT_EQ(Main().Layout().grdSync.Height, 6000);
+    EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
+}
+
+TEST_F(ThumbnailTest, modes_above_4_are_as_mode_2) {
+    AddPhoto("ph_a", "Beach");
+    Open();
+    for (const Integer iMode : std::initializer_list<Integer>{5, 6, 32767}) {
+        iVidThumbMode = iMode;
+        ClickNode("videoall");
+        EXPECT_FALSE(imgThumb().isVisible()) << "no slot opens";
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
+        ClickRow(1);
+        EXPECT_TRUE(imgThumb().isVisible());
+        EXPECT_EQ(imgThumb().pos(), QPoint(12120 / 15, 5160 / 15));
+        EXPECT_EQ(PictureWidth(), 160);
+        ClickNode("vs_a");
+        EXPECT_FALSE(imgThumb().isVisible());
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
+        ClickNode("photoall");
+    }
+}
+
+TEST_F(ThumbnailTest, loading_a_picture_leaves_bThumbAbove_as_it_is) {
+    frmMain& window = Open();
+    for (const Integer iMode : std::initializer_list<Integer>{2, 3, 4, 5}) {
+        iVidThumbMode = iMode;
+        ClickNode("videoall");
+        for (const bool bAbove : {true, false}) {
+            window.bThumbAbove = bAbove;
+            for (const char* id : {"vd_a", "multi"}) {
+                window.LoadThumbnail(id);
+                EXPECT_EQ(window.bThumbAbove, bAbove) << iMode;
+            }
+            if (iMode != 3) continue;
+            EXPECT_EQ(PlaceOf("imgThumb").Top, grdItems().RowTop(1) + 360) << "below its row";
+        }
+    }
 }
 
 TEST_F(ThumbnailTest, a_thumbnail_that_fails_to_load_is_tried_once_more) {

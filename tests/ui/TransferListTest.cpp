@@ -3,10 +3,14 @@
 #include "ui/main/frmCopy.h"
 #include "ui/support/MainWindow.h"
 #include "ui/support/Questions.h"
+#include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/Strings.h"
 
+#include <QDragMoveEvent>
 #include <QLabel>
+#include <QMimeData>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QToolButton>
 #include <algorithm>
 
@@ -66,14 +70,14 @@ TEST_F(TransferListTest, a_row_has_the_icon_of_its_type_and_the_name) {
         const char* id;
         const char* name;
         const char* icon;
-    } entries[] = {{"mu_a", "Song - Singer", ":/artwork/icons/t5.png"},
-                   {"mu_b", "Hum - ", ":/artwork/icons/t5.png"},
-                   {"ph_a", "Beach", ":/artwork/icons/t0.png"},
-                   {"vd_a", "Film", ":/artwork/icons/t3.png"},
-                   {"vs_a", "Group vs_a", ":/artwork/icons/t4.png"},
-                   {"pa_a", "Group pa_a", ":/artwork/icons/t2.png"},
-                   {"ma_a", "Group ma_a", ":/artwork/icons/t1.png"},
-                   {"pl_", "Group pl_", ":/artwork/icons/t8.png"}};
+    } entries[] = {{"mu_a", "Song - Singer", ":/artwork/icons/music.png"},
+                   {"mu_b", "Hum - ", ":/artwork/icons/music.png"},
+                   {"ph_a", "Beach", ":/artwork/icons/photo.png"},
+                   {"vd_a", "Film", ":/artwork/icons/video.png"},
+                   {"vs_a", "Group vs_a", ":/artwork/icons/vidseries.png"},
+                   {"pa_a", "Group pa_a", ":/artwork/icons/album.png"},
+                   {"ma_a", "Group ma_a", ":/artwork/icons/magazine.png"},
+                   {"pl_", "Group pl_", ":/artwork/icons/playlist.png"}};
     std::vector<QImage> images;
     Long row = 0;
     for (const auto& entry : entries) {
@@ -152,9 +156,15 @@ TEST_F(TransferListTest, a_listed_id_whose_record_has_gone_is_passed_over_withou
 TEST_F(TransferListTest, a_drop_adds_the_selected_ids_in_their_order) {
     frmMain& window = Open();
     ClickNode("videoall");
-    window.sSelected = {"vd_c", "vd_a"};
-    Drag(2, *grdSync().viewport(), {40, 60});
+    Drag(2, *grdSync().viewport(), {40, 60}, [&] { window.sSelected = {"vd_c", "vd_a"}; });
     EXPECT_EQ(Queue(), "IDvd_c=Trailer;IDvd_a=Film;");
+}
+
+TEST_F(TransferListTest, a_drop_with_nothing_selected_adds_nothing_without_a_word) {
+    frmMain& window = Open();
+    ClickNode("videoall");
+    Drag(2, *grdSync().viewport(), {40, 60}, [&] { window.sSelected = {""}; });
+    EXPECT_EQ(Queue(), "");
 }
 
 TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
@@ -168,25 +178,66 @@ TEST_F(TransferListTest, a_row_dragged_after_a_click_goes_on_the_list) {
     EXPECT_EQ(Queue(), "IDvd_b=Clip;");
 }
 
-TEST_F(TransferListTest, a_row_dragged_without_a_click_carries_the_former_selection) {
-    frmMain& window = Open();
-    ClickNode("videoall");
-    Drag(2, *grdSync().viewport(), {40, 60});
-    EXPECT_EQ(Queue(), "");
-    ClickRow(1);
-    Drag(3, *grdSync().viewport(), {40, 60});
-    EXPECT_EQ(Queue(), "IDvd_a=Film;");
-    // With the drag over, the Delete key is to act on the row that is shown as current.
-    EXPECT_EQ(window.sSelected, Ids{"vd_c"});
-}
-
-TEST_F(TransferListTest, a_drag_of_the_first_row_of_a_new_list_counts_as_a_click_once_it_is_over) {
+TEST_F(TransferListTest, a_drag_takes_the_row_in_the_hand) {
     frmMain& window = Open();
     ClickNode("videoall");
     Drag(1, *grdSync().viewport(), {40, 60});
-    EXPECT_EQ(Queue(), "");
-    EXPECT_TRUE(grdItems().Selected(1));
-    EXPECT_EQ(window.sSelected, Ids{"vd_a"});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;") << "the first row is current without being clicked";
+    Drag(3, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_a=Film;IDvd_c=Trailer;");
+    EXPECT_TRUE(grdItems().Selected(3));
+    EXPECT_FALSE(grdItems().Selected(1));
+    EXPECT_EQ(window.sSelected, Ids{"vd_c"});
+}
+
+TEST_F(TransferListTest, a_drag_takes_the_row_in_the_hand_of_several_that_are_selected) {
+    frmMain& window = Open();
+    ClickNode("videoall");
+    ClickRow(1);
+    ClickRow(3, Qt::ShiftModifier);
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+    EXPECT_EQ(window.sSelected, Ids{"vd_b"});
+}
+
+TEST_F(TransferListTest, a_row_that_stayed_selected_over_a_click_on_master_is_taken_too) {
+    Open();
+    ClickNode("videoall");
+    ClickRow(2);
+    ClickNode("master");
+    Drag(2, *grdSync().viewport(), {40, 60});
+    EXPECT_EQ(Queue(), "IDvd_b=Clip;");
+}
+
+TEST_F(TransferListTest, it_has_no_pop_up_menu) {
+    frmMain& window = Open();
+    window.AddToTransferList("vd_a");
+    ClickRow(grdSync(), 1);
+    QTest::keyClick(&grdSync(), Qt::Key_Menu);
+    ClickRow(grdSync(), 1, Qt::NoModifier, Qt::RightButton);
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(TransferListTest, a_drag_near_its_lower_edge_scrolls_it) {
+    frmMain& window = Open();
+    for (int i = 0; i < 60; ++i) {
+        const std::string sID = "ph_" + std::to_string(i);
+        AddPhoto(sID, sID);
+        window.AddToTransferList(sID);
+    }
+    QWidget& viewport = *grdSync().viewport();
+    ClickNode("videoall");
+    const QPoint edge(40, viewport.height() - 3);
+    Drag(1, viewport, edge, [&] {
+        const std::unique_ptr<QMimeData> rows(MakeDraggedRows());
+        QDragEnterEvent enter(edge, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&viewport, &enter);
+        QDragMoveEvent move(edge, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
+        QApplication::sendEvent(&viewport, &move);
+        EXPECT_TRUE(
+            QTest::qWaitFor([&] { return grdSync().verticalScrollBar()->value() > 2; }, 3000));
+    });
+    EXPECT_EQ(grdSync().Count(), 61);
 }
 
 TEST_F(TransferListTest, the_Delete_key_takes_out_the_selected_rows_without_a_question) {
@@ -229,7 +280,7 @@ TEST_F(TransferListTest, what_is_deleted_from_the_library_stays_on_the_list) {
     for (const char* id : {"vd_a", "vd_c", "vs_a", "ph_a"}) window.AddToTransferList(id);
     const std::string queue = Queue();
     const auto expectYes = [&](const QString& question) {
-        prompts.ExpectMsgBox(question, MsgBoxButtons::YesNo, MsgBoxAnswer::Yes, deleteTitle);
+        prompts.ExpectMsgBox(question, ButtonsOf(question), MsgBoxAnswer::Yes, deleteTitle);
     };
     ClickNode("videoall");
     RightClickRow(1);

@@ -1,6 +1,7 @@
 #include "support/Support.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/DraggedRows.h"
+#include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
 
 #include <gtest/gtest.h>
@@ -31,13 +32,13 @@ class TreeViewTest : public testing::Test {
                          [this](TreeNode& node, const std::string& sSelectedKey) {
                              clicked += sSelectedKey + ">" + node.Key() + ";";
                          });
-        QObject::connect(&tree, &TreeView::NodeRightClicked,
+        QObject::connect(&tree, &TreeView::MenuRequested,
                          [this](TreeNode& node, QPoint) { rightClicked += node.Key() + ";"; });
         QObject::connect(&tree, &TreeView::RowsDropped,
                          [this](TreeNode& node) { dropped += node.Key() + ";"; });
         QObject::connect(&tree, &TreeView::LabelEdited,
                          [this](TreeNode& node, const std::string& sNewText) {
-                             edited += node.Text() + ">" + sNewText + ";";
+                             edited += FromQString(node.text(0)) + ">" + sNewText + ";";
                          });
     }
 
@@ -69,7 +70,7 @@ TEST_F(TreeViewTest, nodes_are_found_by_key) {
 }
 
 TEST_F(TreeViewTest, removed_nodes_are_forgotten_with_all_below_them) {
-    tree.RemoveChildren(*root);
+    tree.RemoveChild(*root, 0);
     EXPECT_EQ(tree.Find("fixed"), nullptr);
     EXPECT_EQ(tree.Find("child"), nullptr);
     tree.AddNode(root, "child", "Again", {});
@@ -90,6 +91,15 @@ TEST_F(TreeViewTest, a_press_that_slides_away_still_clicks_the_node_that_it_sele
     QTest::mouseMove(tree.viewport(), On(*group));
     QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*group));
     EXPECT_EQ(tree.SelectedKey(), "fixed");
+    EXPECT_TRUE(fixed->isSelected());
+    EXPECT_FALSE(group->isSelected());
+    EXPECT_EQ(clicked, "root>fixed;");
+}
+
+TEST_F(TreeViewTest, a_press_is_the_click) {
+    QTest::mousePress(tree.viewport(), Qt::LeftButton, {}, On(*fixed));
+    EXPECT_EQ(clicked, "root>fixed;");
+    QTest::mouseRelease(tree.viewport(), Qt::LeftButton, {}, On(*fixed));
     EXPECT_EQ(clicked, "root>fixed;");
 }
 
@@ -189,7 +199,7 @@ TEST_F(TreeViewTest, only_renamable_nodes_are_edited) {
     QTest::keyClick(editor, Qt::Key_Return);
     RunEvents();
     EXPECT_EQ(edited, "Group>New;");
-    EXPECT_EQ(group->Text(), "New");
+    EXPECT_EQ(FromQString(group->text(0)), "New");
 }
 
 TEST_F(TreeViewTest, a_click_on_the_selected_node_edits_it_if_it_is_a_renamable_one) {
@@ -216,7 +226,7 @@ TEST_F(TreeViewTest, a_line_break_is_shown_as_a_blank_and_makes_no_row_higher) {
     EXPECT_GE(height, 18);
     const QImage usual = showing(QStringLiteral("one two"));
     EXPECT_EQ(showing(QStringLiteral("one\ntwo")), usual);
-    EXPECT_EQ(root->Text(), "one\ntwo");
+    EXPECT_EQ(FromQString(root->text(0)), "one\ntwo");
     for (TreeNode* node : {root, fixed}) EXPECT_EQ(tree.visualItemRect(node).height(), height);
 }
 

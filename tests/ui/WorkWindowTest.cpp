@@ -59,15 +59,15 @@ class WorkWindowTest : public MainWindowTest {
 TEST_F(WorkWindowTest, every_dialog_belongs_to_the_main_window_even_while_another_program_is_used) {
     Open();
     LeaveTheProgram();
-    UpCall<CopyWindow>::Get().Show();
+    Service<CopyWindow>::Get().Show();
     EXPECT_EQ(OwnerOf(SingleWindow<frmCopy>::Get()), Handle());
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     EXPECT_EQ(OwnerOf(SingleWindow<frmAdd>::Get()), Handle());
     ShowInvalidFiles({"c:\\a.doc"});
     EXPECT_EQ(OwnerOf(SingleWindow<frmInvFiles>::Get()), Handle());
     Find<QAction>(Main(), "mnuSetupPSP").trigger();
     EXPECT_EQ(OwnerOf(SingleWindow<frmNewPSP>::Get()), Handle());
-    UpCall<AppWindows>::Get().ShowEnd();
+    Service<AppWindows>::Get().ShowEnd();
     EXPECT_EQ(OwnerOf(SingleWindow<frmEnd>::Get()), Handle());
 }
 
@@ -80,13 +80,13 @@ TEST_F(WorkWindowTest, the_log_is_a_window_beside_the_main_one) {
 TEST_F(WorkWindowTest, a_dialog_that_came_into_being_before_the_main_window_belongs_to_it_too) {
     SingleWindow<frmCopy>::Get();
     Open();
-    UpCall<CopyWindow>::Get().Show();
+    Service<CopyWindow>::Get().Show();
     EXPECT_EQ(OwnerOf(SingleWindow<frmCopy>::Get()), Handle());
 }
 
 TEST_F(WorkWindowTest, a_dialog_has_a_life_of_its_own) {
     Open();
-    UpCall<CopyWindow>::Get().Show();
+    Service<CopyWindow>::Get().Show();
     SingleWindow<frmMain>::Unload();
     RunEvents();
     EXPECT_EQ(WorkWindow(), nullptr);

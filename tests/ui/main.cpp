@@ -35,7 +35,7 @@ int main(int argc, char** argv) {
     // A place for what must not be kept there.
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-    const tavel::Application application(argc, argv);
+    const tavel::Application application(argc, argv, tavel::test::EndOfTheProcess);
     // gtest owns its listeners.
     testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);
     return RUN_ALL_TESTS();

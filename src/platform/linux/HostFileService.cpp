@@ -17,8 +17,6 @@ namespace tavel {
 
 namespace {
 
-FileService* g_replacement = nullptr;
-
 std::string ProgramFolderOfHost() {
     std::error_code none;
     return std::filesystem::read_symlink("/proc/self/exe", none).parent_path().string();
@@ -135,14 +133,13 @@ std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
     return std::make_unique<LinuxFileService>(std::move(programFolder), std::move(mounts));
 }
 
-FileService& HostFileService() {
+template <>
+FileService* OwnService<FileService>() {
     static const std::unique_ptr<FileService> service =
         MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
-    return g_replacement != nullptr ? *g_replacement : *service;
+    return service.get();
 }
 
-void UseHostFileService(FileService* service) { g_replacement = service; }
-
-std::string ProgramFolder() { return HostFileService().FromHostPath(ProgramFolderOfHost()); }
+std::string ProgramFolder() { return oFSO().FromHostPath(ProgramFolderOfHost()); }
 
 }  // namespace tavel

@@ -6,8 +6,12 @@
 
 namespace tavel {
 
-void Place(QWidget& control, const Box& box) {
-    control.setGeometry(Pixels(box.Left), Pixels(box.Top), Pixels(box.Width), Pixels(box.Height));
+void Place(QWidget& control, const Box& box, const Box& panel) {
+    const int left = Pixels(panel.Left + box.Left);
+    const int top = Pixels(panel.Top + box.Top);
+    control.setGeometry(left - Pixels(panel.Left), top - Pixels(panel.Top),
+                        Pixels(panel.Left + box.Left + box.Width) - left,
+                        Pixels(panel.Top + box.Top + box.Height) - top);
 }
 
 void MainLayout::ExpandSyncGrid(bool bExpand) {

@@ -6,13 +6,16 @@ namespace tavel {
 
 // A control's place in its parent, in twips.
 struct Box {
-    int Left;
-    int Top;
-    int Width;
-    int Height;
+    int Left = 0;
+    int Top = 0;
+    int Width = 0;
+    int Height = 0;
 };
 
-void Place(QWidget& control, const Box& box);
+// Each side becomes pixels where it stands in the window, so that what touches goes on touching and
+// what fills its panel goes on filling it. `panel` is the place of the panel that holds the
+// control.
+void Place(QWidget& control, const Box& box, const Box& panel = {});
 
 // Where everything in frmMain stands when it loads, and how the two columns at its sides make room
 // for what comes and goes in them.

@@ -72,14 +72,14 @@ StatusFrame::StatusFrame(QWidget* parent)
     setObjectName(QStringLiteral("Frame1"));
     setAccessibleName(title());
     // The line of the frame runs through its title, so that the bar stands clear of it.
-    setStyleSheet(QStringLiteral(
-        "QGroupBox { border: 1px solid palette(mid); border-radius: 3px; margin-top: 8px; }"
-        "QGroupBox::title { subcontrol-origin: margin; left: 8px; padding: 0 3px; }"));
+    setStyleSheet(
+        QStringLiteral(
+            "QGroupBox { border: 1px solid palette(mid); border-radius: 3px; margin-top: %1px; }"
+            "QGroupBox::title { subcontrol-origin: margin; left: %1px; padding: 0 3px; }")
+            .arg(Pixels(120)));
     m_imgEmpty->setAccessibleName(QStringLiteral("Free part of the memory stick"));
     m_imgFull->setAccessibleName(QStringLiteral("Used part of the memory stick"));
-    QFont line = m_labPSPStatus->font();
-    line.setPointSizeF(13.5);
-    m_labPSPStatus->setFont(line);
+    SetPoints(*m_labPSPStatus, 13.5);
 }
 
 void StatusFrame::ShowPanel(const StatusPanel& panel) {

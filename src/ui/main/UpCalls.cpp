@@ -7,7 +7,7 @@
 #include "library/LibraryWindows.h"
 #include "library/MediaLibraryStore.h"
 #include "platform/EventLoop.h"
-#include "platform/UpCall.h"
+#include "platform/Service.h"
 #include "ui/main/frmAdd.h"
 #include "ui/main/frmCopy.h"
 #include "ui/main/frmEnd.h"
@@ -100,7 +100,7 @@ class CopyOnScreen : public CopyWindow {
 // The parts of frmMain that the engine reaches.
 class MainOnScreen : public CategoryTree, public ScanTimer, public DevicePanels {
   public:
-    void RefreshCats() override { Window().RefreshCats(); }
+    void RefreshCats() override { Window().RefreshCatsLater(); }
     void Enable(bool bEnabled) override { Window().Enable(bEnabled); }
     void RefreshPSPStatus() override { Window().RefreshPSPStatus(); }
     void RefreshPSPCats() override { Window().RefreshPSPCats(); }
@@ -123,7 +123,7 @@ class QtEventLoop : public Yielding {
 template <class Interface, class OnScreen>
 void Wire() {
     static OnScreen onScreen;
-    UpCall<Interface>::Set(&onScreen);
+    Service<Interface>::Use(&onScreen);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "ui/toolkit/ElidedLabel.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/StyleApply.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QCheckBox>
 #include <QGridLayout>
@@ -12,7 +13,7 @@
 namespace tavel {
 
 frmAdd::frmAdd()
-    : QWidget(nullptr, Qt::Dialog),
+    : QWidget(nullptr, FixedSizeDialog),
       labPath(Named<ElidedLabel>("labPath", this)),
       chkExit(Named<QCheckBox>("chkExit", this)) {
     setObjectName(QStringLiteral("frmAdd"));
@@ -30,7 +31,7 @@ frmAdd::frmAdd()
     grid->addWidget(cmdCancel, 3, 1, Qt::AlignRight);
 
     StyleApply(*this, gStyle);
-    setFixedSize(460, sizeHint().height());
+    setFixedSize(Pixels(6900), sizeHint().height());
 }
 
 void frmAdd::SetPath(const std::string& sPath) { labPath->setText(ToQString(sPath)); }

@@ -6,6 +6,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/StyleApply.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QGridLayout>
 #include <QGroupBox>
@@ -19,12 +20,6 @@ namespace {
 constexpr double fileSize = 13.5;  // points
 constexpr double finishSize = 24;
 
-void SetPointSize(QWidget& control, double points) {
-    QFont font = control.font();
-    font.setPointSizeF(points);
-    control.setFont(font);
-}
-
 // Keeps a control's place while it is hidden, so that nothing jumps when it shows.
 void HideInPlace(QWidget& control) {
     QSizePolicy policy = control.sizePolicy();
@@ -36,7 +31,7 @@ void HideInPlace(QWidget& control) {
 }  // namespace
 
 frmCopy::frmCopy()
-    : QWidget(nullptr, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : QWidget(nullptr, FixedSizeDialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
       pgbCurr(Named<ProgressBar>("pgbCurr")),
       pgbTotal(Named<ProgressBar>("pgbTotal")),
       labFile(Named<ElidedLabel>("labFile")),
@@ -47,8 +42,8 @@ frmCopy::frmCopy()
     setWindowTitle(QStringLiteral("Copying"));
 
     auto* Frame1 = Named<QGroupBox>("Frame1", QStringLiteral("Copy Files"), this);
-    SetPointSize(*labFile, fileSize);
-    SetPointSize(*labFinish, finishSize);
+    SetPoints(*labFile, fileSize);
+    SetPoints(*labFinish, finishSize);
     labFinish->setAlignment(Qt::AlignCenter);
     cmdOK->setEnabled(false);
     connect(cmdOK, &QPushButton::clicked, this, [] { SingleWindow<frmCopy>::Unload(); });
@@ -58,14 +53,14 @@ frmCopy::frmCopy()
     auto* window = new QVBoxLayout(this);
     window->addWidget(Frame1);
     StyleApply(*this, gStyle);
-    setFixedSize(520, sizeHint().height());
+    setFixedSize(Pixels(7800), sizeHint().height());
 }
 
 void frmCopy::PlaceControls(QGroupBox& frame) {
     auto* Label1 = Named<QLabel>("Label1", QStringLiteral("Current File"));
     auto* Label2 = Named<QLabel>("Label2", QStringLiteral("Total Progress"));
     auto* Label3 = Named<QLabel>("Label3", QStringLiteral("Copying:"));
-    SetPointSize(*Label3, fileSize);
+    SetPoints(*Label3, fileSize);
     pgbCurr->setAccessibleName(Label1->text());
     pgbTotal->setAccessibleName(Label2->text());
 

@@ -2,6 +2,7 @@
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/StyleApply.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QFrame>
 #include <QLabel>
@@ -25,7 +26,7 @@ frmEnd::frmEnd() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint) 
     window->addWidget(Picture1);
 
     StyleApply(*this, gStyle);
-    resize(240, 72);
+    resize(Pixels(3600), Pixels(1080));
 }
 
 }  // namespace tavel

@@ -3,6 +3,7 @@
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/LineList.h"
 #include "ui/toolkit/SingleWindow.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QLabel>
 #include <QPushButton>
@@ -30,7 +31,7 @@ frmInvFiles::frmInvFiles()
     column->addWidget(lstItems);
     column->addWidget(cmdOK, 0, Qt::AlignRight);
 
-    resize(480, 320);
+    resize(Pixels(7200), Pixels(4800));
 }
 
 void frmInvFiles::AddItem(const std::string& sPath) { lstItems->AddItem(sPath); }

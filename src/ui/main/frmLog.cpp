@@ -12,10 +12,10 @@ namespace tavel {
 
 namespace {
 
-constexpr int designWidth = Pixels(7800);
-constexpr int listTop = Pixels(120);
-constexpr int listHeight = Pixels(4500);
-constexpr int gap = Pixels(120);
+// Twips, as everything is designed in.
+constexpr int designWidth = 7800;
+constexpr int listHeight = 4500;
+constexpr int gap = 120;
 
 }  // namespace
 
@@ -29,12 +29,12 @@ frmLog::frmLog()
 
     // Only the list's width follows the window, so only the width can be dragged.
     const QSize button = cmdClear->sizeHint();
-    const int buttonTop = listTop + listHeight + gap;
-    lstLog->setGeometry(Pixels(120), listTop, designWidth - Pixels(315), listHeight);
-    cmdClear->setGeometry(QRect(QPoint(Pixels(120), buttonTop), button));
-    setFixedHeight(buttonTop + button.height() + gap);
+    const int buttonTop = Pixels(gap + listHeight + gap);
+    lstLog->setGeometry(Pixels(gap), Pixels(gap), Pixels(designWidth - 315), Pixels(listHeight));
+    cmdClear->setGeometry(QRect(QPoint(Pixels(gap), buttonTop), button));
+    setFixedHeight(buttonTop + button.height() + Pixels(gap));
     setMinimumWidth(Pixels(3000));
-    resize(designWidth, height());
+    resize(Pixels(designWidth), height());
 
     PlaceAtRight();
     PlaceList();
@@ -57,7 +57,7 @@ void frmLog::PlaceAtRight() {
 }
 
 void frmLog::PlaceList() {
-    lstLog->setGeometry(Pixels(120), lstLog->y(), width() - Pixels(315), lstLog->height());
+    lstLog->setGeometry(Pixels(gap), lstLog->y(), width() - Pixels(315), lstLog->height());
 }
 
 }  // namespace tavel

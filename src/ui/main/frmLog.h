@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QWidget>
+#include <QMainWindow>
 #include <string>
 
 class QPushButton;
@@ -9,8 +9,9 @@ namespace tavel {
 
 class LineList;
 
-// The activity log: it exists from the first line on, and its lines end with it.
-class frmLog : public QWidget {
+// The activity log: it exists from the first line on, and its lines end with it. A main window is
+// what Qt tells screen readers of as a window.
+class frmLog : public QMainWindow {
     Q_OBJECT
 
   public:

@@ -18,6 +18,7 @@ namespace tavel {
 frmMain::frmMain() : m_menus(*this), tmrBack(this), tmrPSP(this) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tavel"));
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);  // it has one size
     SetWorkWindow(*this);
     tmrBack.setObjectName(QStringLiteral("tmrBack"));
     tmrPSP.setObjectName(QStringLiteral("tmrPSP"));

@@ -44,6 +44,7 @@ class frmMain : public QMainWindow {
     // Trees. After SetupCats the first four belong to trvPSPCat, the others to trvCat.
     void SetupCats();
     void RefreshCats();
+    void RefreshCatsLater();  // once for many, before anybody looks
     void SetupTools();
     TreeNode* nodMaster = nullptr;
     TreeNode* nodPhotos = nullptr;
@@ -82,8 +83,6 @@ class frmMain : public QMainWindow {
     // tmrBack, which rests while a scan runs
     void Enable(bool bEnabled) { bEnabled ? tmrBack.start() : tmrBack.stop(); }
 
-    const MainLayout& Layout() const { return m_layout; }
-
   protected:
     void closeEvent(QCloseEvent* event) override;
 
@@ -96,9 +95,10 @@ class frmMain : public QMainWindow {
     void SetupTimer();
 
     void trvCat_NodeClick(TreeNode& node, const std::string& sSelectedKey);
+    void ListedIn(const TreeView& tree);  // the item list shows a node of this one from now on
     void ListNode(const std::string& sKey);
     void ExpandForNode(const std::string& sKey);
-    void trvCat_NodeRightClick(TreeNode& node, QPoint globalPosition);
+    void trvCat_MenuRequested(TreeNode& node, QPoint globalPosition);
     void trvCat_AfterLabelEdit(const TreeNode& node, const std::string& sNewText);
     void trvCat_RowsDropped(const TreeNode& node);
 
@@ -106,7 +106,8 @@ class frmMain : public QMainWindow {
     void grdItems_DblClick();
     void grdItems_KeyDown(int key);
     void grdItems_AfterLabelEdit(const std::string& sNewText);
-    void grdItems_MouseUp(Qt::MouseButton button, QPoint viewportPosition);
+    void grdItems_MouseUp(Qt::MouseButton button);
+    void grdItems_MenuRequested(QPoint globalPosition);
     void grdItems_MouseMove(Qt::MouseButtons buttons, int x, int y);
 
     void grdSync_KeyDown(int key);

@@ -4,6 +4,7 @@
 #include "library/Identifiers.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/ListView.h"
+#include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
 
 #include <QLabel>
@@ -38,11 +39,26 @@ constexpr std::array NodeLists{
     NodeList{"playlists", mtMusic, mtPlaylist},
 };
 
+std::string_view KeyOfChild(const TreeNode& parent, int child) {
+    return static_cast<const TreeNode*>(parent.child(child))->Key();
+}
+
+// A node whose group is still there stays, with the name that may be typed into it just now.
 template <class T>
-void AddGroups(TreeView& tree, TreeNode& parent, const Collection<T>& groups, const QIcon& icon) {
-    for (Long i = 1; i <= groups.Count(); ++i) {
-        const T& group = groups.Item(i);
-        tree.AddNode(&parent, group.sDBID, group.sName, icon, true);
+void ShowGroups(TreeView& tree, TreeNode& parent, const Collection<T>& groups, const QIcon& icon) {
+    for (Long i = 0; i < groups.Count(); ++i) {
+        const T& group = groups.Item(i + 1);
+        while (i < parent.childCount() && KeyOfChild(parent, i) != group.sDBID) {
+            tree.RemoveChild(parent, i);
+        }
+        if (i == parent.childCount()) {
+            tree.AddNode(&parent, group.sDBID, group.sName, icon, true);
+        } else {
+            parent.child(i)->setText(0, ToQString(group.sName));
+        }
+    }
+    while (parent.childCount() > groups.Count()) {
+        tree.RemoveChild(parent, parent.childCount() - 1);
     }
 }
 
@@ -71,24 +87,21 @@ void frmMain::SetupCats() {
     AddPSPCats();
 }
 
-// A selected group that is gone leaves the selection with its parent, and no list is filled.
+// When the selected group has gone, "master" is selected, so that a click on any other node fills
+// the list; nothing fills it now.
 void frmMain::RefreshCats() {
     const std::string sSelectedKey = trvCat->SelectedKey();
-    std::string sParentKey;
-    if (!sSelectedKey.empty() && !IsFixed(sSelectedKey)) {
-        TreeNode& parent = *trvCat->SelectedNode().Parent();
-        sParentKey = parent.Key();
-        trvCat->Select(parent);
-    }
-    for (TreeNode* parent : {nodMagazines, nodPhotoAlbums, nodPlaylists, nodVideoSeries}) {
-        trvCat->RemoveChildren(*parent);
-    }
-    AddGroups(*trvCat, *nodMagazines, colMagazine, iglIcons.Icon(QStringLiteral("magazine")));
-    AddGroups(*trvCat, *nodPhotoAlbums, colPhotoAlbum, iglIcons.Icon(QStringLiteral("photo")));
-    AddGroups(*trvCat, *nodPlaylists, colPlaylist, iglIcons.Icon(QStringLiteral("playlist")));
-    AddGroups(*trvCat, *nodVideoSeries, colVidSeries, iglIcons.Icon(QStringLiteral("vidseries")));
-    TreeNode* selected = sParentKey.empty() ? nullptr : trvCat->Find(sSelectedKey);
-    if (selected != nullptr) trvCat->Select(*selected);
+    ShowGroups(*trvCat, *nodMagazines, colMagazine, iglIcons.Icon(QStringLiteral("magazine")));
+    ShowGroups(*trvCat, *nodPhotoAlbums, colPhotoAlbum, iglIcons.Icon(QStringLiteral("photo")));
+    ShowGroups(*trvCat, *nodPlaylists, colPlaylist, iglIcons.Icon(QStringLiteral("playlist")));
+    ShowGroups(*trvCat, *nodVideoSeries, colVidSeries, iglIcons.Icon(QStringLiteral("vidseries")));
+    if (sSelectedKey.empty()) return;
+    TreeNode* selected = trvCat->Find(sSelectedKey);
+    trvCat->Select(selected != nullptr ? *selected : trvCat->Node("master"));
+}
+
+void frmMain::RefreshCatsLater() {
+    trvCat->ChangeLater([this] { RefreshCats(); });
 }
 
 void frmMain::trvCat_NodeClick(TreeNode& node, const std::string& sSelectedKey) {
@@ -98,11 +111,17 @@ void frmMain::trvCat_NodeClick(TreeNode& node, const std::string& sSelectedKey) 
         sSelected = {""};
         if (sKey != "master") {
             grdItems->hide();
+            ListedIn(*trvCat);
             ListNode(sKey);
             grdItems->show();
         }
     }
     if (iVidThumbMode == 4) ExpandForNode(sKey);
+}
+
+// The other tree's selected node says nothing about the list, so it's a weak one.
+void frmMain::ListedIn(const TreeView& tree) {
+    for (TreeView* each : {trvCat, trvPSPCat}) each->SetMuted(each != &tree);
 }
 
 void frmMain::ListNode(const std::string& sKey) {
@@ -123,7 +142,7 @@ void frmMain::ExpandForNode(const std::string& sKey) {
     ExpandSyncGrid(sKey != "videoall" && GetDBIDType(sKey) != mtVidSeries);
 }
 
-void frmMain::trvCat_NodeRightClick(TreeNode& node, QPoint globalPosition) {
+void frmMain::trvCat_MenuRequested(TreeNode& node, QPoint globalPosition) {
     if (IsFixed(node.Key())) return;
     trvCat->Select(node);
     m_menus.PopUp("mnuCats").popup(globalPosition);

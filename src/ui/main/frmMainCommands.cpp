@@ -2,8 +2,8 @@
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
+#include "platform/Service.h"
 #include "platform/Text.h"
-#include "platform/UpCall.h"
 #include "ui/main/ItemRows.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
@@ -39,9 +39,9 @@ std::string FilterOfMedia() {
 
 constexpr const char* DelGroupQuestion = "This will remove the group from the DB, are you sure?";
 
-bool ConfirmsDelete(const char* sQuestion) {
-    return MsgBox(QLatin1String(sQuestion), MsgBoxButtons::YesNo,
-                  QStringLiteral("Delete Group?")) == MsgBoxAnswer::Yes;
+bool ConfirmsDelete(const char* sQuestion, MsgBoxButtons buttons = MsgBoxButtons::YesNo) {
+    return MsgBox(QLatin1String(sQuestion), buttons, QStringLiteral("Delete Group?")) ==
+           MsgBoxAnswer::Yes;
 }
 
 }  // namespace
@@ -62,9 +62,9 @@ void frmMain::mnuAddFile_Click() {
 void frmMain::mnuAddFolder_Click() {
     const std::string sPath = BrowseForFolderDlg(this, "", "Select a folder", false, false);
     if (sPath.empty()) return;
-    UpCall<AddWindow>::Get().Show();
+    Service<AddWindow>::Get().Show();
     AddFolder(sPath, true, false, true, true);
-    UpCall<AddWindow>::Get().Unload();
+    Service<AddWindow>::Get().Unload();
 }
 
 // A window beside this one, not a dialog.
@@ -113,7 +113,8 @@ void frmMain::mnuRemoveComp_Click() {
 
 // sSelected keeps its ids; until the next click a second removal fails at the record that is gone.
 void frmMain::RemoveSelectedItems(const char* sQuestion, bool bFromDisk) {
-    if (!ConfirmsDelete(sQuestion)) return;
+    const MsgBoxButtons buttons = bFromDisk ? MsgBoxButtons::YesNoDefaultNo : MsgBoxButtons::YesNo;
+    if (!ConfirmsDelete(sQuestion, buttons)) return;
     for (auto sID = sSelected.rbegin(); sID != sSelected.rend(); ++sID) {
         bool bDeleteFile = bFromDisk;
         RemoveItem(*sID, bDeleteFile);

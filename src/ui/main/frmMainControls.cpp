@@ -4,6 +4,8 @@
 #include "ui/main/StatusFrame.h"
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
+#include "ui/toolkit/Artwork.h"
+#include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/TreeView.h"
 #include "ui/toolkit/Twips.h"
@@ -14,11 +16,29 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QToolButton>
+#include <array>
 
 namespace tavel {
 
 namespace {
+
+struct TypeIcon {
+    MediaType type;
+    const char* file;
+    const char* text;
+};
+
+constexpr std::array TypeIcons{
+    TypeIcon{mtVideo, "video", "Video"},
+    TypeIcon{mtPhoto, "photo", "Photo"},
+    TypeIcon{mtMusic, "music", "Music"},
+    TypeIcon{mtVidSeries, "vidseries", "Video Series"},
+    TypeIcon{mtMagazine, "magazine", "Magazine"},
+    TypeIcon{mtPhotoAlbum, "album", "Photo Album"},
+    TypeIcon{mtPlaylist, "playlist", "Playlist"},
+};
 
 template <class Control>
 Control* Labelled(Control* control, const char* name, const char* role) {
@@ -37,10 +57,12 @@ ListView* AddSyncList(const char* name, const char* role, QWidget* parent) {
     return list;
 }
 
-// Painted from an icon, which has the picture for each scale of the screen.
+// Painted from an icon, which has the picture for each scale.
 class Banner : public QWidget {
   public:
-    using QWidget::QWidget;
+    explicit Banner(QWidget* parent) : QWidget(parent) {
+        AddArtwork(m_picture, QStringLiteral(":/artwork/banner.jpg"));
+    }
 
   protected:
     void paintEvent(QPaintEvent*) override {
@@ -49,7 +71,7 @@ class Banner : public QWidget {
     }
 
   private:
-    const QIcon m_picture{QStringLiteral(":/artwork/banner.jpg")};
+    QIcon m_picture;
 };
 
 TreeView* AddTree(const char* name, const char* role, QWidget* panel) {
@@ -67,9 +89,8 @@ void frmMain::AddPictures() {
          {"master", "video", "music", "photo", "magazine", "playlist", "vidseries", "psp"}) {
         iglIcons.Add(QLatin1String(key), QLatin1String(key));
     }
-    for (const char* number : {"3", "0", "5", "4", "1", "2", "8"}) {
-        iglIcons2.Add(QLatin1Char('#') + QLatin1String(number),
-                      QLatin1Char('t') + QLatin1String(number));
+    for (const TypeIcon& icon : TypeIcons) {
+        iglIcons2.Add(QStringLiteral("#%1").arg(icon.type), QLatin1String(icon.file), icon.text);
     }
     for (const char* key : {"send", "auto"}) iglView.Add(QLatin1String(key), QLatin1String(key));
 }
@@ -96,9 +117,10 @@ void frmMain::AddControls() {
     grdAutoSync->hide();
 
     tbrRightView = Labelled(new QWidget(client), "tbrRightView", "View of the right-hand list");
-    m_view = Labelled(new QToolButton(tbrRightView), "view", "View");
+    m_view = Named<QToolButton>("view", tbrRightView);  // which is called what it reads
     m_view->setText(QStringLiteral("View"));
-    m_view->setPopupMode(QToolButton::InstantPopup);
+    // Of the modes the one that keeps the arrow apart from the text.
+    m_view->setPopupMode(QToolButton::MenuButtonPopup);
     m_view->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     m_view->setToolButtonStyle(Qt::ToolButtonTextOnly);
     auto* views = new QMenu(m_view);
@@ -130,9 +152,9 @@ void frmMain::AddControls() {
 
 void frmMain::PlaceControls() {
     Place(*picCatBack, m_layout.picCatBack);
-    Place(*trvCat, m_layout.trvCat);
+    Place(*trvCat, m_layout.trvCat, m_layout.picCatBack);
     Place(*picPSPCatBack, m_layout.picPSPCatBack);
-    Place(*trvPSPCat, m_layout.trvPSPCat);
+    Place(*trvPSPCat, m_layout.trvPSPCat, m_layout.picPSPCatBack);
     Place(*grdItems, m_layout.grdItems);
     Place(*grdSync, m_layout.grdSync);
     Place(*grdAutoSync, m_layout.grdAutoSync);
@@ -146,6 +168,10 @@ void frmMain::PlaceControls() {
 }
 
 void frmMain::ConnectMenus() {
+    // The captions have no letters to open a menu by.
+    auto* toMenus = new QShortcut(Qt::Key_F10, this);
+    connect(toMenus, &QShortcut::activated, this,
+            [this] { menuBar()->setActiveAction(menuBar()->actions().constFirst()); });
     const auto on = [this](const char* name, auto handler) {
         connect(&m_menus.Entry(name), &QAction::triggered, this, handler);
     };
@@ -175,7 +201,7 @@ void frmMain::ConnectMenus() {
 
 void frmMain::ConnectControls() {
     connect(trvCat, &TreeView::NodeClicked, this, &frmMain::trvCat_NodeClick);
-    connect(trvCat, &TreeView::NodeRightClicked, this, &frmMain::trvCat_NodeRightClick);
+    connect(trvCat, &TreeView::MenuRequested, this, &frmMain::trvCat_MenuRequested);
     connect(trvCat, &TreeView::NodeCollapsed, this,
             [this](TreeNode& node) { trvCat->Select(node); });
     connect(trvCat, &TreeView::LabelEdited, this, &frmMain::trvCat_AfterLabelEdit);
@@ -187,10 +213,12 @@ void frmMain::ConnectControls() {
     connect(grdItems, &ListView::KeyPressed, this, &frmMain::grdItems_KeyDown);
     connect(grdItems, &ListView::LabelEdited, this, &frmMain::grdItems_AfterLabelEdit);
     connect(grdItems, &ListView::MouseReleased, this, &frmMain::grdItems_MouseUp);
+    connect(grdItems, &ListView::MenuRequested, this, &frmMain::grdItems_MenuRequested);
     connect(grdItems, &ListView::MouseMoved, this, &frmMain::grdItems_MouseMove);
 
     connect(grdSync, &ListView::KeyPressed, this, &frmMain::grdSync_KeyDown);
     connect(grdSync, &ListView::RowsDropped, this, &frmMain::grdSync_RowsDropped);
+    connect(m_view, &QToolButton::clicked, m_view, &QToolButton::showMenu);
     connect(m_view->menu(), &QMenu::triggered, this,
             [this](QAction* entry) { tbrRightView_MenuClick(*entry); });
     connect(cmdSend, &QPushButton::clicked, this, &frmMain::cmdSend_Click);

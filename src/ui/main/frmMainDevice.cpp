@@ -66,7 +66,7 @@ void frmMain::RefreshPSPCats() {
 void frmMain::ShowPSPCats(bool bShow) {
     m_layout.ShowPSPCats(bShow);
     Place(*picCatBack, m_layout.picCatBack);
-    Place(*trvCat, m_layout.trvCat);
+    Place(*trvCat, m_layout.trvCat, m_layout.picCatBack);
     trvPSPCat->setFocusPolicy(bShow ? Qt::StrongFocus : Qt::NoFocus);
     if (!bShow) trvPSPCat->clearFocus();
 }
@@ -95,6 +95,7 @@ void frmMain::trvPSPCat_NodeClick(const TreeNode& node) {
 }
 
 void frmMain::ListPSPFolder(const std::string& sPath, Integer iType) {
+    ListedIn(*trvPSPCat);
     SetupItemList(iType);
     FillListFromPSP(sPath, iType);
     iListType = iType;
@@ -115,7 +116,8 @@ void frmMain::FillListFromPSP(const std::string& sPath, Integer iType) {
 
 void frmMain::mnuPSPDel_Click() {
     if (MsgBox(QStringLiteral("This will remove the file(s) from the PSP, are you sure?"),
-               MsgBoxButtons::YesNo, QStringLiteral("Confirm Delete")) != MsgBoxAnswer::Yes) {
+               MsgBoxButtons::YesNoDefaultNo,
+               QStringLiteral("Confirm Delete")) != MsgBoxAnswer::Yes) {
         return;
     }
     for (Long row = grdItems->Count(); row >= 1; --row) {

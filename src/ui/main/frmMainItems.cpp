@@ -30,6 +30,7 @@ void frmMain::SetupItemList(Integer iType) {
     grdItems->SetColumnWidth("format", 920);
     grdItems->SetColumnWidth("path", m_layout.grdItems.Width - grdItems->ColumnLeft("size") -
                                          grdItems->ColumnWidth("size") - 260);
+    grdItems->ElideColumnInMiddle("path");
 }
 
 void frmMain::FillList(Integer iType) {
@@ -93,21 +94,19 @@ void frmMain::grdItems_AfterLabelEdit(const std::string& sNewText) {
     bDBChanged = true;
 }
 
-void frmMain::grdItems_MouseUp(Qt::MouseButton button, QPoint viewportPosition) {
-    if (button != Qt::RightButton) {
-        bListDrag = false;
-        return;
-    }
-    if (grdItems->RowAt(viewportPosition) == 0) return;
-    const QPoint pointer = grdItems->viewport()->mapToGlobal(viewportPosition);
+void frmMain::grdItems_MouseUp(Qt::MouseButton button) {
+    if (button != Qt::RightButton) bListDrag = false;
+}
+
+void frmMain::grdItems_MenuRequested(QPoint globalPosition) {
     if (bPSPView) {
-        m_menus.PopUp("mnuPSPRMB").popup(pointer);
+        m_menus.PopUp("mnuPSPRMB").popup(globalPosition);
         return;
     }
     const bool bInGroup = IsGroupType(GetDBIDType(trvCat->SelectedNode().Key()));
     m_menus.Entry("mnuRemFromGroup").setVisible(bInGroup);
     m_menus.FitToList(iListType);
-    m_menus.PopUp("mnuRMB").popup(pointer);
+    m_menus.PopUp("mnuRMB").popup(globalPosition);
 }
 
 // Brings a thumbnail that floats above its row back under it. The second half of the condition

@@ -12,6 +12,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QPushButton>
+#include <QScopeGuard>
 #include <QToolButton>
 
 namespace tavel {
@@ -35,9 +36,9 @@ void frmMain::SetupTools() { m_view->setText(QStringLiteral("Transfer View")); }
 void frmMain::AddToTransferList(const std::string& sID) {
     try {
         const Integer iType = GetDBIDType(sID);
-        std::string sName = DisplayName(iType, sID);
-        const QIcon& icon = iglIcons2.Icon(QStringLiteral("#%1").arg(iType));
-        grdSync->Add(ListRow{"ID" + sID, {"", sName}, icon});
+        const std::string sName = DisplayName(iType, sID);
+        const QString icon = QStringLiteral("#%1").arg(iType);
+        grdSync->Add(ListRow{"ID" + sID, {"", sName}, iglIcons2.Icon(icon), iglIcons2.Text(icon)});
     } catch (const Failure& failure) {
         if (failure.Number() != failure::ListKeyNotUnique) return;
         MsgBox(QStringLiteral("Already exists in the list"));
@@ -67,8 +68,9 @@ void frmMain::cmdSend_Click() {
     if (grdSync->Count() == 0) return;
     std::vector<std::string> sIDs;
     FormSyncList(sIDs);
+    // A failure, too, is not to be answered by keys that came before its message.
+    const auto drop = qScopeGuard(DropInput);
     TransferToPSP(sIDs);
-    DropInput();
 }
 
 void frmMain::cmdClear_Click() { grdSync->Clear(); }
@@ -96,6 +98,7 @@ void frmMain::ExpandSyncGrid(bool bExpand) {
 // pop-up menu takes the members for groups until the next click in the tree.
 void frmMain::JumpToGroup(const std::string& sID) {
     TreeNode& node = trvCat->Node(sID);
+    ListedIn(*trvCat);
     trvCat->scrollToItem(&node);
     trvCat->Select(node);
     FillListFromGroup(sID);

@@ -6,6 +6,7 @@
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/StyleApply.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -16,7 +17,7 @@
 namespace tavel {
 
 frmNewPSP::frmNewPSP()
-    : QWidget(nullptr, Qt::Dialog),
+    : QWidget(nullptr, FixedSizeDialog),
       txtName(Named<QLineEdit>("txtName", QStringLiteral("My PSP"), this)),
       drvPSP(Named<DriveList>("drvPSP", this)) {
     setObjectName(QStringLiteral("frmNewPSP"));
@@ -58,7 +59,7 @@ frmNewPSP::frmNewPSP()
     column->addLayout(buttons);
 
     StyleApply(*this, gStyle);
-    setFixedSize(380, heightForWidth(380));
+    setFixedSize(Pixels(5700), heightForWidth(Pixels(5700)));
 }
 
 void frmNewPSP::cmdOK_Click() {

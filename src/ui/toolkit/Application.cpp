@@ -4,21 +4,18 @@
 #include "platform/Activity.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QEvent>
-#include <QFont>
 #include <QSettings>
 #include <QTimer>
 #include <cstdio>
-#include <cstdlib>
 #include <new>
 #include <utility>
 
 namespace tavel {
 
 namespace {
-
-constexpr double textPoints = 8.25;
 
 constexpr Long outOfMemory = 7;
 constexpr Long internalError = 51;
@@ -49,14 +46,11 @@ Failure CurrentFailure() {
 
 }  // namespace
 
-Application::Application(int& argc, char** argv)
-    : QApplication(argc, argv), m_end([] { std::_Exit(1); }) {
+Application::Application(int& argc, char** argv, std::function<void()> end)
+    : QApplication(argc, argv), m_end(std::move(end)) {
     setApplicationName(QLatin1String(ProgramTitle));
     setApplicationDisplayName(QString());
-    // The desktop's font, in the size that the windows' fixed places leave room for.
-    QFont text = font();
-    text.setPointSizeF(textPoints);
-    setFont(text);
+    SetScale(1);
     // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
     // process alive. The end is ShutDown's.
     setQuitOnLastWindowClosed(false);

@@ -3,6 +3,7 @@
 #include "platform/Failure.h"
 
 #include <QApplication>
+#include <cstdlib>
 #include <functional>
 #include <string>
 
@@ -15,15 +16,14 @@ class Application : public QApplication {
     Q_OBJECT
 
   public:
-    Application(int& argc, char** argv);
+    // `end` is what ends the process after the message.
+    Application(
+        int& argc, char** argv, std::function<void()> end = [] { std::_Exit(1); });
 
     bool notify(QObject* receiver, QEvent* event) override;
 
     // Runs what stands outside the event loop, start-up above all, under the same rule.
     void Guard(const std::function<void()>& work);
-
-    // What ends the process after the message; tests put a recorder here.
-    void SetEnd(std::function<void()> end) { m_end = std::move(end); }
 
   private:
     void HandleFailure() noexcept;

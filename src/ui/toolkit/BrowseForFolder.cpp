@@ -23,7 +23,7 @@ std::string BrowseForFolderDlg(QWidget* owner, const std::string& sStartDir,
         sStartFolder = sStartDir;
         request.callback = BrowseCallback;
     }
-    return CurrentPrompter().PickFolder(request);
+    return Service<Prompter>::Get().PickFolder(request);
 }
 
 Long BrowseCallback(FolderPicker& hwnd, Long uMsg, const std::string& item) {

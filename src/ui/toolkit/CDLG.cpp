@@ -2,6 +2,7 @@
 
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
+#include "platform/Text.h"
 #include "ui/toolkit/Prompts.h"
 #include "ui/toolkit/Strings.h"
 
@@ -14,12 +15,8 @@ namespace tavel {
 
 namespace {
 
-constexpr Long flagReadOnly = 0x1;
-constexpr Long flagHideReadOnly = 0x4;
 constexpr Long flagHook = 0x20;
 constexpr Long flagTemplate = 0x40;
-constexpr Long flagMultiSelect = 0x200;
-constexpr Long flagFileMustExist = 0x1000;
 
 // The filter as a dialog wants it: every separator a NUL, two more at the end.
 std::string DialogForm(std::string filter) {
@@ -31,10 +28,7 @@ std::string DialogForm(std::string filter) {
 // What the flags and the filter ask of a dialog.
 FileRequest RequestOf(Long word, const std::string& dialogFilter, Long filterIndex) {
     FileRequest request;
-    request.mustExist = (word & flagFileMustExist) != 0;
-    request.multiSelect = (word & flagMultiSelect) != 0;
-    request.showReadOnly = (word & flagHideReadOnly) == 0;
-    request.readOnly = (word & flagReadOnly) != 0;
+    request.flags = word;
     const std::vector<std::string> pieces = Split(dialogFilter, '\0');
     for (std::size_t i = 0; i + 1 < pieces.size() && !pieces[i].empty(); i += 2) {
         request.descriptions << ToQString(pieces[i]);
@@ -44,10 +38,14 @@ FileRequest RequestOf(Long word, const std::string& dialogFilter, Long filterInd
     return request;
 }
 
+// In characters, of which a Cyrillic letter is one as a Latin one is.
+std::size_t Length(std::string_view text) { return Characters(text).size(); }
+
 // The buffer of a dialog: the text and NULs up to its size.
 std::string Buffer(const std::string& text) {
-    if (text.size() > CDLG::MaxFile) Fail(failure::InvalidProcedureCall);
-    return text + std::string(CDLG::MaxFile - text.size(), '\0');
+    const std::size_t length = Length(text);
+    if (length > CDLG::MaxFile) Fail(failure::InvalidProcedureCall);
+    return text + std::string(CDLG::MaxFile - length, '\0');
 }
 
 std::string DrivePath(const QString& hostPath) {
@@ -70,7 +68,7 @@ std::string Selection(const QStringList& files) {
 
 // Text, the NUL behind its last piece and, behind several pieces, the NUL of the list.
 bool FitsBuffer(const std::string& selection, bool several) {
-    return selection.size() + (several ? 2 : 1) <= CDLG::MaxFile;
+    return Length(selection) + (several ? 2 : 1) <= CDLG::MaxFile;
 }
 
 }  // namespace
@@ -84,9 +82,9 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     m_extendedError = 0;
 
     const Long word = (flags & ~(flagHook | flagTemplate)) |
-                      (FileMustExist ? flagFileMustExist : 0) |
-                      (MultiSelect ? flagMultiSelect : 0) | (ReadOnly ? flagReadOnly : 0) |
-                      (HideReadOnly ? flagHideReadOnly : 0);
+                      (FileMustExist ? PickFileMustExist : 0) |
+                      (MultiSelect ? PickMultiSelect : 0) | (ReadOnly ? PickReadOnly : 0) |
+                      (HideReadOnly ? PickHideReadOnly : 0);
     const std::string dialogFilter = DialogForm(Filter);
     Filename = Buffer(Filename);
     FileTitle = Buffer(FileTitle);
@@ -98,7 +96,7 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     request.startName = InitialName(StrFromZ(Filename));
     request.defaultSuffix = ToQString(DefaultExt);
 
-    const FileAnswer answer = CurrentPrompter().PickFiles(request);
+    const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     m_apiReturn = answer.result;
     m_eventSink = nullptr;
 
@@ -119,10 +117,10 @@ bool CDLG::VBGetOpenFileName(std::string& Filename, std::string& FileTitle, bool
     FileTitle = answer.files.size() > 1
                     ? std::string()
                     : StrFromZ(FromQString(QFileInfo(answer.files.front()).fileName()));
-    flags = answer.readOnly ? word | flagReadOnly : word & ~flagReadOnly;
+    flags = answer.readOnly ? word | PickReadOnly : word & ~PickReadOnly;
     FilterIndex = answer.filterIndex + 1;
     Filter = FilterPiece(dialogFilter, FilterIndex);
-    if ((flags & flagReadOnly) != 0) ReadOnly = true;
+    if ((flags & PickReadOnly) != 0) ReadOnly = true;
     return true;
 }
 

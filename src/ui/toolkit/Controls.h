@@ -8,6 +8,9 @@ class QWidget;
 
 namespace tavel {
 
+// The kind of a dialog that cannot be made larger; its frame has no grip for it.
+inline constexpr Qt::WindowFlags FixedSizeDialog = Qt::Dialog | Qt::MSWindowsFixedSizeDialogHint;
+
 // A control under its name, which tests find it by.
 template <class Control, class... Arguments>
 Control* Named(const char* name, Arguments&&... arguments) {
@@ -16,10 +19,10 @@ Control* Named(const char* name, Arguments&&... arguments) {
     return control;
 }
 
-// The Escape key of the window clicks the button.
+// The Escape key clicks the button, unless a control of the window has use for it.
 void SetEscapeButton(QWidget& window, QPushButton& button);
 
-// The Enter keys of the window click the button that has the focus, or else this one.
+// The Enter keys likewise click the button that has the focus, or else this one.
 void SetEnterButton(QWidget& window, QPushButton& button);
 
 // Takes the pictures off a stock dialog's buttons, so that they look like the program's own.

@@ -3,6 +3,7 @@
 #include "core/PublicStuff.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -11,6 +12,7 @@
 #include <QHeaderView>
 #include <QLayout>
 #include <QRegularExpression>
+#include <QSplitter>
 #include <QTreeView>
 #include <QUrl>
 #include <algorithm>
@@ -36,30 +38,35 @@ QString QtFilter(const QString& description, const QString& patterns) {
 }  // namespace
 
 FileDialog::FileDialog(const FileRequest& request)
-    : QFileDialog(request.owner), m_mustExist(request.mustExist) {
+    : QFileDialog(request.owner), m_mustExist(request.Has(PickFileMustExist)) {
     setObjectName(QStringLiteral("FileDialog"));
     // The desktop's own dialogs match the patterns with regard to case, and cameras write ".JPG".
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
     setAcceptMode(AcceptOpen);
     if (!request.title.isEmpty()) setWindowTitle(request.title);
-    setFileMode(request.multiSelect ? ExistingFiles : request.mustExist ? ExistingFile : AnyFile);
+    setFileMode(request.Has(PickMultiSelect) ? ExistingFiles
+                : m_mustExist                ? ExistingFile
+                                             : AnyFile);
     setDefaultSuffix(request.defaultSuffix);
     setDirectory(request.startFolder);
     SetFilters(request);
     if (!request.startName.isEmpty()) selectFile(request.startName);
-    if (request.showReadOnly) AddReadOnlyBox(request.readOnly);
+    if (!request.Has(PickHideReadOnly)) AddReadOnlyBox(request.Has(PickReadOnly));
     ListDrives();
     PlainButtons(*this);
     SetSizes();
 }
 
 void FileDialog::SetSizes() {
-    resize(780, 480);
+    constexpr int places = 2100;
+    constexpr int listing = 9600;
+    resize(Pixels(places + listing), Pixels(7200));
+    findChild<QSplitter*>()->setSizes({Pixels(places), Pixels(listing)});
     QHeaderView* columns = findChild<QTreeView*>(QStringLiteral("treeView"))->header();
-    columns->resizeSection(0, 280);  // name
-    columns->resizeSection(1, 80);   // size
-    columns->resizeSection(2, 100);  // type
+    columns->resizeSection(0, Pixels(3600));  // name
+    columns->resizeSection(1, Pixels(1200));  // size
+    columns->resizeSection(2, Pixels(2100));  // type
     columns->setStretchLastSection(true);
 }
 

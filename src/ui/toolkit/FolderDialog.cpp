@@ -8,6 +8,7 @@
 #include "ui/toolkit/LabelDelegate.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QDialogButtonBox>
 #include <QDir>
@@ -47,7 +48,7 @@ FolderDialog::FolderDialog(const FolderRequest& request)
             [this](QTreeWidgetItem* item) { ReadFolder(*item); });
     connect(trvFolders, &QTreeWidget::currentItemChanged, this, [this] { SelectionChanged(); });
     Select(oFSO().FromHostPath(FromQString(QDir::homePath())));
-    resize(400, 460);
+    resize(Pixels(6000), Pixels(6900));
 }
 
 void FolderDialog::BuildControls(const FolderRequest& request) {

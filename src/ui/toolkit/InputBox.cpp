@@ -5,7 +5,7 @@
 namespace tavel {
 
 QString InputBox(const QString& prompt, const QString& title, const QString& defaultText) {
-    return CurrentPrompter().InputBox(prompt, title, defaultText);
+    return Service<Prompter>::Get().InputBox(prompt, title, defaultText);
 }
 
 }  // namespace tavel

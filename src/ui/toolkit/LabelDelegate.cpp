@@ -2,6 +2,7 @@
 
 #include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QAbstractItemView>
 #include <QHelpEvent>
@@ -15,9 +16,16 @@ QString LabelDelegate::displayText(const QVariant& value, const QLocale&) const 
     return OneLine(value.toString());
 }
 
+void LabelDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+    QStyledItemDelegate::initStyleOption(option, index);
+    const QVariant elideMode = index.data(ElideModeRole);
+    if (elideMode.isValid()) option->textElideMode = elideMode.value<Qt::TextElideMode>();
+}
+
 QSize LabelDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const {
     QSize hint = QStyledItemDelegate::sizeHint(option, index);
-    hint.setHeight(std::max({18, option.fontMetrics.height(), option.decorationSize.height()}));
+    hint.setHeight(
+        std::max({Pixels(270), option.fontMetrics.height(), option.decorationSize.height()}));
     return hint;
 }
 

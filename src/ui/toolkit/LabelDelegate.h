@@ -14,6 +14,10 @@ class LabelDelegate : public QStyledItemDelegate {
   public:
     using QStyledItemDelegate::QStyledItemDelegate;
 
+    // A model's answer in this role says where a text that doesn't fit loses what is left out: a
+    // Qt::TextElideMode. Without one it loses its end.
+    static constexpr int ElideModeRole = Qt::UserRole;
+
     QString displayText(const QVariant& value, const QLocale& locale) const override;
 
     // The height is that of every row, whatever its text and its icon: a view with rows of one
@@ -26,6 +30,9 @@ class LabelDelegate : public QStyledItemDelegate {
 
     void setModelData(QWidget* editor, QAbstractItemModel* model,
                       const QModelIndex& index) const override;
+
+  protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override;
 
   Q_SIGNALS:
     void LabelEdited(const QModelIndex& index, const std::string& sNewText) const;

@@ -1,12 +1,13 @@
 #include "ui/toolkit/ListModel.h"
 
 #include "platform/Failure.h"
-#include "ui/toolkit/DraggedRows.h"
+#include "ui/toolkit/LabelDelegate.h"
 #include "ui/toolkit/ShownText.h"
 #include "ui/toolkit/Strings.h"
 
-#include <QMimeData>
+#include <algorithm>
 #include <iterator>
+#include <numeric>
 #include <utility>
 
 namespace tavel {
@@ -21,7 +22,7 @@ constexpr std::size_t EnoughBytes = 4 * MaxShown;
 void ListModel::AddColumn(std::string_view sCaption) {
     const int place = columnCount();
     beginInsertColumns({}, place, place);
-    m_columns.push_back({std::string(sCaption), Qt::AlignLeft | Qt::AlignVCenter});
+    m_columns.push_back({std::string(sCaption), Qt::AlignLeft | Qt::AlignVCenter, Qt::ElideRight});
     endInsertColumns();
 }
 
@@ -37,61 +38,93 @@ void ListModel::AlignRight(int column) {
     Q_EMIT headerDataChanged(Qt::Horizontal, column, column);
 }
 
+void ListModel::ElideInMiddle(int column) {
+    m_columns[static_cast<std::size_t>(column)].elideMode = Qt::ElideMiddle;
+}
+
 void ListModel::Append(std::vector<ListRow> rows) {
     if (rows.empty()) return;
-    const std::size_t first = m_rows.size();
-    beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + rows.size()) - 1);
+    const int firstPlace = static_cast<int>(m_rows.size());
     if (m_rows.empty()) {
         m_rows = std::move(rows);
     } else {
         m_rows.insert(m_rows.end(), std::make_move_iterator(rows.begin()),
                       std::make_move_iterator(rows.end()));
     }
-    const bool isUnique = IndexFrom(first);
+    IndexFrom(firstPlace);
+
+    const std::size_t first = m_places.size();
+    const std::size_t count = m_rows.size() - static_cast<std::size_t>(firstPlace);
+    beginInsertRows({}, static_cast<int>(first), static_cast<int>(first + count) - 1);
+    m_places.resize(first + count);
+    std::iota(m_places.begin() + static_cast<std::ptrdiff_t>(first), m_places.end(), firstPlace);
     endInsertRows();
-    if (isUnique) return;
-    Remove(static_cast<int>(first), static_cast<int>(m_rows.size() - first));
-    Fail(failure::ListKeyNotUnique);
 }
 
-// False when one of these rows has a key that a row before it has.
-bool ListModel::IndexFrom(std::size_t firstRow) {
-    const auto keyOf = [this](int row) -> std::string_view { return Row(row).sKey; };
-    for (std::size_t row = firstRow; row < m_rows.size(); ++row) {
-        if (!m_keys.Insert(static_cast<int>(row), keyOf)) return false;
+// Leaves the rows from there on out when one of them has a key that a row before it has.
+void ListModel::IndexFrom(int firstPlace) {
+    const auto keyAt = [this](int place) -> std::string_view { return KeyAt(place); };
+    const int end = static_cast<int>(m_rows.size());
+    for (int place = firstPlace; place < end; ++place) {
+        if (m_keys.Insert(place, keyAt)) continue;
+        while (place-- > firstPlace) m_keys.Remove(KeyAt(place), keyAt);
+        m_rows.resize(static_cast<std::size_t>(firstPlace));
+        Fail(failure::ListKeyNotUnique);
     }
-    return true;
 }
 
 void ListModel::Remove(int first, int count) {
+    const auto keyAt = [this](int place) -> std::string_view { return KeyAt(place); };
     beginRemoveRows({}, first, first + count - 1);
-    const auto begin = m_rows.begin() + first;
-    m_rows.erase(begin, begin + count);
+    const auto begin = m_places.begin() + first;
+    for (auto place = begin; place != begin + count; ++place) {
+        m_keys.Remove(KeyAt(*place), keyAt);
+        m_rows[static_cast<std::size_t>(*place)] = {};
+    }
+    m_places.erase(begin, begin + count);
+    if (m_rows.size() > 2 * m_places.size()) CloseUp();
+    endRemoveRows();
+}
+
+// Takes the empty places out, once there are more of them than rows.
+void ListModel::CloseUp() {
+    std::vector<ListRow> rows;
+    rows.reserve(m_places.size());
+    for (int& place : m_places) {
+        rows.push_back(std::move(m_rows[static_cast<std::size_t>(place)]));
+        place = static_cast<int>(rows.size()) - 1;
+    }
+    m_rows = std::move(rows);
     m_keys.Clear();
     IndexFrom(0);
-    endRemoveRows();
 }
 
 void ListModel::Clear() {
     if (m_rows.empty()) return;
     beginResetModel();
     m_rows.clear();
+    m_places.clear();
     m_keys.Clear();
     endResetModel();
 }
 
 int ListModel::PositionOf(std::string_view sKey) const {
-    return m_keys.Find(sKey, [this](int row) -> std::string_view { return Row(row).sKey; });
+    const int place =
+        m_keys.Find(sKey, [this](int candidate) -> std::string_view { return KeyAt(candidate); });
+    if (place < 0) return -1;
+    const auto found = std::lower_bound(m_places.begin(), m_places.end(), place);
+    return static_cast<int>(found - m_places.begin());
 }
 
 void ListModel::SetCell(int row, int column, std::string_view sText) {
-    m_rows[static_cast<std::size_t>(row)].sCells.Set(static_cast<std::size_t>(column), sText);
+    const int place = m_places[static_cast<std::size_t>(row)];
+    m_rows[static_cast<std::size_t>(place)].sCells.Set(static_cast<std::size_t>(column), sText);
     const QModelIndex changed = index(row, column);
     if (changed.isValid()) Q_EMIT dataChanged(changed, changed);
 }
 
 int ListModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(m_rows.size());
+    return parent.isValid() ? 0 : static_cast<int>(m_places.size());
 }
 
 int ListModel::columnCount(const QModelIndex& parent) const {
@@ -112,8 +145,13 @@ QVariant ListModel::data(const QModelIndex& index, int role) const {
             return index.column() == 0 && !Row(index.row()).icon.isNull()
                        ? QVariant(Row(index.row()).icon)
                        : QVariant();
+        case Qt::AccessibleTextRole:
+            return index.column() == 0 ? QVariant(QLatin1String(Row(index.row()).sIconText))
+                                       : QVariant();
         case Qt::TextAlignmentRole:
             return QVariant(m_columns[static_cast<std::size_t>(index.column())].alignment);
+        case LabelDelegate::ElideModeRole:
+            return m_columns[static_cast<std::size_t>(index.column())].elideMode;
         default:
             return {};
     }
@@ -139,7 +177,5 @@ Qt::ItemFlags ListModel::flags(const QModelIndex& index) const {
     if (index.column() == 0) flags |= Qt::ItemIsEditable;
     return flags;
 }
-
-QMimeData* ListModel::mimeData(const QModelIndexList&) const { return MakeDraggedRows(); }
 
 }  // namespace tavel

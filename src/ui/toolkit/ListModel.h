@@ -12,11 +12,13 @@
 
 namespace tavel {
 
-// A row of a list: its key, its cells from the first column on, and the icon of its first cell.
+// A row of a list: its key, its cells from the first column on, the icon of its first cell and what
+// the icon says, for those who don't see it.
 struct ListRow {
     std::string sKey;
     CellTexts sCells;
     QIcon icon = {};
+    const char* sIconText = "";  // outlives the row
 };
 
 // The rows and columns behind a ListView. Texts stay in the engine's form until they are drawn, so
@@ -30,13 +32,16 @@ class ListModel : public QAbstractTableModel {
     void AddColumn(std::string_view sCaption);
     void ClearColumns();
     void AlignRight(int column);
+    void ElideInMiddle(int column);
 
     // Takes all rows or none: fails with 35602 when a key is there already.
     void Append(std::vector<ListRow> rows);
     void Remove(int first, int count);
     void Clear();
 
-    const ListRow& Row(int row) const { return m_rows[static_cast<std::size_t>(row)]; }
+    const ListRow& Row(int row) const {
+        return m_rows[static_cast<std::size_t>(m_places[static_cast<std::size_t>(row)])];
+    }
     int PositionOf(std::string_view sKey) const;  // -1 when no row has the key
     void SetCell(int row, int column, std::string_view sText);
     void SetDragSource(bool bDragSource) { m_dragSource = bDragSource; }
@@ -47,20 +52,26 @@ class ListModel : public QAbstractTableModel {
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
-    QMimeData* mimeData(const QModelIndexList& indexes) const override;
 
   private:
     struct Column {
         std::string sCaption;
         Qt::Alignment alignment;
+        Qt::TextElideMode elideMode;
     };
 
-    bool IndexFrom(std::size_t firstRow);
+    const std::string& KeyAt(int place) const {
+        return m_rows[static_cast<std::size_t>(place)].sKey;
+    }
+    void IndexFrom(int firstPlace);
+    void CloseUp();
     std::string_view CellOf(const QModelIndex& index) const;
 
     std::vector<Column> m_columns;
-    std::vector<ListRow> m_rows;
-    RowKeys m_keys;
+    // A row keeps its place while others go, so that its key need not be found anew for each.
+    std::vector<ListRow> m_rows;  // in the order in which they came, with empty places in between
+    std::vector<int> m_places;    // of each row in m_rows; rising
+    RowKeys m_keys;               // to places
     bool m_dragSource = false;
 };
 

@@ -5,13 +5,34 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QHeaderView>
+#include <QScopedValueRollback>
+#include <QStyleOptionHeader>
+#include <QStylePainter>
 #include <algorithm>
 #include <functional>
 #include <utility>
 
 namespace tavel {
 
-ListView::ListView(QWidget* parent) : QTreeView(parent) {
+namespace {
+
+// Goes on with the header above the scroll bar, so that what stands on the header's end doesn't
+// stand on the bar's arrow.
+class HeaderEnd : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionHeader option;
+        option.initFrom(this);
+        QStylePainter(this).drawControl(QStyle::CE_HeaderEmptyArea, option);
+    }
+};
+
+}  // namespace
+
+ListView::ListView(QWidget* parent) : RowInput(parent), m_headerEnd(new HeaderEnd) {
     setModel(&m_rows);
     setUniformRowHeights(true);
     setRootIsDecorated(false);
@@ -19,21 +40,19 @@ ListView::ListView(QWidget* parent) : QTreeView(parent) {
     setAllColumnsShowFocus(true);
     setSelectionMode(ExtendedSelection);
     setEditTriggers(NoEditTriggers);
-    setIconSize({16, 16});
+    setIconSize({Pixels(240), Pixels(240)});
     setMouseTracking(true);
     header()->setStretchLastSection(false);
     header()->setSectionsClickable(false);
     header()->setSectionsMovable(false);
     header()->setMinimumSectionSize(Pixels(300));
-    header()->setMinimumHeight(24);
+    header()->setMinimumHeight(Pixels(360));
+    addScrollBarWidget(m_headerEnd, Qt::AlignTop);
 
     auto* labels = new LabelDelegate(this);
     setItemDelegate(labels);
     connect(labels, &LabelDelegate::LabelEdited, this,
             [this](const QModelIndex&, const std::string& sNewText) { LabelEdited(sNewText); });
-    connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            [this] { m_selectionChanged = true; });
-    connect(this, &QTreeView::clicked, this, [this] { m_clicked = true; });
     connect(this, &QTreeView::doubleClicked, this, [this] { RowDoubleClicked(); });
 }
 
@@ -44,6 +63,7 @@ void ListView::AddColumn(std::string_view sKey, std::string_view sCaption, int w
 }
 
 void ListView::ClearColumns() {
+    BreakOffEdit();
     m_rows.ClearColumns();
     m_columns.clear();
 }
@@ -55,6 +75,8 @@ void ListView::SetColumnWidth(std::string_view sKey, int width) {
 }
 
 void ListView::AlignColumnRight(std::string_view sKey) { m_rows.AlignRight(ColumnOf(sKey)); }
+
+void ListView::ElideColumnInMiddle(std::string_view sKey) { m_rows.ElideInMiddle(ColumnOf(sKey)); }
 
 int ListView::ColumnWidth(std::string_view sKey) const {
     return m_columns[static_cast<std::size_t>(ColumnOf(sKey))].width;
@@ -105,13 +127,18 @@ void ListView::RemoveSelected() {
 void ListView::RemovePlaces(int first, int count) {
     const int current = currentIndex().row();
     if (current >= first && current < first + count) {
+        BreakOffEdit();
+        const QScopedValueRollback removing(m_removing, true);
         const int next = first + count < Count() ? first + count : first - 1;
         selectionModel()->setCurrentIndex(m_rows.index(next, 0), QItemSelectionModel::NoUpdate);
     }
     m_rows.Remove(first, count);
 }
 
-void ListView::Clear() { m_rows.Clear(); }
+void ListView::Clear() {
+    BreakOffEdit();
+    m_rows.Clear();
+}
 
 const std::string& ListView::Key(Long row) const { return m_rows.Row(Place(row)).sKey; }
 
@@ -142,15 +169,27 @@ int ListView::RowTop(Long row) const {
     return Twips(rect.top() + viewport()->y());
 }
 
-Long ListView::RowAt(QPoint position) const {
-    const QModelIndex index = indexAt(position);
-    return index.isValid() ? index.row() + 1 : 0;
-}
-
 void ListView::StartLabelEdit() {
     const QModelIndex label = m_rows.index(Place(Current()), 0);
     scrollTo(label);
     edit(label);
+}
+
+void ListView::updateGeometries() {
+    QTreeView::updateGeometries();
+    m_headerEnd->setFixedHeight(header()->height());
+}
+
+// Where the current row stands takes a layout of all rows. While they go one after the other it is
+// asked for once, when the last has gone.
+void ListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    if (!m_removing) return QTreeView::currentChanged(current, previous);
+    if (std::exchange(m_currentIsNews, true)) return;
+    const auto tell = [this] {
+        m_currentIsNews = false;
+        QTreeView::currentChanged(currentIndex(), {});
+    };
+    QMetaObject::invokeMethod(this, tell, Qt::QueuedConnection);
 }
 
 int ListView::Place(Long row) const {

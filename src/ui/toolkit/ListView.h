@@ -2,8 +2,8 @@
 
 #include "platform/Numbers.h"
 #include "ui/toolkit/ListModel.h"
+#include "ui/toolkit/RowInput.h"
 
-#include <QTreeView>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,7 +20,7 @@ namespace tavel {
 //
 // Failures: 35600 for a row that is not there, 35601 for a key that is not there, 35602 for a key
 // that is there already, 91 when the current row is asked for and there is none.
-class ListView : public QTreeView {
+class ListView : public RowInput<QTreeView> {
     Q_OBJECT
 
   public:
@@ -33,6 +33,7 @@ class ListView : public QTreeView {
     void ClearColumns();
     void SetColumnWidth(std::string_view sKey, int width);
     void AlignColumnRight(std::string_view sKey);
+    void ElideColumnInMiddle(std::string_view sKey);  // texts that don't fit, such as paths
     int ColumnWidth(std::string_view sKey) const;
     int ColumnLeft(std::string_view sKey) const;
 
@@ -52,44 +53,44 @@ class ListView : public QTreeView {
     bool HasCurrent() const { return currentIndex().isValid(); }
     Long Current() const;
     const std::string& CurrentKey() const { return Key(Current()); }
-    int RowLeft(Long row) const;        // from the left edge of the list
-    int RowTop(Long row) const;         // from the top of the list, header included
-    Long RowAt(QPoint position) const;  // 0 when no row lies there; a point of the viewport
+    int RowLeft(Long row) const;  // from the left edge of the list
+    int RowTop(Long row) const;   // from the top of the list, header included
 
     void StartLabelEdit();  // of the current row
     void SetDragSource(bool bDragSource);
-    void SetDropTarget(bool bDropTarget);
 
   Q_SIGNALS:
-    // The user has made a row the current one, by pointer or by keyboard, or has clicked or
-    // selected the current one. A right press counts as a click and selects the row first, if it
-    // was not selected.
+    // The user has pressed a button on a row, or has otherwise made a row the current one or
+    // selected the current one. It is the current row by now.
     void RowClicked();
     void RowDoubleClicked();
-    void MouseReleased(Qt::MouseButton button, QPoint viewportPosition);
+    // The right button was let go over a row, or the Menu key pressed, which is about the current
+    // row. Either selects its row first and clicks it, if it was not selected.
+    void MenuRequested(QPoint globalPosition);
+    void MouseReleased(Qt::MouseButton button);
     void MouseMoved(Qt::MouseButtons buttons, int x, int y);
     void KeyPressed(int key);
     void LabelEdited(const std::string& sNewText);
     void RowsDropped();
 
   protected:
+    void CurrentClicked(const QModelIndex& former) override;
+    void MenuRequestedOfCurrent(QPoint globalPosition) override;
+    void RowsDroppedAt(QPoint viewportPosition) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void startDrag(Qt::DropActions actions) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dragMoveEvent(QDragMoveEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
-    void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
+    void updateGeometries() override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
     int Place(Long row) const;
     int ColumnOf(std::string_view sKey) const;
     void RemovePlaces(int first, int count);
-    void BeginInput();
-    bool RowChosen() const;
+    void SelectAlone(const QModelIndex& row);
 
     struct Column {
         std::string sKey;
@@ -97,11 +98,10 @@ class ListView : public QTreeView {
     };
 
     ListModel m_rows;
+    QWidget* m_headerEnd;
     std::vector<Column> m_columns;
-    QPersistentModelIndex m_currentAtPress;
-    bool m_selectionChanged = false;
-    bool m_pressed = false;
-    bool m_clicked = false;
+    bool m_removing = false;
+    bool m_currentIsNews = false;
 };
 
 }  // namespace tavel

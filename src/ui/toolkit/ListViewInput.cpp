@@ -1,48 +1,42 @@
-#include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/ListView.h"
+#include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
-
-#include <QDropEvent>
-#include <QKeyEvent>
-#include <QMouseEvent>
-#include <utility>
 
 namespace tavel {
 
-void ListView::BeginInput() {
-    m_currentAtPress = currentIndex();
-    m_selectionChanged = false;
+void ListView::CurrentClicked(const QModelIndex&) { Q_EMIT RowClicked(); }
+
+void ListView::MenuRequestedOfCurrent(QPoint globalPosition) {
+    if (!Selected(Current())) {
+        SelectAlone(currentIndex());
+        Q_EMIT RowClicked();
+    }
+    Q_EMIT MenuRequested(globalPosition);
 }
 
-// The first row is current from the fill on: it can be selected without a move to it.
-bool ListView::RowChosen() const {
-    if (!HasCurrent()) return false;
-    return QModelIndex(m_currentAtPress).row() != currentIndex().row() ||
-           (m_selectionChanged && Selected(Current()));
+void ListView::RowsDroppedAt(QPoint) { Q_EMIT RowsDropped(); }
+
+void ListView::SelectAlone(const QModelIndex& row) {
+    selectionModel()->setCurrentIndex(
+        row, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
 void ListView::mousePressEvent(QMouseEvent* event) {
-    BeginInput();
-    m_pressed = true;
-    m_clicked = false;
-    QTreeView::mousePressEvent(event);
-    if (event->button() != Qt::RightButton) return;
-    const QModelIndex index = indexAt(event->pos());
-    if (!index.isValid()) return;
-    m_pressed = false;
-    if (!selectionModel()->isSelected(index)) {
-        selectionModel()->setCurrentIndex(
-            index, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
-    }
-    Q_EMIT RowClicked();
+    const QModelIndex row = indexAt(event->pos());
+    const bool bRight = event->button() == Qt::RightButton;
+    // With the Control or Shift key Qt would open a menu over rows that it is not about.
+    if (bRight && row.isValid() && !selectionModel()->isSelected(row)) SelectAlone(row);
+    RowInput::mousePressEvent(event);
 }
 
 void ListView::mouseReleaseEvent(QMouseEvent* event) {
-    const bool bPressed = std::exchange(m_pressed, false);
+    const bool bFramed = state() == DragSelectingState;  // a frame drawn around rows
     QTreeView::mouseReleaseEvent(event);
-    const bool bClicked = std::exchange(m_clicked, false);
-    if (bClicked || (bPressed && RowChosen())) Q_EMIT RowClicked();
-    Q_EMIT MouseReleased(event->button(), event->pos());
+    if (bFramed) EndInput();
+    if (event->button() == Qt::RightButton && indexAt(event->pos()).isValid()) {
+        Q_EMIT MenuRequested(event->globalPosition().toPoint());
+    }
+    Q_EMIT MouseReleased(event->button());
 }
 
 void ListView::mouseMoveEvent(QMouseEvent* event) {
@@ -62,23 +56,10 @@ void ListView::mouseDoubleClickEvent(QMouseEvent* event) {
     mousePressEvent(&press);
 }
 
-// While a label is edited, what its editor leaves unhandled must not move the current row: the
-// edit would end up in another record.
 void ListView::keyPressEvent(QKeyEvent* event) {
-    if (state() == EditingState) return;
-    BeginInput();
-    QTreeView::keyPressEvent(event);
-    if (RowChosen()) Q_EMIT RowClicked();
-    Q_EMIT KeyPressed(event->key());
-}
-
-// A drag leaves the row that it began on as the current one; with the drag over, that counts as a
-// click, so that it doesn't make the Delete key act on another row than the one shown as current.
-// While it lasts, what it carries is still what the last click gave.
-void ListView::startDrag(Qt::DropActions actions) {
-    m_pressed = false;
-    QTreeView::startDrag(actions);
-    if (RowChosen()) Q_EMIT RowClicked();
+    const bool bEditing = state() == EditingState;
+    RowInput::keyPressEvent(event);
+    if (!bEditing) Q_EMIT KeyPressed(event->key());
 }
 
 void ListView::SetDragSource(bool bDragSource) {
@@ -86,19 +67,7 @@ void ListView::SetDragSource(bool bDragSource) {
     m_rows.SetDragSource(bDragSource);
 }
 
-void ListView::SetDropTarget(bool bDropTarget) { viewport()->setAcceptDrops(bDropTarget); }
-
-void ListView::dragEnterEvent(QDragEnterEvent* event) { AcceptDraggedRows(*event); }
-
-void ListView::dragMoveEvent(QDragMoveEvent* event) { AcceptDraggedRows(*event); }
-
-void ListView::dropEvent(QDropEvent* event) {
-    if (AcceptDraggedRows(*event)) Q_EMIT RowsDropped();
-}
-
-// The Tab key ends an edit; it does not go on to the label of the next row.
-void ListView::closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint) {
-    QTreeView::closeEditor(editor, QAbstractItemDelegate::NoHint);
-}
+// However many rows are selected, it is the one in the hand that goes.
+void ListView::startDrag(Qt::DropActions) { DragRow(*this, ToQString(Cell(Current(), 0))); }
 
 }  // namespace tavel

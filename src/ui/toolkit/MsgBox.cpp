@@ -5,7 +5,7 @@
 namespace tavel {
 
 MsgBoxAnswer MsgBox(const QString& text, MsgBoxButtons buttons, const QString& title) {
-    return CurrentPrompter().MsgBox(text, buttons, title);
+    return Service<Prompter>::Get().MsgBox(text, buttons, title);
 }
 
 }  // namespace tavel

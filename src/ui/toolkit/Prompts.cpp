@@ -4,17 +4,10 @@
 
 namespace tavel {
 
-namespace {
-
-Prompter* s_current = nullptr;
-
-}  // namespace
-
-Prompter& CurrentPrompter() {
+template <>
+Prompter* OwnService<Prompter>() {
     static RealPrompter real;
-    return s_current != nullptr ? *s_current : real;
+    return &real;
 }
-
-void UsePrompter(Prompter* prompter) { s_current = prompter; }
 
 }  // namespace tavel

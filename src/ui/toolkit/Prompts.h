@@ -2,6 +2,7 @@
 
 #include "core/MessageBoxes.h"
 #include "platform/Numbers.h"
+#include "platform/Service.h"
 
 #include <QString>
 #include <QStringList>
@@ -10,6 +11,12 @@
 class QWidget;
 
 namespace tavel {
+
+// Flags of a dialog that picks files. It is asked more than these, of which Qt's takes no notice.
+inline constexpr Long PickReadOnly = 0x1;      // the box "Open as read-only" is ticked
+inline constexpr Long PickHideReadOnly = 0x4;  // there is no such box
+inline constexpr Long PickMultiSelect = 0x200;
+inline constexpr Long PickFileMustExist = 0x1000;
 
 // What a dialog that picks existing files is asked, and what it answers. Paths are the host's.
 struct FileRequest {
@@ -21,10 +28,9 @@ struct FileRequest {
     QStringList patterns;  // one a filter, in its order: "*.jpg;*.png;"
     QStringList descriptions;
     int filterIndex = 0;  // from 0
-    bool mustExist = false;
-    bool multiSelect = false;
-    bool showReadOnly = false;  // a box "Open as read-only"
-    bool readOnly = false;
+    Long flags = 0;
+
+    bool Has(Long flag) const { return (flags & flag) != 0; }
 };
 
 struct FileAnswer {
@@ -74,8 +80,8 @@ class Prompter {
     virtual std::string PickFolder(const FolderRequest& request) = 0;
 };
 
-// The real boxes, unless UsePrompter has put another in their place (nullptr: back to the real).
-Prompter& CurrentPrompter();
-void UsePrompter(Prompter* prompter);
+// The real boxes.
+template <>
+Prompter* OwnService<Prompter>();
 
 }  // namespace tavel

@@ -7,6 +7,7 @@
 
 #include <QDir>
 #include <QFileInfo>
+#include <QGridLayout>
 #include <QInputDialog>
 #include <QMessageBox>
 #include <QPointer>
@@ -44,6 +45,7 @@ QMessageBox::StandardButtons ButtonsOf(MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return QMessageBox::Ok | QMessageBox::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return QMessageBox::Yes | QMessageBox::No;
         case MsgBoxButtons::OK:
             break;
@@ -56,6 +58,7 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
         case MsgBoxButtons::OKCancel:
             return pressed == QMessageBox::Ok ? MsgBoxAnswer::OK : MsgBoxAnswer::Cancel;
         case MsgBoxButtons::YesNo:
+        case MsgBoxButtons::YesNoDefaultNo:
             return pressed == QMessageBox::Yes ? MsgBoxAnswer::Yes : MsgBoxAnswer::No;
         case MsgBoxButtons::OK:
             break;
@@ -63,9 +66,24 @@ MsgBoxAnswer AnswerOf(int pressed, MsgBoxButtons buttons) {
     return MsgBoxAnswer::OK;
 }
 
+// Lines may also end between the folders of a path: it often has no blank, and cut off it would
+// not tell its file.
 QString WithLineBreaks(QString text) {
     return text.replace(QLatin1String("\r\n"), QLatin1String("\n"))
-        .replace(QLatin1Char('\r'), QLatin1Char('\n'));
+        .replace(QLatin1Char('\r'), QLatin1Char('\n'))
+        .replace(QLatin1Char('\\'), QStringLiteral("\\\u200B"));
+}
+
+// The text of a box without an icon is indented, as though one might come yet.
+void LeaveNoRoomForAnIcon(const QMessageBox& box) {
+    auto& grid = static_cast<QGridLayout&>(*box.layout());
+    grid.setHorizontalSpacing(0);
+    for (int i = 0; i < grid.count(); ++i) {
+        QSpacerItem* indent = grid.itemAt(i)->spacerItem();
+        if (indent != nullptr) indent->changeSize(0, 0, QSizePolicy::Fixed, QSizePolicy::Fixed);
+    }
+    // The text stands in the last column, which takes the room that the buttons make.
+    grid.setColumnStretch(grid.columnCount() - 1, 1);
 }
 
 }  // namespace
@@ -78,7 +96,9 @@ MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
     box->setTextFormat(Qt::PlainText);
     box->setText(WithLineBreaks(text));
     box->setStandardButtons(ButtonsOf(buttons));
+    if (buttons == MsgBoxButtons::YesNoDefaultNo) box->setDefaultButton(QMessageBox::No);
     PlainButtons(*box);
+    LeaveNoRoomForAnIcon(*box);
     return AnswerOf(box.Run(), buttons);
 }
 
@@ -89,6 +109,7 @@ QString RealPrompter::InputBox(const QString& prompt, const QString& title,
     box->setWindowTitle(title);
     box->setLabelText(prompt);
     box->setTextValue(defaultText);
+    box->adjustSize();  // makes the buttons
     PlainButtons(*box);
     return box.Run() == QDialog::Accepted ? box->textValue() : QString();
 }

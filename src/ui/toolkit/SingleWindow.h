@@ -19,7 +19,7 @@ template <class W>
 class SingleWindow {
   public:
     static W& Get() {
-        if (s_window == nullptr) Create();
+        if (!Loaded()) Create();
         return *s_window;
     }
 
@@ -28,7 +28,7 @@ class SingleWindow {
     // Runs no closeEvent. May be called from within a handler of the window: the object lives on,
     // hidden, until control is back in the event loop, but Get gives a fresh one from now on.
     static void Unload() {
-        if (s_window == nullptr) return;
+        if (!Loaded()) return;
         W* gone = Forget();
         gone->hide();
         gone->deleteLater();

@@ -18,7 +18,7 @@ DeviceWindowTest::DeviceWindowTest() {
 void DeviceWindowTest::AnswerDelete(Long row, MsgBoxAnswer answer) {
     RightClickRow(row);
     prompts.ExpectMsgBox(QStringLiteral("This will remove the file(s) from the PSP, are you sure?"),
-                         MsgBoxButtons::YesNo, answer, QStringLiteral("Confirm Delete"));
+                         MsgBoxButtons::YesNoDefaultNo, answer, QStringLiteral("Confirm Delete"));
     Pick({"mnuPSPRMB", "mnuPSPDel"});
 }
 

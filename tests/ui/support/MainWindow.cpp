@@ -2,13 +2,16 @@
 
 #include "core/PublicStuff.h"
 #include "ui/toolkit/Application.h"
+#include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QDir>
 #include <QImage>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QMouseEvent>
+#include <QSaveFile>
 #include <utility>
 
 namespace tavel::test {
@@ -38,13 +41,13 @@ void AddGroup(Collection<T>& groups, const std::string& sID, const std::vector<s
     }
 }
 
-std::string TextOfNode(const QTreeWidgetItem& item) {
+std::string Branch(const QTreeWidgetItem& item) {
     const auto& node = static_cast<const TreeNode&>(item);
-    std::string text = node.Key() + "=" + node.Text();
+    std::string text = node.Key() + "=" + FromQString(node.text(0));
     if (node.childCount() == 0) return text;
     text += node.isExpanded() ? "+(" : "-(";
     for (int i = 0; i < node.childCount(); ++i) {
-        text += (i == 0 ? "" : " ") + TextOfNode(*node.child(i));
+        text += (i == 0 ? "" : " ") + Branch(*node.child(i));
     }
     return text + ")";
 }
@@ -82,14 +85,16 @@ class FailureBoxes : public Prompter {
 // has begun one, which is when it makes the object of the drag.
 class DropWhileDragging : public QObject {
   public:
-    DropWhileDragging(ListView& list, QWidget& target, QPoint position)
-        : m_list(list), m_target(target), m_position(position) {
+    DropWhileDragging(ListView& list, QWidget& target, QPoint position,
+                      const std::function<void()>& underway)
+        : m_target(target), m_position(position), m_underway(underway) {
         list.installEventFilter(this);
     }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         if (event->type() == QEvent::ChildAdded &&
             !static_cast<QChildEvent*>(event)->child()->isWidgetType()) {
+            m_underway();
             Drop();
         }
         return QObject::eventFilter(watched, event);
@@ -97,7 +102,7 @@ class DropWhileDragging : public QObject {
 
   private:
     void Drop() {
-        const std::unique_ptr<QMimeData> rows(m_list.model()->mimeData({}));
+        const std::unique_ptr<QMimeData> rows(MakeDraggedRows());
         QDragEnterEvent enter(m_position, Qt::CopyAction, rows.get(), Qt::LeftButton, {});
         if (!m_target.acceptDrops()) return;
         QApplication::sendEvent(&m_target, &enter);
@@ -109,16 +114,16 @@ class DropWhileDragging : public QObject {
         QApplication::sendEvent(&m_target, &drop);
     }
 
-    ListView& m_list;
     QWidget& m_target;
     QPoint m_position;
+    const std::function<void()>& m_underway;
 };
 
 }  // namespace
 
 MainWindowTest::MainWindowTest() {
     ReleaseCollections();
-    UseFileService(&files);
+    Service<FileService>::Use(&files);
     gStyle = {"Verdanda", -1, -1};
     sDBFile = temp.DrivePath("db.txt");
     temp.Write("db.txt", "[watch]\r\ndelay=7\r\n");
@@ -128,7 +133,7 @@ MainWindowTest::~MainWindowTest() {
     SingleWindow<frmMain>::Unload();
     RunEvents();
     ReleaseCollections();
-    UseFileService(nullptr);
+    Service<FileService>::Use(nullptr);
 }
 
 Photo& MainWindowTest::AddPhoto(const std::string& sID, const std::string& sName, Long iSize) {
@@ -192,6 +197,7 @@ void MainWindowTest::PlugStick() {
     files.Plug('e', temp.HostPath("stick"));
 }
 
+// In one step each: another test program may be reading them.
 void MainWindowTest::InstallPictures() {
     const QDir folder(QCoreApplication::applicationDirPath());
     ASSERT_TRUE(folder.mkpath(QStringLiteral("UI")));
@@ -199,7 +205,10 @@ void MainWindowTest::InstallPictures() {
          {std::pair("UI/NoThumb.bmp", NoThumbWidth), {"UI/multiThumb.bmp", MultiThumbWidth}}) {
         QImage picture(width, 12, QImage::Format_RGB32);
         picture.fill(Qt::gray);
-        ASSERT_TRUE(picture.save(folder.filePath(QLatin1String(name))));
+        QSaveFile file(folder.filePath(QLatin1String(name)));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        ASSERT_TRUE(picture.save(&file, "BMP"));
+        ASSERT_TRUE(file.commit());
     }
 }
 
@@ -209,6 +218,11 @@ frmMain& MainWindowTest::Open() {
     window.activateWindow();
     (void)QTest::qWaitForWindowActive(&window);
     return window;
+}
+
+Box MainWindowTest::PlaceOf(const char* control) {
+    const QRect place = Find(Main(), control).geometry();
+    return {Twips(place.x()), Twips(place.y()), Twips(place.width()), Twips(place.height())};
 }
 
 void MainWindowTest::ClickNode(TreeView& tree, const std::string& sKey, Qt::MouseButton button) {
@@ -234,10 +248,11 @@ QPoint MainWindowTest::PointOfRow(Long row) {
     return grdItems().visualRect(grdItems().model()->index(row - 1, 0)).center();
 }
 
-void MainWindowTest::Drag(Long row, QWidget& target, QPoint position) {
+void MainWindowTest::Drag(Long row, QWidget& target, QPoint position,
+                          const std::function<void()>& underway) {
     QWidget& source = *grdItems().viewport();
     const QPoint start = PointOfRow(row);
-    const DropWhileDragging drop(grdItems(), target, position);
+    const DropWhileDragging drop(grdItems(), target, position, underway);
     QTest::mousePress(&source, Qt::LeftButton, {}, start);
     for (int step = 1; step <= 2; ++step) {
         const QPoint point = start + QPoint(step * QApplication::startDragDistance(), 0);
@@ -276,7 +291,11 @@ std::string MainWindowTest::EntriesOf(const char* menu) {
     return names;
 }
 
-std::string MainWindowTest::Tree(const TreeView& tree) { return TextOfNode(*tree.topLevelItem(0)); }
+std::string MainWindowTest::Tree(TreeView& tree) { return Branch(tree.Node("master")); }
+
+std::string MainWindowTest::TextOf(const QTreeWidgetItem& node) {
+    return FromQString(node.text(0));
+}
 
 std::string MainWindowTest::RowsOf(const ListView& list) {
     std::string rows;
@@ -301,9 +320,9 @@ std::string MainWindowTest::Members(const Group& group) {
 Long MainWindowTest::FatalOf(const std::function<void()>& work) {
     const FatalEnds ends;
     FailureBoxes boxes(prompts);
-    UsePrompter(&boxes);
+    Service<Prompter>::Use(&boxes);
     work();
-    UsePrompter(&prompts);
+    Service<Prompter>::Use(&prompts);
     return boxes.Number();
 }
 

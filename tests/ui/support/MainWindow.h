@@ -15,6 +15,7 @@
 
 #include <QMenu>
 #include <QTimer>
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <string>
@@ -36,7 +37,7 @@ class ToMainWindow : public Standing<DevicePanels>,
     void RefreshPSPStatus() override { SingleWindow<frmMain>::Get().RefreshPSPStatus(); }
     void RefreshPSPCats() override { SingleWindow<frmMain>::Get().RefreshPSPCats(); }
     void ShowPSPCats(bool bShow) override { SingleWindow<frmMain>::Get().ShowPSPCats(bShow); }
-    void RefreshCats() override { SingleWindow<frmMain>::Get().RefreshCats(); }
+    void RefreshCats() override { SingleWindow<frmMain>::Get().RefreshCatsLater(); }
     void Enable(bool bEnabled) override { SingleWindow<frmMain>::Get().Enable(bEnabled); }
 };
 
@@ -75,6 +76,7 @@ class MainWindowTest : public testing::Test {
     TreeView& trvCat() { return Find<TreeView>(Main(), "trvCat"); }
     TreeView& trvPSPCat() { return Find<TreeView>(Main(), "trvPSPCat"); }
     ListView& grdItems() { return Find<ListView>(Main(), "grdItems"); }
+    Box PlaceOf(const char* control);  // in twips
     ListView& grdSync() { return Find<ListView>(Main(), "grdSync"); }
 
     void ClickNode(TreeView& tree, const std::string& sKey,
@@ -91,8 +93,10 @@ class MainWindowTest : public testing::Test {
 
     void RightClickNode(const std::string& sKey) { ClickNode(trvCat(), sKey, Qt::RightButton); }
 
-    // Drags a row with the pointer and lets it go over a point of another control.
-    void Drag(Long row, QWidget& target, QPoint position);
+    // Drags a row with the pointer and lets it go over a point of another control; `underway` runs
+    // before it arrives there.
+    void Drag(
+        Long row, QWidget& target, QPoint position, const std::function<void()>& underway = [] {});
 
     // Picks an entry with the pointer: from the menu bar, or from the pop-up menu that stands.
     void Pick(std::initializer_list<const char*> names);
@@ -100,7 +104,8 @@ class MainWindowTest : public testing::Test {
     std::string EntriesOf(const char* menu);  // names of those that show, each with a blank
 
     // "key=text" of each node, "-(...)" or "+(...)" around its children as they are open.
-    static std::string Tree(const TreeView& tree);
+    static std::string Tree(TreeView& tree);
+    static std::string TextOf(const QTreeWidgetItem& node);
     static std::string RowsOf(const ListView& list);             // first cells, parted by "|"
     static std::string CellsOf(const ListView& list, Long row);  // cells, parted by "|"
 

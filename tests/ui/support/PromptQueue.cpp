@@ -36,10 +36,10 @@ Prompter& Refusing() {
     return refusing;
 }
 
-const bool refusesFromTheStart = (UsePrompter(&Refusing()), true);
+const bool refusesFromTheStart = (Service<Prompter>::Use(&Refusing()), true);
 
 QString MsgBoxQuestion(const QString& text, MsgBoxButtons buttons, const QString& title) {
-    const char* const names[] = {"OK", "OKCancel", "YesNo"};
+    const char* const names[] = {"OK", "OKCancel", "YesNo", "YesNoDefaultNo"};
     return QStringLiteral("MsgBox [%1] %2 (%3)")
         .arg(title, text, QLatin1String(names[static_cast<int>(buttons)]));
 }
@@ -56,15 +56,15 @@ QString FolderQuestion(const QString& title) {
 
 }  // namespace
 
-PromptQueue::PromptQueue() { UsePrompter(this); }
+PromptQueue::PromptQueue() { Service<Prompter>::Use(this); }
 
 PromptQueue::~PromptQueue() {
     for (const Expected& expected : m_expected)
         ADD_FAILURE() << "never asked: " << FromQString(expected.question);
-    UsePrompter(&Refusing());
+    Service<Prompter>::Use(&Refusing());
 }
 
-RealPrompts::~RealPrompts() { UsePrompter(&Refusing()); }
+RealPrompts::~RealPrompts() { Service<Prompter>::Use(&Refusing()); }
 
 void PromptQueue::ExpectMsgBox(const QString& text, MsgBoxButtons buttons, MsgBoxAnswer answer,
                                const QString& title, During during) {

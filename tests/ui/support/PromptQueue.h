@@ -57,7 +57,7 @@ class PromptQueue : public Prompter {
 // Puts the real boxes in place for as long as it lives.
 class RealPrompts {
   public:
-    RealPrompts() { UsePrompter(nullptr); }
+    RealPrompts() { Service<Prompter>::Use(nullptr); }
     ~RealPrompts();
     RealPrompts(const RealPrompts&) = delete;
     RealPrompts& operator=(const RealPrompts&) = delete;

@@ -27,8 +27,10 @@ QString TipAt(QWidget& control, QPoint position);
 // Lets what was posted run, deferred deletes included.
 void RunEvents();
 
-// Counts the fatal ends of the process instead of letting them happen, for as long as it lives.
-// Elsewhere a fatal failure fails the test.
+// What the program's failures end in here. It fails the test, unless FatalEnds counts them.
+void EndOfTheProcess();
+
+// Counts the fatal ends of the process for as long as it lives.
 class FatalEnds {
   public:
     FatalEnds();
