@@ -104,6 +104,12 @@ TEST_F(ZipReaderTest, A_link_that_lies_there_is_replaced_and_what_it_leads_to_is
     EXPECT_EQ(temp.Read("out/a.jpg"), "new");
 }
 
+TEST_F(ZipReaderTest, A_link_to_nothing_that_lies_there_is_not_followed) {
+    fs::create_symlink(temp.HostPath("elsewhere.jpg"), temp.HostPath("out/a.jpg"));
+    EXPECT_EQ(FailureOfExtracting({"a.jpg", "new"}), failure::PathNotFound);
+    EXPECT_FALSE(fs::exists(temp.HostPath("elsewhere.jpg")));
+}
+
 TEST_F(ZipReaderTest, An_archive_is_not_written_over_by_its_own_file) {
     const std::string bytes = MakeZip({{"archive.zip", "x"}});
     zip.ZipFile(Write("out/archive.zip", bytes));
@@ -263,6 +269,13 @@ TEST_F(ZipReaderTest, What_is_no_archive_does_not_open) {
                   failure::InvalidFileFormat)
             << bytes.size();
     }
+}
+
+TEST_F(ZipReaderTest, A_name_marked_as_UTF_8_that_is_none_keeps_the_archive_from_opening) {
+    ZipItem item{"a\x81.jpg", "x"};
+    Open({item});
+    item.flags = 1 << 11;
+    EXPECT_EQ(FailureOf([&] { Open({item}); }), failure::InvalidFileFormat);
 }
 
 TEST_F(ZipReaderTest, A_file_that_cannot_be_opened_fails_as_the_file_service_does) {

@@ -400,6 +400,16 @@ TEST_P(FileOperations, A_raw_file_tells_why_a_write_failed) {
     EXPECT_EQ(file->Error(), 61);
 }
 
+TEST_P(FileOperations, No_file_is_made_behind_a_link_to_nothing) {
+    fs::create_symlink(Host("elsewhere.bin"), Host("a.bin"));
+    Put("b.bin", "x");
+    Long error = 0;
+    EXPECT_FALSE(files->OpenRaw(At("a.bin"), RawMode::Create, error));
+    EXPECT_EQ(error, 76);
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(At("b.bin"), At("a.bin"), true); }), 76);
+    EXPECT_FALSE(Has("elsewhere.bin"));
+}
+
 TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
     fs::create_directory(Host("sub"));
     Put("locked.bin", "x");
