@@ -176,6 +176,7 @@ void frmMain::ConnectMenus() {
         connect(&m_menus.Entry(name), &QAction::triggered, this, handler);
     };
     on("mnuAddFile", [this] { mnuAddFile_Click(); });
+    on("mnuAddZipFile", [this] { mnuAddZipFile_Click(); });
     on("mnuAddFolder", [this] { mnuAddFolder_Click(); });
     on("mnuExit", [this] { mnuExit_Click(); });
     on("mnuShowLog", [this] { mnuShowLog_Click(); });
@@ -193,8 +194,7 @@ void frmMain::ConnectMenus() {
     on("mnuPSPDel", [this] { mnuPSPDel_Click(); });
     on("mnuRename_Cat", [this] { trvCat->StartLabelEdit(); });
     on("mnuDelGroup_Cat", [this] { mnuDelGroup_Cat_Click(); });
-    for (const char* name :
-         {"mnuAddZipFile", "mnuWatchFolders", "mnuBackScan", "mnuOptions", "mnuThumbnail"}) {
+    for (const char* name : {"mnuWatchFolders", "mnuBackScan", "mnuOptions", "mnuThumbnail"}) {
         m_menus.Entry(name).setEnabled(false);
     }
 }
