@@ -201,6 +201,23 @@ TEST_F(AddZipFailures, A_bomb_ends_with_a_full_disk_and_hurts_nothing_else) {
     EXPECT_EQ(colPhoto.Count(), 0);
 }
 
+TEST_F(AddZipFailures, A_disk_full_in_the_middle_keeps_what_was_unzipped_for_the_next_try) {
+    fs::create_directories(temp.HostPath("stick/Media/Photos"));
+    FakeDrive& stick = files.Plug('e', temp.HostPath("stick"));
+    stick.bytesUntilFull = 8;
+    sDefaultDBPath = "e:\\Media";
+    const std::vector<ZipItem> items{{"in/a.jpg", "five!"}, {"in/b.jpg", "six of"}};
+    EXPECT_EQ(FailedActivityOf([&] { Import(items); }),
+              "Unpacking in\\b.jpg of " + temp.DrivePath("archive.zip"));
+    EXPECT_EQ(temp.Read("stick/Media/TEMPUNZIP/in/a.jpg"), "five!");
+    EXPECT_EQ(temp.Read("stick/Media/TEMPUNZIP/in/b.jpg"), "six");
+    EXPECT_EQ(colPhoto.Count(), 0);
+    stick.bytesUntilFull = FakeDrive::plenty;
+    Import(items);
+    EXPECT_EQ(temp.Read("stick/Media/Photos/a.jpg"), "five!");
+    EXPECT_EQ(temp.Read("stick/Media/Photos/b.jpg"), "six of");
+}
+
 TEST_F(AddZipFailures, A_failure_of_any_file_operation_is_fatal) {
     const std::vector<ZipItem> items{{"in/a.jpg", "1"}, {"b.txt", "2"}};
     bGroupZip = true;
