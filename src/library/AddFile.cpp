@@ -55,7 +55,7 @@ Integer GetFileType(std::string_view sPath) {
     return -1;
 }
 
-std::string AddFile(const std::string& sPath) {
+std::string AddFile(const std::string& sPath, bool bMayBeHidden) {
     const Doing adding("Adding", sPath);
     // Cut at the next load, it would lead nowhere.
     if (IsPathTooLong(sPath)) return "-1";
@@ -63,7 +63,7 @@ std::string AddFile(const std::string& sPath) {
     if (iType == -1) return "-1";
     bDBChanged = true;
     const FileEntry file = oFSO().GetFile(sPath);
-    if (!bAddHiddenFiles && file.Hidden) return {};
+    if (bMayBeHidden && !bAddHiddenFiles && file.Hidden) return {};
     std::string sID = MakeDBID(file, iType);
     WithItems(iType, [&](auto& items, auto*& current) {
         current = &items.Add(sID, {});

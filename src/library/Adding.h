@@ -14,8 +14,8 @@ Integer GetFileType(std::string_view sPath);
 
 // Makes a record of a file, which stays where it lies. Returns the new id, "-1" for a type that
 // isn't supported and for a path that is too long to be kept, the empty text for a file passed over
-// because it is hidden.
-std::string AddFile(const std::string& sPath);
+// because it is hidden. bMayBeHidden: False for a file that no user has hidden, whatever its name.
+std::string AddFile(const std::string& sPath, bool bMayBeHidden = true);
 
 // The answer of the multi-select file dialog, split at its NUL characters.
 void AddFiles(const std::vector<std::string>& sFiles);

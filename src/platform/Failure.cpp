@@ -9,7 +9,7 @@ namespace tavel {
 
 namespace {
 
-constexpr std::array<std::pair<Long, std::string_view>, 23> texts{{
+constexpr std::array<std::pair<Long, std::string_view>, 24> texts{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -25,6 +25,7 @@ constexpr std::array<std::pair<Long, std::string_view>, 23> texts{{
     {failure::DiskNotReady, "Disk not ready"},
     {failure::PathNotFound, "Path not found"},
     {failure::ObjectNotSet, "Object variable or With block variable not set"},
+    {failure::InvalidFileFormat, "Invalid file format"},
     {failure::InvalidPropertyValue, "Invalid property value"},
     {failure::InvalidPropertyArrayIndex, "Invalid property array index"},
     {failure::NoSuchMember, "Object doesn't support this property or method"},

@@ -25,6 +25,7 @@ inline constexpr Long PermissionDenied = 70;
 inline constexpr Long DiskNotReady = 71;
 inline constexpr Long PathNotFound = 76;
 inline constexpr Long ObjectNotSet = 91;
+inline constexpr Long InvalidFileFormat = 321;
 inline constexpr Long InvalidPropertyValue = 380;
 inline constexpr Long InvalidPropertyArrayIndex = 381;
 inline constexpr Long NoSuchMember = 438;

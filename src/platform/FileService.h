@@ -72,6 +72,12 @@ class RawFile {
     virtual std::int64_t Size() = 0;               // bytes; -1 on failure
     virtual bool Seek(std::int64_t position) = 0;  // from 0
     virtual bool Close() = 0;  // false when something written may not be on the medium
+
+    // The run-time's number for the first read, write or close that failed; 0 while none has.
+    virtual Long Error() const = 0;
+    // What is written gets this modification time, in seconds from 1970 on (UTC). To be called
+    // behind the last write; a time that the file system can't keep is passed over.
+    virtual void SetTime(std::int64_t seconds) = 0;
 };
 
 enum class RawMode {

@@ -70,6 +70,8 @@ class ZerosFile : public RawFile {
         return true;
     }
     bool Close() override { return true; }
+    Long Error() const override { return 0; }
+    void SetTime(std::int64_t) override {}
 
   private:
     std::int64_t m_size;
@@ -90,6 +92,8 @@ class BottomlessFile : public RawFile {
     std::int64_t Size() override { return 0; }
     bool Seek(std::int64_t) override { return true; }
     bool Close() override { return true; }
+    Long Error() const override { return 0; }
+    void SetTime(std::int64_t) override {}
 
   private:
     bool m_isWell;

@@ -1,5 +1,6 @@
 #include "platform/OnEachDrive.h"
 #include "platform/Text.h"
+#include "support/FileSizeLimit.h"
 #include "support/PlainUser.h"
 
 #include <sys/stat.h>
@@ -312,6 +313,17 @@ TEST_P(FileOperations, A_file_open_for_reading_shares_reads_alone) {
     EXPECT_TRUE(files->OpenRaw(At("b.bin"), RawMode::Create, error));
 }
 
+TEST_P(FileOperations, A_file_open_for_reading_cannot_be_deleted) {
+    Put("a.bin", "x");
+    Long error = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Read, error);
+    EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("A.BIN"), true); }), 70);
+    EXPECT_EQ(Bytes("a.bin"), "x");
+    EXPECT_TRUE(file->Close());
+    files->DeleteFile(At("A.BIN"), true);
+    EXPECT_FALSE(Has("a.bin"));
+}
+
 TEST_P(FileOperations, What_the_user_has_no_rights_to_is_refused) {
     Put("closed/a.bin", "x");
     Put("shown/a.bin", "x");
@@ -361,6 +373,41 @@ TEST_P(FileOperations, A_file_open_for_reading_cannot_be_opened_for_writing_by_a
     EXPECT_TRUE(files->OpenRaw(At("B.bin"), RawMode::Create, error));
     EXPECT_TRUE(first->Close());
     EXPECT_TRUE(files->OpenRaw(At("A.bin"), RawMode::Create, error));
+}
+
+TEST_P(FileOperations, A_file_that_is_written_can_be_given_a_date) {
+    Long error = 0;
+    std::size_t written = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+    ASSERT_TRUE(file->Write(std::string("bytes"), written));
+    file->SetTime(1'164'117'909);
+    ASSERT_TRUE(file->Close());
+    struct stat status {};
+    ASSERT_EQ(stat(Host("a.bin").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mtim.tv_sec, 1'164'117'909);
+    EXPECT_EQ(status.st_mtim.tv_nsec, 0);
+    EXPECT_EQ(Bytes("a.bin"), "bytes");
+}
+
+TEST_P(FileOperations, A_raw_file_tells_why_a_write_failed) {
+    Long error = 0;
+    std::size_t written = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+    ASSERT_TRUE(file->Write(std::string("bytes"), written));
+    EXPECT_EQ(file->Error(), 0);
+    const FileSizeLimit limit(8);
+    EXPECT_FALSE(file->Write(std::string("no room"), written));
+    EXPECT_EQ(file->Error(), 61);
+}
+
+TEST_P(FileOperations, No_file_is_made_behind_a_link_to_nothing) {
+    fs::create_symlink(Host("elsewhere.bin"), Host("a.bin"));
+    Put("b.bin", "x");
+    Long error = 0;
+    EXPECT_FALSE(files->OpenRaw(At("a.bin"), RawMode::Create, error));
+    EXPECT_EQ(error, 76);
+    EXPECT_EQ(FailureOf([&] { files->CopyFile(At("b.bin"), At("a.bin"), true); }), 76);
+    EXPECT_FALSE(Has("elsewhere.bin"));
 }
 
 TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {

@@ -1,5 +1,7 @@
 #include "support/FaultyFile.h"
 
+#include "platform/Failure.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -21,21 +23,35 @@ FaultyFile::FaultyFile(FaultyFileService& service, std::unique_ptr<RawFile> real
       m_path(std::move(path)),
       m_faults(faults) {}
 
-bool FaultyFile::IsDriveThere() { return m_service.Touch(m_letter); }
+bool FaultyFile::IsDriveThere() {
+    return m_service.Touch(m_letter) || Failed(failure::DiskNotReady);
+}
+
+bool FaultyFile::Failed(Long number) {
+    if (m_error == 0) m_error = number;
+    return false;
+}
+
+Long FaultyFile::Error() const { return m_error == 0 && m_real ? m_real->Error() : m_error; }
+
+void FaultyFile::SetTime(std::int64_t seconds) {
+    m_service.RecordRaw("SetTime " + m_path + " " + std::to_string(seconds));
+    m_real->SetTime(seconds);
+}
 
 bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
-    m_service.rawCalls.push_back("Read " + m_path + " " + std::to_string(buffer.size()));
+    m_service.RecordRaw("Read " + m_path + " " + std::to_string(buffer.size()));
     bytesRead = 0;
     if (!IsDriveThere()) return false;
     const auto allowed =
         std::min<std::int64_t>(static_cast<std::int64_t>(buffer.size()), m_faults.bytesToRead);
     if (!m_real->Read(buffer.first(static_cast<std::size_t>(allowed)), bytesRead)) return false;
     TakeFrom(m_faults.bytesToRead, static_cast<std::int64_t>(bytesRead));
-    return allowed == static_cast<std::int64_t>(buffer.size());
+    return allowed == static_cast<std::int64_t>(buffer.size()) || Failed(failure::DeviceIO);
 }
 
 bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
-    m_service.rawCalls.push_back("Write " + m_path + " " + std::to_string(buffer.size()));
+    m_service.RecordRaw("Write " + m_path + " " + std::to_string(buffer.size()));
     bytesWritten = 0;
     if (!IsDriveThere()) return false;
     FakeDrive& drive = m_service.At(m_letter);
@@ -50,7 +66,7 @@ bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) 
     }
     if (allowed == static_cast<std::int64_t>(buffer.size())) return true;
     if (drive.bytesUntilGone == 0) drive.isGone = true;
-    return false;
+    return Failed(drive.bytesUntilFull == 0 ? failure::DiskFull : failure::DeviceIO);
 }
 
 std::int64_t FaultyFile::Size() { return IsDriveThere() ? m_real->Size() : -1; }
@@ -59,8 +75,9 @@ bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->
 
 bool FaultyFile::Close() {
     if (!m_real) return m_isClosedWell;
-    m_service.rawCalls.push_back("Close " + m_path);
-    m_isClosedWell = m_real->Close() && IsDriveThere() && !m_faults.isCloseFailing;
+    m_service.RecordRaw("Close " + m_path);
+    m_isClosedWell = m_real->Close() && IsDriveThere() &&
+                     (!m_faults.isCloseFailing || Failed(failure::DeviceIO));
     m_real.reset();
     return m_isClosedWell;
 }

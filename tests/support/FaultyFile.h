@@ -22,9 +22,12 @@ class FaultyFile : public RawFile {
     std::int64_t Size() override;
     bool Seek(std::int64_t position) override;
     bool Close() override;
+    Long Error() const override;
+    void SetTime(std::int64_t seconds) override;
 
   private:
     bool IsDriveThere();
+    bool Failed(Long number);
 
     FaultyFileService& m_service;
     std::unique_ptr<RawFile> m_real;
@@ -32,6 +35,7 @@ class FaultyFile : public RawFile {
     std::string m_path;
     Faults m_faults;
     bool m_isClosedWell = true;
+    Long m_error = 0;
 };
 
 }  // namespace tavel::test

@@ -51,11 +51,17 @@ void FaultyFileService::FailOn(const std::string& callStart, Long number, int ti
 
 void FaultyFileService::Record(const std::string& call) {
     calls.push_back(call);
+    onCall(call);
     for (Fault& fault : m_faults) {
         if (fault.times == 0 || call.rfind(fault.callStart, 0) != 0) continue;
         --fault.times;
         Fail(fault.number);
     }
+}
+
+void FaultyFileService::RecordRaw(const std::string& call) {
+    rawCalls.push_back(call);
+    onCall(call);
 }
 
 FakeDrive* FaultyFileService::Find(char letter) {

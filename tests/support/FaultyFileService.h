@@ -4,6 +4,7 @@
 #include "platform/linux/DrivePath.h"
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <map>
 #include <memory>
@@ -60,6 +61,8 @@ class FaultyFileService : public FileService {
     std::vector<std::string> calls;
     // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Close e:\b".
     std::vector<std::string> rawCalls;
+    // Each of both as it comes.
+    std::function<void(const std::string&)> onCall = [](const std::string&) {};
 
     bool DriveExists(std::string_view name) override;
     std::shared_ptr<Drive> GetDrive(std::string_view name) override;
@@ -91,6 +94,7 @@ class FaultyFileService : public FileService {
     };
 
     void Record(const std::string& call);
+    void RecordRaw(const std::string& call);
     FakeDrive* Find(char letter);
     bool Touch(char letter);
     Mapped Map(std::string_view path);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Failure.h"
 #include "platform/FileService.h"
 
 #include <algorithm>
@@ -20,7 +21,10 @@ class MemoryFile : public RawFile {
 
     bool Read(std::span<char> buffer, std::size_t& bytesRead) override {
         bytesRead = 0;
-        if (Reads++ == FailAt) return false;
+        if (Reads++ == FailAt) {
+            m_error = failure::DeviceIO;
+            return false;
+        }
         const std::size_t start = std::min(m_position, m_bytes.size());
         bytesRead = m_bytes.copy(buffer.data(), buffer.size(), start);
         m_position += bytesRead;
@@ -36,10 +40,13 @@ class MemoryFile : public RawFile {
         return position >= 0;
     }
     bool Close() override { return !FailClose; }
+    Long Error() const override { return m_error; }
+    void SetTime(std::int64_t) override {}
 
   private:
     std::string m_bytes;
     std::size_t m_position = 0;
+    Long m_error = 0;
 };
 
 }  // namespace tavel::test

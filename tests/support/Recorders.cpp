@@ -71,6 +71,11 @@ MsgBoxAnswer MessageBoxesRecorder::MsgBox(const std::string& text, MsgBoxButtons
     return answer;
 }
 
+void AddWindowRecorder::SetPath(const std::string& sPath) {
+    m_calls.push_back("frmAdd.SetPath " + sPath);
+    onSetPath(sPath);
+}
+
 void AddWindowRecorder::Unload() {
     m_calls.push_back("frmAdd.Unload");
     exitChecked = false;

@@ -111,11 +111,10 @@ class AddWindowRecorder : public Standing<AddWindow> {
 
     // The user's cancelling; unloading clears it, as a fresh window's flag is clear.
     bool exitChecked = false;
+    std::function<void(const std::string&)> onSetPath = [](const std::string&) {};
 
     void Show() override { m_calls.push_back("frmAdd.Show"); }
-    void SetPath(const std::string& sPath) override {
-        m_calls.push_back("frmAdd.SetPath " + sPath);
-    }
+    void SetPath(const std::string& sPath) override;
     void Repaint() override { m_calls.push_back("frmAdd.Repaint"); }
     bool ExitChecked() override { return exitChecked; }
     void Unload() override;

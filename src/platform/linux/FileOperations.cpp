@@ -129,7 +129,7 @@ void CreateFolderAt(const Place& place) {
 
 void DeleteFileAt(const Place& place, bool force) {
     RequireFile(place);
-    if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
+    if ((place.IsReadOnly() && !force) || ReadShare::IsHeld(place)) Fail(failure::PermissionDenied);
     Require(unlinkat(place.Parent(), place.name.c_str(), 0) == 0);
     Require(KeepEntries(place));
 }

@@ -63,10 +63,14 @@ bool HostFile::Seek(std::int64_t position) {
     return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
-void HostFile::CopyTimeOf(const struct stat& status) {
-    const timespec times[2] = {{0, UTIME_OMIT}, status.st_mtim};
+void HostFile::SetTime(const timespec& modified) {
+    const timespec times[2] = {{0, UTIME_OMIT}, modified};
     futimens(m_file.Get(), times);
 }
+
+void HostFile::SetTime(std::int64_t seconds) { SetTime(timespec{seconds, 0}); }
+
+void HostFile::CopyTimeOf(const struct stat& status) { SetTime(status.st_mtim); }
 
 bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_place)); }
 
@@ -85,8 +89,10 @@ std::unique_ptr<HostFile> OpenHostFile(Place place, RawMode mode, Long& error) {
     const bool isNew = place.failure != 0;
     error = WhyNotToOpen(place, isWritten);
     if (error != 0) return nullptr;
-    const int flags = isWritten ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY;
-    Descriptor file(openat(place.Parent(), place.name.c_str(), flags | place.OpenFlags(), 0666));
+    // Where nothing was found a link to nothing may lie: no file is made at its other end.
+    const int flags = (isWritten ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY) |
+                      (isNew ? O_NOFOLLOW : 0) | place.OpenFlags();
+    Descriptor file(openat(place.Parent(), place.name.c_str(), flags, 0666));
     if (!file.IsOpen()) {
         error = FailureOfHostError(errno);
         return nullptr;

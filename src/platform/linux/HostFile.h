@@ -21,9 +21,9 @@ class HostFile : public RawFile {
     std::int64_t Size() override;
     bool Seek(std::int64_t position) override;
     bool Close() override;
+    Long Error() const override { return m_error; }
+    void SetTime(std::int64_t seconds) override;
 
-    // The run-time's number for the first failure, 0 when there was none.
-    Long Error() const { return m_error; }
     // Takes over the modification time of another file.
     void CopyTimeOf(const struct stat& status);
     // What is written is on the medium when it is closed, on any drive.
@@ -32,6 +32,7 @@ class HostFile : public RawFile {
   private:
     bool Failed();
     bool Flush();
+    void SetTime(const timespec& modified);
 
     Descriptor m_file;
     Place m_place;

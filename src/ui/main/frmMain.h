@@ -126,7 +126,9 @@ class frmMain : public QMainWindow {
     void trvPSPCat_NodeClick(const TreeNode& node);
     void ListPSPFolder(const std::string& sPath, Integer iType);
 
+    std::vector<std::string> PickFilesToAdd(std::string sFilter);
     void mnuAddFile_Click();
+    void mnuAddZipFile_Click();
     void mnuAddFolder_Click();
     static void mnuWatchFolders_Click();
     void mnuExit_Click();

@@ -1,6 +1,7 @@
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
+#include "library/ZipImport.h"
 #include "platform/Service.h"
 #include "platform/Text.h"
 #include "ui/main/ItemRows.h"
@@ -33,17 +34,33 @@ bool ConfirmsDelete(const char* sQuestion, MsgBoxButtons buttons = MsgBoxButtons
 
 }  // namespace
 
-void frmMain::mnuAddFile_Click() {
+// The picked file with an empty entry behind it, or the folder and the names of several; nothing
+// after a cancel.
+std::vector<std::string> frmMain::PickFilesToAdd(std::string sFilter) {
     std::string sFiles;
     std::string sFileTitle;
     bool bReadOnly = false;
-    std::string sFilter = FilterOfMedia();
     Long iFilterIndex = 1;
     Long iFlags = 0x280000;
     CDLG().VBGetOpenFileName(sFiles, sFileTitle, true, true, bReadOnly, true, sFilter, iFilterIndex,
                              "", "Select file(s) to add", "", this, iFlags);
-    if (Trim(sFiles).empty()) return;
-    AddFiles(Split(sFiles, '\0'));
+    if (Trim(sFiles).empty()) return {};
+    return Split(sFiles, '\0');
+}
+
+void frmMain::mnuAddFile_Click() {
+    const std::vector<std::string> sFiles = PickFilesToAdd(FilterOfMedia());
+    if (!sFiles.empty()) AddFiles(sFiles);
+}
+
+// Several archives are looked for under the folder and the name with nothing in between, up to the
+// empty entries at the end of what was picked: none is found but in the root of a drive, and there
+// the first empty entry fails.
+void frmMain::mnuAddZipFile_Click() {
+    const std::vector<std::string> sFiles = PickFilesToAdd("Zip Files (*.zip)|*.zip");
+    if (sFiles.empty()) return;
+    if (Trim(sFiles[1]).empty()) return AddZipFile(sFiles[0], bGroupZip);
+    for (std::size_t i = 1; i < sFiles.size(); ++i) AddZipFile(sFiles[0] + sFiles[i], bGroupZip);
 }
 
 void frmMain::mnuAddFolder_Click() {

@@ -175,6 +175,7 @@ void frmMain::ConnectMenus() {
         connect(&m_menus.Entry(name), &QAction::triggered, this, handler);
     };
     on("mnuAddFile", [this] { mnuAddFile_Click(); });
+    on("mnuAddZipFile", [this] { mnuAddZipFile_Click(); });
     on("mnuAddFolder", [this] { mnuAddFolder_Click(); });
     on("mnuWatchFolders", [] { mnuWatchFolders_Click(); });
     on("mnuExit", [this] { mnuExit_Click(); });
@@ -196,7 +197,6 @@ void frmMain::ConnectMenus() {
     on("mnuPSPDel", [this] { mnuPSPDel_Click(); });
     on("mnuRename_Cat", [this] { trvCat->StartLabelEdit(); });
     on("mnuDelGroup_Cat", [this] { mnuDelGroup_Cat_Click(); });
-    m_menus.Entry("mnuAddZipFile").setEnabled(false);
 }
 
 void frmMain::ConnectControls() {
