@@ -5,6 +5,7 @@
 #include "ui/main/frmNewPSP.h"
 #include "ui/support/MainWindow.h"
 #include "ui/toolkit/LineList.h"
+#include "ui/toolkit/Strings.h"
 
 #include <algorithm>
 

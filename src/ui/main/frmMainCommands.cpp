@@ -1,3 +1,4 @@
+#include "core/PublicStuff.h"
 #include "library/Adding.h"
 #include "library/Groups.h"
 #include "library/LibraryWindows.h"
