@@ -185,6 +185,8 @@ TEST_F(ZipReaderTest, Links_are_refused) {
     ZipItem link{"a.jpg", "/etc/passwd"};
     link.attributes = 0120777u << 16;
     ExpectRefused(link);
+    link.system = 19;
+    ExpectRefused(link);
 }
 
 TEST_F(ZipReaderTest, Encrypted_entries_are_refused) {

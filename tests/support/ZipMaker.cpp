@@ -52,7 +52,7 @@ std::string MakeZip(const std::vector<ZipItem>& items, const std::string& commen
     for (const ZipItem& item : items) {
         const std::string packed = item.isDeflated ? Deflate(item.bytes) : item.bytes;
         const std::string common = CommonFields(item, packed.size());
-        list += "PK\1\2" + Number(3 << 8 | 20, 2) + common + Number(0, 2 + 2 + 2) +
+        list += "PK\1\2" + Number(20, 1) + Number(item.system, 1) + common + Number(0, 2 + 2 + 2) +
                 Number(item.attributes, 4) +
                 Number(item.offset.value_or(static_cast<std::uint32_t>(entries.size())), 4) +
                 item.name + item.extra;

@@ -19,6 +19,7 @@ struct ZipItem {
     std::optional<std::uint32_t> offset = {};
     std::uint16_t time = 0x70A4;  // 14:05:08
     std::uint16_t date = 0x3575;  // 21 November 2006
+    std::uint8_t system = 3;      // that the archive was made on; 3 is Unix, 19 a Mac
     std::uint32_t attributes = 0;
     std::string extra = {};  // fields behind the entry's name
 };
