@@ -92,8 +92,7 @@ void TiffDirectoryWriter::PutBytes(std::uint16_t tag, std::string_view bytes) {
 }
 
 void TiffDirectoryWriter::Replace(std::string& file) const {
-    std::map<std::uint16_t, std::size_t>
-        values;  // where they stand, those without room in an entry
+    std::map<std::uint16_t, std::size_t> values;  // places of those without room in an entry
     for (const auto& [tag, entry] : m_entries) {
         if (entry.Numbers.size() * entry.NumberSize <= 4) continue;
         file.append(file.size() % 2, '\0');

@@ -7,6 +7,7 @@
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
 
+#include <QContextMenuEvent>
 #include <QDir>
 #include <QImage>
 #include <QLineEdit>
@@ -438,6 +439,19 @@ TEST_F(AssignThumbnailTest, the_dialog_leaves_the_focus_to_the_box_that_it_opens
     });
     Click(Dialog(), "cmdBrowse");
     EXPECT_NE(active, nullptr);
+}
+
+TEST_F(AssignThumbnailTest, the_menu_of_the_path_keeps_the_focus) {
+    Ask({"vd_b"});
+    QContextMenuEvent event(QContextMenuEvent::Mouse, {}, PathBox().mapToGlobal(QPoint()));
+    QApplication::sendEvent(&PathBox(), &event);
+    const QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    (void)QTest::qWaitFor([&] { return QGuiApplication::focusWindow() == menu->windowHandle(); });
+    RunEvents();
+    RunEvents();
+    EXPECT_EQ(QGuiApplication::focusWindow(), menu->windowHandle());
+    QApplication::activePopupWidget()->close();
 }
 
 }  // namespace tavel::test

@@ -116,6 +116,18 @@ TEST_F(ThumbnailTest, in_mode_3_the_picture_hops_over_its_row_and_back_when_the_
     EXPECT_EQ(imgThumb().x(), (2640 + grdItems().RowLeft(2)) / 15);
 }
 
+TEST_F(ThumbnailTest, at_the_last_rows_the_picture_lies_over_what_is_below_the_list) {
+    for (int i = 0; i < 40; ++i) AddVideo("vd_more" + std::to_string(i), "More");
+    Open();
+    iVidThumbMode = 3;
+    ClickNode("videoall");
+    for (Long row = 1; imgThumb().geometry().bottom() < Pixels(7500); ++row) ClickRow(row);
+    QWidget& client = Find(Main(), "client");
+    const QPoint corner = imgThumb().geometry().bottomLeft() + QPoint(5, -5);
+    ASSERT_TRUE(Find(Main(), "Image1").geometry().contains(corner));
+    EXPECT_EQ(client.childAt(corner), &imgThumb());
+}
+
 TEST_F(ThumbnailTest, the_picture_that_hopped_may_stand_above_the_list) {
     Open();
     iVidThumbMode = 3;

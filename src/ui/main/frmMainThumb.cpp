@@ -42,8 +42,8 @@ void frmMain::imgThumb_MouseMove() {
         PlaceThumbAtRow(top - m_layout.imgThumb.Height + 160, true);
 }
 
-// The top counts from the top of the list, without the list's own; so the picture stands a little
-// higher than its row, and what is in the way of the pointer is the row's right part alone.
+// The top counts from the top of the list and is used without the list's own, so the picture stands
+// that much higher: its upper edge touches the row, where the pointer meets it.
 void frmMain::PlaceThumbAtRow(int top, bool bAbove) {
     m_layout.imgThumb.Left = m_layout.grdItems.Left + grdItems->RowLeft(grdItems->Current());
     m_layout.imgThumb.Top = top;

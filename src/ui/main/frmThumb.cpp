@@ -69,7 +69,7 @@ frmThumb::frmThumb()
     setWindowTitle(QStringLiteral("Assign Thumbnail"));
     PlaceControls();
     StyleApply(*this, gStyle);
-    // Later, since a box that closes hands the focus on while it still stands.
+    // Queued: asking for the focus is for when its change is complete.
     connect(qApp, &QGuiApplication::focusWindowChanged, this, &frmThumb::KeepFocus,
             Qt::QueuedConnection);
 }
@@ -115,7 +115,7 @@ void frmThumb::KeepFocus() {
     const bool isOthers = focused != nullptr && focused != windowHandle() &&
                           focused->type() != Qt::Popup &&
                           QApplication::activeModalWidget() == nullptr;
-    if (isOthers && !isHidden()) activateWindow();
+    if (isOthers) activateWindow();
 }
 
 // What was made before goes first, even when nothing is picked then.
