@@ -202,11 +202,13 @@ class Clicks {
         const QPoint place = m_places[m_count++ % m_places.size()];
         using Soon = QWindowSystemInterface::AsynchronousDelivery;
         m_isUnderWay = true;
+        // Far enough from the click before to be no double click.
+        const ulong time = 1000 * m_count;
         m_pressed = Clock::now();
         for (const auto& [type, pressed] : {std::pair(QEvent::MouseButtonPress, Qt::LeftButton),
                                             {QEvent::MouseButtonRelease, Qt::NoButton}})
-            QWindowSystemInterface::handleMouseEvent<Soon>(m_window.windowHandle(), m_time, m_place,
-                                                           m_window.mapToGlobal(m_place), pressed,
+            QWindowSystemInterface::handleMouseEvent<Soon>(m_window.windowHandle(), time, place,
+                                                           m_window.mapToGlobal(place), pressed,
                                                            Qt::LeftButton, type);
     }
 
