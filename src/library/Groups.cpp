@@ -67,6 +67,25 @@ void UnlinkMembers(const Group& group, Integer iType, const std::string& sID) {
     }
 }
 
+// Gives the path of its file.
+std::string RemoveItemOf(Integer iType, const std::string& sID) {
+    const Item& item = ItemOf(iType, sID);
+    UnlinkFromGroups(item, sID);
+    std::string sPath = item.sPath();
+    RemoveRecord(iType, sID);
+    return sPath;
+}
+
+void RemoveGroupOf(Integer iType, const std::string& sID) {
+    UnlinkMembers(GroupOf(iType, sID), iType, sID);
+    RemoveRecord(iType, sID);
+}
+
+void DeleteFile(const std::string& sPath) {
+    const Doing deleting("Deleting", sPath);
+    oFSO().DeleteFile(sPath, true);
+}
+
 }  // namespace
 
 std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& sName,
@@ -91,6 +110,7 @@ std::string MakeGroup(const std::vector<std::string>& sIDs, const std::string& s
 }
 
 void AddToGroup(const std::vector<std::string>& sIDs, const std::string& sGroupID) {
+    const Doing finding("Adding to the group", sGroupID);
     const Integer iType = GetDBIDType(sGroupID);
     if (!IsGroupType(iType)) return;
     Group& group = GroupOf(iType, sGroupID);
@@ -119,31 +139,26 @@ bool IsInGroup(const std::string& sItemID, const std::string& sGroupID) {
 }
 
 void RemoveFromGroup(std::string sItemID, std::string sGroupID) {
+    const Doing finding("Removing", sItemID, "from the group", sGroupID);
     const Integer iType = GetDBIDType(sGroupID);
     if (!IsGroupType(iType)) return;
     Group& group = GroupOf(iType, sGroupID);
+    const Doing removing("Removing", sItemID, "from the group", group.sName);
     group.SetCount(TakeOut(group.Members(), group.Count(), sItemID));
     Item& item = ItemOfGroup(iType, sItemID);
+    const Doing unlinking("Removing", item.sPath(), "from the group", group.sName);
     item.iNoGroups = TakeOut(item.Groups(), item.iNoGroups, sGroupID);
 }
 
 void RemoveItem(const std::string& sID, bool& bDeleteFile) {
     const Doing removing("Removing", sID, "from the library");
     const Integer iType = GetDBIDType(sID);
-    std::string sPath;
     if (IsItemType(iType)) {
-        const Item& item = ItemOf(iType, sID);
-        UnlinkFromGroups(item, sID);
-        sPath = item.sPath();
-        RemoveRecord(iType, sID);
+        const std::string sPath = RemoveItemOf(iType, sID);
+        if (bDeleteFile) DeleteFile(sPath);
     } else if (IsGroupType(iType)) {
-        UnlinkMembers(GroupOf(iType, sID), iType, sID);
-        RemoveRecord(iType, sID);
+        RemoveGroupOf(iType, sID);
         bDeleteFile = false;
-    }
-    if (bDeleteFile && IsItemType(iType)) {
-        const Doing deleting("Deleting", sPath);
-        oFSO().DeleteFile(sPath, true);
     }
     bDBChanged = true;
 }

@@ -15,13 +15,13 @@ namespace tavel {
 
 // Paths are drive letter and backslash paths in engine text (`C:\Pictures\a.jpg`), matched without
 // regard to case, the exact spelling first. `X:name\` is relative to the current folder of drive X,
-// which is its root; a path without a drive is relative to the program's working folder. "." and
-// ".." are taken lexically, and ".." never leaves the root of a drive. A separator at the end of a
-// folder's path is allowed everywhere. Nothing is made, moved or copied to a path with a second
-// drive in it (52), even where the host has a folder of such a name.
+// which is its root; a path without a drive is relative to the program folder. "." and ".." are
+// taken lexically, and ".." never leaves the root of a drive. A separator at the end of a folder's
+// path is allowed everywhere. Nothing is made, moved or copied to a path with a second drive in it
+// (52), even where the host has a folder of such a name.
 
-// The setting's limit. What has a longer path is left out of folders' contents and cannot be
-// picked, since such a path would not come back whole from a profile.
+// The setting's limit. What has a longer path cannot be picked or added, and is left out of the
+// contents of folders of c:, since such a path would not come back whole from a profile.
 inline constexpr std::size_t MaxPathCharacters = 254;
 bool IsPathTooLong(std::string_view path);
 
@@ -51,7 +51,7 @@ struct FolderEntry {
     std::string Name;
 };
 
-// What has a path that is too long is not in it.
+// On c: what has a path that is too long is not in it.
 struct FolderContents {
     FolderEntry Folder;
     std::vector<FolderEntry> SubFolders;  // by name, without regard to case

@@ -85,6 +85,22 @@ TEST_F(FailedActivity, Deleting_names_the_file) {
               "Deleting " + At("none.jpg"));
 }
 
+TEST_F(FailedActivity, An_id_that_leads_nowhere_is_told_with_the_group) {
+    Give(colMusic, "mu_a", At("a.mp3"));
+    Give(colMusic, "mu_b", At("b.mp3"));
+    const std::string sGroup = MakeGroup({"mu_a", "mu_a"}, "One", mtPlaylist);
+    EXPECT_EQ(FailedActivityOf([] { AddToGroup({"mu_a"}, "pl_none"); }),
+              "Adding to the group pl_none");
+    EXPECT_EQ(FailedActivityOf([] { RemoveFromGroup("mu_a", "pl_none"); }),
+              "Removing mu_a from the group pl_none");
+    EXPECT_EQ(FailedActivityOf([&] { RemoveFromGroup("mu_x", sGroup); }),
+              "Removing mu_x from the group One");
+    EXPECT_EQ(FailedActivityOf([&] { RemoveFromGroup("mu_b", sGroup); }),
+              "Removing " + At("b.mp3") + " from the group One");
+    EXPECT_EQ(FailedActivityOf([&] { RemoveFromGroup("mu_a", sGroup); }),
+              "Removing mu_a from the group One");
+}
+
 TEST_F(FailedActivity, Removing_names_the_file_or_the_group_or_at_least_the_id) {
     Give(colPhoto, "ph_a", At("a.jpg"));
     Give(colPhoto, "ph_b", At("b.jpg"));

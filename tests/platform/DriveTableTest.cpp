@@ -4,7 +4,9 @@
 #include <sys/statvfs.h>
 #include <sys/sysmacros.h>
 
+#include <cstdio>
 #include <filesystem>
+#include <optional>
 
 // Drives as the file service shows them: letters, media, and what a path on them can reach.
 
@@ -23,6 +25,17 @@ class Drives : public HostDrives {
     }
     void Mount(const std::string& name) { mounts.Mount(MakeFolder(name), name); }
     void Unmount(const std::string& name) { mounts.Unmount(temp.HostPath(name)); }
+
+    static std::optional<dev_t> AnyBlockDevice() {
+        std::error_code none;
+        unsigned number[2] = {};
+        for (const fs::directory_entry& entry : fs::directory_iterator("/sys/dev/block", none)) {
+            const std::string name = entry.path().filename().string();
+            if (sscanf(name.c_str(), "%u:%u", &number[0], &number[1]) == 2)
+                return makedev(number[0], number[1]);
+        }
+        return std::nullopt;
+    }
 
     Long OpenError(const std::string& path, RawMode mode) {
         Long error = 0;
@@ -89,12 +102,45 @@ TEST_F(Drives, Of_the_free_letters_a_mount_gets_the_one_that_was_unused_longest)
     EXPECT_EQ(texts[2], "e: [m22]");
 }
 
-TEST_F(Drives, A_mount_in_the_place_of_another_gets_another_letter_in_the_same_reading) {
+TEST_F(Drives, A_mount_elsewhere_gets_another_letter_than_one_that_went_in_the_same_reading) {
     Mount("one");
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));
     Unmount("one");
     Mount("two");
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [two]"));
+}
+
+TEST_F(Drives, A_mount_in_the_folder_of_one_that_went_in_the_same_reading_gets_its_letter) {
+    Mount("one");
+    Mount("two");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]", "e: [two]"));
+    Unmount("one");
+    Unmount("two");
+    Mount("three");
+    mounts.Mount(temp.HostPath("two"), "next");
+    mounts.Mount(temp.HostPath("one"), "other");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [other]", "e: [next]", "f: [three]"));
+}
+
+TEST_F(Drives, A_mount_in_the_folder_of_one_that_was_seen_to_go_gets_another_letter) {
+    Mount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));
+    Unmount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:"));
+    mounts.Mount(temp.HostPath("one"), "other");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "e: [other]"));
+}
+
+TEST_F(Drives, A_stick_of_another_name_in_the_same_slot_gets_the_letter_in_the_same_reading) {
+    const std::optional<dev_t> slot = AnyBlockDevice();
+    if (!slot) GTEST_SKIP() << "the host tells of no block device";
+    Mount("one");
+    mounts.mounts[0].first.device = *slot;
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));
+    Unmount("one");
+    Mount("two");
+    mounts.mounts[0].first.device = *slot;
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [two]"));
 }
 
 TEST_F(Drives, The_mount_table_is_read_only_when_it_has_changed) {
@@ -157,6 +203,28 @@ TEST_F(Drives, A_mounted_drive_whose_device_was_taken_out_is_gone) {
     EXPECT_FALSE(files->DriveExists("d"));
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:"));
     EXPECT_FALSE(files->FolderExists("d:\\"));
+}
+
+TEST_F(Drives, What_the_host_remembers_of_a_stick_that_was_taken_out_is_gone_by_a_path_that_lasts) {
+    Mount("stick");
+    temp.Write("stick/a.txt", "x");
+    fs::create_directory_symlink(temp.HostPath("stick"), temp.HostPath("link"));
+    EXPECT_TRUE(files->FileExists(temp.DrivePath("stick/a.txt")));
+    mounts.mounts[0].first.device = makedev(4095, 4095);
+    mounts.hasChanged = true;
+    for (const std::string folder : {"stick", "STICK", "link"}) {
+        const std::string path = temp.DrivePath(folder);
+        EXPECT_FALSE(files->FolderExists(path)) << path;
+        EXPECT_FALSE(files->FileExists(path + "\a.txt")) << path;
+        EXPECT_EQ(FailureOf([&] { files->GetFile(path + "\a.txt"); }), 53) << path;
+        EXPECT_EQ(FailureOf([&] { files->GetFolder(path); }), 76) << path;
+        EXPECT_EQ(FailureOf([&] { files->CreateFolder(path + "\b"); }), 76) << path;
+        EXPECT_EQ(FailureOf([&] { files->DeleteFile(path + "\a.txt", true); }), 76) << path;
+        EXPECT_EQ(OpenError(path + "\a.txt", RawMode::Read), 76) << path;
+        EXPECT_EQ(OpenError(path + "\b.txt", RawMode::Create), 76) << path;
+        EXPECT_EQ(files->HostPath(path + "\a.txt"), "") << path;
+    }
+    EXPECT_EQ(temp.Read("stick/a.txt"), "x");
 }
 
 TEST_F(Drives, A_linked_folder_is_a_removable_drive_while_the_link_is_there) {
@@ -368,16 +436,14 @@ TEST_F(Drives, Nothing_is_made_in_the_folder_of_a_stick_that_has_gone_by_the_pat
     files->CreateTextFile(temp.DrivePath("a.txt"), true);
 }
 
-TEST_F(Drives, A_path_without_a_drive_is_below_the_working_folder) {
-    const fs::path before = fs::current_path();
-    temp.Write("sub/a.txt", "x");
-    fs::current_path(temp.HostPath("sub"));
-    EXPECT_TRUE(files->FileExists("a.txt"));
-    EXPECT_TRUE(files->FileExists("..\\sub\\a.txt"));
-    EXPECT_EQ(files->GetFile("a.txt").Path, temp.DrivePath("sub/a.txt"));
-    EXPECT_FALSE(files->FileExists("\\a.txt"));
+TEST_F(Drives, A_path_without_a_drive_is_below_the_program_folder) {
+    temp.Write("program/Media/a.txt", "x");
+    EXPECT_TRUE(files->FileExists("Media\\a.txt"));
+    EXPECT_TRUE(files->FileExists("..\\program\\media\\A.txt"));
+    EXPECT_EQ(files->GetFile("Media\\a.txt").Path, temp.DrivePath("program/Media/a.txt"));
+    EXPECT_EQ(files->HostPath("Media"), temp.HostPath("program/Media"));
+    EXPECT_FALSE(files->FileExists("\\Media\\a.txt"));
     EXPECT_TRUE(files->FolderExists("\\dev"));
-    fs::current_path(before);
 }
 
 TEST_F(Drives, A_drive_path_without_a_leading_separator_starts_at_the_root) {

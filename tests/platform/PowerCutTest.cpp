@@ -8,6 +8,7 @@
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <filesystem>
 
 // The order in which changes are brought to the medium, so that a power cut or a pulled stick
@@ -19,6 +20,7 @@ namespace tavel::test {
 namespace {
 
 namespace fs = std::filesystem;
+using ::testing::Contains;
 using ::testing::ElementsAre;
 
 class PowerCut : public HostDrives {
@@ -36,6 +38,15 @@ class PowerCut : public HostDrives {
         ASSERT_TRUE(file);
         EXPECT_TRUE(file->Write(bytes, count));
         EXPECT_TRUE(file->Close());
+    }
+
+    // A path of its own; empty where there is no other file system.
+    fs::path OnAnotherFileSystem() const {
+        struct stat here {};
+        struct stat there {};
+        const bool areTwo = stat(temp.HostPath().c_str(), &here) == 0 &&
+                            stat("/dev/shm", &there) == 0 && here.st_dev != there.st_dev;
+        return areTwo ? "/dev/shm" / fs::path(temp.HostPath()).filename() : fs::path();
     }
 
     HostCalls calls{temp.HostPath()};
@@ -62,6 +73,16 @@ TEST_F(PowerCut, A_profile_that_is_written_in_place_is_flushed) {
     EXPECT_TRUE(ReplaceHostFile(
         temp.HostPath("card/old.txt"), [](const ByteSink& sink) { sink("new"); }, false));
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 3"));
+}
+
+TEST_F(PowerCut, A_profile_that_has_been_replaced_is_not_written_once_more_when_that_flush_fails) {
+    calls.FailFlush(2, ENOSPC);
+    EXPECT_FALSE(ReplaceHostFile(
+        temp.HostPath("card/old.txt"), [](const ByteSink& sink) { sink("new"); }, true));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/.old.txt.new 3",
+                                          "rename card/.old.txt.new -> card/old.txt",  //
+                                          "flush card/old.txt 3"));
+    EXPECT_EQ(temp.Read("card/old.txt"), "new");
 }
 
 TEST_F(PowerCut, A_file_on_a_stick_is_flushed_when_it_is_closed_and_a_new_one_with_its_entry) {
@@ -115,14 +136,47 @@ TEST_F(PowerCut, A_file_that_moves_and_cannot_be_opened_is_flushed_with_its_file
                                           "flush folder card"));
 }
 
-TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_source_goes) {
-    const fs::path other = "/dev/shm/" + fs::path(temp.HostPath()).filename().string();
-    struct stat here {};
-    struct stat there {};
-    if (stat(temp.HostPath().c_str(), &here) != 0 || stat("/dev/shm", &there) != 0 ||
-        here.st_dev == there.st_dev) {
-        GTEST_SKIP() << "needs a second file system at /dev/shm";
+TEST_F(PowerCut, A_move_whose_flush_fails_fails_with_the_whole_file_under_its_new_name) {
+    fs::create_directory(temp.HostPath("card/psp"));
+    for (const int flush : {1, 2, 3}) {
+        calls.FailFlush(flush, EIO);
+        EXPECT_EQ(FailureOf([&] { files->MoveFile("e:\\old.txt", "e:\\psp\\new.txt"); }), 57);
+        EXPECT_FALSE(fs::exists(temp.HostPath("card/old.txt")));
+        EXPECT_EQ(temp.Read("card/psp/new.txt"), "[s]\r\nk=old\r\n");
+        fs::rename(temp.HostPath("card/psp/new.txt"), temp.HostPath("card/old.txt"));
     }
+}
+
+TEST_F(PowerCut, A_folder_that_its_file_system_cannot_flush_alone_needs_no_flush) {
+    for (const int error : {EINVAL, ENOTSUP}) {
+        calls.FailFlush(1, error);
+        files->CreateFolder("e:\\psp" + std::to_string(error));
+    }
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card", "flush folder card"));
+    calls.FailFlush(1, EIO);
+    EXPECT_EQ(FailureOf([&] { files->CreateFolder("e:\\mp_root"); }), 57);
+}
+
+TEST_F(PowerCut, A_move_to_another_file_system_keeps_the_source_when_the_copy_cannot_be_flushed) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    const std::string name = other.relative_path().string();
+    HostCalls all("/");
+    for (const int flush : {1, 2}) {  // the file, its entry
+        all.FailFlush(flush, EIO);
+        EXPECT_EQ(
+            FailureOf([&] { files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath); }),
+            57);
+        EXPECT_EQ(temp.Read("card/old.txt"), "[s]\r\nk=old\r\n");
+        EXPECT_FALSE(fs::exists(other));
+        EXPECT_THAT(all.Take(), Contains("remove " + name));
+    }
+}
+
+TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_source_goes) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
     const std::string below = fs::path(temp.HostPath()).relative_path().string();
     const std::string name = other.relative_path().string();
     const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
@@ -136,8 +190,8 @@ TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_sourc
 }
 
 TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
+    EXPECT_FALSE(files->DriveExists("d:"));
     mounts.Mount(temp.HostPath("card"), "card");
-    ASSERT_TRUE(files->DriveExists("d:"));
     WriteRaw(temp.DrivePath("card/new.bin"), "x");
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
     files->CreateFolder(temp.DrivePath("card/psp"));
@@ -148,6 +202,21 @@ TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
                             "flush folder card/psp", "flush folder card"));
     files->DeleteFile(temp.DrivePath("card/old.txt"), true);
     EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+}
+
+TEST_F(PowerCut, A_path_that_leads_to_a_stick_through_a_link_does_as_its_letter) {
+    mounts.Mount(temp.HostPath("card"), "card");
+    fs::create_directory_symlink(temp.HostPath("card"), temp.HostPath("link"));
+    WriteRaw(temp.DrivePath("link/new.bin"), "x");
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
+    files->CreateFolder(temp.DrivePath("link/psp"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    files->MoveFile(temp.DrivePath("LINK/new.bin"), temp.DrivePath("link/psp/new.bin"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
+                            "flush folder card/psp", "flush folder card"));
+    files->DeleteFile(temp.DrivePath("link/old.txt"), true);
+    EXPECT_THAT(calls.Take(), ElementsAre("remove link/old.txt", "flush folder card"));
 }
 
 TEST_F(PowerCut, The_host_sees_to_other_drives_in_its_own_time) {

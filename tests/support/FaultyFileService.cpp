@@ -80,7 +80,7 @@ bool FaultyFileService::Touch(char letter) {
 
 FaultyFileService::Mapped FaultyFileService::Map(std::string_view path) {
     Mapped mapped;
-    const std::optional<DrivePath> parsed = ParseDrivePath(path);
+    const std::optional<DrivePath> parsed = ParseDrivePath(path, "/");
     if (!parsed) {
         mapped.failure = failure::PathNotFound;
         return mapped;

@@ -5,6 +5,7 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <filesystem>
 #include <optional>
 #include <utility>
@@ -16,6 +17,8 @@ namespace fs = std::filesystem;
 struct Notes {
     fs::path folder;
     std::vector<std::string> calls;
+    int flushesToFailure = 0;
+    int flushError = 0;
 };
 
 std::optional<Notes>& Running() {
@@ -39,14 +42,24 @@ std::string NameOf(int folder, const char* path) { return NameOf(PathOf(folder) 
 
 void Note(const std::string& call) { Running()->calls.push_back(call); }
 
-void NoteFlush(int file) {
-    if (!Running()) return;
+bool NoteFlush(int file) {
+    if (!Running()) return false;
     const std::string name = NameOf(PathOf(file));
     struct stat status {};
-    if (name.empty() || fstat(file, &status) != 0) return;
+    if (name.empty() || fstat(file, &status) != 0) return false;
     const bool isFolder = S_ISDIR(status.st_mode);
     Note(isFolder ? "flush folder " + name
                   : "flush " + name + ' ' + std::to_string(status.st_size));
+    return true;
+}
+
+// The C library's answer to a flush that goes by this number.
+int Flush(long number, int file) {
+    const bool isLast =
+        NoteFlush(file) && Running()->flushesToFailure > 0 && --Running()->flushesToFailure == 0;
+    if (!isLast) return static_cast<int>(syscall(number, file));
+    errno = Running()->flushError;
+    return -1;
 }
 
 void NoteRename(int from, const char* old, int to, const char* name) {
@@ -63,15 +76,9 @@ int Answer(long result) { return static_cast<int>(result); }
 // The program's own symbols come before those of the C library.
 extern "C" {
 
-int fsync(int file) {
-    NoteFlush(file);
-    return Answer(syscall(SYS_fsync, file));
-}
+int fsync(int file) { return Flush(SYS_fsync, file); }
 
-int fdatasync(int file) {
-    NoteFlush(file);
-    return Answer(syscall(SYS_fdatasync, file));
-}
+int fdatasync(int file) { return Flush(SYS_fdatasync, file); }
 
 int syncfs(int file) noexcept {
     if (Running() && !NameOf(PathOf(file)).empty()) Note("flush all");
@@ -99,11 +106,17 @@ int unlinkat(int folder, const char* path, int flags) noexcept {
 namespace tavel::test {
 
 HostCalls::HostCalls(const std::string& folder) {
-    Running().emplace(Notes{fs::canonical(folder), {}});
+    Running().emplace();
+    Running()->folder = fs::canonical(folder);
 }
 
 HostCalls::~HostCalls() { Running().reset(); }
 
 std::vector<std::string> HostCalls::Take() { return std::exchange(Running()->calls, {}); }
+
+void HostCalls::FailFlush(int nth, int error) {
+    Running()->flushesToFailure = nth;
+    Running()->flushError = error;
+}
 
 }  // namespace tavel::test

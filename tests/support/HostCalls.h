@@ -18,6 +18,9 @@ class HostCalls {
 
     // The calls up to now; the next time, those from here on.
     std::vector<std::string> Take();
+
+    // Lets the nth flush from here on, of a file or a folder, fail with an error of the host.
+    void FailFlush(int nth, int error);
 };
 
 }  // namespace tavel::test

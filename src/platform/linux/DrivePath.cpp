@@ -3,8 +3,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace tavel {
 
@@ -22,11 +20,6 @@ void Descend(std::vector<std::string>& names, std::string_view rest, char separa
             names.pop_back();
         }
     }
-}
-
-std::string WorkingFolder() {
-    std::error_code none;
-    return std::filesystem::current_path(none).string();
 }
 
 }  // namespace
@@ -51,7 +44,7 @@ bool DrivePath::HasSecondDrive() const {
     });
 }
 
-std::optional<DrivePath> ParseDrivePath(std::string_view text) {
+std::optional<DrivePath> ParseDrivePath(std::string_view text, std::string_view currentFolder) {
     if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
     DrivePath path;
     path.drive = "c:";
@@ -61,7 +54,7 @@ std::optional<DrivePath> ParseDrivePath(std::string_view text) {
         path.letter = DriveLetter(text[0]);
         text.remove_prefix(2);
     } else if (text.front() != '\\') {
-        Descend(path.names, WorkingFolder(), '/');
+        Descend(path.names, currentFolder, '/');
     }
     Descend(path.names, text, '\\');
     return path;

@@ -26,8 +26,9 @@ struct DrivePath {
     bool HasSecondDrive() const;
 };
 
-// Nothing for a text that can be no path: the empty one, and one with a NUL.
-std::optional<DrivePath> ParseDrivePath(std::string_view text);
+// Nothing for a text that can be no path: the empty one, and one with a NUL. A path without a drive
+// starts at the current folder of c:, a path of the host.
+std::optional<DrivePath> ParseDrivePath(std::string_view text, std::string_view currentFolder);
 
 // The text of an entry of the folder that `folder` names.
 std::string PathBelow(std::string_view folder, std::string_view name);

@@ -5,6 +5,8 @@
 #include "platform/linux/MountFacts.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
+#include <sys/sysmacros.h>
 
 #include <algorithm>
 #include <utility>
@@ -17,18 +19,40 @@ bool IsSameMount(const MountEntry& a, const MountEntry& b) {
     return a.id == b.id && a.target == b.target && a.source == b.source && a.device == b.device;
 }
 
+// The same folder or the same place of the host's bus.
+bool IsInPlaceOf(const MountEntry& next, const MountEntry& gone) {
+    return next.target == gone.target || (major(gone.device) != 0 && next.device == gone.device);
+}
+
+// 0 when the mount went meanwhile: no status tells that number.
+dev_t FileSystemOf(const MountEntry& mount) {
+    const Descriptor root(open(mount.target.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
+    struct stat status {};
+    const bool isThere = root.IsOpen() && MountIdOf(root.Get()) == mount.id;
+    return isThere && fstat(root.Get(), &status) == 0 ? status.st_dev : 0;
+}
+
 }  // namespace
 
 DriveTable::DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts)
-    : m_links(std::move(programFolder) + "/drives"),
+    : m_programFolder(std::move(programFolder)),
+      m_links(m_programFolder + "/drives"),
       m_source(std::move(mounts)),
       m_letters("defghijklmnopqrstuvwxyz") {}
 
 void DriveTable::Refresh() {
-    const bool hasNewLinks = m_links.Refresh();
-    const bool hasNewMounts = m_source->HasChanged();
-    if (hasNewMounts) ReadMounts();
-    if (!hasNewLinks && !hasNewMounts) return;
+    if (m_links.Refresh()) PutTakenLettersLast();
+    RefreshMounts();
+}
+
+void DriveTable::RefreshMounts() {
+    if (!m_source->HasChanged()) return;
+    m_links.Refresh();
+    ReadMounts();
+    PutTakenLettersLast();
+}
+
+void DriveTable::PutTakenLettersLast() {
     std::stable_partition(m_letters.begin(), m_letters.end(),
                           [this](char letter) { return !IsTaken(letter); });
 }
@@ -40,18 +64,28 @@ void DriveTable::ReadMounts() {
             return IsSameMount(mount.entry, drive.mount.entry);
         });
     };
-    for (const MountedDrive& drive : m_mounts) {
-        if (isGone(drive)) m_leftBehind.insert(drive.mount.entry.target);
+    for (MountedDrive& drive : m_mounts) {
+        if (!isGone(drive)) continue;
+        m_leftBehind.insert(drive.mount.entry.target);
+        const auto next =
+            std::find_if(found.begin(), found.end(), [&](const RemovableMount& mount) {
+                return !IsKnown(mount) && IsInPlaceOf(mount.entry, drive.mount.entry);
+            });
+        if (next != found.end()) drive = {drive.letter, *next, FileSystemOf(next->entry)};
     }
     std::erase_if(m_mounts, isGone);
     for (const RemovableMount& mount : found) {
-        const bool isKnown = std::any_of(
-            m_mounts.begin(), m_mounts.end(),
-            [&](const MountedDrive& drive) { return IsSameMount(mount.entry, drive.mount.entry); });
-        if (isKnown) continue;
+        if (IsKnown(mount)) continue;
         // With every letter taken the drive waits for the next change.
-        if (const char letter = FreeLetter()) m_mounts.push_back({letter, mount});
+        if (const char letter = FreeLetter())
+            m_mounts.push_back({letter, mount, FileSystemOf(mount.entry)});
     }
+}
+
+bool DriveTable::IsKnown(const RemovableMount& mount) const {
+    return std::any_of(m_mounts.begin(), m_mounts.end(), [&](const MountedDrive& drive) {
+        return IsSameMount(mount.entry, drive.mount.entry);
+    });
 }
 
 bool DriveTable::IsTaken(char letter) const {
@@ -98,15 +132,17 @@ bool DriveTable::Has(char letter) {
     return MountOf(letter) != nullptr || m_links.Has(letter);
 }
 
-bool DriveTable::IsOnMount(std::string_view hostPath) const {
-    return std::any_of(m_mounts.begin(), m_mounts.end(), [&](const MountedDrive& drive) {
-        return IsBelow(hostPath, drive.mount.entry.target);
-    });
+DriveTable::Stick DriveTable::StickWith(dev_t fileSystem) {
+    RefreshMounts();
+    for (const MountedDrive& drive : m_mounts) {
+        if (drive.fileSystem != fileSystem) continue;
+        return IsDevicePresent(drive.mount.entry.device) ? Stick::There : Stick::Pulled;
+    }
+    return Stick::None;
 }
 
-bool DriveTable::IsLeftBehind(int folder) {
-    if (m_mounts.empty() && m_leftBehind.empty()) return false;
-    Refresh();
+bool DriveTable::IsLeftBehind(int folder) const {
+    if (m_leftBehind.empty()) return false;
     return m_leftBehind.count(PathOf(folder)) != 0 && !IsMountRoot(folder);
 }
 

@@ -4,7 +4,6 @@
 #include "platform/linux/DriveLinks.h"
 #include "platform/linux/MountSource.h"
 
-#include <cstdint>
 #include <memory>
 #include <set>
 #include <string>
@@ -16,10 +15,14 @@ namespace tavel {
 // mounting, each keeping its letter while it is mounted, and folders linked as `drives/X`. A letter
 // that a mount has stays with it; a new mount passes over the letters of links, and of the free
 // letters it gets the one that has been unused longest: what still names a file of a drive that has
-// gone shall not name one of the next drive.
+// gone shall not name one of the next drive. The exception is a mount that takes the place of one
+// that went since the last look: whoever watches the letter could not tell the two apart.
 class DriveTable {
   public:
     DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
+
+    // Of the host. It is the current folder of c:, wherever the program was started from.
+    const std::string& ProgramFolder() const { return m_programFolder; }
 
     struct Entry {
         char letter = 0;
@@ -42,26 +45,33 @@ class DriveTable {
     };
     Root Open(char letter);
 
-    // True when a host path leads to a stick that was mounted at the last look.
-    bool IsOnMount(std::string_view hostPath) const;
+    // Paths of c: lead to mounted sticks, too, be it through links. Of which stick a file is, its
+    // status tells by the number of the file system.
+    enum class Stick { None, There, Pulled };
+    Stick StickWith(dev_t fileSystem);
 
-    // True for the folder that a stick was mounted on and has left behind. Paths of c: that were
-    // kept lead there.
-    bool IsLeftBehind(int folder);
+    // True for the folder that a stick was mounted on and had left behind at the last look. Paths
+    // of c: that were kept lead there.
+    bool IsLeftBehind(int folder) const;
 
   private:
     struct MountedDrive {
         char letter = 0;
         RemovableMount mount;
+        dev_t fileSystem = 0;
     };
 
     void Refresh();
+    void RefreshMounts();
     void ReadMounts();
+    void PutTakenLettersLast();
+    bool IsKnown(const RemovableMount& mount) const;
     bool IsTaken(char letter) const;
     char FreeLetter() const;
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
 
+    std::string m_programFolder;
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;

@@ -46,7 +46,8 @@ class Lister {
         struct stat status {};
         if (name.find('\\') != std::string::npos) return;
         std::string path = PathBelow(m_contents.Folder.Path, name);
-        if (IsPathTooLong(path)) return;
+        // A name that Tavel gave to a file of the stick may be longer, and has to be seen there.
+        if (!m_place.isOnRemovable && IsPathTooLong(path)) return;
         if (fstatat(m_folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
         if (m_place.isOnRemovable && status.st_dev != m_place.status.st_dev) return;
         if (S_ISLNK(status.st_mode) && !m_place.isOnRemovable) {

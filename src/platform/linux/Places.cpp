@@ -90,16 +90,28 @@ bool FindExactlyOnFixed(Place& place) {
     return true;
 }
 
+dev_t FileSystemOf(const Place& place) {
+    if (place.failure == 0) return place.status.st_dev;
+    struct stat folder {};
+    return fstat(place.folder.Get(), &folder) == 0 ? folder.st_dev : 0;
+}
+
+// A path that lasts leads to a stick as well. One that was pulled has nothing, whatever the host
+// remembers of it, and nothing is made in the empty folder that it leaves behind.
+void LookForStick(DriveTable& drives, Place& place) {
+    const bool isFree = place.failure == failure::FileNotFound;
+    const DriveTable::Stick stick = drives.StickWith(FileSystemOf(place));
+    place.isFlushed = stick != DriveTable::Stick::None;
+    if (stick == DriveTable::Stick::Pulled || (isFree && drives.IsLeftBehind(place.folder.Get())))
+        place.failure = failure::PathNotFound;
+}
+
 void FindOnFixed(DriveTable& drives, Place& place) {
     if (!FindExactlyOnFixed(place)) {
         place.hostPath = "/";
         FindIn(Tree(), place);
-        // Nothing is made in the empty folder of a stick that has gone.
-        if (place.failure == failure::FileNotFound && drives.IsLeftBehind(place.folder.Get()))
-            place.failure = failure::PathNotFound;
     }
-    // A path that lasts leads to a stick as well.
-    place.isFlushed = drives.IsOnMount(place.hostPath);
+    if (place.failure == 0 || place.failure == failure::FileNotFound) LookForStick(drives, place);
 }
 
 void FindOnRemovable(DriveTable& drives, Place& place) {
@@ -123,7 +135,7 @@ void FindOnRemovable(DriveTable& drives, Place& place) {
 
 Place FindPlace(DriveTable& drives, std::string_view path) {
     Place place;
-    std::optional<DrivePath> parsed = ParseDrivePath(path);
+    std::optional<DrivePath> parsed = ParseDrivePath(path, drives.ProgramFolder());
     if (!parsed) {
         place.failure = failure::PathNotFound;
         return place;

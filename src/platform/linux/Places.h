@@ -24,8 +24,8 @@ struct Place {
     DrivePath path;
     bool isOnRemovable = false;
     bool isFlushed = false;  // what happens here is on the medium at once
-    Descriptor folder;       // not open on c:, where `name` is the whole path
-    std::string name;
+    Descriptor folder;       // not open where c: has something under the exact path
+    std::string name;        // in that folder; the whole path when it isn't open
     std::string hostPath;
     struct stat status {};
 
