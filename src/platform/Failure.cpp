@@ -9,7 +9,7 @@ namespace tavel {
 
 namespace {
 
-constexpr std::array<std::pair<Long, std::string_view>, 21> texts{{
+constexpr std::array<std::pair<Long, std::string_view>, 22> texts{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -20,6 +20,7 @@ constexpr std::array<std::pair<Long, std::string_view>, 21> texts{{
     {failure::DeviceIO, "Device I/O error"},
     {failure::FileAlreadyExists, "File already exists"},
     {failure::DiskFull, "Disk full"},
+    {failure::InputPastEnd, "Input past end of file"},
     {failure::DeviceUnavailable, "Device unavailable"},
     {failure::PermissionDenied, "Permission denied"},
     {failure::DiskNotReady, "Disk not ready"},
