@@ -11,24 +11,9 @@
 #include "platform/EventLoop.h"
 #include "platform/Service.h"
 
-#include <string>
-#include <vector>
-
 namespace tavel {
 
 namespace {
-
-// A missing count reads as -1, which no list can be sized to.
-std::vector<std::string> WatchFolders() {
-    const Doing reading("Reading", "[watch]", "of", sDBFile);
-    Integer n = 0;
-    ReadValue(sDBFile, "watch", "noofflds", "s", "-1", n);
-    if (n < 0) Fail(failure::SubscriptOutOfRange);
-    std::vector<std::string> folders(static_cast<std::size_t>(n));
-    for (std::size_t i = 0; i < folders.size(); ++i)
-        ReadValue(sDBFile, "watch", std::to_string(i), "s", "XYZXYZ", folders[i]);
-    return folders;
-}
 
 // The library can shrink while the program is yielded, and the comparison goes by position up to
 // the count that it began with: it then fails beyond the end. Only the yield behind the last
@@ -46,6 +31,17 @@ bool IsAmongItems(Integer itemType, std::string_view sPath) {
 
 }  // namespace
 
+std::vector<std::string> WatchFolders() {
+    const Doing reading("Reading", "[watch]", "of", sDBFile);
+    Integer n = 0;
+    ReadValue(sDBFile, "watch", "noofflds", "s", "-1", n);
+    if (n < 0) Fail(failure::SubscriptOutOfRange);
+    std::vector<std::string> folders(static_cast<std::size_t>(n));
+    for (std::size_t i = 0; i < folders.size(); ++i)
+        ReadValue(sDBFile, "watch", std::to_string(i), "s", "XYZXYZ", folders[i]);
+    return folders;
+}
+
 void BackgroundScan() {
     if (bScanning) return;
     ScanTimer& tmrBack = Service<ScanTimer>::Get();
@@ -60,6 +56,18 @@ void BackgroundScan() {
     AddLog("Back Scan", "Background scan finished");
     bScanning = false;
     tmrBack.Enable(true);
+}
+
+void AddWatchFolders() {
+    AddWindow& frmAdd = Service<AddWindow>::Get();
+    frmAdd.Show();
+    const std::vector<std::string> folders = WatchFolders();
+    if (folders.empty()) {
+        const Doing reading("Reading", "[watch]", "of", sDBFile);
+        Fail(failure::SubscriptOutOfRange);
+    }
+    for (const std::string& folder : folders) AddFolder(folder, true, true, false, true);
+    frmAdd.Unload();
 }
 
 void ScanTick() {
