@@ -9,7 +9,7 @@ namespace tavel {
 
 namespace {
 
-constexpr std::array<std::pair<Long, std::string_view>, 22> texts{{
+constexpr std::array<std::pair<Long, std::string_view>, 24> texts{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
@@ -26,6 +26,8 @@ constexpr std::array<std::pair<Long, std::string_view>, 22> texts{{
     {failure::DiskNotReady, "Disk not ready"},
     {failure::PathNotFound, "Path not found"},
     {failure::ObjectNotSet, "Object variable or With block variable not set"},
+    {failure::InvalidPropertyValue, "Invalid property value"},
+    {failure::InvalidPropertyArrayIndex, "Invalid property array index"},
     {failure::NoSuchMember, "Object doesn't support this property or method"},
     {failure::KeyAlreadyThere, "This key is already associated with an element of this collection"},
     {failure::InvalidPicture, "Invalid picture"},

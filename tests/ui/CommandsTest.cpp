@@ -172,10 +172,10 @@ TEST_F(CommandsTest, Show_Log_Window_brings_a_log_that_is_open_to_the_front) {
 
 TEST_F(CommandsTest, what_is_not_built_yet_is_in_the_menu_and_disabled) {
     Open();
-    for (const char* name :
-         {"mnuAddZipFile", "mnuWatchFolders", "mnuBackScan", "mnuOptions", "mnuThumbnail"}) {
+    for (const char* name : {"mnuAddZipFile", "mnuThumbnail"})
         EXPECT_FALSE(Find<QAction>(Main(), name).isEnabled()) << name;
-    }
+    for (const char* name : {"mnuWatchFolders", "mnuBackScan", "mnuOptions"})
+        EXPECT_TRUE(Find<QAction>(Main(), name).isEnabled()) << name;
 }
 
 TEST_F(CommandsTest, Exit_unloads_the_log_and_shuts_down) {

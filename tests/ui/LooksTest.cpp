@@ -9,6 +9,8 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/main/frmSplash.h"
+#include "ui/setup/frmOptions.h"
+#include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Clipping.h"
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Modal.h"
@@ -24,6 +26,7 @@
 #include <gmock/gmock.h>
 
 #include <QDir>
+#include <QTabBar>
 
 namespace tavel::test {
 
@@ -172,6 +175,27 @@ TEST_P(LooksTest, the_window_for_a_new_PSP) {
     frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
     ShowNow(window);
     Look(window, "new_psp");
+}
+
+TEST_P(LooksTest, the_watch_folders) {
+    temp.Write("db.txt",
+               "[watch]\r\nnoofflds=3\r\n0=c:\\Pictures\r\n1=c:\\Music\\A long way to the sea and "
+               "an even longer one back home\\Songs for the road\\2006\r\n2=c:\\Videos\r\n"
+               "1Music=1\r\n1Photo=0\r\n");
+    frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
+    ShowNow(window);
+    QTest::keyClick(&Find(window, "lstFolders"), Qt::Key_Down);
+    QTest::keyClick(&Find(window, "lstFolders"), Qt::Key_Down);
+    Look(window, "watch_folders");
+}
+
+TEST_P(LooksTest, the_options) {
+    bScanOnAppStart = true;
+    frmOptions& window = SingleWindow<frmOptions>::Get();
+    ShowNow(window);
+    Look(window, "options_general");
+    Find<QTabBar>(window, "tbsOptions").setCurrentIndex(1);
+    Look(window, "options_scan");
 }
 
 TEST_P(LooksTest, the_log) {

@@ -126,9 +126,11 @@ class frmMain : public QMainWindow {
 
     void mnuAddFile_Click();
     void mnuAddFolder_Click();
+    static void mnuWatchFolders_Click();
     void mnuExit_Click();
     void mnuShowLog_Click();
     void mnuSetupPSP_Click();
+    static void mnuOptions_Click();
     void mnuAddToTransfer_Click();
     void CreateGroup(Integer iType);
     void mnuRemFromGroup_Click();

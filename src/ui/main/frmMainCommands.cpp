@@ -8,6 +8,8 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/frmNewPSP.h"
+#include "ui/setup/frmOptions.h"
+#include "ui/setup/frmWatchFolders.h"
 #include "ui/toolkit/BrowseForFolder.h"
 #include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/InputBox.h"
@@ -67,6 +69,12 @@ void frmMain::mnuAddFolder_Click() {
     Service<AddWindow>::Get().Unload();
 }
 
+void frmMain::mnuWatchFolders_Click() {
+    frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
+    ShowDialog(window);
+    window.activateWindow();
+}
+
 // A window beside this one, not a dialog.
 void frmMain::mnuShowLog_Click() {
     frmLog& window = SingleWindow<frmLog>::Get();
@@ -78,6 +86,12 @@ void frmMain::mnuShowLog_Click() {
 void frmMain::mnuSetupPSP_Click() {
     frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
     ShowDialog(window);
+    window.activateWindow();
+}
+
+void frmMain::mnuOptions_Click() {
+    frmOptions& window = SingleWindow<frmOptions>::Get();
+    ShowPlacedDialog(window);
     window.activateWindow();
 }
 

@@ -177,8 +177,11 @@ void frmMain::ConnectMenus() {
     };
     on("mnuAddFile", [this] { mnuAddFile_Click(); });
     on("mnuAddFolder", [this] { mnuAddFolder_Click(); });
+    on("mnuWatchFolders", [] { mnuWatchFolders_Click(); });
     on("mnuExit", [this] { mnuExit_Click(); });
     on("mnuShowLog", [this] { mnuShowLog_Click(); });
+    on("mnuBackScan", [] { BackgroundScan(); });
+    on("mnuOptions", [] { mnuOptions_Click(); });
     on("mnuSetupPSP", [this] { mnuSetupPSP_Click(); });
     on("mnuAddToTransfer", [this] { mnuAddToTransfer_Click(); });
     on("mnuRename", [this] { grdItems->StartLabelEdit(); });
@@ -193,10 +196,8 @@ void frmMain::ConnectMenus() {
     on("mnuPSPDel", [this] { mnuPSPDel_Click(); });
     on("mnuRename_Cat", [this] { trvCat->StartLabelEdit(); });
     on("mnuDelGroup_Cat", [this] { mnuDelGroup_Cat_Click(); });
-    for (const char* name :
-         {"mnuAddZipFile", "mnuWatchFolders", "mnuBackScan", "mnuOptions", "mnuThumbnail"}) {
+    for (const char* name : {"mnuAddZipFile", "mnuThumbnail"})
         m_menus.Entry(name).setEnabled(false);
-    }
 }
 
 void frmMain::ConnectControls() {

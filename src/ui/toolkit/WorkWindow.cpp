@@ -41,10 +41,12 @@ void SetWorkWindow(QWidget& window) { s_workWindow = &window; }
 QWidget* WorkWindow() { return s_workWindow; }
 
 void ShowDialog(QWidget& dialog) {
-    if (!dialog.isVisible()) {
-        if (s_workWindow != nullptr) MakeBelong(dialog);
-        PutInTheMiddle(dialog);
-    }
+    if (!dialog.isVisible()) PutInTheMiddle(dialog);
+    ShowPlacedDialog(dialog);
+}
+
+void ShowPlacedDialog(QWidget& dialog) {
+    if (!dialog.isVisible() && s_workWindow != nullptr) MakeBelong(dialog);
     dialog.show();
     dialog.raise();
 }

@@ -13,6 +13,7 @@ QWidget* WorkWindow();  // null while there is none, as while the library loads
 
 // Shows a dialog in front, in the middle of the work window or, while there is none, of the screen.
 void ShowDialog(QWidget& dialog);
+void ShowPlacedDialog(QWidget& dialog);  // where it is
 
 // What a box belongs to that asks now: the box that is asking already, else the dialog that the
 // user is in, else the work window. Null when there is none of them.
