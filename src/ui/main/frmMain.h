@@ -84,6 +84,7 @@ class frmMain : public QMainWindow {
     void Enable(bool bEnabled) { bEnabled ? tmrBack.start() : tmrBack.stop(); }
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
