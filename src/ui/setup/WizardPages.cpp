@@ -33,6 +33,7 @@ void frmStartWizard::PlaceControls() {
 
     m_pages->setFixedSize(Pixels(bannerWidth - 2 * margin), Pixels(pageHeight));
     for (Integer number = 0; number <= PageCount; ++number) AddPage(number);
+    fraWizard[0]->hide();
     AddNamePage();
     AddWatchPage();
     AddLibraryPage();
@@ -46,6 +47,7 @@ void frmStartWizard::PlaceControls() {
     buttons->addWidget(cmdNext);
     auto* below = new QVBoxLayout;
     below->setContentsMargins(Pixels(margin), 0, Pixels(margin), Pixels(margin));
+    below->setSpacing(Pixels(margin));
     below->addWidget(m_pages);
     below->addLayout(buttons);
     auto* column = new QVBoxLayout(this);
