@@ -18,16 +18,30 @@ namespace {
 constexpr const char* NotConnectedText =
     "The PSP is not connected, or you have selected the wrong drive for the PSP.\r\r"
     "Please connect it and check the selected drive";
+constexpr const char* ConnectText =
+    "The PSP is not connected, please connect it and click OK to try again";
 constexpr const char* NotReadyText =
     "Selected drive not ready, check the connection or select another drive";
 
-// A drive that is not removable is never looked into: a network drive may answer slowly.
-bool IsPSPDrive(const std::string& sRoot) {
-    const Doing looking("Looking for a PSP on", sRoot);
-    if (!oFSO().DriveExists(sRoot)) return false;
-    const std::shared_ptr<Drive> drive = oFSO().GetDrive(sRoot);
-    if (drive->DriveType() != DriveRemovable) return false;
-    return oFSO().FileExists(drive->Path().append(IdentityFile));
+// Looks into the removable drives from b: to z: until one is taken. A drive of another type is left
+// alone: a network drive may answer slowly.
+bool TakeDrive(
+    const std::function<bool(const std::string& sRoot, const std::string& sPath)>& take) {
+    bool bHasFailed = false;
+    for (char letter = 'b'; letter <= 'z'; ++letter) {
+        const std::string sRoot = std::string(1, letter) + ":\\";
+        try {
+            const Doing looking("Looking for a PSP on", sRoot);
+            if (!oFSO().DriveExists(sRoot)) continue;
+            const std::shared_ptr<Drive> drive = oFSO().GetDrive(sRoot);
+            if (drive->DriveType() == DriveRemovable && take(sRoot, drive->Path())) return true;
+        } catch (const Failure&) {
+            if (bHasFailed) throw;
+            bHasFailed = true;
+            ForgetFailedActivity();
+        }
+    }
+    return false;
 }
 
 void PSPHasGone() {
@@ -69,21 +83,19 @@ bool MarkDrive(const std::string& sDriveText, const std::string& sName) {
 }  // namespace
 
 bool FindPSPDrive(std::string& sDrive) {
-    bool bHasFailed = false;
-    for (char letter = 'b'; letter <= 'z'; ++letter) {
-        const std::string sRoot = std::string(1, letter) + ":\\";
-        try {
-            if (!IsPSPDrive(sRoot)) continue;
-        } catch (const Failure&) {
-            if (bHasFailed) throw;
-            bHasFailed = true;
-            ForgetFailedActivity();
-            continue;
-        }
+    return TakeDrive([&](const std::string& sRoot, const std::string& sPath) {
+        if (!oFSO().FileExists(std::string(sPath).append(IdentityFile))) return false;
         sDrive = sRoot;
         return true;
-    }
-    return false;
+    });
+}
+
+bool FindPSPFolder(const std::function<void(const std::string& sPath)>& found) {
+    return TakeDrive([&](const std::string&, const std::string& sPath) {
+        if (!oFSO().FolderExists(sPath + "\\PSP")) return false;
+        found(sPath);
+        return true;
+    });
 }
 
 void ConnectPSP(const std::string& sDrive) {
@@ -128,6 +140,17 @@ bool SetupNewPSP(const std::string& sDriveText, const std::string& sName) {
         }
         return false;
     }
+}
+
+// A request to end the program is heard between two boxes: the user has no way out of them but to
+// connect the drive.
+void SetupFirstPSP(const std::string& sDriveText, const std::string& sName) {
+    while (!oFSO().DriveExists(sDriveText)) {
+        Service<MessageBoxes>::Get().MsgBox(ConnectText, MsgBoxButtons::OK, ProgramTitle);
+        DoEvents();
+    }
+    ConnectPSP(sDriveText);
+    WriteIdentityFile(sName);
 }
 
 }  // namespace tavel

@@ -58,6 +58,18 @@ void BackgroundScan() {
     tmrBack.Enable(true);
 }
 
+void AddWatchFolders() {
+    AddWindow& frmAdd = Service<AddWindow>::Get();
+    frmAdd.Show();
+    const std::vector<std::string> folders = WatchFolders();
+    if (folders.empty()) {
+        const Doing reading("Reading", "[watch]", "of", sDBFile);
+        Fail(failure::SubscriptOutOfRange);
+    }
+    for (const std::string& folder : folders) AddFolder(folder, true, true, false, true);
+    frmAdd.Unload();
+}
+
 void ScanTick() {
     iScanTicks = ToInteger(iScanTicks + 1);
     // Equal, not at least: a delay set below the present count stops the timed scans.

@@ -13,6 +13,10 @@ std::vector<std::string> WatchFolders();
 // One pass over all watch folders; returns at once while one is running.
 void BackgroundScan();
 
+// Fills the library from the watch folders, with groups and behind frmAdd. What is in it already is
+// added once more. Fails with 9 over a list without folders, frmAdd left in view.
+void AddWatchFolders();
+
 // A minute has gone by: counts it, and scans when the count meets iScanDelay.
 void ScanTick();
 

@@ -20,6 +20,7 @@ constexpr std::array<std::pair<Long, std::string_view>, 24> texts{{
     {failure::DeviceIO, "Device I/O error"},
     {failure::FileAlreadyExists, "File already exists"},
     {failure::DiskFull, "Disk full"},
+    {failure::InputPastEnd, "Input past end of file"},
     {failure::DeviceUnavailable, "Device unavailable"},
     {failure::PermissionDenied, "Permission denied"},
     {failure::DiskNotReady, "Disk not ready"},

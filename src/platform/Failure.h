@@ -20,6 +20,7 @@ inline constexpr Long FileNotFound = 53;
 inline constexpr Long DeviceIO = 57;
 inline constexpr Long FileAlreadyExists = 58;
 inline constexpr Long DiskFull = 61;
+inline constexpr Long InputPastEnd = 62;
 inline constexpr Long DeviceUnavailable = 68;
 inline constexpr Long PermissionDenied = 70;
 inline constexpr Long DiskNotReady = 71;

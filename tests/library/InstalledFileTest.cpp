@@ -24,13 +24,20 @@ class InstalledFile : public LibraryTest {
     std::string text;
 };
 
-TEST_F(InstalledFile, Starts_the_program_with_an_empty_library) {
+TEST_F(InstalledFile, Starts_the_wizard_over_an_empty_library) {
     LoadOptions();
+    EXPECT_TRUE(bFirstTime);
     LoadDB();
     LoadSupportedExts();
     EXPECT_FALSE(bGroupZip || bAutoGroup || bScanOnAppStart || bAddHiddenFiles);
     EXPECT_EQ(iVidThumbMode, 0);
     EXPECT_EQ(windows.calls, Calls{"Log DB: DB Loaded"});
+}
+
+// Beside the program, whose folder is the current one.
+TEST_F(InstalledFile, Has_a_place_for_what_comes_out_of_archives_from_the_first_start_on) {
+    LoadOptions();
+    EXPECT_EQ(sDefaultDBPath, "Media");
 }
 
 TEST_F(InstalledFile, Lets_the_first_scan_run) {

@@ -47,12 +47,12 @@ def _video(path, hue):
 
 
 def make(folder):
-    """Fills folder with Pictures, Music and Videos."""
-    for kind in ("Pictures", "Music", "Videos"):
+    """Fills folder with Pictures, Songs and Films."""
+    for kind in ("Pictures", "Songs", "Films"):
         (folder / kind).mkdir(parents=True)
     for name in PHOTOS:
         make_photo(folder / "Pictures" / name)
     for number, name in enumerate(TRACKS):
-        _track(folder / "Music" / name, 440 + 110 * number)
+        _track(folder / "Songs" / name, 440 + 110 * number)
     for number, name in enumerate(VIDEOS):
-        _video(folder / "Videos" / name, 90 * number)
+        _video(folder / "Films" / name, 90 * number)

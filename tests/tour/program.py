@@ -29,16 +29,17 @@ class Program:
         self.folder = place / "Tavel"
         self.folder.mkdir()
         shutil.copy(binary, self.folder / "tavel")
-        shutil.copytree(DATA / "UI", self.folder / "UI")
+        for name in ("UI", "text"):
+            shutil.copytree(DATA / name, self.folder / name)
         (self.folder / "drives").mkdir()
         self.database = self.folder / "db.txt"
         shutil.copy(DATA / "db.txt", self.database)
-        self._skip_the_wizard()
         self.log = place / "tavel.log"
         self.process = None
         self.screen = None
 
-    def _skip_the_wizard(self):
+    def skip_the_wizard(self):
+        """As though it had been finished at an earlier start."""
         text = self.database.read_bytes().decode("utf-8")
         self.database.write_bytes(re.sub(r"(?im)^bFirstTime=.*?(\r?)$", r"bFirstTime=0\1", text).encode("utf-8"))
 

@@ -15,11 +15,13 @@
 #include "ui/support/Clipping.h"
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Wizard.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/ProgressBar.h"
+#include "ui/toolkit/ScrollingLabel.h"
 #include "ui/toolkit/ShowNow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
@@ -27,6 +29,8 @@
 #include <gmock/gmock.h>
 
 #include <QDir>
+#include <QLineEdit>
+#include <QScrollBar>
 #include <QTabBar>
 
 namespace tavel::test {
@@ -204,6 +208,30 @@ TEST_P(LooksTest, the_window_for_a_thumbnail) {
     frmThumb& window = SingleWindow<frmThumb>::Get();
     window.GetNewThumbPath("", {"vd_a"});
     Look(window, "thumbnail");
+}
+
+// Its own words have room on their pages.
+TEST_P(LooksTest, the_wizard) {
+    WizardFiles words(files, files.FromHostPath(SourceFile("data/text/wizard.txt")));
+    Service<FileService>::Use(&words);
+    words.Plug('e', temp.HostPath("stick")).label = "STICK";
+    frmStartWizard& window = SingleWindow<frmStartWizard>::Get();
+    window.show();
+    for (int page = 1; page <= 9; ++page) {
+        const std::string number = std::to_string(page);
+        ASSERT_TRUE(Find(window, ("fraWizard(" + number + ")").c_str()).isVisible()) << page;
+        Look(window, ("wizard_" + number).c_str());
+        auto& label = Find<ScrollingLabel>(window, ("labText(" + number + ")").c_str());
+        EXPECT_EQ(label.verticalScrollBar()->maximum(), 0) << page;
+        if (page == 7) {
+            Find<QLineEdit>(window, "txtFolderPath").setText(ToQString(temp.DrivePath("Media")));
+            prompts.ExpectMsgBox(QStringLiteral("Folders created successfully"), MsgBoxButtons::OK,
+                                 MsgBoxAnswer::OK);
+        }
+        if (page < 9) Click(window, "cmdNext");
+    }
+    SingleWindow<frmStartWizard>::Unload();
+    Service<FileService>::Use(&files);
 }
 
 TEST_P(LooksTest, the_log) {

@@ -8,7 +8,6 @@
 #include "library/LibraryWindows.h"
 #include "library/Scan.h"
 #include "platform/Service.h"
-#include "support/FaultyFileService.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
 #include "ui/main/UpCalls.h"
@@ -297,19 +296,6 @@ TEST_F(SmallWindows, all_windows_but_the_main_one_are_unloaded_at_the_end) {
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
     EXPECT_FALSE(SingleWindow<frmAdd>::Loaded());
     EXPECT_FALSE(mainUnloaded);
-}
-
-TEST_F(SmallWindows, the_main_window_stands_in_for_the_wizard) {
-    const TempFolder temp;
-    sDBFile = temp.DrivePath("db.txt");
-    FaultyFileService noDrives;
-    Service<FileService>::Use(&noDrives);
-    App().ShowStartWizard();
-    EXPECT_TRUE(SingleWindow<frmMain>::Get().isVisible());
-    EXPECT_FALSE(SingleWindow<frmMain>::Get().isModal());
-    SingleWindow<frmMain>::Unload();
-    RunEvents();
-    Service<FileService>::Use(nullptr);
 }
 
 using SmallWindowsDeathTest = SmallWindows;

@@ -15,6 +15,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/main/frmMain.h"
 #include "ui/main/frmSplash.h"
+#include "ui/setup/frmStartWizard.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/ProgressBar.h"
 #include "ui/toolkit/ShowNow.h"
@@ -39,8 +40,7 @@ class AppWindowsOnScreen : public AppWindows {
 
     void ShowSplash() override { ShowNow(SingleWindow<frmSplash>::Get()); }
     void UnloadSplash() override { SingleWindow<frmSplash>::Unload(); }
-    // There is no wizard yet: a first run goes straight to the main window.
-    void ShowStartWizard() override { ShowMain(); }
+    void ShowStartWizard() override { SingleWindow<frmStartWizard>::Get().show(); }
     void ShowMain() override { SingleWindow<frmMain>::Get().show(); }
     void ShowEnd() override { ShowNow(SingleWindow<frmEnd>::Get()); }
     void UnloadAllButMain() override { WindowRegistry::UnloadAllBut("frmMain"); }

@@ -19,7 +19,6 @@ frmMain::frmMain() : m_menus(*this), tmrBack(this), tmrPSP(this) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(QStringLiteral("Tavel"));
     setWindowFlag(Qt::WindowMaximizeButtonHint, false);  // it has one size
-    SetWorkWindow(*this);
     tmrBack.setObjectName(QStringLiteral("tmrBack"));
     tmrPSP.setObjectName(QStringLiteral("tmrPSP"));
     AddPictures();
@@ -59,6 +58,9 @@ void frmMain::SetupTimer() {
         timer->setInterval(1000);
     }
 }
+
+// Not before: a group that the wizard makes brings the window into being behind it.
+void frmMain::showEvent(QShowEvent*) { SetWorkWindow(*this); }
 
 void frmMain::closeEvent(QCloseEvent* event) {
     mnuExit_Click();

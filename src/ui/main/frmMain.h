@@ -86,6 +86,7 @@ class frmMain : public QMainWindow {
     void Enable(bool bEnabled) { bEnabled ? tmrBack.start() : tmrBack.stop(); }
 
   protected:
+    void showEvent(QShowEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:

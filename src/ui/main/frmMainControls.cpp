@@ -6,7 +6,7 @@
 #include "ui/main/WrappedButton.h"
 #include "ui/main/frmMain.h"
 #include "ui/toolkit/Application.h"
-#include "ui/toolkit/Artwork.h"
+#include "ui/toolkit/Banner.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/TreeView.h"
@@ -15,7 +15,6 @@
 #include <QHBoxLayout>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPainter>
 #include <QPushButton>
 #include <QShortcut>
 #include <QToolButton>
@@ -57,23 +56,6 @@ ListView* AddSyncList(const char* name, const char* role, QWidget* parent) {
     list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     return list;
 }
-
-// Painted from an icon, which has the picture for each scale.
-class Banner : public QWidget {
-  public:
-    explicit Banner(QWidget* parent) : QWidget(parent) {
-        AddArtwork(m_picture, QStringLiteral(":/artwork/banner.jpg"));
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override {
-        QPainter painter(this);
-        m_picture.paint(&painter, rect());
-    }
-
-  private:
-    QIcon m_picture;
-};
 
 TreeView* AddTree(const char* name, const char* role, QWidget* panel) {
     TreeView* tree = Labelled(new TreeView(panel), name, role);

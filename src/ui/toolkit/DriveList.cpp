@@ -11,8 +11,9 @@ DriveList::DriveList(QWidget* parent) : QComboBox(parent) { ListDrives(); }
 std::string DriveList::Drive() const { return FromQString(currentText()); }
 
 void DriveList::SetDrive(const std::string& text) {
-    const int row = findText(ToQString(text).left(1), Qt::MatchStartsWith);
-    if (text.empty() || row < 0) Fail(failure::DeviceUnavailable);
+    ListDrives();
+    const int row = RowOf(ToQString(text));
+    if (row < 0) Fail(failure::DeviceUnavailable);
     setCurrentIndex(row);
 }
 
@@ -27,9 +28,12 @@ void DriveList::ListDrives() {
     const QString chosen = currentText();
     clear();
     for (const std::string& text : oFSO().DriveTexts()) addItem(ToQString(text));
-    const int row = chosen.isEmpty() ? -1 : findText(chosen.left(1), Qt::MatchStartsWith);
-    if (row < 0) return SetDrive("c:");
-    setCurrentIndex(row);
+    const int row = RowOf(chosen);
+    setCurrentIndex(row < 0 ? RowOf(QStringLiteral("c:")) : row);
+}
+
+int DriveList::RowOf(const QString& drive) const {
+    return drive.isEmpty() ? -1 : findText(drive.left(1), Qt::MatchStartsWith);
 }
 
 }  // namespace tavel

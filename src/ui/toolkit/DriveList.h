@@ -15,14 +15,15 @@ class DriveList : public QComboBox {
 
     // The text of the chosen drive.
     std::string Drive() const;
-    // Chooses the drive with the letter that the text begins with. Fails with 68 when there is
-    // none.
+    // Chooses the drive with the letter that the text begins with, of the drives of the moment.
+    // Fails with 68 when there is none.
     void SetDrive(const std::string& text);
 
     void showPopup() override;
 
   private:
     void ListDrives();
+    int RowOf(const QString& drive) const;  // by its letter; -1 for none
 };
 
 }  // namespace tavel

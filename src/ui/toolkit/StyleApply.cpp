@@ -2,6 +2,7 @@
 
 #include "ui/toolkit/DriveList.h"
 #include "ui/toolkit/LineList.h"
+#include "ui/toolkit/ScrollingLabel.h"
 #include "ui/toolkit/Strings.h"
 
 #include <QApplication>
@@ -39,6 +40,8 @@ std::optional<Kind> KindOf(const QWidget& control) {
         if (ShowsPicture(*label)) return std::nullopt;
         return Kind{{QPalette::Window}, &Style::lBackColorA};
     }
+    if (qobject_cast<const ScrollingLabel*>(&control) != nullptr)
+        return Kind{{QPalette::Window}, &Style::lBackColorA};
     if (qobject_cast<const QPushButton*>(&control) != nullptr)
         return Kind{{QPalette::Button}, &Style::lBackColorA};
     // These two fill themselves as any button does.
