@@ -9,7 +9,7 @@ namespace tavel {
 
 namespace {
 
-constexpr std::array<std::pair<Long, std::string_view>, 24> texts{{
+constexpr std::array<std::pair<Long, std::string_view>, 25> texts{{
     {failure::InvalidProcedureCall, "Invalid procedure call or argument"},
     {failure::Overflow, "Overflow"},
     {failure::SubscriptOutOfRange, "Subscript out of range"},
