@@ -11,15 +11,7 @@ namespace {
 using testing::Contains;
 using testing::Not;
 
-class AddWatchFoldersTest : public LibraryTest {
-  protected:
-    void Watch(const Texts& folders) const {
-        std::string text = "[watch]\r\nnoofflds=" + std::to_string(folders.size()) + "\r\n";
-        for (std::size_t i = 0; i < folders.size(); ++i)
-            text += std::to_string(i) + "=" + temp.DrivePath(folders[i]) + "\r\n";
-        Contain(text);
-    }
-};
+using AddWatchFoldersTest = LibraryTest;
 
 TEST_F(AddWatchFoldersTest, Walks_the_folders_in_order_behind_the_window_without_a_yield) {
     const std::string sVideo = Write("two/b.mp4", "x");

@@ -30,6 +30,14 @@ class LibraryTest : public ::testing::Test {
     void Contain(const std::string& text) const { temp.Write("db.txt", text); }
     std::string DB() const { return temp.Read("db.txt"); }
 
+    // Makes db.txt hold these watch folders and nothing else.
+    void Watch(const Texts& folders) const {
+        std::string text = "[watch]\r\nnoofflds=" + std::to_string(folders.size()) + "\r\n";
+        for (std::size_t i = 0; i < folders.size(); ++i)
+            text += std::to_string(i) + "=" + temp.DrivePath(folders[i]) + "\r\n";
+        Contain(text);
+    }
+
     std::string Write(const std::string& name, const std::string& bytes) const {
         temp.Write(name, bytes);
         return temp.DrivePath(name);

@@ -11,13 +11,6 @@ namespace {
 
 class Scan : public LibraryTest {
   protected:
-    void Watch(const Texts& folders) const {
-        std::string text = "[watch]\r\nnoofflds=" + std::to_string(folders.size()) + "\r\n";
-        for (std::size_t i = 0; i < folders.size(); ++i)
-            text += std::to_string(i) + "=" + temp.DrivePath(folders[i]) + "\r\n";
-        Contain(text);
-    }
-
     void ExpectAdded(Calls& expected, const std::string& name) const {
         const std::string sPath = temp.DrivePath(name);
         expected.insert(expected.end(), {"Yield", "Log NEW FILE: New File Found - " + sPath,

@@ -9,10 +9,9 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QGridLayout>
-#include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
-#include <QPushButton>
+#include <QVBoxLayout>
 
 namespace tavel {
 
@@ -37,17 +36,6 @@ frmNewPSP::frmNewPSP()
     txtName->setAccessibleName(Label1->text());
     drvPSP->setAccessibleName(Label3->text());
 
-    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
-    auto* cmdCancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
-    connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
-    connect(cmdCancel, &QPushButton::clicked, this, [] { SingleWindow<frmNewPSP>::Unload(); });
-    SetEnterButton(*this, *cmdOK);
-    SetEscapeButton(*this, *cmdCancel);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     auto* column = new QVBoxLayout(this);
     column->addWidget(Label1);
     column->addWidget(txtName);
@@ -56,7 +44,8 @@ frmNewPSP::frmNewPSP()
     column->addSpacing(column->spacing());
     column->addWidget(Label2);
     column->addSpacing(column->spacing());
-    column->addLayout(buttons);
+    column->addLayout(OKAndCancel(
+        *this, [this] { cmdOK_Click(); }, [] { SingleWindow<frmNewPSP>::Unload(); }));
 
     StyleApply(*this, gStyle);
     setFixedSize(Pixels(5700), heightForWidth(Pixels(5700)));

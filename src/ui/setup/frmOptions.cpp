@@ -10,11 +10,10 @@
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QGuiApplication>
-#include <QHBoxLayout>
-#include <QPushButton>
 #include <QScreen>
 #include <QShortcut>
 #include <QTabBar>
+#include <QVBoxLayout>
 #include <algorithm>
 
 namespace tavel {
@@ -93,17 +92,6 @@ void frmOptions::AddPanels() {
 }
 
 void frmOptions::PlaceControls() {
-    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
-    auto* cmdCancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
-    connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
-    connect(cmdCancel, &QPushButton::clicked, this, [] { SingleWindow<frmOptions>::Unload(); });
-    SetEnterButton(*this, *cmdOK);
-    SetEscapeButton(*this, *cmdCancel);
-
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     // All panels stand in one place. The window takes its size while none is hidden, so that it has
     // room for the largest.
     auto* panels = new QGridLayout;
@@ -111,7 +99,8 @@ void frmOptions::PlaceControls() {
     auto* column = new QVBoxLayout(this);
     column->addWidget(tbsOptions);
     column->addLayout(panels);
-    column->addLayout(buttons);
+    column->addLayout(OKAndCancel(
+        *this, [this] { cmdOK_Click(); }, [] { SingleWindow<frmOptions>::Unload(); }));
     setFixedSize(std::max(Pixels(6000), sizeHint().width()), sizeHint().height());
 }
 

@@ -93,31 +93,21 @@ void frmWatchFolders::PlaceControls() {
 
     auto* cmdAddFolder = Named<QPushButton>("cmdAddFolder", QStringLiteral("+ Folder"), this);
     auto* cmdDelFolder = Named<QPushButton>("cmdDelFolder", QStringLiteral("-  Folder"), this);
-    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), this);
-    auto* cmdCancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), this);
     connect(cmdAddFolder, &QPushButton::clicked, this, [this] { cmdAddFolder_Click(); });
     connect(cmdDelFolder, &QPushButton::clicked, this, [this] { cmdDelFolder_Click(); });
-    connect(cmdOK, &QPushButton::clicked, this, [this] { cmdOK_Click(); });
-    connect(cmdCancel, &QPushButton::clicked, this,
-            [] { SingleWindow<frmWatchFolders>::Unload(); });
-    SetEnterButton(*this, *cmdOK);
-    SetEscapeButton(*this, *cmdCancel);
 
     auto* change = new QHBoxLayout;
     change->addWidget(cmdAddFolder);
     change->addWidget(cmdDelFolder);
     change->addStretch();
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(cmdOK);
-    buttons->addWidget(cmdCancel);
     auto* column = new QVBoxLayout(this);
     column->addWidget(Label1);
     column->addWidget(lstFolders);
     column->addLayout(change);
     column->addWidget(BoxesFrame());
     column->addWidget(DelayFrame());
-    column->addLayout(buttons);
+    column->addLayout(OKAndCancel(
+        *this, [this] { cmdOK_Click(); }, [] { SingleWindow<frmWatchFolders>::Unload(); }));
 }
 
 void frmWatchFolders::ShowStored() {

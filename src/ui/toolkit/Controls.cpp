@@ -1,5 +1,6 @@
 #include "ui/toolkit/Controls.h"
 
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <algorithm>
@@ -50,6 +51,21 @@ void SetEnterButton(QWidget& window, QPushButton& button) {
         (focused != nullptr ? *focused : button).click();
     });
     button.setDefault(true);
+}
+
+QHBoxLayout* OKAndCancel(QWidget& window, const std::function<void()>& ok,
+                         const std::function<void()>& cancel) {
+    auto* cmdOK = Named<QPushButton>("cmdOK", QStringLiteral("OK"), &window);
+    auto* cmdCancel = Named<QPushButton>("cmdCancel", QStringLiteral("Cancel"), &window);
+    QObject::connect(cmdOK, &QPushButton::clicked, &window, ok);
+    QObject::connect(cmdCancel, &QPushButton::clicked, &window, cancel);
+    SetEnterButton(window, *cmdOK);
+    SetEscapeButton(window, *cmdCancel);
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    row->addWidget(cmdOK);
+    row->addWidget(cmdCancel);
+    return row;
 }
 
 void PlainButtons(QWidget& dialog) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <QString>
+#include <functional>
 #include <utility>
 
+class QHBoxLayout;
 class QPushButton;
 class QWidget;
 
@@ -25,6 +27,11 @@ void SetEscapeButton(QWidget& window, QPushButton& button);
 
 // The Enter keys likewise click the button that has the focus, or else this one.
 void SetEnterButton(QWidget& window, QPushButton& button);
+
+// The row below a dialog's controls, with cmdOK and cmdCancel at its right. Enter and Escape click
+// them, too.
+QHBoxLayout* OKAndCancel(QWidget& window, const std::function<void()>& ok,
+                         const std::function<void()>& cancel);
 
 // Takes the pictures off a stock dialog's buttons, so that they look like the program's own.
 void PlainButtons(QWidget& dialog);
