@@ -97,6 +97,7 @@ class ComingIn(Session):
         sent = {f"{target}.mp4": self.media / "Films" / f"{video}.mp4",
                 f"{target}.THM": self.program.own_media / "Videos" / "Thumbnails" / "1.THM"}
         for name, source in sent.items():
+            check(f"{name} is on the stick", self.on_stick(name).exists(), True)
             check(f"the bytes of {name}", self.on_stick(name).read_bytes() == source.read_bytes(), True)
         told = subprocess.run(["identify", "-format", "%m %wx%h", str(self.on_stick(f"{target}.THM"))],
                               stdout=subprocess.PIPE, text=True, check=True)
