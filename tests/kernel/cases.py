@@ -39,6 +39,22 @@ def power_cut_at_finished(lab, kind, options):
     check_sound(stick)
 
 
+def power_cut_after_a_move(lab, kind, options):
+    """A file that has moved on the stick, or to it, is whole in its new place and nowhere else."""
+    library = Library()
+    beach = library.item("photo", "Beach", 200_000)
+    sunset = library.item("photo", "Sunset", 300_000)
+    stick = lab.stick(kind)
+    with lab.machine(library) as machine:
+        make_psp(machine, stick, options)
+        machine.run(TAVEL, "send", beach)
+        machine.run(TAVEL, "move", r"d:\PSP\PHOTO\Beach.jpg", r"d:\OWN1\The beach of the old town.jpg")
+        machine.run(TAVEL, "move", library.path_of(sunset), r"d:\OWN1\Sunset.jpg")
+    lab.check_files(stick, {IDENTITY_FILE: identity(), "OWN1/The beach of the old town.jpg": library.bytes_of(beach),
+                            "OWN1/Sunset.jpg": library.bytes_of(sunset)})
+    check_sound(stick)
+
+
 class Film:
     """A library with a film and a magazine that take a while to copy."""
 
@@ -177,6 +193,8 @@ CASES = {
     "power_cut_at_finished_on_vfat": (power_cut_at_finished, ["FAT32", PLAIN]),
     "power_cut_at_finished_on_vfat_with_flush": (power_cut_at_finished, ["FAT32", FLUSHED]),
     "power_cut_at_finished_on_exfat": (power_cut_at_finished, ["exFAT", EXFAT]),
+    "power_cut_after_a_move_on_vfat": (power_cut_after_a_move, ["FAT32", PLAIN]),
+    "power_cut_after_a_move_on_exfat": (power_cut_after_a_move, ["exFAT", EXFAT]),
     "stick_pulled_in_a_copy": (pulled_in_a_copy, []),
     "stick_pulled_in_a_page": (pulled_in_a_page, []),
     "full_stick_of_vfat": (full_stick, ["FAT16", PLAIN]),

@@ -16,6 +16,7 @@
 //
 //   driver send ID...          "Send To PSP" with these rows in the transfer list
 //   driver setup DRIVE NAME    OK in "Setup New PSP"
+//   driver move FROM TO        a file moved by its path
 
 namespace tavel::test {
 
@@ -56,7 +57,11 @@ bool Run(const std::string& command, const std::vector<std::string>& words) {
     FirstLookForPSP();
     Say(bPSPConnected ? sPSPName + " Connected" : "No PSP Connected");
     if (command == "setup") return SetupNewPSP(words.at(0), words.at(1));
-    TransferToPSP(words);
+    if (command == "move") {
+        oFSO().MoveFile(words.at(0), words.at(1));
+    } else {
+        TransferToPSP(words);
+    }
     return true;
 }
 

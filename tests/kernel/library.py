@@ -31,8 +31,10 @@ class Library:
         return entry["ID"]
 
     def bytes_of(self, item, key="Path"):
-        entry = next(entry for entry in self._entries if entry["ID"] == item)
-        return self._files[entry[key].rpartition("\\")[2]]
+        return self._files[self.path_of(item, key).rpartition("\\")[2]]
+
+    def path_of(self, item, key="Path"):
+        return next(entry for entry in self._entries if entry["ID"] == item)[key]
 
     def _add(self, kind, name, **keys):
         prefix, number = KINDS[kind]

@@ -1,4 +1,6 @@
 #include "library/ZipFixture.h"
+#include "platform/linux/HostFileService.h"
+#include "platform/linux/MountSource.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -160,8 +162,8 @@ TEST_F(AddZipFileTest, The_options_of_the_moment_decide_about_the_group) {
 }
 
 TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
-    const fs::path before = fs::current_path();
-    fs::current_path(temp.HostPath());
+    const auto belowTheProgram = MakeHostFileService(temp.HostPath(), MakeHostMounts());
+    Service<FileService>::Use(belowTheProgram.get());
     sDefaultDBPath = "0";
     EXPECT_EQ(FailureOf([&] { Import({{"a.jpg", "1"}}); }), failure::PathNotFound);
     EXPECT_EQ(windows.calls, Calls{"frmAdd.Show"});
@@ -170,7 +172,7 @@ TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
     EXPECT_EQ(colPhoto.Item(1).sPath(), "0\\Photos\\a.jpg");
     EXPECT_EQ(temp.Read("0/Photos/a.jpg"), "1");
     EXPECT_TRUE(fs::exists(temp.HostPath("0/TEMPUNZIP")));
-    fs::current_path(before);
+    Service<FileService>::Use(&files);
 }
 
 TEST_F(AddZipFileTest, Cancelling_has_no_effect) {

@@ -113,6 +113,10 @@ TEST_F(PowerCut, Folders_made_and_files_removed_on_a_stick_are_so_at_once) {
     EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
     files->DeleteFile("e:\\old.txt", false);
     EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+    temp.Write("card/psp/a.txt", "x");
+    files->DeleteFile("e:\\psp\\a.txt", false);
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("remove card/psp/a.txt", "flush folder card/psp", "flush folder card"));
 }
 
 TEST_F(PowerCut, A_file_that_moves_within_a_stick_is_flushed_under_its_new_name) {
@@ -195,13 +199,14 @@ TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {
     WriteRaw(temp.DrivePath("card/new.bin"), "x");
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
     files->CreateFolder(temp.DrivePath("card/psp"));
-    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card", "flush folder ."));
     files->MoveFile(temp.DrivePath("card/new.bin"), temp.DrivePath("card/psp/new.bin"));
     EXPECT_THAT(calls.Take(),
                 ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
-                            "flush folder card/psp", "flush folder card"));
+                            "flush folder card/psp", "flush folder card", "flush folder ."));
     files->DeleteFile(temp.DrivePath("card/old.txt"), true);
-    EXPECT_THAT(calls.Take(), ElementsAre("remove card/old.txt", "flush folder card"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("remove card/old.txt", "flush folder card", "flush folder ."));
 }
 
 TEST_F(PowerCut, A_path_that_leads_to_a_stick_through_a_link_does_as_its_letter) {
@@ -210,13 +215,14 @@ TEST_F(PowerCut, A_path_that_leads_to_a_stick_through_a_link_does_as_its_letter)
     WriteRaw(temp.DrivePath("link/new.bin"), "x");
     EXPECT_THAT(calls.Take(), ElementsAre("flush card/new.bin 1", "flush folder card"));
     files->CreateFolder(temp.DrivePath("link/psp"));
-    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush folder card", "flush folder ."));
     files->MoveFile(temp.DrivePath("LINK/new.bin"), temp.DrivePath("link/psp/new.bin"));
     EXPECT_THAT(calls.Take(),
                 ElementsAre("rename card/new.bin -> card/psp/new.bin", "flush card/psp/new.bin 1",
-                            "flush folder card/psp", "flush folder card"));
+                            "flush folder card/psp", "flush folder card", "flush folder ."));
     files->DeleteFile(temp.DrivePath("link/old.txt"), true);
-    EXPECT_THAT(calls.Take(), ElementsAre("remove link/old.txt", "flush folder card"));
+    EXPECT_THAT(calls.Take(),
+                ElementsAre("remove link/old.txt", "flush folder card", "flush folder ."));
 }
 
 TEST_F(PowerCut, The_host_sees_to_other_drives_in_its_own_time) {

@@ -250,6 +250,9 @@ TEST_F(StartWizardStepsTest, the_options_are_written_in_order_and_count_from_the
 TEST_F(StartWizardStepsTest, the_options_reach_the_file_in_one_step) {
     PlugNewStick();
     OpenWizard();
+    GoTo(8);
+    Check("chkAutoGroup");
+    Check("chkScanOnStart");
     GoTo(9);
     HostCalls host(temp.HostPath());
     Next();

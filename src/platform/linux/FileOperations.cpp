@@ -39,7 +39,7 @@ void RequireOneDrive(const Place& place) {
 }
 
 // On a removable drive at once; the host sees to others in its own time.
-bool KeepEntries(const Place& place) { return !place.isFlushed || FlushFolderOf(place); }
+bool KeepEntries(const Place& place) { return !place.isFlushed || FlushEntriesOf(place); }
 
 // Its entry is on the medium by now, and must not be there when a stick is pulled.
 void RemovePartial(const Place& partial) {
@@ -109,7 +109,7 @@ bool RenameIfFree(const Place& source, const Place& target) {
 bool FlushMove(const Place& source, const Place& target) {
     const bool leavesFolder = FolderOf(source.hostPath) != FolderOf(target.hostPath);
     return FlushRenamed(target) && FlushFolderOf(target) &&
-           (!leavesFolder || FlushFolderOf(source));
+           (!leavesFolder || FlushEntriesOf(source));
 }
 
 void MoveAcross(DriveTable& drives, Place source, Place target) {

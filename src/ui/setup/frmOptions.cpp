@@ -104,14 +104,10 @@ void frmOptions::PlaceControls() {
     buttons->addStretch();
     buttons->addWidget(cmdOK);
     buttons->addWidget(cmdCancel);
-    // All panels stand in one place, which has room for the largest.
+    // All panels stand in one place. The window takes its size while none is hidden, so that it has
+    // room for the largest.
     auto* panels = new QGridLayout;
-    for (QWidget* panel : picOptions) {
-        QSizePolicy policy = panel->sizePolicy();
-        policy.setRetainSizeWhenHidden(true);
-        panel->setSizePolicy(policy);
-        panels->addWidget(panel, 0, 0);
-    }
+    for (QWidget* panel : picOptions) panels->addWidget(panel, 0, 0);
     auto* column = new QVBoxLayout(this);
     column->addWidget(tbsOptions);
     column->addLayout(panels);
