@@ -8,6 +8,7 @@ import subprocess
 from waiting import Mismatch, wait_for
 
 WIDTH, HEIGHT = 1280, 800
+HOME = "anna"  # the home folder of the person at the desk
 
 
 class Desk:
@@ -18,7 +19,7 @@ class Desk:
         self.log = open(place / "desk.log", "wb")
         runtime = place / "runtime"
         runtime.mkdir(mode=0o700)
-        home = place / "home"
+        home = place / HOME
         home.mkdir()
         for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE", "XAUTHORITY"):
             os.environ.pop(name, None)

@@ -1,6 +1,7 @@
 """Sample media, made by ImageMagick and ffmpeg: what the world writes, not our own writers."""
 
 import subprocess
+import zipfile
 
 PHOTOS = {  # file: (width, height)
     "Beach.jpg": (640, 480),
@@ -32,6 +33,22 @@ def make_photo(path):
     x, y = width * 3 // 4, height // 4
     _run("convert", "-size", f"{width}x{height}", f"gradient:{top}-{bottom}",
          "-fill", sun, "-draw", f"circle {x},{y} {x + 40},{y}", "-draw", land, path)
+
+
+def make_variant(photo, path, hue):
+    """The same scene in other colours; hue in percent of a turn, 100 leaves it."""
+    _run("convert", photo, "-modulate", f"100,100,{hue}", path)
+
+
+def make_archive(path, photo, pages):
+    """A zip of pages in a folder, with a text behind them that is no picture."""
+    with zipfile.ZipFile(path, "w", zipfile.ZIP_DEFLATED) as archive:
+        for number, page in enumerate(pages):
+            drawn = path.with_name(page)
+            make_variant(photo, drawn, 60 + 40 * number)
+            archive.write(drawn, f"{path.stem}/{page}")
+            drawn.unlink()
+        archive.writestr(f"{path.stem}/about.txt", "Drawn for the tour.\r\n")
 
 
 def _track(path, tone):

@@ -9,6 +9,7 @@ from screen import Screen
 from waiting import PATIENCE, wait_for
 
 DATA = Path(__file__).resolve().parents[2] / "data"
+MEDIA_FOLDERS = ["Photos/Magazines", "Photos/PhotoAlbums", "Music/Playlists", "Videos/VidSeries", "Videos/Thumbnails"]
 
 
 class Profile(dict):
@@ -32,6 +33,9 @@ class Program:
         for name in ("UI", "text"):
             shutil.copytree(DATA / name, self.folder / name)
         (self.folder / "drives").mkdir()
+        self.own_media = self.folder / "Media"
+        for name in MEDIA_FOLDERS:
+            (self.own_media / name).mkdir(parents=True)
         self.database = self.folder / "db.txt"
         shutil.copy(DATA / "db.txt", self.database)
         self.log = place / "tavel.log"
@@ -40,8 +44,13 @@ class Program:
 
     def skip_the_wizard(self):
         """As though it had been finished at an earlier start."""
+        self.set_option("bFirstTime", 0)
+
+    def set_option(self, name, value):
+        """By hand in db.txt, between two sessions."""
         text = self.database.read_bytes().decode("utf-8")
-        self.database.write_bytes(re.sub(r"(?im)^bFirstTime=.*?(\r?)$", r"bFirstTime=0\1", text).encode("utf-8"))
+        changed = re.sub(rf"(?im)^{name}=.*?(\r?)$", rf"{name}={value}\1", text)
+        self.database.write_bytes(changed.encode("utf-8"))
 
     def drive(self, letter):
         """Where a folder is linked as a removable drive."""

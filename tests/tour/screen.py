@@ -136,6 +136,13 @@ class Screen:
         """The first one that shows, as soon as it shows."""
         return wait_for(f"{role} {name!r}", lambda: self._look(role, name, inside))[0]
 
+    def find_window_of_busy(self, title):
+        """A window of a program that takes its time for each thing it is asked: nothing but windows is looked at,
+        once the window manager has placed it."""
+        wait_for(f"window {title!r}", lambda: title in desk.stacking())
+        windows = self._application().children
+        return wait_for(f"window {title!r}", lambda: [node for node in windows() if node.name == title])[0]
+
     def wait_gone(self, role, name, inside=None):
         wait_for(f"the end of {role} {name!r}", lambda: not self._look(role, name, inside))
 

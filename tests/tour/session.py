@@ -4,10 +4,11 @@ import argparse
 import shutil
 import sys
 import tempfile
+from contextlib import nullcontext
 from pathlib import Path
 
 import stick as sticks
-from desk import Desk
+from desk import HOME, Desk
 from driving import Driver
 from program import Program
 from waiting import Mismatch, check
@@ -20,7 +21,7 @@ class Session:
 
     def __init__(self, place, binary, pictures):
         self.place = place
-        self.home = place / "home"
+        self.home = place / HOME
         self.pictures = pictures
         self.stage = 0
         self.program = Program(place, binary)
@@ -53,11 +54,13 @@ def run(description, kind, pictures_folder):
     arguments = argparse.ArgumentParser(description=description, formatter_class=argparse.RawDescriptionHelpFormatter)
     arguments.add_argument("program", type=Path)
     arguments.add_argument("pictures", type=Path, nargs="?", default=ROOT / pictures_folder)
+    arguments.add_argument("--place", type=Path, help="an empty folder to work in (default: a temporary one)")
     given = arguments.parse_args()
     pictures = given.pictures.resolve()
     shutil.rmtree(pictures, ignore_errors=True)
     pictures.mkdir(parents=True)
-    with tempfile.TemporaryDirectory(prefix="tavel-tour.") as place, Desk(Path(place)):
+    working = nullcontext(given.place) if given.place else tempfile.TemporaryDirectory(prefix="tavel-tour.")
+    with working as place, Desk(Path(place)):
         session = kind(Path(place), given.program, pictures)
         try:
             session.go()
