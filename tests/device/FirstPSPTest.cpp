@@ -161,6 +161,23 @@ TEST_F(FirstPSPTest, Any_drive_is_taken_though_it_is_not_removable) {
     EXPECT_TRUE(bPSPConnected);
 }
 
+TEST_F(FirstPSPTest, The_computers_own_drive_gets_the_file_in_its_root_and_is_never_found_again) {
+    PlugStick('c').driveType = DriveFixed;
+    SetupFirstPSP("c:", "A");
+    EXPECT_EQ(oPSPDrive->Path(), "c:");
+    EXPECT_EQ(BytesOn('c', "TavelDataFile.tavel"), "[Data]\r\nPSPName=A\r\n");
+    std::string sDrive = "none";
+    EXPECT_FALSE(FindPSPDrive(sDrive));
+    EXPECT_EQ(sDrive, "none");
+}
+
+TEST_F(FirstPSPTest, A_root_that_takes_no_file_fails_with_nothing_made) {
+    PlugStick('c').driveType = DriveFixed;
+    files.FailOn("CreateTextFile c:\\TavelDataFile.tavel", failure::PermissionDenied);
+    EXPECT_EQ(FailureOf([] { SetupFirstPSP("c:", "A"); }), failure::PermissionDenied);
+    EXPECT_FALSE(IsOn('c', "TavelDataFile.tavel"));
+}
+
 TEST_F(FirstPSPTest, A_drive_without_media_fails_where_the_file_is_made) {
     PlugNewStick('e').hasMedia = false;
     EXPECT_EQ(FailureOf([] { SetupFirstPSP("e:", "A"); }), failure::DiskNotReady);

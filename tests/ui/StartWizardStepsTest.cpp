@@ -5,6 +5,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Modal.h"
+#include "ui/support/UserAtYields.h"
 #include "ui/support/Wizard.h"
 #include "ui/toolkit/DriveList.h"
 #include "ui/toolkit/EndOfSession.h"
@@ -169,7 +170,36 @@ TEST_F(StartWizardStepsTest, the_watch_folders_open_above_the_wizard_and_do_not_
     EXPECT_TRUE(window.isVisible());
     EXPECT_FALSE(window.isModal());
     EXPECT_EQ(window.windowHandle()->transientParent(), Wizard().windowHandle());
-    SingleWindow<frmWatchFolders>::Unload();
+}
+
+TEST_F(StartWizardStepsTest, the_watch_folders_come_back_to_the_front_when_they_are_called_again) {
+    OpenWizard();
+    GoTo(3);
+    Click(Wizard(), "cmdWatch");
+    frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    window.showMinimized();
+    Wizard().activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&Wizard()));
+    Click(Wizard(), "cmdWatch");
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_FALSE(window.isMinimized());
+}
+
+TEST_F(StartWizardStepsTest, watch_folders_that_are_left_open_belong_to_the_main_window_then) {
+    PlugNewStick();
+    OpenWizard();
+    GoTo(3);
+    Click(Wizard(), "cmdWatch");
+    frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
+    window.move(30, 40);
+    GoTo(9);
+    Next();
+    RunEvents();
+    ASSERT_TRUE(SingleWindow<frmWatchFolders>::Loaded());
+    EXPECT_TRUE(window.isVisible());
+    EXPECT_EQ(window.windowHandle()->transientParent(), Main().windowHandle());
+    EXPECT_EQ(window.pos(), QPoint(30, 40));
 }
 
 TEST_F(StartWizardStepsTest, Create_Database_fills_the_library_with_groups_each_time) {
@@ -299,6 +329,18 @@ TEST_F(StartWizardStepsTest, a_drive_without_media_ends_the_program_with_nothing
     EXPECT_FALSE(SingleWindow<frmMain>::Loaded());
 }
 
+TEST_F(StartWizardStepsTest,
+       a_drive_whose_root_takes_no_file_ends_the_program_with_nothing_written) {
+    OpenWizard();
+    GoTo(9);
+    ASSERT_EQ(Drive().substr(0, 2), "c:");
+    disk.FailOn("CreateTextFile c:\\TavelDataFile.tavel", failure::PermissionDenied);
+    const std::string before = DB();
+    EXPECT_EQ(FatalOf([] { Next(); }), failure::PermissionDenied);
+    EXPECT_EQ(DB(), before);
+    EXPECT_FALSE(SingleWindow<frmMain>::Loaded());
+}
+
 TEST_F(StartWizardStepsTest, words_for_a_page_10_end_the_program_behind_the_finish) {
     PlugNewStick();
     OpenWizard();
@@ -347,6 +389,33 @@ TEST_F(StartWizardStepsTest, a_request_to_end_is_heard_between_the_boxes_of_the_
     WhenModal([](QWidget&) { std::raise(SIGTERM); });
     Next();
     EXPECT_THAT(calls, Contains("EndProcess"));
+}
+
+TEST_F(StartWizardStepsTest, nothing_in_the_wizard_can_be_pressed_between_the_boxes_of_the_finish) {
+    PlugNewStick();
+    OpenWizard();
+    GoTo(9);
+    disk.Pull('e');
+    UserAtYields user;
+    user.act = [this](int) {
+        PlugNewStick('e');
+        Next();
+        QTest::keyClick(&Wizard(), Qt::Key_Return);
+        EXPECT_TRUE(IsOpen());
+        EXPECT_EQ(IdentityFile(), "");
+        Back();
+        EXPECT_THAT(Shown(), ElementsAre(9));
+    };
+    const RealPrompts real;
+    WhenModal([](QWidget& box) {
+        EXPECT_TRUE(box.isEnabled());
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    Next();
+    EXPECT_EQ(user.yields, 1);
+    EXPECT_FALSE(IsOpen());
+    EXPECT_EQ(IdentityFile(), "[Data]\r\nPSPName=My PSP\r\n");
+    EXPECT_TRUE(Main().isVisible());
 }
 
 TEST_F(StartWizardStepsTest, boxes_belong_to_the_wizard) {

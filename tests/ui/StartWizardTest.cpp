@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
+#include <filesystem>
 
 namespace tavel::test {
 
@@ -202,6 +203,18 @@ TEST_F(StartWizardTest, without_words_for_page_1_it_shows_as_designed_and_stays_
     EXPECT_EQ(TextOf(1), "\nOne") << "the number had become 0";
 }
 
+TEST_F(StartWizardTest, words_for_page_0_are_never_shown) {
+    Words("//0\r\nZero\r\n//2\r\nTwo\r\n");
+    OpenWizard();
+    for (const auto press : {Next, Back, Next, Back, Back, Next}) {
+        press();
+        EXPECT_THAT(Shown(), ElementsAre(1)) << "as designed";
+        EXPECT_TRUE(Page(0).isHidden());
+        EXPECT_EQ(TextOf(0), "");
+        EXPECT_EQ(Caption("cmdNext"), "Next >>");
+    }
+}
+
 TEST_F(StartWizardTest, a_page_without_words_is_not_reached) {
     Words("//1\na\n//2\nb\n//4\nd\n");
     OpenWizard();
@@ -220,11 +233,11 @@ TEST_F(StartWizardTest, words_for_a_page_below_the_first_end_the_program) {
     EXPECT_EQ(FatalOf([] { Back(); }), failure::SubscriptOutOfRange);
 }
 
-TEST_F(StartWizardTest, a_file_that_cannot_be_read_to_the_page_ends_the_program) {
+TEST_F(StartWizardTest, a_missing_file_ends_the_program) {
     const auto opening = [] { OpenWizard(); };
     const std::string sFile = GetAppPath() + "text\\wizard.txt";
-    disk.FailOn("ReadWhole", 53);
-    EXPECT_EQ(FailureOf(opening), failure::FileNotFound) << "missing";
+    ASSERT_TRUE(std::filesystem::remove(temp.HostPath("wizard.txt")));
+    EXPECT_EQ(FailureOf(opening), failure::FileNotFound);
     EXPECT_EQ(FailedActivityOf(opening), "Reading " + sFile);
 }
 

@@ -45,8 +45,8 @@ class WatchFoldersTest : public MainWindowTest {
     static QPoint PointOf(int row) {
         return lstFolders().visualItemRect(lstFolders().item(row)).center();
     }
-    static void ClickFolder(int row) {
-        QTest::mouseClick(lstFolders().viewport(), Qt::LeftButton, {}, PointOf(row));
+    static void ClickFolder(int row, Qt::MouseButton button = Qt::LeftButton) {
+        QTest::mouseClick(lstFolders().viewport(), button, {}, PointOf(row));
     }
     static void ClickBox(const char* name) {
         auto& box = Find<QCheckBox>(Window(), name);
@@ -354,6 +354,27 @@ TEST_F(WatchFoldersTest, a_long_path_loses_its_middle_and_is_a_tip_in_full) {
     EXPECT_EQ(lstFolders().textElideMode(), Qt::ElideMiddle);
     EXPECT_EQ(FromQString(TipAt(*lstFolders().viewport(), PointOf(0))), sLong);
     EXPECT_EQ(FromQString(TipAt(*lstFolders().viewport(), PointOf(1))), "");
+}
+
+TEST_F(WatchFoldersTest, a_press_of_another_button_is_no_click) {
+    Contain("noofflds=2\r\n0=c:\\One\r\n1=c:\\Two\r\n0Photo=0\r\n1Photo=1\r\n");
+    Show();
+    ClickFolder(0);
+    ClickBox("chkPhoto");
+    const std::string boxes = Boxes();
+    for (const Qt::MouseButton button : {Qt::RightButton, Qt::MiddleButton}) {
+        for (const int row : {0, 1}) ClickFolder(row, button);
+        EXPECT_EQ(Boxes(), boxes) << button;
+        EXPECT_EQ(lstFolders().Selected(), 0) << button;
+    }
+}
+
+TEST_F(WatchFoldersTest, keeps_the_font_of_the_desktop) {
+    Contain("noofflds=0\r\n");
+    for (const char* name : {"Label1", "lstFolders", "cmdOK", "chkPhoto", "cmbScanDelay"}) {
+        EXPECT_EQ(Find(Window(), name).font().families(), QApplication::font().families()) << name;
+        EXPECT_EQ(Find(Window(), name).font().pointSizeF(), QApplication::font().pointSizeF());
+    }
 }
 
 TEST_F(WatchFoldersTest, its_menu_entry_opens_it_once_above_the_main_window) {

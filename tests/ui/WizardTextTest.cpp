@@ -30,14 +30,15 @@ TEST(WizardText, what_stands_before_the_first_header_or_under_another_is_skipped
 }
 
 TEST(WizardText, the_number_of_a_header_is_compared_as_a_number) {
-    for (const char* header : {"//1", "//01", "// 1", "//1 ", "//1.0", "//0001"})
+    for (const char* header :
+         {"//1", "//01", "// 1", "//1 ", "//1.0", "//0001", "//+1", "//1d0", "//&H1", "//\t1"})
         EXPECT_EQ(WizardWords(header + std::string("\na\n"), 1), "\ra") << header;
     for (const char* header : {"//11", "//10", "//1.4", "//-1", "///1", " //1", "/1", "//1a"})
         EXPECT_EQ(WizardWords(header + std::string("\na\n"), 1), "") << header;
 }
 
 TEST(WizardText, a_header_without_a_number_belongs_to_no_page_and_ends_the_words_before_it) {
-    for (const char* header : {"//", "//one", "// a remark", "//1 and more"})
+    for (const char* header : {"//", "//one", "// a remark", "//1 and more", "//1e999", "//&Hx"})
         EXPECT_EQ(WizardWords("//1\na\n" + std::string(header) + "\nb\n", 1), "\ra") << header;
 }
 

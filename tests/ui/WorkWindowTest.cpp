@@ -6,6 +6,8 @@
 #include "ui/main/frmInvFiles.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
+#include "ui/setup/frmOptions.h"
+#include "ui/setup/frmWatchFolders.h"
 #include "ui/support/MainWindow.h"
 #include "ui/support/Modal.h"
 #include "ui/toolkit/InputBox.h"
@@ -95,6 +97,19 @@ TEST_F(WorkWindowTest, a_dialog_has_a_life_of_its_own) {
     EXPECT_TRUE(SingleWindow<frmCopy>::Get().isVisible());
 }
 
+TEST_F(WorkWindowTest,
+       a_dialog_that_shows_since_before_the_main_window_belongs_to_it_when_it_is_called) {
+    Service<CopyWindow>::Get().Show();
+    frmCopy& dialog = SingleWindow<frmCopy>::Get();
+    dialog.move(7, 9);
+    EXPECT_EQ(OwnerOf(dialog), nullptr);
+    Open();
+    Service<CopyWindow>::Get().Show();
+    EXPECT_EQ(OwnerOf(dialog), Handle());
+    EXPECT_TRUE(dialog.isVisible());
+    EXPECT_EQ(dialog.pos(), QPoint(7, 9));
+}
+
 TEST_F(WorkWindowTest, a_dialog_comes_up_over_the_main_window_and_stays_where_it_is_put) {
     QWidget window;
     window.setGeometry(100, 30, 300, 200);
@@ -157,9 +172,12 @@ TEST_F(WorkWindowTest, what_the_user_asks_for_again_comes_back_to_the_front_with
             EXPECT_FALSE(window.isMinimized()) << entry;
         }
     };
-    for (const char* entry : {"mnuShowLog", "mnuSetupPSP"}) Find<QAction>(Main(), entry).trigger();
+    for (const char* entry : {"mnuShowLog", "mnuSetupPSP", "mnuWatchFolders", "mnuOptions"})
+        Find<QAction>(Main(), entry).trigger();
     expectInFront("mnuShowLog", SingleWindow<frmLog>::Get());
     expectInFront("mnuSetupPSP", SingleWindow<frmNewPSP>::Get());
+    expectInFront("mnuWatchFolders", SingleWindow<frmWatchFolders>::Get());
+    expectInFront("mnuOptions", SingleWindow<frmOptions>::Get());
 }
 
 TEST_F(WorkWindowTest, a_box_belongs_to_the_main_window_whichever_window_is_active) {

@@ -72,11 +72,7 @@ void frmMain::mnuAddFolder_Click() {
     Service<AddWindow>::Get().Unload();
 }
 
-void frmMain::mnuWatchFolders_Click() {
-    frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
-    ShowDialog(window);
-    window.activateWindow();
-}
+void frmMain::mnuWatchFolders_Click() { OpenDialog(SingleWindow<frmWatchFolders>::Get()); }
 
 // A window beside this one, not a dialog.
 void frmMain::mnuShowLog_Click() {
@@ -85,16 +81,12 @@ void frmMain::mnuShowLog_Click() {
     BringToFront(window);
 }
 
-void frmMain::mnuSetupPSP_Click() {
-    frmNewPSP& window = SingleWindow<frmNewPSP>::Get();
-    ShowDialog(window);
-    BringToFront(window);
-}
+void frmMain::mnuSetupPSP_Click() { OpenDialog(SingleWindow<frmNewPSP>::Get()); }
 
 void frmMain::mnuOptions_Click() {
     frmOptions& window = SingleWindow<frmOptions>::Get();
     ShowPlacedDialog(window);
-    window.activateWindow();
+    BringToFront(window);
 }
 
 void frmMain::CreateGroup(Integer iType) {

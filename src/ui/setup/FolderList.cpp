@@ -49,7 +49,9 @@ void FolderList::selectionChanged(const QItemSelection& selected,
     if (Selected() >= 0) Q_EMIT Clicked();
 }
 
+// The list would select with any button.
 void FolderList::mousePressEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) return;
     const int before = Selected();
     QListWidget::mousePressEvent(event);
     const bool bOnFolder = itemAt(event->position().toPoint()) != nullptr;

@@ -20,7 +20,8 @@ class FolderList : public QListWidget {
     void RemoveSelected();                // and nothing is selected then
 
   Q_SIGNALS:
-    // The user has selected a folder, or pressed the selected one again.
+    // The user has selected a folder, by keys or the left button, or pressed the selected one
+    // again.
     void Clicked();
 
   protected:

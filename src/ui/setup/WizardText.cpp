@@ -1,10 +1,10 @@
 #include "ui/setup/WizardText.h"
 
 #include "platform/Failure.h"
-#include "platform/Text.h"
+#include "platform/NumberStyle.h"
+#include "platform/NumberText.h"
 
 #include <algorithm>
-#include <charconv>
 
 namespace tavel {
 
@@ -18,10 +18,16 @@ bool IsHeader(std::string_view line) { return line.substr(0, header.size()) == h
 // As a number: "//01" is a header of page 1.
 bool IsHeaderOf(std::string_view line, Integer iPage) {
     if (!IsHeader(line)) return false;
-    const std::string_view text = Trim(line.substr(header.size()));
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    return error == std::errc() && end == text.data() + text.size() && number == iPage;
+    const std::string_view text = line.substr(header.size());
+    // A failure takes its time, and a file may be full of remarks.
+    if (text.find_first_of("&0123456789") == std::string_view::npos) return false;
+    try {
+        const std::string_view mark = Service<NumberStyle>::Get().DecimalMark();
+        const ParsedNumber number = ParseNumber(text, mark);
+        return (number.isBits ? static_cast<double>(number.bits) : number.value) == iPage;
+    } catch (const Failure&) {
+        return false;
+    }
 }
 
 // Lines end at CR LF, LF or CR.

@@ -123,6 +123,7 @@ void frmStartWizard::cmdNext_Click() {
         if (bOK) {
             SingleWindow<frmStartWizard>::Unload();
             SingleWindow<frmMain>::Get().show();
+            TakeOverDialogs();
         }
     }
     // Behind the last page there are no words, which is what keeps the number on it.
@@ -158,8 +159,11 @@ void frmStartWizard::CreateDBFolders(bool& bOK) {
 }
 
 // The flags of the options stay as they are: what is chosen here counts from the next start on.
+// While it waits for the drive the wizard takes no click and no key: a second finish within the
+// first would take the window away from it. A request to end the program is no input.
 void frmStartWizard::WizardFinished(bool& bOK) {
     bOK = true;
+    setEnabled(false);
     SetupFirstPSP(drvPSP->Drive(), FromQString(txtName->text()));
     const ProfileBatch atOnce(sDBFile);
     WriteOption("bAutoGroup", chkAutoGroup->isChecked());
@@ -172,6 +176,6 @@ void frmStartWizard::cmdBrowse_Click() {
         ToQString(BrowseForFolderDlg(this, "", "Please select a folder:", false, true)));
 }
 
-void frmStartWizard::cmdWatch_Click() { ShowDialog(SingleWindow<frmWatchFolders>::Get()); }
+void frmStartWizard::cmdWatch_Click() { OpenDialog(SingleWindow<frmWatchFolders>::Get()); }
 
 }  // namespace tavel

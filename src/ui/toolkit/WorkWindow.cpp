@@ -20,11 +20,16 @@ bool BelongsToWorkWindow(const QWidget& window) {
 }
 
 // By the desktop's own notion of a window's parent: a parent widget would take the dialog along
-// when it is unloaded.
+// when it is unloaded. The desktop hears of it when a window comes up, so one that shows does so
+// anew.
 void MakeBelong(QWidget& dialog) {
+    if (BelongsToWorkWindow(dialog)) return;
     s_workWindow->winId();  // makes the desktop's window
     dialog.winId();
+    const bool isSeen = dialog.isVisible();
+    dialog.setVisible(false);
     dialog.windowHandle()->setTransientParent(s_workWindow->windowHandle());
+    dialog.setVisible(isSeen);
 }
 
 // Of what is seen of the work window, else of the screen, and never beyond the screen's edges: at
@@ -55,9 +60,23 @@ void ShowDialog(QWidget& dialog) {
 }
 
 void ShowPlacedDialog(QWidget& dialog) {
-    if (!dialog.isVisible() && s_workWindow != nullptr) MakeBelong(dialog);
+    if (s_workWindow != nullptr) MakeBelong(dialog);
     dialog.show();
     dialog.raise();
+}
+
+void OpenDialog(QWidget& dialog) {
+    ShowDialog(dialog);
+    BringToFront(dialog);
+}
+
+// What has a parent is a box, a menu or a tip of some window's own.
+void TakeOverDialogs() {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        const bool isDialog =
+            window->windowType() == Qt::Dialog && window->parentWidget() == nullptr;
+        if (isDialog && window->isVisible()) MakeBelong(*window);
+    }
 }
 
 void BringToFront(QWidget& window) {

@@ -14,6 +14,11 @@ QWidget* WorkWindow();  // null while there is none, as while the library loads
 // Shows a dialog in front, in the middle of the work window or, while there is none, of the screen.
 void ShowDialog(QWidget& dialog);
 void ShowPlacedDialog(QWidget& dialog);  // where it is
+void OpenDialog(QWidget& dialog);        // for the user who asks for it, with the keyboard
+
+// Makes the dialogs that show belong to the work window, which another one was until now. It has
+// to be on the screen: a desktop passes over an owner that it does not know yet.
+void TakeOverDialogs();
 
 // Puts a window that shows, minimized or behind others, where the user who asked for it sees it,
 // and gives it the keyboard.
