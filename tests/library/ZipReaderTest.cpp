@@ -317,6 +317,23 @@ TEST_F(ZipReaderTest, What_is_no_archive_does_not_open) {
     }
 }
 
+TEST_F(ZipReaderTest, An_archive_with_a_comment_opens_unless_it_is_cut_off) {
+    const std::string bytes = MakeZip({{"a.jpg", "some bytes"}}, "taken at the sea");
+    zip.ZipFile(Write("archive.zip", bytes));
+    EXPECT_EQ(Extract(0), out + "\\a.jpg");
+    zip.Close();
+    for (const std::size_t cut : {1u, 8u, 16u}) {
+        const std::string sCut = Write("cut.zip", bytes.substr(0, bytes.size() - cut));
+        EXPECT_EQ(FailureOf([&] { zip.ZipFile(sCut); }), failure::InvalidFileFormat) << cut;
+    }
+}
+
+TEST_F(ZipReaderTest, Bytes_in_front_that_the_offsets_do_not_count_keep_an_archive_from_opening) {
+    const std::string bytes = "bytes in front" + MakeZip({{"a.jpg", "some bytes"}});
+    EXPECT_EQ(FailureOf([&] { zip.ZipFile(Write("archive.zip", bytes)); }),
+              failure::InvalidFileFormat);
+}
+
 TEST_F(ZipReaderTest, A_name_marked_as_UTF_8_that_is_none_keeps_the_archive_from_opening) {
     ZipItem item{"a\x81.jpg", "x"};
     Open({item});
