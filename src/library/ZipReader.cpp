@@ -5,23 +5,40 @@
 #include "library/ZipArchive.h"
 #include "library/ZipNames.h"
 #include "platform/Failure.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+#include <vector>
 
 namespace tavel {
 
 namespace {
 
-void MakeFoldersOf(const std::string& sFolder, const std::string& sBelow) {
-    const std::size_t last = sBelow.rfind('\\');
-    if (last == std::string::npos) return;
-    if (oFSO().FolderExists(sFolder + "\\" + sBelow.substr(0, last))) return;
-    for (std::size_t end = sBelow.find('\\'); end <= last; end = sBelow.find('\\', end + 1)) {
-        const std::string sPart = sFolder + "\\" + sBelow.substr(0, end);
-        if (!oFSO().FolderExists(sPart)) oFSO().CreateFolder(sPart);
-    }
+// Looked at as a whole before anything is made, so that a refused file leaves no folders.
+bool AreNamesAllowed(const std::string& sBelow) {
+    return std::ranges::all_of(Split(sBelow, '\\'), [](const std::string& sPart) {
+        return sPart.empty() || IsNameAllowed(sPart);
+    });
 }
 
-// What lies there is removed, not written into: it may be a link to somewhere else.
-std::unique_ptr<RawFile> Replace(const std::string& sPath) {
+// Returns the folder in which the file is to lie. A link on the way would lead out of the first.
+std::string MakeFoldersOf(const std::string& sFolder, const std::string& sBelow) {
+    std::string sPath = sFolder;
+    std::vector<std::string> sParts = Split(sBelow, '\\');
+    sParts.pop_back();
+    for (const std::string& sPart : sParts) {
+        if (sPart.empty()) continue;
+        oFSO().DeleteLinks(sPath, sPart);
+        sPath += "\\" + sPart;
+        if (!oFSO().FolderExists(sPath)) oFSO().CreateFolder(sPath);
+    }
+    return sPath;
+}
+
+// What lies there is removed, not written into: the file may have another name somewhere else.
+std::unique_ptr<RawFile> Replace(const std::string& sFolder, const std::string& sName) {
+    const std::string sPath = sFolder + "\\" + sName;
+    oFSO().DeleteLinks(sFolder, sName);
     if (oFSO().FileExists(sPath)) oFSO().DeleteFile(sPath, true);
     Long error = 0;
     std::unique_ptr<RawFile> file = oFSO().OpenRaw(sPath, RawMode::Create, error);
@@ -31,9 +48,9 @@ std::unique_ptr<RawFile> Replace(const std::string& sPath) {
 
 // Null when the drive makes no such name.
 std::unique_ptr<RawFile> MakeFile(const std::string& sFolder, const std::string& sBelow) {
+    if (!AreNamesAllowed(sBelow)) return nullptr;
     try {
-        MakeFoldersOf(sFolder, sBelow);
-        return Replace(sFolder + "\\" + sBelow);
+        return Replace(MakeFoldersOf(sFolder, sBelow), GetFileName(sBelow));
     } catch (const Failure& failure) {
         if (failure.Number() != failure::BadFileName) throw;
         return nullptr;

@@ -20,9 +20,10 @@ class ZipEntry {
     bool bWithPath = false;
 
     // Writes the file below a folder that is there, over what lies there under its name, and dates
-    // it as the archive does. Returns the path of the file. The empty text means that the entry is
-    // refused and nothing was written: its name would lead out of the folder, or the drive makes no
-    // such name; its path would be too long; it is a link, encrypted or packed in an unknown way.
+    // it as the archive does. Links in that folder are replaced, also where they stand for a folder
+    // on the way. Returns the path of the file. The empty text means that the entry is refused and
+    // nothing was made: its name would lead out of the folder, or no drive makes such a name; its
+    // path would be too long; it is a link, encrypted or packed in an unknown way.
     // Fails with 321 when it is damaged, else as the file service does; what was written stays.
     std::string Extract(const std::string& sFolder) const;
 

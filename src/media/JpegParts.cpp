@@ -2,6 +2,7 @@
 #include "media/PictureParts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tavel {
 
@@ -48,12 +49,12 @@ std::int64_t Number(std::string_view bytes) {
 
 class JpegCopy {
   public:
-    explicit JpegCopy(std::string_view file) : m_file(file) {}
+    explicit JpegCopy(std::string_view file) : m_file(file) { m_kept.reserve(file.size()); }
 
     std::string Parts() {
         while (m_isSound && NextMarker()) TakeSegment();
         const bool isPicture = m_isSound && m_scans > 0 && IsAffordableFrame();
-        return isPicture ? m_kept + "\xFF\xD9" : std::string();
+        return isPicture ? std::move(m_kept += "\xFF\xD9") : std::string();
     }
 
   private:

@@ -16,11 +16,11 @@ namespace {
 
 std::string ThumbFolder() { return sDefaultDBPath + "\\Videos\\Thumbnails\\"; }
 
-// The parts of a picture that may be decoded. A file that tells no size is no picture, and one of
-// more bytes than the largest takes without compression is none that can be decoded; neither is
+// The parts of a picture that may be decoded. A file that tells no size is no picture, and of a
+// large one its bytes, a copy of them and the pixels would have to have room together; neither is
 // read.
 std::optional<TrustedPicture> ReadPicture(const std::string& sPath) {
-    constexpr std::int64_t mostBytes = 700'000'000;
+    constexpr std::int64_t mostBytes = 250'000'000;
     try {
         const bool isPicture = SizeOfPicture(sPath).Width > 0;
         if (!isPicture || oFSO().GetFile(sPath).Size > mostBytes) return std::nullopt;
@@ -57,7 +57,8 @@ std::string ConvertToTHM(const std::string& sPath) {
         thumbnail = ThumbnailPicture(*std::move(picture));
     }
     const std::string sNewPath = ThumbFolder() + GetNextFreeThumbName();
-    if (!thumbnail.empty()) WriteThumbnail(sNewPath, thumbnail);
+    // A longer path would come back cut from db.txt, and lead nowhere.
+    if (!thumbnail.empty() && !IsPathTooLong(sNewPath)) WriteThumbnail(sNewPath, thumbnail);
     return sNewPath;
 }
 

@@ -130,16 +130,40 @@ bool IsPlain(const TiffDirectory& directory, const TiffPicture& picture) {
            NumberOfSamples(directory, tag::SampleFormat, picture.Samples, 1) == 1;
 }
 
+// Markers of these kinds never stand in the pixels' own bytes. A progressive picture, or one of
+// many scans, would be gone over again and again, and a few kilobytes hold a hundred scans.
+bool IsPlainJpeg(std::string_view strip, std::int64_t samples) {
+    std::int64_t scans = 0;
+    for (std::size_t i = 1; i < strip.size(); ++i) {
+        if (strip[i - 1] != '\xFF') continue;
+        if (strip[i] == '\xC2' || strip[i] == '\xCA') return false;
+        if (strip[i] == '\xDA') ++scans;
+    }
+    return scans <= samples;
+}
+
+// A strip without bytes would be looked for by the library in all of the file.
+bool ArePlainJpegs(std::string_view file, const TiffNumbers& offsets, const TiffNumbers& sizes,
+                   std::int64_t samples) {
+    for (std::size_t i = 0; i < offsets.size(); ++i) {
+        if (sizes[i] == 0 || offsets[i] > file.size()) return false;
+        if (!IsPlainJpeg(file.substr(offsets[i], sizes[i]), samples)) return false;
+    }
+    return true;
+}
+
 // The places and sizes of the strips. False unless all of them are there, and together no larger
-// than the file: strips that overlap can make a small file an endless one.
+// than the file: strips that overlap can make a small file an endless one. So can scans in them.
 bool PutStrips(TiffDirectoryWriter& writer, const TiffDirectory& directory,
-               const TiffPicture& picture, std::size_t fileSize) {
+               const TiffPicture& picture, std::string_view file) {
     const auto count = static_cast<std::size_t>((picture.Height + picture.RowsPerStrip - 1) /
                                                 picture.RowsPerStrip);
     const TiffNumbers offsets = directory.Numbers(tag::StripOffsets, count);
     const TiffNumbers sizes = directory.Numbers(tag::StripByteCounts, count);
     if (offsets.size() != count || sizes.size() != count) return false;
-    if (std::accumulate(sizes.begin(), sizes.end(), std::uint64_t{0}) > fileSize) return false;
+    if (std::accumulate(sizes.begin(), sizes.end(), std::uint64_t{0}) > file.size()) return false;
+    if (picture.Compression == Jpeg && !ArePlainJpegs(file, offsets, sizes, picture.Samples))
+        return false;
     writer.PutLongs(tag::StripOffsets, offsets);
     writer.PutLongs(tag::StripByteCounts, sizes);
     return true;
@@ -187,7 +211,7 @@ std::string TiffParts(std::string file) {
     const bool isTrusted = IsPlain(directory, picture) && HasTrustedSamples(picture) &&
                            HasTrustedCompression(picture) && IsAffordableTiff(picture);
     TiffDirectoryWriter writer;
-    if (!isTrusted || !PutStrips(writer, directory, picture, file.size())) return {};
+    if (!isTrusted || !PutStrips(writer, directory, picture, file)) return {};
     PutPicture(writer, picture);
     PutWhatIsThere(writer, directory, picture);
     writer.Replace(file);

@@ -25,6 +25,10 @@ namespace tavel {
 inline constexpr std::size_t MaxPathCharacters = 254;
 bool IsPathTooLong(std::string_view path);
 
+// Whether a file or folder of such a name can be made; what the name is like decides it, and is the
+// same on every drive.
+bool IsNameAllowed(std::string_view name);
+
 inline constexpr int DriveRemovable = 1;
 inline constexpr int DriveFixed = 2;
 
@@ -110,6 +114,9 @@ class FileService {
     virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
     // Without `force` a read-only file fails with 70.
     virtual void DeleteFile(std::string_view path, bool force) = 0;
+    // Removes the symbolic links of a name in a folder, so that what is made there next lies there.
+    // What they lead to, if anything, is left alone; nothing happens where there are none.
+    virtual void DeleteLinks(std::string_view folder, std::string_view name) = 0;
     // An empty 8-bit text file. 58 when it is there and must not be overwritten; 71 without media.
     virtual void CreateTextFile(std::string_view path, bool overwrite) = 0;
 

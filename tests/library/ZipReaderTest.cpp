@@ -104,10 +104,50 @@ TEST_F(ZipReaderTest, A_link_that_lies_there_is_replaced_and_what_it_leads_to_is
     EXPECT_EQ(temp.Read("out/a.jpg"), "new");
 }
 
-TEST_F(ZipReaderTest, A_link_to_nothing_that_lies_there_is_not_followed) {
+TEST_F(ZipReaderTest, A_link_to_nothing_that_lies_there_is_replaced_and_not_followed) {
     fs::create_symlink(temp.HostPath("elsewhere.jpg"), temp.HostPath("out/a.jpg"));
-    EXPECT_EQ(FailureOfExtracting({"a.jpg", "new"}), failure::PathNotFound);
+    EXPECT_EQ(ExtractOnly({"a.jpg", "new"}), out + "\\a.jpg");
     EXPECT_FALSE(fs::exists(temp.HostPath("elsewhere.jpg")));
+    EXPECT_EQ(temp.Read("out/a.jpg"), "new");
+    EXPECT_EQ(files.GetFolder(out).Files.size(), 1u);
+}
+
+TEST_F(ZipReaderTest, Links_that_lie_where_folders_go_are_replaced_by_folders) {
+    Write("elsewhere/a.jpg", "precious");
+    fs::create_directory(temp.HostPath("out/in"));
+    fs::create_symlink(temp.HostPath("elsewhere"), temp.HostPath("out/in/Deep"));
+    fs::create_symlink(temp.HostPath("none"), temp.HostPath("out/far"));
+    Open({{"in/deep/a.jpg", "new"}, {"in/deep/b.jpg", "b"}, {"far/c.jpg", "c"}});
+    for (std::uint64_t i = 0; i < 3; ++i) Extract(i);
+    EXPECT_EQ(temp.Read("out/in/deep/a.jpg"), "new");
+    EXPECT_EQ(temp.Read("out/in/deep/b.jpg"), "b");
+    EXPECT_EQ(temp.Read("out/far/c.jpg"), "c");
+    EXPECT_EQ(temp.Read("elsewhere/a.jpg"), "precious");
+    EXPECT_FALSE(fs::exists(temp.HostPath("elsewhere/b.jpg")));
+    EXPECT_FALSE(fs::exists(temp.HostPath("none")));
+}
+
+TEST_F(ZipReaderTest, Links_on_a_stick_are_replaced_too) {
+    Write("elsewhere/a.jpg", "precious");
+    fs::create_directory(temp.HostPath("stick"));
+    fs::create_symlink(temp.HostPath("elsewhere"), temp.HostPath("stick/in"));
+    fs::create_symlink(temp.HostPath("elsewhere/a.jpg"), temp.HostPath("stick/a.jpg"));
+    files.Plug('e', temp.HostPath("stick"));
+    out = "e:";
+    Open({{"in/a.jpg", "new"}, {"a.jpg", "new"}});
+    for (std::uint64_t i = 0; i < 2; ++i) Extract(i);
+    EXPECT_EQ(temp.Read("stick/in/a.jpg"), "new");
+    EXPECT_EQ(temp.Read("stick/a.jpg"), "new");
+    EXPECT_EQ(temp.Read("elsewhere/a.jpg"), "precious");
+}
+
+// The folder into which all is unpacked may lie elsewhere because its owner wants it so.
+TEST_F(ZipReaderTest, The_folder_itself_may_be_a_link) {
+    fs::create_symlink(temp.HostPath("out"), temp.HostPath("linked"));
+    out = temp.DrivePath("linked");
+    ExtractOnly({"in/a.jpg", "x"});
+    EXPECT_EQ(temp.Read("out/in/a.jpg"), "x");
+    EXPECT_TRUE(fs::is_symlink(temp.HostPath("linked")));
 }
 
 TEST_F(ZipReaderTest, An_archive_is_not_written_over_by_its_own_file) {
@@ -162,9 +202,13 @@ TEST_F(ZipReaderTest, Names_that_lead_out_of_the_folder_are_refused) {
 
 TEST_F(ZipReaderTest, Names_that_the_drive_does_not_make_are_refused) {
     for (const char* name : {"a?.jpg", "a*.jpg", "<a>.jpg", "a|b.jpg", "\"a\".jpg", "a\x01.jpg",
-                             "a\n.jpg", "con.jpg", "COM1", "nul", "...", ".. /a.jpg"})
+                             "a\n.jpg", "con.jpg", "COM1", "nul", "...", ".. /a.jpg", "in/con.jpg",
+                             "in/a?.jpg", "in/.. /a.jpg", "in/deep/nul/a.jpg"})
         ExpectRefused({name, "x"});
-    ExpectRefused({std::string(250, 'a') + "äöü.jpg", "x"});  // more than a host's name can hold
+    // More than a host's name can hold.
+    const std::string half(100, 'a');
+    ExpectRefused({half + "äöü" + half + std::string(50, 'a') + ".jpg", "x"});
+    ExpectRefused({"in/" + std::string("äöüäöüäöüäöü") + half + half + std::string(30, 'a'), "x"});
     files.Refuse("a.jpg");
     ExpectRefused({"a.jpg", "x"});
 }
@@ -271,6 +315,23 @@ TEST_F(ZipReaderTest, What_is_no_archive_does_not_open) {
                   failure::InvalidFileFormat)
             << bytes.size();
     }
+}
+
+TEST_F(ZipReaderTest, An_archive_with_a_comment_opens_unless_it_is_cut_off) {
+    const std::string bytes = MakeZip({{"a.jpg", "some bytes"}}, "taken at the sea");
+    zip.ZipFile(Write("archive.zip", bytes));
+    EXPECT_EQ(Extract(0), out + "\\a.jpg");
+    zip.Close();
+    for (const std::size_t cut : {1u, 8u, 16u}) {
+        const std::string sCut = Write("cut.zip", bytes.substr(0, bytes.size() - cut));
+        EXPECT_EQ(FailureOf([&] { zip.ZipFile(sCut); }), failure::InvalidFileFormat) << cut;
+    }
+}
+
+TEST_F(ZipReaderTest, Bytes_in_front_that_the_offsets_do_not_count_keep_an_archive_from_opening) {
+    const std::string bytes = "bytes in front" + MakeZip({{"a.jpg", "some bytes"}});
+    EXPECT_EQ(FailureOf([&] { zip.ZipFile(Write("archive.zip", bytes)); }),
+              failure::InvalidFileFormat);
 }
 
 TEST_F(ZipReaderTest, A_name_marked_as_UTF_8_that_is_none_keeps_the_archive_from_opening) {

@@ -2,6 +2,7 @@
 #include "media/PartsOf.h"
 #include "media/Pictures.h"
 #include "media/Thumbnail.h"
+#include "platform/Text.h"
 #include "support/FaultyFileService.h"
 #include "support/OneFileService.h"
 #include "support/Support.h"
@@ -12,6 +13,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <memory>
+#include <tuple>
 #include <utility>
 
 namespace tavel::test {
@@ -191,9 +193,26 @@ TEST_F(Thumbnails, A_source_of_which_no_jpeg_is_made_leaves_no_file) {
 
 TEST_F(Thumbnails, A_source_that_is_larger_than_any_picture_is_not_read) {
     folder.Write("large.bmp", HalfWhite(320, 120));
-    std::filesystem::resize_file(folder.HostPath("large.bmp"), 700'000'001);
+    std::filesystem::resize_file(folder.HostPath("large.bmp"), 250'000'001);
     ExpectNoFile("large.bmp");
     EXPECT_EQ(Calls("ReadWhole"), 0);
+}
+
+// As long as its path may be at most, and one character longer.
+TEST_F(Thumbnails, A_path_that_db_txt_would_not_give_back_whole_takes_no_file) {
+    for (const std::size_t excess : {0u, 1u}) {
+        const std::size_t end = std::string("\\Videos\\Thumbnails\\1.THM").size();
+        std::string name;
+        while (CharacterCount(folder.DrivePath(name)) + end < MaxPathCharacters + excess)
+            name += name.size() % 61 == 60 ? "\\" : "ä";
+        std::string onHost = name;
+        std::ranges::replace(onHost, '\\', '/');
+        std::filesystem::create_directories(folder.HostPath(onHost + "/Videos/Thumbnails"));
+        sDefaultDBPath = folder.DrivePath(name);
+        const std::string path = Converted();
+        EXPECT_EQ(CharacterCount(path), MaxPathCharacters + excess);
+        EXPECT_EQ(files.FileExists(path), excess == 0);
+    }
 }
 
 TEST_F(Thumbnails, A_missing_folder_is_not_made) {
@@ -303,8 +322,22 @@ TEST_F(Thumbnails, Are_not_made_of_pictures_with_a_side_beyond_65535) {
     EXPECT_EQ(SizeOf("1.THM"), "160x120");
 }
 
-// What cannot be decoded, as the library that reads TIFF has it, is told to nobody.
+// What cannot be decoded is told to nobody.
 TEST_F(Thumbnails, Nothing_is_written_about_damaged_pictures) {
+    const std::unique_ptr<FIBITMAP, void (*)(FIBITMAP*)> sound(
+        FreeImage_Load(FIF_BMP, folder.HostPath("source.bmp").c_str(), 0), FreeImage_Unload);
+    const std::unique_ptr<FIBITMAP, void (*)(FIBITMAP*)> with256Colours(
+        FreeImage_ColorQuantize(sound.get(), FIQ_WUQUANT), FreeImage_Unload);
+    for (const auto& [format, bitmap, name] : {std::tuple(FIF_JPEG, sound.get(), "a.jpg"),
+                                               {FIF_PNG, sound.get(), "a.png"},
+                                               {FIF_GIF, with256Colours.get(), "a.gif"},
+                                               {FIF_BMP, sound.get(), "a.bmp"}}) {
+        ASSERT_TRUE(FreeImage_Save(format, bitmap, folder.HostPath(name).c_str(), 0)) << name;
+        std::string bytes = folder.Read(name);
+        ASSERT_NE(Parts(bytes), "") << name;
+        for (std::size_t i = bytes.size() / 2; i < bytes.size() - 40; i += 2) bytes[i] ^= 0x55;
+        folder.Write(name, bytes);
+    }
     std::string file = "II*\0\x14\0\0\0damaged data"s + LittleEndian(8, 2);
     for (const auto& [tag, value] : std::vector<std::pair<std::uint32_t, std::uint32_t>>{
              {256, 40}, {257, 30}, {258, 8}, {259, 5}, {262, 1}, {273, 8}, {278, 30}, {279, 12}}) {
@@ -315,7 +348,7 @@ TEST_F(Thumbnails, Nothing_is_written_about_damaged_pictures) {
     ASSERT_NE(Parts(file + std::string(4, '\0')), "");
     ::testing::internal::CaptureStderr();
     ::testing::internal::CaptureStdout();
-    Converted("damaged.tif");
+    for (const char* name : {"damaged.tif", "a.jpg", "a.png", "a.gif", "a.bmp"}) Converted(name);
     EXPECT_EQ(::testing::internal::GetCapturedStderr(), "");
     EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
 }

@@ -150,6 +150,23 @@ TEST(TiffParts, With_more_bytes_in_strips_than_in_the_file_are_none) {
     EXPECT_EQ(Parts(withSizes(0xFFFFFFFF)), "");
 }
 
+TEST(TiffParts, Of_a_jpeg_that_goes_over_its_strip_again_and_again_are_none) {
+    const auto isTrusted = [](const std::string& strip) {
+        const auto size = static_cast<std::uint32_t>(strip.size());
+        const std::vector<Entry> entries =
+            With(With(Grey(), {259, shortType, 7}), {279, longType, size});
+        const auto place = static_cast<std::uint32_t>(Tiff(entries).size());
+        return !Parts(Tiff(With(entries, {273, longType, place}), strip)).empty();
+    };
+    const std::string scan = "\xFF\xDA\0\4\0\0data\xFF\0\xFF\xD0"s;
+    for (const char* frame : {"\xFF\xC0", "\xFF\xC1", "\xFF\xC9"})
+        EXPECT_TRUE(isTrusted("\xFF\xD8" + std::string(frame) + scan + "\xFF\xD9"));
+    for (const char* frame : {"\xFF\xC2", "\xFF\xCA", "\xFF\xFF\xC2"})
+        EXPECT_FALSE(isTrusted("\xFF\xD8" + std::string(frame) + scan + "\xFF\xD9"));
+    EXPECT_FALSE(isTrusted("\xFF\xC0" + scan + scan));
+    EXPECT_FALSE(isTrusted(""));
+}
+
 TEST(TiffParts, Are_let_through_up_to_600_megabytes) {
     const auto isTrusted = [](std::uint32_t width, std::uint32_t height) {
         return !Parts(Tiff(With(With(Grey(), {256, longType, width}), {257, longType, height})))

@@ -415,6 +415,20 @@ TEST_P(FileOperations, No_file_is_made_behind_a_link_to_nothing) {
     EXPECT_FALSE(Has("elsewhere.bin"));
 }
 
+TEST_P(FileOperations, Links_of_a_name_are_removed_and_nothing_else) {
+    Put("elsewhere/b.bin", "x");
+    fs::create_symlink(Host("elsewhere"), Host("A"));
+    fs::create_symlink(Host("none"), Host("a"));
+    fs::create_symlink(Host("none"), Host("ab"));
+    Put("c", "a file");
+    for (const char* name : {"a", "c", "elsewhere", "d"}) files->DeleteLinks(root, name);
+    files->DeleteLinks(At("none"), "a");
+    EXPECT_FALSE(fs::is_symlink(Host("A")) || fs::is_symlink(Host("a")));
+    EXPECT_TRUE(fs::is_symlink(Host("ab")));
+    EXPECT_EQ(Bytes("elsewhere/b.bin"), "x");
+    EXPECT_EQ(Bytes("c"), "a file");
+}
+
 TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
     fs::create_directory(Host("sub"));
     Put("locked.bin", "x");

@@ -213,6 +213,11 @@ void FaultyFileService::DeleteFile(std::string_view path, bool force) {
     m_real.DeleteFile(MapForChange(path).real, force);
 }
 
+void FaultyFileService::DeleteLinks(std::string_view folder, std::string_view name) {
+    Record("DeleteLinks " + PathBelow(folder, name));
+    m_real.DeleteLinks(MapForChange(folder).real, name);
+}
+
 void FaultyFileService::CreateTextFile(std::string_view path, bool overwrite) {
     Record("CreateTextFile " + std::string(path) + (overwrite ? "" : " only if new"));
     const Mapped mapped = MapForChange(path);

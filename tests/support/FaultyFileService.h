@@ -75,6 +75,7 @@ class FaultyFileService : public FileService {
     void MoveFile(std::string_view source, std::string_view target) override;
     void CopyFile(std::string_view source, std::string_view target, bool overwrite) override;
     void DeleteFile(std::string_view path, bool force) override;
+    void DeleteLinks(std::string_view folder, std::string_view name) override;
     void CreateTextFile(std::string_view path, bool overwrite) override;
     std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) override;
     std::string ReadWhole(std::string_view path) override;

@@ -45,6 +45,7 @@ class OneFileService : public FileService {
         Fail(failure::NoSuchMember);
     }
     void DeleteFile(std::string_view, bool) override { Fail(failure::NoSuchMember); }
+    void DeleteLinks(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
     void CreateTextFile(std::string_view, bool) override { Fail(failure::NoSuchMember); }
     std::string ReadWhole(std::string_view) override { Fail(failure::NoSuchMember); }
     std::string HostPath(std::string_view) override { Fail(failure::NoSuchMember); }

@@ -3,8 +3,10 @@
 #include "platform/Failure.h"
 #include "platform/linux/FileIdentity.h"
 #include "platform/linux/Flush.h"
+#include "platform/linux/FolderNames.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 
 #include <stdio.h>
@@ -118,6 +120,12 @@ void MoveAcross(DriveTable& drives, Place source, Place target) {
     DeleteFileAt(FindPlace(drives, sourcePath), true);
 }
 
+bool IsLink(const Descriptor& folder, const std::string& name) {
+    struct stat status {};
+    return fstatat(folder.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISLNK(status.st_mode);
+}
+
 }  // namespace
 
 void CreateFolderAt(const Place& place) {
@@ -132,6 +140,18 @@ void DeleteFileAt(const Place& place, bool force) {
     if ((place.IsReadOnly() && !force) || ReadShare::IsHeld(place)) Fail(failure::PermissionDenied);
     Require(unlinkat(place.Parent(), place.name.c_str(), 0) == 0);
     Require(KeepEntries(place));
+}
+
+// Nothing is flushed: what is made in a link's place is, and the folder with it.
+void DeleteLinksIn(const Place& folder, std::string_view name) {
+    if (!folder.IsFolder()) return;
+    const Descriptor opened(
+        openat(folder.Parent(), folder.name.c_str(), O_RDONLY | O_DIRECTORY | folder.OpenFlags()));
+    for (const std::string_view wanted : {name, WithoutDroppedEnd(name)}) {
+        for (const std::string& match : MatchingNames(opened.Get(), wanted)) {
+            if (IsLink(opened, match)) Require(unlinkat(opened.Get(), match.c_str(), 0) == 0);
+        }
+    }
 }
 
 void CreateTextFileAt(Place place, bool overwrite) {

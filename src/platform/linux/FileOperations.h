@@ -12,6 +12,7 @@ namespace tavel {
 
 void CreateFolderAt(const Place& place);
 void DeleteFileAt(const Place& place, bool force);
+void DeleteLinksIn(const Place& folder, std::string_view name);
 void CreateTextFileAt(Place place, bool overwrite);
 // A copy that fails leaves no target. It keeps the modification time.
 void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_view target,

@@ -6,6 +6,7 @@
 #include "platform/linux/FolderListing.h"
 #include "platform/linux/HostDrive.h"
 #include "platform/linux/HostFile.h"
+#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 
 #include <algorithm>
@@ -71,6 +72,9 @@ class LinuxFileService : public FileService {
         CopyFileBetween(*m_drives, source, target, overwrite);
     }
     void DeleteFile(std::string_view path, bool force) override { DeleteFileAt(Find(path), force); }
+    void DeleteLinks(std::string_view folder, std::string_view name) override {
+        DeleteLinksIn(Find(folder), name);
+    }
     void CreateTextFile(std::string_view path, bool overwrite) override {
         CreateTextFileAt(Find(path), overwrite);
     }
@@ -136,6 +140,12 @@ FileService* OwnService<FileService>() {
     static const std::unique_ptr<FileService> service =
         MakeHostFileService(ProgramFolderOfHost(), MakeHostMounts());
     return service.get();
+}
+
+bool IsNameAllowed(std::string_view name) {
+    constexpr std::size_t longest = 255;  // bytes, in the file systems of the host
+    const std::string made = NameToCreate(name);
+    return !made.empty() && made.size() <= longest;
 }
 
 std::string ProgramFolder() { return oFSO().FromHostPath(ProgramFolderOfHost()); }

@@ -23,7 +23,8 @@ class ThumbPicture : public QLabel {
 std::string NoThumbFile();
 std::string MultiThumbFile();
 
-// The picture in a file, told by its content. Fails with 53, or with 481 when it is none.
+// The picture in a file, told by its content. Fails as the file service does, or with 481 when it
+// is none.
 QPixmap LoadPicture(const std::string& sPath);
 
 }  // namespace tavel

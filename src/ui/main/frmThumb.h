@@ -18,7 +18,7 @@ class frmThumb : public QWidget {
     frmThumb();
 
     // Opens the dialog for these videos and returns at once. sCurrent is the picture to begin with,
-    // or empty. Fails with 53 or 481 where it can't be shown.
+    // or empty. Fails as the file service does, or with 481, where it can't be shown.
     void GetNewThumbPath(const std::string& sCurrent, const std::vector<std::string>& sIDs);
 
     // The last THM that was made, or was to be made. It outlives the dialog: OK assigns it, Cancel
