@@ -9,7 +9,6 @@
 #include <gmock/gmock.h>
 
 #include <QCheckBox>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QScrollBar>
@@ -261,17 +260,22 @@ TEST_F(StartWizardTest, ten_megabytes_of_words_are_shown_and_scroll) {
             "A line of words that goes on for so long that it does not fit the page in any "
             "size of letters and has to be wrapped.\r\n";
     Words(words);
-    QElapsedTimer timer;
-    timer.start();
     OpenWizard();
     Wizard().grab();
-    EXPECT_LT(timer.elapsed(), 20'000);
     auto& label = Find<ScrollingLabel>(Wizard(), "labText(1)");
     EXPECT_GT(label.verticalScrollBar()->maximum(), 10'000);
     EXPECT_FALSE(label.horizontalScrollBar()->isVisible());
     label.setFocus();
     QTest::keyClick(&label, Qt::Key_End);
     EXPECT_EQ(label.verticalScrollBar()->value(), label.verticalScrollBar()->maximum());
+}
+
+TEST_F(StartWizardTest, a_word_of_megabytes_is_shown_and_scrolls) {
+    Words("//1\r\n" + std::string(3'000'000, 'A') + "\r\n");
+    OpenWizard();
+    Wizard().grab();
+    auto& label = Find<ScrollingLabel>(Wizard(), "labText(1)");
+    EXPECT_GT(label.verticalScrollBar()->maximum(), 1'000);
 }
 
 TEST_F(StartWizardTest, words_that_fit_take_no_keys) {

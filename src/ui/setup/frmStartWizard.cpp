@@ -87,7 +87,7 @@ void frmStartWizard::LoadPage(const std::string& sFile, Integer& iNumber) {
     }
     if (iNumber < 0 || iNumber > PageCount) Fail(failure::SubscriptOutOfRange);
     std::replace(words.begin(), words.end(), '\r', '\n');
-    labText[static_cast<std::size_t>(iNumber)]->setPlainText(ToQString(words));
+    labText[static_cast<std::size_t>(iNumber)]->SetText(ToQString(words));
     ShowPage(iNumber);
 }
 

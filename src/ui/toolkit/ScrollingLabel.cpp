@@ -15,4 +15,18 @@ ScrollingLabel::ScrollingLabel(QWidget* parent) : QPlainTextEdit(parent) {
             [this](int, int last) { setFocusPolicy(last > 0 ? Qt::StrongFocus : Qt::NoFocus); });
 }
 
+void ScrollingLabel::SetText(const QString& text) {
+    constexpr int longWord = 250;
+    constexpr QChar breakHere(0x200B);
+    QString broken;
+    broken.reserve(text.size());
+    int inWord = 0;
+    for (const QChar c : text) {
+        inWord = c.isSpace() ? 0 : inWord + 1;
+        broken += c;
+        if (inWord % longWord == longWord - 1 && !c.isHighSurrogate()) broken += breakHere;
+    }
+    setPlainText(broken);
+}
+
 }  // namespace tavel

@@ -12,6 +12,10 @@ class ScrollingLabel : public QPlainTextEdit {
 
   public:
     explicit ScrollingLabel(QWidget* parent = nullptr);
+
+    // A word of many lines can be broken every now and then: looking for the end of one takes far
+    // longer than its length.
+    void SetText(const QString& text);
 };
 
 }  // namespace tavel
