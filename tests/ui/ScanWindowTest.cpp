@@ -7,6 +7,7 @@
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Questions.h"
+#include "ui/support/UserAtYields.h"
 #include "ui/toolkit/Strings.h"
 
 #include <gmock/gmock.h>
@@ -20,24 +21,6 @@ namespace tavel::test {
 using ::testing::Contains;
 
 namespace {
-
-// At each yield the user may do something, with the mouse and the keys.
-class UserAtYields : public Standing<EventLoop> {
-  public:
-    int yields = 0;
-    std::function<void(int)> act = [](int) {};  // told which yield it is, from 1
-
-    void Yield() override {
-        if (m_isBusy) return;
-        m_isBusy = true;
-        act(++yields);
-        RunEvents();
-        m_isBusy = false;
-    }
-
-  private:
-    bool m_isBusy = false;
-};
 
 // The scan of a folder, under the real main window.
 class ScanWindowTest : public DeviceWindowTest {
