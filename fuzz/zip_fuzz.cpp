@@ -35,14 +35,21 @@ class Sink : public test::MemoryFile {
     std::size_t m_room = 1'000'000;
 };
 
-// The archive, and a folder in which files can be made.
+// The archive, and a folder in which files can be made, and made again.
 class ArchiveAndFolder : public test::OneFileService {
   public:
     using OneFileService::OneFileService;
 
     bool FileExists(std::string_view path) override {
         RequireBelow(path);
-        return false;
+        return m_files.count(std::string(path)) != 0;
+    }
+    void DeleteFile(std::string_view path, bool) override {
+        RequireBelow(path);
+        if (m_files.erase(std::string(path)) == 0) std::abort();
+    }
+    void DeleteLinks(std::string_view folder, std::string_view name) override {
+        RequireBelow(std::string(folder) + "\\" + std::string(name));
     }
     bool FolderExists(std::string_view path) override {
         RequireBelow(path);
@@ -55,12 +62,14 @@ class ArchiveAndFolder : public test::OneFileService {
     std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) override {
         if (mode == RawMode::Read) return OneFileService::OpenRaw(path, mode, error);
         RequireBelow(path);
+        if (!m_files.emplace(path).second) std::abort();  // it was to be replaced, not written into
         error = 0;
         return std::make_unique<Sink>();
     }
 
   private:
     std::set<std::string> m_folders;
+    std::set<std::string> m_files;
 };
 
 }  // namespace

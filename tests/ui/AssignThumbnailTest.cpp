@@ -346,6 +346,38 @@ TEST_F(AssignThumbnailTest, a_picture_that_makes_no_thumbnail_is_fatal_and_leave
     EXPECT_EQ(Path(), "");
 }
 
+TEST_F(AssignThumbnailTest, without_the_thumbnail_folder_a_picture_makes_none_and_is_fatal) {
+    std::filesystem::remove(temp.HostPath("library/Videos/Thumbnails"));
+    Ask({"vd_b"});
+    prompts.ExpectFiles(pickTitle, {QString::fromStdString(temp.HostPath("blue.png"))});
+    ExpectFileNotFound("cmdBrowse", "Making a thumbnail of " + temp.DrivePath("blue.png"));
+    EXPECT_FALSE(std::filesystem::exists(temp.HostPath("library/Videos/Thumbnails")));
+}
+
+TEST_F(AssignThumbnailTest, a_thumbnail_that_is_read_only_is_not_deleted_and_ends_the_program) {
+    Ask({"vd_b"});
+    Browse("blue.png");
+    std::filesystem::permissions(temp.HostPath("library/Videos/Thumbnails/1.THM"),
+                                 std::filesystem::perms::owner_read);
+    for (const char* button : {"cmdBrowse", "cmdCancel"}) {
+        EXPECT_EQ(FatalOf([&] { Click(Dialog(), button); }), failure::PermissionDenied) << button;
+        EXPECT_EQ(Thumbs(), "1.THM ");
+    }
+}
+
+TEST_F(AssignThumbnailTest, without_the_pictures_that_stand_for_thumbnails_the_dialog_is_fatal) {
+    for (const std::string& sFile : {NoThumbFile(), MultiThumbFile()})
+        files.FailOn("ReadWhole " + sFile, failure::FileNotFound);
+    Open();
+    for (const std::vector<std::string>& sIDs :
+         {std::vector<std::string>{"vd_b"}, std::vector<std::string>{"vd_a", "vd_b"}}) {
+        ClickNode("videoall");
+        RightClickRow(1);
+        Main().sSelected = sIDs;
+        EXPECT_EQ(FatalOf([&] { Pick({"mnuRMB", "mnuThumbnail"}); }), failure::FileNotFound);
+    }
+}
+
 TEST_F(AssignThumbnailTest, Cancel_and_Escape_delete_what_was_made_and_close) {
     Ask({"vd_a"});
     Click(Dialog(), "cmdCancel");

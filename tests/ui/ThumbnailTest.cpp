@@ -1,4 +1,6 @@
+#include "core/Options.h"
 #include "core/PublicStuff.h"
+#include "ui/main/ThumbPicture.h"
 #include "ui/support/MainWindow.h"
 #include "ui/toolkit/Twips.h"
 
@@ -299,6 +301,39 @@ TEST_F(ThumbnailTest, a_thumbnail_that_is_no_picture_is_fatal) {
     iVidThumbMode = 2;
     ClickNode("videoall");
     EXPECT_EQ(FatalOf([&] { ClickRow(1); }), failure::InvalidPicture);
+}
+
+TEST_F(ThumbnailTest, a_missing_picture_that_stands_for_thumbnails_is_fatal) {
+    Open();
+    iVidThumbMode = 2;
+    ClickNode("videoall");
+    for (const std::string& sFile : {NoThumbFile(), MultiThumbFile()})
+        files.FailOn("ReadWhole " + sFile, failure::FileNotFound);
+    EXPECT_EQ(FailureOf([&] { Main().LoadThumbnail("vd_b"); }), failure::FileNotFound);
+    EXPECT_EQ(FailureOf([&] { Main().LoadThumbnail("multi"); }), failure::FileNotFound);
+    EXPECT_EQ(FatalOf([&] { ClickRow(2); }), failure::FileNotFound);
+    iVidThumbMode = 4;
+    EXPECT_EQ(FailureOf([&] { Main().ExpandSyncGrid(false); }), failure::FileNotFound);
+    EXPECT_EQ(FatalOf([&] { ClickNode("vs_a"); }), failure::FileNotFound);
+}
+
+TEST_F(ThumbnailTest, in_mode_4_the_picture_is_hidden_until_videos_or_a_series_are_clicked) {
+    AddPhoto("ph_a", "Beach");
+    for (const char* node : {"videoall", "vs_a"}) {
+        temp.Write("db.txt", "[options]\r\niVidThumbMode=4\r\n");
+        LoadOptions();
+        Open();
+        EXPECT_FALSE(imgThumb().isVisible());
+        EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
+        for (const char* other : {"photoall", "videoseries"}) {
+            ClickNode(other);
+            EXPECT_FALSE(imgThumb().isVisible()) << other;
+        }
+        ClickNode(node);
+        EXPECT_TRUE(imgThumb().isVisible());
+        EXPECT_LT(PlaceOf("grdSync").Height, 6000);
+        SingleWindow<frmMain>::Unload();
+    }
 }
 
 TEST_F(ThumbnailTest, CheckForMultiThumbs_tells_whether_all_have_the_same) {
