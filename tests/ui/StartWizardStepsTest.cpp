@@ -5,6 +5,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Soon.h"
 #include "ui/support/UserAtYields.h"
 #include "ui/support/Wizard.h"
 #include "ui/toolkit/DriveList.h"
@@ -217,6 +218,17 @@ TEST_F(StartWizardStepsTest, Create_Database_fills_the_library_with_groups_each_
     EXPECT_THAT(Shown(), ElementsAre(4));
     Click(Wizard(), "cmdAddFiles");
     EXPECT_EQ(colPhoto.Count(), 2);
+}
+
+TEST_F(StartWizardStepsTest, clicks_that_came_during_Create_Database_are_dropped) {
+    temp.Write("new/a.jpg", "x");
+    Watch("new");
+    OpenWizard();
+    GoTo(4);
+    ClickSoon(Find(Wizard(), "cmdAddFiles"));
+    Click(Wizard(), "cmdAddFiles");
+    RunEvents();
+    EXPECT_EQ(colPhoto.Count(), 1);
 }
 
 TEST_F(StartWizardStepsTest, Create_Database_without_watch_folders_ends_the_program) {

@@ -3,6 +3,7 @@
 #include "ui/toolkit/Banner.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/DriveList.h"
+#include "ui/toolkit/QuietEvents.h"
 #include "ui/toolkit/ScrollingLabel.h"
 #include "ui/toolkit/Twips.h"
 
@@ -11,6 +12,7 @@
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopeGuard>
 
 namespace tavel {
 
@@ -96,7 +98,11 @@ void frmStartWizard::AddWatchPage() {
 
 void frmStartWizard::AddLibraryPage() {
     auto* cmdAddFiles = Named<QPushButton>("cmdAddFiles", QStringLiteral("Create Database"));
-    connect(cmdAddFiles, &QPushButton::clicked, this, [] { AddWatchFolders(); });
+    connect(cmdAddFiles, &QPushButton::clicked, this, [] {
+        // Clicks on a window that doesn't answer would fill the library once more.
+        const auto drop = qScopeGuard(DropInput);
+        AddWatchFolders();
+    });
     QBoxLayout* Picture6 = AddPanel(4, "Picture6");
     Picture6->addWidget(cmdAddFiles);
     Picture6->addStretch();

@@ -20,11 +20,13 @@ void ScrollingLabel::SetText(const QString& text) {
     constexpr QChar breakHere(0x200B);
     QString broken;
     broken.reserve(text.size());
-    int inWord = 0;
+    int sinceBreak = 0;
     for (const QChar c : text) {
-        inWord = c.isSpace() ? 0 : inWord + 1;
         broken += c;
-        if (inWord % longWord == longWord - 1 && !c.isHighSurrogate()) broken += breakHere;
+        sinceBreak = c == u' ' || c == u'\n' ? 0 : sinceBreak + 1;
+        if (sinceBreak < longWord || c.isHighSurrogate()) continue;
+        broken += breakHere;
+        sinceBreak = 0;
     }
     setPlainText(broken);
 }
