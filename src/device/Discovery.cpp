@@ -145,6 +145,7 @@ bool SetupNewPSP(const std::string& sDriveText, const std::string& sName) {
 // A request to end the program is heard between two boxes: the user has no way out of them but to
 // connect the drive.
 void SetupFirstPSP(const std::string& sDriveText, const std::string& sName) {
+    const Doing setting("Setting up the PSP on", sDriveText);
     while (!oFSO().DriveExists(sDriveText)) {
         Service<MessageBoxes>::Get().MsgBox(ConnectText, MsgBoxButtons::OK, ProgramTitle);
         DoEvents();

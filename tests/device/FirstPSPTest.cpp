@@ -176,6 +176,7 @@ TEST_F(FirstPSPTest, A_root_that_takes_no_file_fails_with_nothing_made) {
     files.FailOn("CreateTextFile c:\\TavelDataFile.tavel", failure::PermissionDenied);
     EXPECT_EQ(FailureOf([] { SetupFirstPSP("c:", "A"); }), failure::PermissionDenied);
     EXPECT_FALSE(IsOn('c', "TavelDataFile.tavel"));
+    EXPECT_EQ(FailedActivityOf([] { SetupFirstPSP("c:", "A"); }), "Setting up the PSP on c:");
 }
 
 TEST_F(FirstPSPTest, A_drive_without_media_fails_where_the_file_is_made) {
