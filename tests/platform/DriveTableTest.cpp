@@ -122,6 +122,18 @@ TEST_F(Drives, A_mount_in_the_folder_of_one_that_went_in_the_same_reading_gets_i
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [other]", "e: [next]", "f: [three]"));
 }
 
+TEST_F(Drives, A_letter_that_a_link_waits_for_goes_to_the_link_when_its_mount_is_replaced) {
+    Mount("one");
+    EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));
+    Link('d', "linked");
+    Unmount("one");
+    mounts.Mount(temp.HostPath("one"), "other");
+    const std::vector<std::string> texts = files->DriveTexts();
+    ASSERT_EQ(texts.size(), 3u);
+    EXPECT_EQ(texts[2], "e: [other]");
+    EXPECT_EQ(texts[1].substr(0, 2), "d:");
+}
+
 TEST_F(Drives, A_mount_in_the_folder_of_one_that_was_seen_to_go_gets_another_letter) {
     Mount("one");
     EXPECT_THAT(files->DriveTexts(), ElementsAre("c:", "d: [one]"));

@@ -429,6 +429,20 @@ TEST_P(FileOperations, Links_of_a_name_are_removed_and_nothing_else) {
     EXPECT_EQ(Bytes("c"), "a file");
 }
 
+TEST_P(FileOperations, Links_in_a_folder_that_cannot_be_read_are_not_passed_over) {
+    fs::create_directories(Host("closed"));
+    fs::create_symlink(Host("none"), Host("closed/a"));
+    fs::permissions(temp.HostPath(), fs::perms(0755));
+    fs::permissions(Host("closed"), fs::perms(0333));
+    Long failure = 0;
+    {
+        const PlainUser plain;
+        failure = FailureOf([&] { files->DeleteLinks(At("closed"), "a"); });
+    }
+    fs::permissions(Host("closed"), fs::perms::all);
+    EXPECT_EQ(failure, 70);
+}
+
 TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
     fs::create_directory(Host("sub"));
     Put("locked.bin", "x");

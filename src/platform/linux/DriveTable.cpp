@@ -71,7 +71,8 @@ void DriveTable::ReadMounts() {
             std::find_if(found.begin(), found.end(), [&](const RemovableMount& mount) {
                 return !IsKnown(mount) && IsInPlaceOf(mount.entry, drive.mount.entry);
             });
-        if (next != found.end()) drive = {drive.letter, *next, FileSystemOf(next->entry)};
+        const bool isItsPlace = next != found.end() && !m_links.Has(drive.letter);
+        if (isItsPlace) drive = {drive.letter, *next, FileSystemOf(next->entry)};
     }
     std::erase_if(m_mounts, isGone);
     for (const RemovableMount& mount : found) {

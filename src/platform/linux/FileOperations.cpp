@@ -147,11 +147,15 @@ void DeleteLinksIn(const Place& folder, std::string_view name) {
     if (!folder.IsFolder()) return;
     const Descriptor opened(
         openat(folder.Parent(), folder.name.c_str(), O_RDONLY | O_DIRECTORY | folder.OpenFlags()));
-    for (const std::string_view wanted : {name, WithoutDroppedEnd(name)}) {
+    Require(opened.IsOpen());
+    const auto deleteLinks = [&](std::string_view wanted) {
         for (const std::string& match : MatchingNames(opened.Get(), wanted)) {
             if (IsLink(opened, match)) Require(unlinkat(opened.Get(), match.c_str(), 0) == 0);
         }
-    }
+    };
+    deleteLinks(name);
+    const std::string_view kept = WithoutDroppedEnd(name);
+    if (kept != name) deleteLinks(kept);
 }
 
 void CreateTextFileAt(Place place, bool overwrite) {
