@@ -5,6 +5,8 @@
 #include "support/PlainUser.h"
 
 #include <filesystem>
+#include <utility>
+#include <vector>
 
 namespace tavel::test {
 namespace {
@@ -84,6 +86,21 @@ TEST_F(Scan, Two_new_folders_of_music_fail_on_the_second_playlist) {
     Watch({"m"});
     bAutoGroup = true;
     EXPECT_EQ(FailureOf(BackgroundScan), failure::KeyAlreadyThere);
+}
+
+// Notes how the guard stands whenever the timer is told something.
+class GuardAtTheTimer : public Standing<ScanTimer> {
+  public:
+    void Enable(bool bEnabled) override { seen.emplace_back(bEnabled, bScanning); }
+
+    std::vector<std::pair<bool, bool>> seen;
+};
+
+TEST_F(Scan, The_guard_is_raised_behind_the_timers_end_and_lowered_ahead_of_its_start) {
+    Watch({});
+    GuardAtTheTimer timer;
+    BackgroundScan();
+    EXPECT_EQ(timer.seen, (std::vector<std::pair<bool, bool>>{{false, false}, {true, false}}));
 }
 
 TEST_F(Scan, A_second_scan_returns_at_once_while_one_runs) {
