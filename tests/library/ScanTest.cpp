@@ -211,6 +211,38 @@ TEST_F(Scan, A_folder_is_walked_on_each_way_that_leads_to_it_and_never_round) {
     EXPECT_EQ(colPhoto.Count(), static_cast<Long>(found.size()));
 }
 
+// On each way through them it would take hundreds of thousands of walks with ten of them.
+TEST_F(Scan, Folders_that_all_link_to_each_other_are_walked_once_themselves_and_once_by_a_link) {
+    const std::vector<std::string> names{"one", "two", "three", "four", "five", "six", "seven"};
+    for (const std::string& name : names) {
+        Write("m/" + name + "/a.jpg", "x");
+        for (const std::string& other : names) {
+            if (other == name) continue;
+            std::filesystem::create_directory_symlink(temp.HostPath("m/" + other),
+                                                      temp.HostPath("m/" + name + "/" + other));
+        }
+    }
+    Watch({"m"});
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), 14);
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), 14);
+}
+
+TEST_F(Scan, Of_links_to_one_folder_the_first_is_followed_in_each_watched_folder) {
+    Write("elsewhere/a.jpg", "x");
+    for (const char* link : {"m/here", "m/there", "n/here"}) {
+        std::filesystem::create_directories(
+            temp.HostPath(link).substr(0, temp.HostPath("m").size()));
+        std::filesystem::create_directory_symlink(temp.HostPath("elsewhere"), temp.HostPath(link));
+    }
+    Watch({"m", "n"});
+    BackgroundScan();
+    ASSERT_EQ(colPhoto.Count(), 2);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), temp.DrivePath("m\\here\\a.jpg"));
+    EXPECT_EQ(colPhoto.Item(2).sPath(), temp.DrivePath("n\\here\\a.jpg"));
+}
+
 TEST_F(Scan, A_folder_number_that_is_missing_is_no_folder) {
     Contain("[watch]\r\nnoofflds=1\r\n");
     FaultyFileService files;
