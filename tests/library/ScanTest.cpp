@@ -193,7 +193,7 @@ TEST_F(Scan, Knows_a_file_by_its_whole_path_alone) {
     EXPECT_EQ(colPhoto.Count(), 2);
 }
 
-TEST_F(Scan, A_folder_is_walked_on_each_way_that_leads_to_it_and_never_round) {
+TEST_F(Scan, A_folder_is_walked_by_itself_and_by_a_link_and_never_round) {
     Write("m/one/a.jpg", "x");
     Write("m/two/b.jpg", "x");
     std::filesystem::create_directory_symlink(temp.HostPath("m"), temp.HostPath("m/one/up"));
