@@ -262,6 +262,19 @@ TEST_F(ZipReaderTest, What_is_refused_does_not_keep_the_others_from_being_extrac
     EXPECT_EQ(Extract(2), out + "\\c.jpg");
 }
 
+// What is refused is not looked into.
+TEST_F(ZipReaderTest, A_damaged_entry_that_is_refused_for_its_name_or_as_a_link_is_no_failure) {
+    for (const char* name : {"../a.jpg", "a?.jpg", "in/con.jpg"}) {
+        ZipItem item{name, "x"};
+        item.offset = 1'000'000;
+        ExpectRefused(item);
+    }
+    ZipItem link{"a.jpg", "x"};
+    link.attributes = 0120777u << 16;
+    link.offset = 1'000'000;
+    ExpectRefused(link);
+}
+
 TEST_F(ZipReaderTest, A_wrong_checksum_is_a_failure_and_leaves_what_was_written) {
     for (const bool isDeflated : {false, true}) {
         ZipItem item{"a.jpg", "some bytes", isDeflated};
