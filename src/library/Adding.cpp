@@ -12,6 +12,9 @@
 #include "platform/Service.h"
 #include "platform/Text.h"
 
+#include <set>
+#include <utility>
+
 namespace tavel {
 
 namespace {
@@ -28,10 +31,6 @@ void ShowPath(const std::string& sPath) {
 void AddShown(const std::string& sPath) {
     ShowPath(sPath);
     AddFile(sPath);
-}
-
-void YieldUnless(bool bNoYield) {
-    if (!bNoYield) DoEvents();
 }
 
 // What a folder's own files come to: a group, when it is a leaf and they are all of one type.
@@ -56,6 +55,75 @@ struct GroupInMaking {
     }
 };
 
+// One call of AddFolder, with the folders in its folder.
+class FolderWalk {
+  public:
+    FolderWalk(bool bRecurse, const bool& bMakeGroups, bool bOnlyNew, bool bNoYield)
+        : m_bRecurse(bRecurse),
+          m_bMakeGroups(bMakeGroups),
+          m_bOnlyNew(bOnlyNew),
+          m_bNoYield(bNoYield) {}
+
+    void Add(const std::string& sPath) {
+        const Doing scanning("Scanning", sPath);
+        FolderContents contents = oFSO().GetFolder(sPath);
+        GroupInMaking group;
+        if (contents.SubFolders.empty()) {
+            group.bMakeGroup = m_bMakeGroups;
+        } else if (m_bRecurse) {
+            AddSubFolders(contents.SubFolders);
+            // Files may have come and gone meanwhile.
+            contents = oFSO().GetFolder(sPath);
+        }
+        if (!AddFilesOf(contents, group)) return;
+        if (group.bMakeGroup && !group.sIDs.front().empty()) {
+            MakeGroup(group.sIDs, contents.Folder.Name, GetGroupType(group.iFirstType));
+            Yield();
+        }
+    }
+
+  private:
+    // Among folders that link to each other there are ways without number, so that only the first
+    // link to a folder is followed.
+    void AddSubFolders(const std::vector<FolderEntry>& folders) {
+        for (const FolderEntry& folder : folders) {
+            if (!folder.LinkedTo.empty() && !m_linkedTo.insert(folder.LinkedTo).second) continue;
+            Add(folder.Path);
+            Yield();
+        }
+    }
+
+    // False when the user has cancelled.
+    bool AddFilesOf(const FolderContents& contents, GroupInMaking& group) const {
+        for (const FileEntry& file : contents.Files) {
+            const Doing adding("Adding", file.Path);
+            if (m_bOnlyNew && IsFileInDB(file.Path)) continue;
+            std::string sID = AddFile(file.Path);
+            if (sID == "-1") continue;
+            Yield();
+            AddLog("New File", "New File Found - " + file.Path);
+            group.TakeType(GetFileType(file.Path));
+            ShowPath(file.Path);
+            if (frmAdd().ExitChecked()) {
+                frmAdd().Unload();
+                return false;
+            }
+            group.TakeID(std::move(sID));
+        }
+        return true;
+    }
+
+    void Yield() const {
+        if (!m_bNoYield) DoEvents();
+    }
+
+    bool m_bRecurse;
+    const bool& m_bMakeGroups;  // can change at each yield
+    bool m_bOnlyNew;
+    bool m_bNoYield;
+    std::set<std::string> m_linkedTo;
+};
+
 }  // namespace
 
 void AddFiles(const std::vector<std::string>& sFiles) {
@@ -72,38 +140,7 @@ void AddFiles(const std::vector<std::string>& sFiles) {
 
 void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield) {
-    const Doing scanning("Scanning", sPath);
-    FolderContents contents = oFSO().GetFolder(sPath);
-    GroupInMaking group;
-    if (contents.SubFolders.empty()) {
-        group.bMakeGroup = bMakeGroups;
-    } else if (bRecurse) {
-        for (const FolderEntry& folder : contents.SubFolders) {
-            AddFolder(folder.Path, true, bMakeGroups, bOnlyNew, bNoYield);
-            YieldUnless(bNoYield);
-        }
-        // Files may have come and gone meanwhile.
-        contents = oFSO().GetFolder(sPath);
-    }
-    for (const FileEntry& file : contents.Files) {
-        const Doing adding("Adding", file.Path);
-        if (bOnlyNew && IsFileInDB(file.Path)) continue;
-        std::string sID = AddFile(file.Path);
-        if (sID == "-1") continue;
-        YieldUnless(bNoYield);
-        AddLog("New File", "New File Found - " + file.Path);
-        group.TakeType(GetFileType(file.Path));
-        ShowPath(file.Path);
-        if (frmAdd().ExitChecked()) {
-            frmAdd().Unload();
-            return;
-        }
-        group.TakeID(std::move(sID));
-    }
-    if (group.bMakeGroup && !group.sIDs.front().empty()) {
-        MakeGroup(group.sIDs, contents.Folder.Name, GetGroupType(group.iFirstType));
-        YieldUnless(bNoYield);
-    }
+    FolderWalk(bRecurse, bMakeGroups, bOnlyNew, bNoYield).Add(sPath);
 }
 
 void ShowInvalidFiles(const std::vector<std::string>& sFiles) {

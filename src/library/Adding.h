@@ -24,7 +24,8 @@ void AddFiles(const std::vector<std::string>& sFiles);
 // type becomes a group, looked at anew in each folder, since the option can change while the walk
 // is yielded; bOnlyNew: files in the library already are passed over; bNoYield: hands over to the
 // event loop at the comparisons of bOnlyNew alone. Fails with 76 when the folder is not there.
-// Cancelling in frmAdd ends the folder in which it is noticed, and no other.
+// Cancelling in frmAdd ends the folder in which it is noticed, and no other. Of several links to
+// one folder the first is followed.
 void AddFolder(const std::string& sPath, bool bRecurse, const bool& bMakeGroups, bool bOnlyNew,
                bool bNoYield);
 

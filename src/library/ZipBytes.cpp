@@ -1,5 +1,6 @@
 #include "library/ZipBytes.h"
 
+#include "library/ZipStart.h"
 #include "platform/Failure.h"
 
 #include <algorithm>
@@ -16,6 +17,8 @@ ZipBytes::ZipBytes(std::unique_ptr<RawFile> file) : m_file(std::move(file)), m_b
 ZipBytes::~ZipBytes() { zip_error_fini(&m_error); }
 
 zip_t* ZipBytes::Open(int& error) {
+    m_start = StartOfArchive(m_bytes);
+    m_bytes.Seek(m_start);
     zip_error_t reason;
     zip_error_init(&reason);
     zip_source_t* source = zip_source_function_create(Answer, this, &reason);
@@ -46,7 +49,7 @@ zip_int64_t ZipBytes::Answer(void* self, void* data, zip_uint64_t length,
         case ZIP_SOURCE_SEEK:
             return bytes.Seek(data, length);
         case ZIP_SOURCE_TELL:
-            return bytes.m_bytes.Offset();
+            return bytes.m_bytes.Offset() - bytes.m_start;
         case ZIP_SOURCE_ERROR:
             return zip_error_to_data(&bytes.m_error, data, length);
         default:
@@ -58,7 +61,7 @@ zip_int64_t ZipBytes::Stat(void* data, zip_uint64_t length) {
     if (length < sizeof(zip_stat_t)) return Failed(ZIP_ER_INVAL);
     auto& status = *static_cast<zip_stat_t*>(data);
     zip_stat_init(&status);
-    status.size = static_cast<zip_uint64_t>(m_bytes.Length());
+    status.size = static_cast<zip_uint64_t>(m_bytes.Length() - m_start);
     status.valid = ZIP_STAT_SIZE;
     return sizeof(zip_stat_t);
 }
@@ -80,10 +83,10 @@ zip_int64_t ZipBytes::Read(void* data, zip_uint64_t length) {
 
 zip_int64_t ZipBytes::Seek(void* data, zip_uint64_t length) {
     const zip_int64_t offset = zip_source_seek_compute_offset(
-        static_cast<zip_uint64_t>(m_bytes.Offset()), static_cast<zip_uint64_t>(m_bytes.Length()),
-        data, length, &m_error);
+        static_cast<zip_uint64_t>(m_bytes.Offset() - m_start),
+        static_cast<zip_uint64_t>(m_bytes.Length() - m_start), data, length, &m_error);
     if (offset < 0) return -1;
-    m_bytes.Seek(offset);
+    m_bytes.Seek(m_start + offset);
     return 0;
 }
 

@@ -4,6 +4,7 @@
 
 #include <zip.h>
 
+#include <cstdint>
 #include <memory>
 
 namespace tavel {
@@ -18,7 +19,8 @@ class ZipBytes {
     ZipBytes& operator=(const ZipBytes&) = delete;
 
     // The archive, which must be let go of before this; null when libzip doesn't open it, and
-    // `error` then is its reason.
+    // `error` then is its reason. What stands in front of it in the file is not shown to libzip.
+    // Fails with 57 when the file can't be read.
     zip_t* Open(int& error);
 
     // The run-time's number for a read that failed, 0 while none has.
@@ -36,7 +38,8 @@ class ZipBytes {
 
     std::unique_ptr<RawFile> m_file;
     FileBytes m_bytes;
-    zip_error_t m_error{};  // for libzip
+    std::int64_t m_start = 0;  // of the archive in its file
+    zip_error_t m_error{};     // for libzip
     Long m_failure = 0;
 };
 

@@ -53,12 +53,10 @@ class Import {
             m_bHasFiles = true;
             entry.bWithPath = true;
             const std::string sPath = Unpack(entry, sFolder);
-            // As though it were not there: nothing was done that could have taken time.
-            if (sPath.empty()) {
+            if (sPath.empty())
                 m_sRejected.Add(entry.Name());
-                continue;
-            }
-            m_sPaths.push_back(sPath);
+            else
+                m_sPaths.push_back(sPath);
             DoEvents();
         }
     }

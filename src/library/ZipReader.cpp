@@ -48,7 +48,6 @@ std::unique_ptr<RawFile> Replace(const std::string& sFolder, const std::string& 
 
 // Null when the drive makes no such name.
 std::unique_ptr<RawFile> MakeFile(const std::string& sFolder, const std::string& sBelow) {
-    if (!AreNamesAllowed(sBelow)) return nullptr;
     try {
         return Replace(MakeFoldersOf(sFolder, sBelow), GetFileName(sBelow));
     } catch (const Failure& failure) {
@@ -72,7 +71,8 @@ ZipEntry::ZipEntry(ZipArchive& archive, std::uint64_t number)
 std::string ZipEntry::Extract(const std::string& sFolder) const {
     const std::string sBelow = bWithPath ? m_sName : GetFileName(m_sName);
     std::string sPath = sFolder + "\\" + sBelow;
-    if (!StaysBelow(m_sName) || IsPathTooLong(sPath) || m_archive.IsLink(m_number)) return {};
+    if (!StaysBelow(m_sName) || !AreNamesAllowed(sBelow) || IsPathTooLong(sPath)) return {};
+    if (m_archive.IsLink(m_number)) return {};
     const std::unique_ptr<ZipData> data = m_archive.Data(m_number);
     const std::unique_ptr<RawFile> file = data ? MakeFile(sFolder, sBelow) : nullptr;
     if (!file) return {};

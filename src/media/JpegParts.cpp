@@ -1,4 +1,5 @@
 #include "media/ByteNumbers.h"
+#include "media/JpegMarkers.h"
 #include "media/PictureParts.h"
 
 #include <algorithm>
@@ -11,13 +12,8 @@ using namespace std::string_view_literals;
 namespace {
 
 // Markers by the numbers of the JPEG standard.
-constexpr unsigned char startOfImage = 0xD8;
-constexpr unsigned char endOfImage = 0xD9;
-constexpr unsigned char startOfScan = 0xDA;
 constexpr unsigned char jfifSegment = 0xE0;
 constexpr unsigned char adobeSegment = 0xEE;
-constexpr unsigned char progressiveFrame = 0xC2;
-constexpr unsigned char progressiveArithmeticFrame = 0xCA;
 
 // Baseline, extended and progressive, the latter two in arithmetic coding as well.
 bool IsFrame(unsigned char marker) {
@@ -29,78 +25,47 @@ bool IsTable(unsigned char marker) {
     return "\xC4\xCC\xDB\xDD"sv.find(static_cast<char>(marker)) != std::string_view::npos;
 }
 
-bool IsRestart(unsigned char marker) { return (marker & 0xF8) == 0xD0; }
-
-// The end of a scan's data: the next marker that does not belong to it.
-std::size_t EndOfData(std::string_view file, std::size_t at) {
-    for (;;) {
-        const std::size_t mark = file.find('\xFF', at);
-        const std::size_t code = file.find_first_not_of('\xFF', mark);
-        if (mark == std::string_view::npos || code == std::string_view::npos) return file.size();
-        const auto marker = static_cast<unsigned char>(file[code]);
-        if (marker != 0 && !IsRestart(marker)) return mark;
-        at = code + 1;
-    }
-}
-
 std::int64_t Number(std::string_view bytes) {
     return static_cast<std::int64_t>(BigEndianNumber(bytes));
 }
 
 class JpegCopy {
   public:
-    explicit JpegCopy(std::string_view file) : m_file(file) { m_kept.reserve(file.size()); }
+    explicit JpegCopy(std::string_view file) : m_markers(file) { m_kept.reserve(file.size()); }
 
     std::string Parts() {
-        while (m_isSound && NextMarker()) TakeSegment();
-        const bool isPicture = m_isSound && m_scans > 0 && IsAffordableFrame();
+        while (m_isSound && m_markers.Next()) Take(m_markers.Marker(), m_markers.Segment());
+        const bool isPicture =
+            m_isSound && m_markers.IsSound() && m_scans > 0 && IsAffordableFrame();
         return isPicture ? std::move(m_kept += "\xFF\xD9") : std::string();
     }
 
   private:
-    // Moves behind the next marker, past whatever lies before it. False at the picture's end.
-    bool NextMarker() {
-        const std::size_t mark = m_file.find('\xFF', m_at);
-        const std::size_t code = m_file.find_first_not_of('\xFF', mark);
-        if (mark == std::string_view::npos || code == std::string_view::npos) return false;
-        m_marker = static_cast<unsigned char>(m_file[code]);
-        m_at = code + 1;
-        return m_marker != endOfImage;
-    }
-
-    // Copies the marker's segment if it is needed, and moves behind it.
-    void TakeSegment() {
-        if (m_marker <= 1 || IsRestart(m_marker)) return;
-        const std::string_view length = m_file.substr(m_at, 2);
-        const std::string_view segment = m_file.substr(m_at, BigEndianNumber(length));
-        if (m_marker == startOfImage || segment.size() < 2 ||
-            segment.size() != BigEndianNumber(length)) {
-            m_isSound = false;
-            return;
-        }
-        m_at += segment.size();
-        if (IsTable(m_marker)) {
+    // Copies a segment if it is needed.
+    void Take(unsigned char marker, std::string_view segment) {
+        if (IsTable(marker)) {
             Keep(segment);
-        } else if (IsFrame(m_marker)) {
+        } else if (IsFrame(marker)) {
             TakeFrame(segment);
-        } else if (m_marker == startOfScan) {
+        } else if (marker == jpeg::StartOfScan) {
             TakeScan(segment);
-        } else if (m_marker == jfifSegment && segment.size() >= 16) {
+        } else if (marker == jfifSegment && segment.size() >= 16) {
             TakeJfif(segment);
-        } else if (m_marker == adobeSegment && segment.size() >= 14) {
+        } else if (marker == adobeSegment && segment.size() >= 14) {
             TakeAdobe(segment);
         }
     }
 
     void Keep(std::string_view segment) {
-        m_kept += {'\xFF', static_cast<char>(m_marker)};
+        m_kept += {'\xFF', static_cast<char>(m_markers.Marker())};
         m_kept += segment;
     }
 
     void TakeFrame(std::string_view segment) {
         if (!m_frame.empty() || segment.size() < 8) m_isSound = false;
         m_frame = segment;
-        m_isProgressive = m_marker == progressiveFrame || m_marker == progressiveArithmeticFrame;
+        m_isProgressive = m_markers.Marker() == jpeg::ProgressiveFrame ||
+                          m_markers.Marker() == jpeg::ProgressiveArithmeticFrame;
         Keep(segment);
     }
 
@@ -108,9 +73,7 @@ class JpegCopy {
         if (m_frame.empty()) m_isSound = false;
         ++m_scans;
         Keep(segment);
-        const std::size_t end = EndOfData(m_file, m_at);
-        m_kept += m_file.substr(m_at, end - m_at);
-        m_at = end;
+        m_kept += m_markers.TakeData();
     }
 
     // These two tell which colours the components are; the thumbnail and the resolution that one
@@ -129,9 +92,7 @@ class JpegCopy {
 
     bool IsAffordableFrame() const;
 
-    std::string_view m_file;
-    std::size_t m_at = 2;
-    unsigned char m_marker = 0;
+    JpegMarkers m_markers;
     bool m_isSound = true;
     std::string m_kept = "\xFF\xD8";
     std::string_view m_frame;

@@ -1,3 +1,4 @@
+#include "media/JpegMarkers.h"
 #include "media/PictureParts.h"
 #include "media/TiffDirectory.h"
 
@@ -130,16 +131,24 @@ bool IsPlain(const TiffDirectory& directory, const TiffPicture& picture) {
            NumberOfSamples(directory, tag::SampleFormat, picture.Samples, 1) == 1;
 }
 
-// Markers of these kinds never stand in the pixels' own bytes. A progressive picture, or one of
-// many scans, would be gone over again and again, and a few kilobytes hold a hundred scans.
+// A progressive picture, or one of many scans, would be gone over again and again, and a few
+// kilobytes hold a hundred scans. What no marker of a picture is could hide some: decoders look for
+// the next marker inside of it.
 bool IsPlainJpeg(std::string_view strip, std::int64_t samples) {
+    constexpr unsigned char firstOfPictures = 0xC0;
+    if (!strip.starts_with("\xFF\xD8")) return false;
     std::int64_t scans = 0;
-    for (std::size_t i = 1; i < strip.size(); ++i) {
-        if (strip[i - 1] != '\xFF') continue;
-        if (strip[i] == '\xC2' || strip[i] == '\xCA') return false;
-        if (strip[i] == '\xDA') ++scans;
+    JpegMarkers markers(strip);
+    while (markers.Next()) {
+        const unsigned char marker = markers.Marker();
+        if (marker == jpeg::ProgressiveFrame || marker == jpeg::ProgressiveArithmeticFrame ||
+            marker < firstOfPictures)
+            return false;
+        if (marker != jpeg::StartOfScan) continue;
+        ++scans;
+        markers.TakeData();
     }
-    return scans <= samples;
+    return markers.IsSound() && scans <= samples;
 }
 
 // A strip without bytes would be looked for by the library in all of the file.

@@ -53,6 +53,7 @@ struct FileEntry {
 struct FolderEntry {
     std::string Path;  // no separator at its end, but for the root of a drive
     std::string Name;
+    std::string LinkedTo = {};  // of a link: the same text for all links to one folder; else empty
 };
 
 // On c: what has a path that is too long is not in it.

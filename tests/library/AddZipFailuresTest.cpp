@@ -45,8 +45,8 @@ TEST_F(AddZipFailures, When_every_file_is_refused_the_message_comes_and_then_the
     windows.boxes.Expect(NothingValid, MsgBoxAnswer::OK);
     Import({{"in/"}, {"../a.jpg", "1"}, Encrypted("in/b.jpg"), {"/c.jpg", "3"}});
     EXPECT_EQ(windows.calls,
-              (Calls{"frmAdd.Show", "frmAdd.SetPath UNZIPPING", "frmAdd.Repaint",
-                     std::string("MsgBox Tavel: ") + NothingValid + " (OK)",
+              (Calls{"frmAdd.Show", "frmAdd.SetPath UNZIPPING", "frmAdd.Repaint", "Yield", "Yield",
+                     "Yield", std::string("MsgBox Tavel: ") + NothingValid + " (OK)",
                      "frmInvFiles.AddItem ..\\a.jpg", "frmInvFiles.AddItem in\\b.jpg",
                      "frmInvFiles.AddItem \\c.jpg", "frmInvFiles.Show", "frmAdd.Unload"}));
     EXPECT_TRUE(fs::is_empty(Unzipped("")));

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <utility>
 
 namespace tavel::test {
@@ -173,6 +174,38 @@ TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
     EXPECT_EQ(temp.Read("0/Photos/a.jpg"), "1");
     EXPECT_TRUE(fs::exists(temp.HostPath("0/TEMPUNZIP")));
     Service<FileService>::Use(&files);
+}
+
+TEST_F(AddZipFileTest, A_folder_that_changes_in_the_middle_counts_for_the_moves_alone) {
+    const std::string sOther = temp.DrivePath("other");
+    MakeDBFolders(sOther);
+    sDefaultDBPath = root;
+    windows.events.onYield = [&] { sDefaultDBPath = sOther; };
+    Import({{"a.jpg", "1"}, {"b.jpg", "2"}, {"c.txt", "3"}});
+    EXPECT_EQ(temp.Read("other/Photos/a.jpg"), "1");
+    EXPECT_EQ(temp.Read("other/Photos/b.jpg"), "2");
+    EXPECT_EQ(UnzippedBytes("c.txt"), "3");
+    EXPECT_FALSE(fs::exists(temp.HostPath("other/TEMPUNZIP")));
+}
+
+TEST_F(AddZipFileTest, Separators_in_a_row_and_ends_that_a_folders_name_loses_do_no_harm) {
+    Import({{"in//a.jpg", "1"},
+            {"in\\\\b.jpg", "2"},
+            {"Vol. 1 /c.jpg", "3"},
+            {"Vol. 1./d.jpg", "4"},
+            {"Vol. 1/e.jpg", "5"}});
+    for (const auto& [name, bytes] : std::map<std::string, std::string>{
+             {"a.jpg", "1"}, {"b.jpg", "2"}, {"c.jpg", "3"}, {"d.jpg", "4"}, {"e.jpg", "5"}})
+        EXPECT_EQ(temp.Read("library/Photos/" + name), bytes);
+    EXPECT_TRUE(fs::is_directory(Unzipped("Vol. 1")));
+    EXPECT_FALSE(fs::exists(Unzipped("Vol. 1 ")));
+}
+
+// The drive makes them without that end, but the extension is the archive's.
+TEST_F(AddZipFileTest, A_picture_whose_name_ends_in_a_blank_or_a_dot_is_rejected) {
+    Import({{"a.jpg ", "1"}, {"b.jpg.", "2"}});
+    EXPECT_EQ(Listed(), (Texts{sFolder + "\\a.jpg ", sFolder + "\\b.jpg."}));
+    EXPECT_EQ(UnzippedBytes("a.jpg"), "1");
 }
 
 TEST_F(AddZipFileTest, Cancelling_has_no_effect) {

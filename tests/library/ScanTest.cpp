@@ -5,6 +5,8 @@
 #include "support/PlainUser.h"
 
 #include <filesystem>
+#include <utility>
+#include <vector>
 
 namespace tavel::test {
 namespace {
@@ -84,6 +86,21 @@ TEST_F(Scan, Two_new_folders_of_music_fail_on_the_second_playlist) {
     Watch({"m"});
     bAutoGroup = true;
     EXPECT_EQ(FailureOf(BackgroundScan), failure::KeyAlreadyThere);
+}
+
+// Notes how the guard stands whenever the timer is told something.
+class GuardAtTheTimer : public Standing<ScanTimer> {
+  public:
+    void Enable(bool bEnabled) override { seen.emplace_back(bEnabled, bScanning); }
+
+    std::vector<std::pair<bool, bool>> seen;
+};
+
+TEST_F(Scan, The_guard_is_raised_behind_the_timers_end_and_lowered_ahead_of_its_start) {
+    Watch({});
+    GuardAtTheTimer timer;
+    BackgroundScan();
+    EXPECT_EQ(timer.seen, (std::vector<std::pair<bool, bool>>{{false, false}, {true, false}}));
 }
 
 TEST_F(Scan, A_second_scan_returns_at_once_while_one_runs) {
@@ -176,7 +193,7 @@ TEST_F(Scan, Knows_a_file_by_its_whole_path_alone) {
     EXPECT_EQ(colPhoto.Count(), 2);
 }
 
-TEST_F(Scan, A_folder_is_walked_on_each_way_that_leads_to_it_and_never_round) {
+TEST_F(Scan, A_folder_is_walked_by_itself_and_by_a_link_and_never_round) {
     Write("m/one/a.jpg", "x");
     Write("m/two/b.jpg", "x");
     std::filesystem::create_directory_symlink(temp.HostPath("m"), temp.HostPath("m/one/up"));
@@ -192,6 +209,38 @@ TEST_F(Scan, A_folder_is_walked_on_each_way_that_leads_to_it_and_never_round) {
                             sStart + "two\\one\\a.jpg", sStart + "two\\b.jpg"}));
     BackgroundScan();
     EXPECT_EQ(colPhoto.Count(), static_cast<Long>(found.size()));
+}
+
+// On each way through them it would take hundreds of thousands of walks with ten of them.
+TEST_F(Scan, Folders_that_all_link_to_each_other_are_walked_once_themselves_and_once_by_a_link) {
+    const std::vector<std::string> names{"one", "two", "three", "four", "five", "six", "seven"};
+    for (const std::string& name : names) {
+        Write("m/" + name + "/a.jpg", "x");
+        for (const std::string& other : names) {
+            if (other == name) continue;
+            std::filesystem::create_directory_symlink(temp.HostPath("m/" + other),
+                                                      temp.HostPath("m/" + name + "/" + other));
+        }
+    }
+    Watch({"m"});
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), 14);
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), 14);
+}
+
+TEST_F(Scan, Of_links_to_one_folder_the_first_is_followed_in_each_watched_folder) {
+    Write("elsewhere/a.jpg", "x");
+    for (const char* link : {"m/here", "m/there", "n/here"}) {
+        std::filesystem::create_directories(
+            temp.HostPath(link).substr(0, temp.HostPath("m").size()));
+        std::filesystem::create_directory_symlink(temp.HostPath("elsewhere"), temp.HostPath(link));
+    }
+    Watch({"m", "n"});
+    BackgroundScan();
+    ASSERT_EQ(colPhoto.Count(), 2);
+    EXPECT_EQ(colPhoto.Item(1).sPath(), temp.DrivePath("m\\here\\a.jpg"));
+    EXPECT_EQ(colPhoto.Item(2).sPath(), temp.DrivePath("n\\here\\a.jpg"));
 }
 
 TEST_F(Scan, A_folder_number_that_is_missing_is_no_folder) {

@@ -78,6 +78,19 @@ TEST_F(InfoZip, An_archive_with_a_comment_comes_in) {
     EXPECT_EQ(Photo("a.jpg"), "short");
 }
 
+TEST_F(InfoZip, An_archive_behind_a_program_comes_in_whether_or_not_its_offsets_count_that) {
+    Make("zip -q -r plain.zip in && head -c 50000 /bin/sh | cat - plain.zip > archive.zip");
+    ImportMade();
+    EXPECT_EQ(Photo("a.jpg"), "short");
+    EXPECT_TRUE(Photo("b.jpg") == big);
+    fs::remove_all(temp.HostPath("library/Photos"));
+    fs::create_directory(temp.HostPath("library/Photos"));
+    Make("zip -q -A archive.zip");
+    ImportMade();
+    EXPECT_EQ(Photo("a.jpg"), "short");
+    EXPECT_TRUE(Photo("b.jpg") == big);
+}
+
 TEST_F(InfoZip, An_archive_that_was_written_without_going_back_comes_in) {
     Make("zip -q -r - in | cat > archive.zip");
     ImportMade();
@@ -131,6 +144,11 @@ TEST_F(ZipMakers, More_than_65535_entries_are_all_seen) {
     EXPECT_EQ(colPhoto.Count(), 1);
     EXPECT_EQ(Photo("last.jpg"), "the last");
     EXPECT_EQ(fs::directory_iterator(Unzipped("")), fs::directory_iterator());
+    // Behind bytes that nobody counted, too.
+    fs::remove(temp.HostPath("library/Photos/last.jpg"));
+    Make("mv archive.zip plain.zip && (echo in front; cat plain.zip) > archive.zip");
+    ImportMade();
+    EXPECT_EQ(Photo("last.jpg"), "the last");
 }
 
 TEST_F(ZipMakers, Names_in_code_page_437_and_with_backslashes_keep_their_letters) {

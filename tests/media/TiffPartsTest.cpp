@@ -65,6 +65,18 @@ std::vector<std::uint32_t> Tags(const std::string& file) {
     return tags;
 }
 
+// Whether a grey picture with these bytes as its one JPEG strip has parts.
+bool IsTrustedStrip(const std::string& strip) {
+    const auto size = static_cast<std::uint32_t>(strip.size());
+    const std::vector<Entry> entries =
+        With(With(Grey(), {259, shortType, 7}), {279, longType, size});
+    const auto place = static_cast<std::uint32_t>(Tiff(entries).size());
+    return !Parts(Tiff(With(entries, {273, longType, place}), strip)).empty();
+}
+
+const std::string frameRest = "\0\x0B\x08\0\3\0\4\1\1\x11\0"s;
+const std::string scan = "\xFF\xDA\0\x08\1\1\0\0\x3F\0data\xFF\0\xFF\xD0"s;
+
 }  // namespace
 
 TEST(TiffParts, Are_the_pixels_and_what_tells_how_to_read_them) {
@@ -101,7 +113,12 @@ TEST(TiffParts, Are_tables_of_a_jpeg_of_reasonable_size) {
         std::vector<Entry> entries = With(Grey(), {259, shortType, 7});
         const auto place = static_cast<std::uint32_t>(Tiff(entries).size() + 12);
         entries.push_back({347, bytesType, place, size});
-        return Tags(Parts(Tiff(entries, std::string(size, 't'))));
+        const std::string strip = "\xFF\xD8 a strip";
+        const auto pixels = static_cast<std::uint32_t>(place + size);
+        const std::vector<Entry> placed =
+            With(With(entries, {273, longType, pixels}),
+                 {279, longType, static_cast<std::uint32_t>(strip.size())});
+        return Tags(Parts(Tiff(placed, std::string(size, 't') + strip)));
     };
     EXPECT_EQ(tags(500).back(), 347U);
     EXPECT_EQ(tags(65536).back(), 279U);
@@ -151,20 +168,27 @@ TEST(TiffParts, With_more_bytes_in_strips_than_in_the_file_are_none) {
 }
 
 TEST(TiffParts, Of_a_jpeg_that_goes_over_its_strip_again_and_again_are_none) {
-    const auto isTrusted = [](const std::string& strip) {
-        const auto size = static_cast<std::uint32_t>(strip.size());
-        const std::vector<Entry> entries =
-            With(With(Grey(), {259, shortType, 7}), {279, longType, size});
-        const auto place = static_cast<std::uint32_t>(Tiff(entries).size());
-        return !Parts(Tiff(With(entries, {273, longType, place}), strip)).empty();
+    const auto isTrusted = [](const std::string& frame, const std::string& scans) {
+        return IsTrustedStrip("\xFF\xD8" + frame + frameRest + scans + "\xFF\xD9");
     };
-    const std::string scan = "\xFF\xDA\0\4\0\0data\xFF\0\xFF\xD0"s;
     for (const char* frame : {"\xFF\xC0", "\xFF\xC1", "\xFF\xC9"})
-        EXPECT_TRUE(isTrusted("\xFF\xD8" + std::string(frame) + scan + "\xFF\xD9"));
-    for (const char* frame : {"\xFF\xC2", "\xFF\xCA", "\xFF\xFF\xC2"})
-        EXPECT_FALSE(isTrusted("\xFF\xD8" + std::string(frame) + scan + "\xFF\xD9"));
-    EXPECT_FALSE(isTrusted("\xFF\xC0" + scan + scan));
-    EXPECT_FALSE(isTrusted(""));
+        EXPECT_TRUE(isTrusted(frame, scan));
+    for (const char* frame : {"\xFF\xC2", "\xFF\xCA", "\xFF\xFF\xC2", "no marker\xFF\xC2"})
+        EXPECT_FALSE(isTrusted(frame, scan));
+    EXPECT_FALSE(isTrusted("\xFF\xC0", scan + scan));
+    EXPECT_FALSE(isTrusted("\xFF\xC0", scan + "between" + scan));
+    EXPECT_FALSE(isTrusted("\xFF\xC0", scan + "\xFF\x50\0\x20" + scan));
+    EXPECT_FALSE(isTrusted("\xFF\xC0", scan + "\xFF\xDB\0\1"s + scan));
+    EXPECT_FALSE(isTrusted("\xFF\xC0", scan + "\xFF\xD8" + scan));
+    EXPECT_TRUE(isTrusted("\xFF\xC0", scan + "\xFF\xD9" + scan)) << "nobody looks behind the end";
+    EXPECT_FALSE(IsTrustedStrip(""));
+    EXPECT_FALSE(IsTrustedStrip("no JPEG"));
+}
+
+TEST(TiffParts, Of_a_jpeg_whose_tables_hold_what_looks_like_markers_are_there) {
+    const std::string table = "\xFF\xDB\0\x0Btable\xFF\xC2\xFF\xDA"s;
+    EXPECT_TRUE(
+        IsTrustedStrip("\xFF\xD8" + table + table + "\xFF\xC0" + frameRest + scan + "\xFF\xD9"));
 }
 
 TEST(TiffParts, Are_let_through_up_to_600_megabytes) {

@@ -6,6 +6,8 @@
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 
+#include <map>
+
 namespace tavel::test {
 
 namespace {
@@ -94,6 +96,25 @@ TEST_P(FileOperations, GetFolder_passes_over_what_is_neither_file_nor_folder) {
     EXPECT_EQ(contents.Files[0].Name, "a.jpg");
     EXPECT_TRUE(contents.SubFolders.empty());
     EXPECT_FALSE(files->FileExists(At("pipe.jpg")));
+}
+
+TEST_P(FileOperations, GetFolder_tells_links_to_one_folder_alike) {
+    for (const char* name : {"one", "two"}) fs::create_directory(temp.HostPath(name));
+    fs::create_directory(Host("real"));
+    fs::create_directory_symlink(temp.HostPath("one"), Host("a"));
+    fs::create_directory_symlink(temp.HostPath("one"), Host("b"));
+    fs::create_directory_symlink(temp.HostPath("two"), Host("c"));
+    std::map<std::string, std::string> linkedTo;
+    for (const FolderEntry& folder : files->GetFolder(root + "\\").SubFolders)
+        linkedTo[folder.Name] = folder.LinkedTo;
+    EXPECT_TRUE(linkedTo.contains("real"));
+    EXPECT_EQ(linkedTo["real"], "");
+    const bool isFollowed = At("").front() == 'c';
+    EXPECT_EQ(linkedTo.size(), isFollowed ? 4u : 1u);
+    if (!isFollowed) return;
+    EXPECT_NE(linkedTo["a"], "");
+    EXPECT_EQ(linkedTo["a"], linkedTo["b"]);
+    EXPECT_NE(linkedTo["a"], linkedTo["c"]);
 }
 
 // A path of so many characters, letters of two bytes in its names.

@@ -16,6 +16,10 @@ using FileId = std::pair<dev_t, ino_t>;
 
 FileId IdOf(const struct stat& status) { return {status.st_dev, status.st_ino}; }
 
+std::string TextOf(const FileId& id) {
+    return std::to_string(id.first) + " " + std::to_string(id.second);
+}
+
 // The folders that lead to a folder: those of the path by which it was reached, links followed,
 // and those that really hold it.
 std::vector<FileId> AncestorsOf(const std::string& hostPath) {
@@ -50,11 +54,13 @@ class Lister {
         if (!m_place.isOnRemovable && IsPathTooLong(path)) return;
         if (fstatat(m_folder, name.c_str(), &status, AT_SYMLINK_NOFOLLOW) != 0) return;
         if (m_place.isOnRemovable && status.st_dev != m_place.status.st_dev) return;
-        if (S_ISLNK(status.st_mode) && !m_place.isOnRemovable) {
+        const bool isLink = S_ISLNK(status.st_mode);
+        if (isLink && !m_place.isOnRemovable) {
             if (fstatat(m_folder, name.c_str(), &status, 0) != 0 || LeadsHere(status)) return;
         }
         if (S_ISDIR(status.st_mode)) {
-            m_contents.SubFolders.push_back({std::move(path), name});
+            m_contents.SubFolders.push_back(
+                {std::move(path), name, isLink ? TextOf(IdOf(status)) : std::string()});
         } else if (S_ISREG(status.st_mode)) {
             m_contents.Files.push_back(
                 {std::move(path), name, status.st_size, name.front() == '.'});
