@@ -23,6 +23,16 @@ namespace tavel::test {
 
 namespace {
 
+class HideCounter : public QObject {
+  public:
+    explicit HideCounter(QWidget& window) { window.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
 // The windows behind their up-calls, over the real frmMain.
 class WorkWindowTest : public MainWindowTest {
   protected:
@@ -72,6 +82,14 @@ TEST_F(WorkWindowTest, every_dialog_belongs_to_the_main_window_even_while_anothe
     EXPECT_EQ(OwnerOf(SingleWindow<frmNewPSP>::Get()), Handle());
     Service<AppWindows>::Get().ShowEnd();
     EXPECT_EQ(OwnerOf(SingleWindow<frmEnd>::Get()), Handle());
+}
+
+TEST_F(WorkWindowTest, the_main_window_belongs_to_nothing_and_stays_in_sight_when_it_is_called) {
+    frmMain& window = Open();
+    HideCounter hides(window);
+    ShowNow(window);
+    EXPECT_EQ(Handle()->transientParent(), nullptr);
+    EXPECT_EQ(hides.count, 0);
 }
 
 TEST_F(WorkWindowTest, the_log_is_a_window_beside_the_main_one) {
