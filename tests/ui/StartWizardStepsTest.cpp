@@ -179,12 +179,12 @@ TEST_F(StartWizardStepsTest, the_watch_folders_come_back_to_the_front_when_they_
     GoTo(3);
     Click(Wizard(), "cmdWatch");
     frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(BecomesActive(window));
     window.showMinimized();
     Wizard().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Wizard()));
+    ASSERT_TRUE(BecomesActive(Wizard()));
     Click(Wizard(), "cmdWatch");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(BecomesActive(window));
     EXPECT_FALSE(window.isMinimized());
 }
 
