@@ -1,14 +1,11 @@
 // AddFolder into an empty library and of the same folder again, beside find listing the tree; and
 // how much the process grows by adding large pictures.
 
+#include "NoWindows.h"
 #include "Ratio.h"
-#include "core/LogWindow.h"
 #include "core/PublicStuff.h"
 #include "library/Adding.h"
 #include "library/Collections.h"
-#include "library/LibraryWindows.h"
-#include "platform/EventLoop.h"
-#include "platform/Service.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -19,17 +16,6 @@
 namespace {
 
 using namespace tavel;
-
-class NoWindows : public AddWindow, public LogWindow, public EventLoop {
-  public:
-    void Show() override {}
-    void SetPath(const std::string&) override {}
-    void Repaint() override {}
-    bool ExitChecked() override { return false; }
-    void Unload() override {}
-    void AddItem(const std::string&) override {}
-    void Yield() override {}
-};
 
 void Add(const std::string& path) { AddFolder(path, true, false, true, true); }
 
@@ -67,10 +53,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: add_bench files FOLDER... | pictures FOLDER\n");
         return 2;
     }
-    NoWindows windows;
-    Service<AddWindow>::Use(&windows);
-    Service<LogWindow>::Use(&windows);
-    Service<EventLoop>::Use(&windows);
+    const bench::NoWindows windows;
     sMusicSupport = {"mp3"};
     sVideoSupport = {"mp4"};
     sPhotoSupport = {"jpg"};

@@ -1,12 +1,11 @@
 // Groups of thousands of members taken apart and put together, beside a hash set of the same ids;
 // and the letters of ids beside a generator of the library.
 
+#include "NoWindows.h"
 #include "Ratio.h"
 #include "core/UsefulFunctions.h"
 #include "library/Collections.h"
 #include "library/Groups.h"
-#include "library/LibraryWindows.h"
-#include "platform/Service.h"
 
 #include <random>
 #include <stdexcept>
@@ -19,11 +18,6 @@ namespace {
 using namespace tavel;
 
 using Texts = std::vector<std::string>;
-
-class NoTree : public CategoryTree {
-  public:
-    void RefreshCats() override {}
-};
 
 Texts PhotoIDs(int count) {
     Texts ids;
@@ -122,8 +116,7 @@ void CompareLetters(int count) {
 }  // namespace
 
 int main() {
-    NoTree tree;
-    Service<CategoryTree>::Use(&tree);
+    const bench::NoWindows windows;
     for (const int count : {16000, 32000}) CompareRemoving(count);
     for (const std::size_t members : {std::size_t{10000}, std::size_t{20000}})
         CompareAdding(members);

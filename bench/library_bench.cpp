@@ -1,12 +1,11 @@
 // LoadDB beside GLib's GKeyFile, SaveDB beside writing the same bytes once and fsync.
 
+#include "NoWindows.h"
 #include "Ratio.h"
 #include "SampleLibrary.h"
-#include "core/LogWindow.h"
 #include "core/PublicStuff.h"
 #include "library/Collections.h"
 #include "library/LibraryFile.h"
-#include "platform/Service.h"
 
 #include <fcntl.h>
 #include <glib.h>
@@ -27,11 +26,6 @@
 namespace {
 
 using namespace tavel;
-
-class SilentLog : public LogWindow {
-  public:
-    void AddItem(const std::string&) override {}
-};
 
 struct Key {
     std::string section;
@@ -152,8 +146,7 @@ int main(int argc, char** argv) {
     const std::string folder = argc > 1 ? argv[1] : ".";
     const std::string path = folder + "/db.txt";
     WriteOnce(path, "");
-    SilentLog log;
-    Service<LogWindow>::Use(&log);
+    const bench::NoWindows windows;
     sDBFile = oFSO().FromHostPath(std::filesystem::absolute(path).string());
 
     for (const bool isLarge : {false, true}) {

@@ -1,15 +1,13 @@
 // AddZipFile beside unzip of the same archive to the same disk, and its reader beside libzip told
 // to write every entry to a file.
 
+#include "NoWindows.h"
 #include "Ratio.h"
 #include "core/PublicStuff.h"
 #include "library/Collections.h"
 #include "library/Folders.h"
-#include "library/LibraryWindows.h"
 #include "library/ZipImport.h"
 #include "library/ZipReader.h"
-#include "platform/EventLoop.h"
-#include "platform/Service.h"
 
 #include <zip.h>
 
@@ -25,21 +23,6 @@ namespace {
 
 using namespace tavel;
 namespace fs = std::filesystem;
-
-class NoWindows : public AddWindow,
-                  public InvalidFilesWindow,
-                  public CategoryTree,
-                  public EventLoop {
-  public:
-    void Show() override {}
-    void SetPath(const std::string&) override {}
-    void Repaint() override {}
-    bool ExitChecked() override { return false; }
-    void Unload() override {}
-    void AddItem(const std::string&) override {}
-    void RefreshCats() override {}
-    void Yield() override {}
-};
 
 void Run(const std::string& command) {
     if (std::system(command.c_str()) != 0) throw std::runtime_error(command + " failed");
@@ -165,11 +148,7 @@ int main(int argc, char** argv) {
         std::fprintf(stderr, "usage: zip_bench SCRATCH-FOLDER LARGE-ARCHIVE ARCHIVE...\n");
         return 2;
     }
-    NoWindows windows;
-    Service<AddWindow>::Use(&windows);
-    Service<InvalidFilesWindow>::Use(&windows);
-    Service<CategoryTree>::Use(&windows);
-    Service<EventLoop>::Use(&windows);
+    const bench::NoWindows windows;
     sPhotoSupport = {"jpg"};
 
     const Scratch scratch{fs::path(argv[1])};

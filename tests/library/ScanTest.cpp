@@ -30,6 +30,19 @@ TEST_F(Scan, Of_an_empty_watch_list_logs_its_two_lines_and_nothing_else) {
     EXPECT_FALSE(bScanning);
 }
 
+TEST_F(Scan, Stops_the_timer_before_it_counts_as_running_and_starts_it_after) {
+    class Timer : public Standing<ScanTimer> {
+      public:
+        void Enable(bool bEnabled) override {
+            seen += (bEnabled ? "on" : "off") + std::string(bScanning ? " scanning, " : ", ");
+        }
+        std::string seen;
+    } timer;
+    Watch({});
+    BackgroundScan();
+    EXPECT_EQ(timer.seen, "off, on, ");
+}
+
 TEST_F(Scan, Walks_the_folders_in_order_and_yields_after_each) {
     Write("two/b.jpg", "x");
     Write("one/sub/a.mp4", "x");

@@ -54,7 +54,7 @@ class AssignThumbnailTest : public MainWindowTest {
         RightClickRow(1);
         Main().sSelected = sIDs;
         Pick({"mnuRMB", "mnuThumbnail"});
-        (void)QTest::qWaitForWindowActive(&Dialog());
+        if (Dialog().isVisible()) EXPECT_TRUE(BecomesActive(Dialog()));
     }
 
     static frmThumb& Dialog() { return SingleWindow<frmThumb>::Get(); }
@@ -448,13 +448,18 @@ TEST_F(AssignThumbnailTest, the_dialog_takes_the_focus_back_from_the_programs_wi
     SingleWindow<frmLog>::Get().show();
     for (QWidget* other :
          {static_cast<QWidget*>(&Main()), static_cast<QWidget*>(&SingleWindow<frmLog>::Get())}) {
+        bool hadFocus = false;
+        const auto watch = QObject::connect(
+            qApp, &QGuiApplication::focusWindowChanged,
+            [&](const QWindow* focused) { hadFocus |= focused == other->windowHandle(); });
         other->activateWindow();
-        EXPECT_TRUE(QTest::qWaitFor([] { return !Dialog().isActiveWindow(); }));
-        EXPECT_TRUE(QTest::qWaitForWindowActive(&Dialog()));
+        EXPECT_TRUE(QTest::qWaitFor([&] { return hadFocus; }));
+        EXPECT_TRUE(BecomesActive(Dialog()));
+        QObject::disconnect(watch);
     }
     Dialog().close();
     Main().activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&Main()));
+    EXPECT_TRUE(BecomesActive(Main()));
 }
 
 // While a box stands, the other windows get no focus that could be taken back.

@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "library/Folders.h"
 #include "support/ZipMaker.h"
+#include "ui/main/MediaFilters.h"
 #include "ui/main/frmLog.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/support/MainWindow.h"
@@ -57,6 +58,14 @@ TEST_F(CommandsTest, Add_Files_offers_the_supported_extensions_and_adds_what_is_
     EXPECT_EQ(colPhoto.Item(5).sName, "new");
     EXPECT_EQ(colPhoto.Item(6).sName, "other");
     EXPECT_EQ(RowsOf(grdItems()), "a|b|c|d");
+}
+
+TEST_F(CommandsTest, the_filters_have_nothing_behind_their_last_pattern) {
+    sPhotoSupport = {"jpg"};
+    EXPECT_EQ(FilterOfMedia(),
+              "All Supported Files|*.jpg;*.mp3;*.avi;|Photo Files|*.jpg;|Music Files|*.mp3;|"
+              "Video Files|*.avi;");
+    EXPECT_EQ(FilterOfPictures(), "Supported Picture Files|*.jpg;*.thm;");
 }
 
 TEST_F(CommandsTest, an_entry_that_the_lists_lack_stands_in_the_filter_as_it_is) {
@@ -129,6 +138,7 @@ TEST_F(CommandsTest, several_archives_of_a_root_come_in_before_it_fails) {
     temp.Write("stick/a.zip", MakeZip({{"one.jpg", "picture"}}));
     temp.Write("stick/b.zip", MakeZip({{"two.jpg", "picture"}}));
     files.Plug('e', temp.HostPath("stick"));
+    bGroupZip = true;
     Open();
     prompts.ExpectFiles(QStringLiteral("Select file(s) to add"),
                         {QString::fromStdString(temp.HostPath("stick/a.zip")),
@@ -138,6 +148,8 @@ TEST_F(CommandsTest, several_archives_of_a_root_come_in_before_it_fails) {
               }),
               failure::PermissionDenied);
     EXPECT_EQ(colPhoto.Count(), 6);
+    ASSERT_EQ(colMagazine.Count(), 2) << "each by the option";
+    EXPECT_EQ(colMagazine.Item(1).sName + colMagazine.Item(2).sName, "ab");
 }
 
 TEST_F(CommandsTest, a_cancelled_archive_does_nothing) {

@@ -3,6 +3,7 @@
 #include "support/HostCalls.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmLog.h"
+#include "ui/setup/frmOptions.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Soon.h"
@@ -178,12 +179,12 @@ TEST_F(StartWizardStepsTest, the_watch_folders_come_back_to_the_front_when_they_
     GoTo(3);
     Click(Wizard(), "cmdWatch");
     frmWatchFolders& window = SingleWindow<frmWatchFolders>::Get();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(BecomesActive(window));
     window.showMinimized();
     Wizard().activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&Wizard()));
+    ASSERT_TRUE(BecomesActive(Wizard()));
     Click(Wizard(), "cmdWatch");
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+    EXPECT_TRUE(BecomesActive(window));
     EXPECT_FALSE(window.isMinimized());
 }
 
@@ -289,6 +290,26 @@ TEST_F(StartWizardStepsTest, the_options_are_written_in_order_and_count_from_the
     EXPECT_TRUE(bFirstTime);
 }
 
+// The running program goes by the flags of its start, and so does the window of the options.
+TEST_F(StartWizardStepsTest, OK_of_the_options_behind_the_wizard_writes_its_clear_boxes) {
+    PlugNewStick();
+    temp.Write("db.txt", "");
+    OpenWizard();
+    GoTo(8);
+    Check("chkAutoGroup");
+    Check("chkScanOnStart");
+    GoTo(9);
+    Next();
+    Pick({"mnuTools", "mnuOptions"});
+    frmOptions& options = SingleWindow<frmOptions>::Get();
+    for (const QCheckBox* box : options.findChildren<QCheckBox*>())
+        EXPECT_FALSE(box->isChecked()) << FromQString(box->objectName());
+    Click(options, "cmdOK");
+    EXPECT_EQ(DB(),
+              "[options]\r\nbAutoGroup=0\r\nbScanOnAppStart=0\r\nbFirstTime=0\r\n"
+              "bAddHiddenFiles=0\r\nbGroupZip=0\r\n");
+}
+
 TEST_F(StartWizardStepsTest, the_options_reach_the_file_in_one_step) {
     PlugNewStick();
     OpenWizard();
@@ -365,6 +386,7 @@ TEST_F(StartWizardStepsTest, words_for_a_page_10_end_the_program_behind_the_fini
 TEST_F(StartWizardStepsTest, closing_it_goes_through_ShutDown_and_it_comes_back_at_the_next_start) {
     OpenWizard();
     SingleWindow<frmLog>::Get();
+    appWindows.onShowEnd = [] { EXPECT_FALSE(SingleWindow<frmLog>::Loaded()); };
     bDBChanged = true;
     GoTo(3);
     Wizard().close();

@@ -278,6 +278,17 @@ TEST_F(StartWizardTest, a_word_of_megabytes_is_shown_and_scrolls) {
     EXPECT_GT(label.verticalScrollBar()->maximum(), 1'000);
 }
 
+TEST_F(StartWizardTest, Enter_is_Next_over_words_that_scroll) {
+    Words("//1\r\n" + std::string(10'000, '\n') + "//2\r\nTwo\r\n");
+    OpenWizard();
+    Wizard().grab();
+    QWidget& label = Find(Wizard(), "labText(1)");
+    label.setFocus();
+    ASSERT_TRUE(label.hasFocus());
+    QTest::keyClick(&label, Qt::Key_Return);
+    EXPECT_THAT(Shown(), ElementsAre(2));
+}
+
 TEST_F(StartWizardTest, words_that_fit_take_no_keys) {
     OpenWizard();
     EXPECT_EQ(Find(Wizard(), "labText(1)").focusPolicy(), Qt::NoFocus);

@@ -55,6 +55,7 @@ TEST_F(ThumbnailTest, in_mode_2_the_picture_shows_at_its_design_place_until_a_no
     EXPECT_EQ(PictureWidth(), NoThumbWidth);
     ClickNode("photoall");
     EXPECT_FALSE(imgThumb().isVisible());
+    EXPECT_EQ(PictureWidth(), NoThumbWidth) << "hidden, not cleared";
 }
 
 TEST_F(ThumbnailTest, the_members_of_a_series_show_theirs_and_rows_of_other_lists_do_not) {
@@ -240,6 +241,15 @@ TEST_F(ThumbnailTest, in_mode_4_the_picture_stands_in_its_slot) {
     EXPECT_EQ(PlaceOf("grdSync").Height, 6000);
 }
 
+TEST_F(ThumbnailTest, in_mode_4_a_picture_comes_to_its_slot_whatever_is_listed) {
+    Open();
+    iVidThumbMode = 4;
+    Main().LoadThumbnail("vd_a");
+    EXPECT_TRUE(imgThumb().isVisible());
+    EXPECT_EQ(imgThumb().pos(), QPoint(11880 / 15, 4920 / 15));
+    EXPECT_EQ(PlaceOf("grdSync").Height, 6000) << "the list makes no room for it";
+}
+
 TEST_F(ThumbnailTest, modes_above_4_are_as_mode_2) {
     AddPhoto("ph_a", "Beach");
     Open();
@@ -292,6 +302,8 @@ TEST_F(ThumbnailTest, a_thumbnail_that_has_gone_is_fatal) {
     iVidThumbMode = 2;
     ClickNode("videoall");
     EXPECT_EQ(FatalOf([&] { ClickRow(1); }), failure::FileNotFound);
+    EXPECT_EQ(FailedActivityOf([&] { Main().LoadThumbnail("vd_a"); }),
+              "Showing " + temp.DrivePath("gone.jpg"));
 }
 
 TEST_F(ThumbnailTest, a_thumbnail_that_is_no_picture_is_fatal) {
@@ -351,6 +363,31 @@ TEST_F(ThumbnailTest, CheckForMultiThumbs_tells_whether_all_have_the_same) {
     frmMain::CheckForMultiThumbs({"vd_a", "vd_b"}, sThumb, bMulti);
     EXPECT_TRUE(bMulti);
     EXPECT_EQ(sThumb, "old");
+}
+
+TEST_F(ThumbnailTest, CheckForMultiThumbs_looks_no_further_than_the_first_difference) {
+    std::string sThumb = "old";
+    bool bMulti = false;
+    frmMain::CheckForMultiThumbs({"vd_a", "vd_b", "vd_gone"}, sThumb, bMulti);
+    EXPECT_TRUE(bMulti);
+    EXPECT_EQ(FailureOf([&] {
+                  frmMain::CheckForMultiThumbs({"vd_a", "vd_gone"}, sThumb, bMulti);
+              }),
+              failure::InvalidProcedureCall);
+}
+
+TEST_F(ThumbnailTest, CheckForMultiThumbs_takes_the_text_that_it_begins_with_for_no_path) {
+    std::string sThumb;
+    bool bMulti = true;
+    frmMain::CheckForMultiThumbs({}, sThumb, bMulti);
+    EXPECT_FALSE(bMulti);
+    EXPECT_EQ(sThumb, "NOTDEFINED");
+    colVideo.Item("vd_b").sThumbPath = "NOTDEFINED";
+    frmMain::CheckForMultiThumbs({"vd_b", "vd_a"}, sThumb, bMulti);
+    EXPECT_FALSE(bMulti);
+    EXPECT_EQ(sThumb, temp.DrivePath("red.jpg"));
+    frmMain::CheckForMultiThumbs({"vd_a", "vd_b"}, sThumb, bMulti);
+    EXPECT_TRUE(bMulti);
 }
 
 TEST_F(ThumbnailTest, multi_shows_the_picture_of_several) {

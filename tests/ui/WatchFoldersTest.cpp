@@ -213,6 +213,14 @@ TEST_F(WatchFoldersTest, folders_are_added_as_often_as_they_are_picked) {
     EXPECT_FALSE(asked.callback) << "no folder to start at";
 }
 
+TEST_F(WatchFoldersTest, a_folder_added_to_a_long_list_comes_into_sight) {
+    Contain("noofflds=50\r\n");
+    Show();
+    prompts.ExpectFolder(prompt, "c:\\New");
+    Click(Window(), "cmdAddFolder");
+    EXPECT_TRUE(lstFolders().viewport()->rect().contains(PointOf(50)));
+}
+
 TEST_F(WatchFoldersTest, an_added_folder_shows_the_boxes_of_the_folder_that_last_had_its_number) {
     Contain("noofflds=0\r\n0Music=1\r\n0Photo=0\r\n0Video=1\r\n");
     Show();

@@ -23,6 +23,16 @@ namespace tavel::test {
 
 namespace {
 
+class HideCounter : public QObject {
+  public:
+    explicit HideCounter(QWidget& window) { window.installEventFilter(this); }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide) ++count;
+        return false;
+    }
+    int count = 0;
+};
+
 // The windows behind their up-calls, over the real frmMain.
 class WorkWindowTest : public MainWindowTest {
   protected:
@@ -74,6 +84,14 @@ TEST_F(WorkWindowTest, every_dialog_belongs_to_the_main_window_even_while_anothe
     EXPECT_EQ(OwnerOf(SingleWindow<frmEnd>::Get()), Handle());
 }
 
+TEST_F(WorkWindowTest, the_main_window_belongs_to_nothing_and_stays_in_sight_when_it_is_called) {
+    frmMain& window = Open();
+    const HideCounter hides(window);
+    ShowNow(window);
+    EXPECT_EQ(Handle()->transientParent(), nullptr);
+    EXPECT_EQ(hides.count, 0);
+}
+
 TEST_F(WorkWindowTest, the_log_is_a_window_beside_the_main_one) {
     Open();
     Find<QAction>(Main(), "mnuShowLog").trigger();
@@ -121,8 +139,10 @@ TEST_F(WorkWindowTest, a_dialog_comes_up_over_the_main_window_and_stays_where_it
     const QPoint off = dialog.geometry().center() - window.geometry().center();
     EXPECT_LT(off.manhattanLength(), 20) << "the frames of both aside";
     dialog.move(7, 9);
+    const HideCounter hides(dialog);
     ShowDialog(dialog);
     EXPECT_EQ(dialog.pos(), QPoint(7, 9));
+    EXPECT_EQ(hides.count, 0) << "it belongs to the window already";
 }
 
 TEST_F(WorkWindowTest, a_dialog_comes_up_on_the_screen_where_the_main_window_reaches_out_of_it) {
@@ -166,9 +186,9 @@ TEST_F(WorkWindowTest, what_the_user_asks_for_again_comes_back_to_the_front_with
         for (const bool isMinimized : {false, true}) {
             if (isMinimized) window.showMinimized();
             Main().activateWindow();
-            ASSERT_TRUE(QTest::qWaitForWindowActive(&Main()));
+            ASSERT_TRUE(BecomesActive(Main()));
             Find<QAction>(Main(), entry).trigger();
-            EXPECT_TRUE(QTest::qWaitForWindowActive(&window)) << entry;
+            EXPECT_TRUE(BecomesActive(window)) << entry;
             EXPECT_FALSE(window.isMinimized()) << entry;
         }
     };
@@ -189,7 +209,7 @@ TEST_F(WorkWindowTest, a_box_belongs_to_the_main_window_whichever_window_is_acti
     frmLog& log = SingleWindow<frmLog>::Get();
     log.show();
     log.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&log));
+    ASSERT_TRUE(BecomesActive(log));
     EXPECT_EQ(OwnerOfBox(AskAnything), &Main());
 }
 

@@ -1,6 +1,7 @@
 #include "ui/main/frmLog.h"
 
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/FramePlace.h"
 #include "ui/toolkit/LineList.h"
 #include "ui/toolkit/Twips.h"
 
@@ -36,20 +37,13 @@ frmLog::frmLog()
     setMinimumWidth(Pixels(3000));
     resize(Pixels(designWidth), height());
 
-    PlaceAtRight();
+    PlaceByFrame(*this, [this] { PlaceAtRight(); });
     PlaceList();
 }
 
 void frmLog::AddItem(const std::string& line) { lstLog->AddItem(line); }
 
 void frmLog::resizeEvent(QResizeEvent*) { PlaceList(); }
-
-// The desktop puts its frame around a window when it shows it, and moves the window in doing so.
-void frmLog::moveEvent(QMoveEvent*) {
-    if (m_isFrameKnown || frameGeometry() == geometry()) return;
-    m_isFrameKnown = true;
-    PlaceAtRight();
-}
 
 void frmLog::PlaceAtRight() {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();

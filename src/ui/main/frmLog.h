@@ -21,7 +21,6 @@ class frmLog : public QMainWindow {
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
-    void moveEvent(QMoveEvent* event) override;
 
   private:
     void PlaceAtRight();
@@ -29,7 +28,6 @@ class frmLog : public QMainWindow {
 
     LineList* lstLog;
     QPushButton* cmdClear;
-    bool m_isFrameKnown = false;
 };
 
 }  // namespace tavel

@@ -4,6 +4,7 @@
 #include "core/modRegistry.h"
 #include "platform/ProfileService.h"
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/FramePlace.h"
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Twips.h"
 
@@ -54,7 +55,7 @@ frmOptions::frmOptions()
     auto* next = new QShortcut(Qt::CTRL | Qt::Key_Tab, this);
     connect(next, &QShortcut::activated, this, [this] { SelectNextTab(); });
 
-    CentreOnScreen();
+    PlaceByFrame(*this, [this] { CentreOnScreen(); });
     ShowFlags();
 }
 
@@ -106,7 +107,7 @@ void frmOptions::PlaceControls() {
 
 void frmOptions::CentreOnScreen() {
     const QRect screen = QGuiApplication::primaryScreen()->geometry();
-    const QSize free = screen.size() - size();
+    const QSize free = screen.size() - frameGeometry().size();
     move(screen.topLeft() + QPoint(free.width() / 2, free.height() / 2));
 }
 

@@ -60,7 +60,7 @@ void ShowDialog(QWidget& dialog) {
 }
 
 void ShowPlacedDialog(QWidget& dialog) {
-    if (s_workWindow != nullptr) MakeBelong(dialog);
+    if (s_workWindow != nullptr && s_workWindow != &dialog) MakeBelong(dialog);
     dialog.show();
     dialog.raise();
 }

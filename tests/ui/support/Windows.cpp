@@ -34,6 +34,10 @@ QString TipAt(QWidget& control, QPoint position) {
     return Qt::mightBeRichText(text) ? QTextDocumentFragment::fromHtml(text).toPlainText() : text;
 }
 
+bool BecomesActive(QWidget& window) {
+    return QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; });
+}
+
 void RunEvents() {
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

@@ -44,6 +44,10 @@ class FatalEnds {
     int m_count = 0;
 };
 
+// Waits for a window to become the active one itself. To Qt's own wait a dialog is active as soon
+// as the window that it belongs to is.
+bool BecomesActive(QWidget& window);
+
 // Runs between tests: no window and no state of one reaches the next.
 void CleanUp();
 
