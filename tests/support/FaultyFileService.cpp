@@ -245,6 +245,7 @@ void FaultyFileService::CopyRights(std::string_view source, std::string_view tar
     const std::string call = "CopyRights " + std::string(source) + " -> " + std::string(target);
     calls.push_back(call);
     onCall(call);
+    if (FailureOf(call) != 0) return;
     const Mapped from = Map(source);
     const Mapped to = Map(target);
     if (from.failure == 0 && to.failure == 0) m_real.CopyRights(from.real, to.real);
