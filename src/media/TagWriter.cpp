@@ -3,6 +3,7 @@
 #include "media/FileBytes.h"
 #include "media/TagBuffer.h"
 #include "media/TagReader.h"
+#include "platform/Activity.h"
 #include "platform/Failure.h"
 
 #include <algorithm>
@@ -98,13 +99,18 @@ std::string CopyBehindSpace(RawFile& file, const std::string& path, Long size) {
     return tempPath;
 }
 
-// The file at the path, opened anew with so many zero bytes in front. From the deletion on only the
-// temporary file has what was in it: that one stays when it can't be brought to the path.
-std::unique_ptr<RawFile> InsertSpace(std::unique_ptr<RawFile> file, const std::string& path,
-                                     Long size) {
-    const std::string tempPath = CopyBehindSpace(*file, path, size);
+// From the deletion on only the temporary file has what was in the other one: it stays when it
+// can't be brought to the path, and the user has to learn where it lies.
+void Replace(const std::string& path, const std::string& tempPath) {
+    const Doing doing("Moving", tempPath, "to", path);
     oFSO().DeleteFile(path, false);
     oFSO().MoveFile(tempPath, path);
+}
+
+// The file at the path, opened anew with so many zero bytes in front.
+std::unique_ptr<RawFile> InsertSpace(std::unique_ptr<RawFile> file, const std::string& path,
+                                     Long size) {
+    Replace(path, CopyBehindSpace(*file, path, size));
     return Open(path, RawMode::ReadWrite);
 }
 

@@ -16,10 +16,12 @@ namespace tavel {
 // mode. A link becomes a file of its own. What a failure leaves:
 // - up to the deletion, a failed one included: the old file. Where the deletion failed, the
 //   temporary file stays as well, else it is gone.
-// - a move that failed: the temporary file alone, whole; on one's own is what brings it back.
-// - behind the move: the new file whole, its room still empty.
+// - a move that failed: the temporary file, whole, and no file at the path, or that one too if it
+//   was whole by then. Where it lies is told as what was being done (platform/Activity.h).
+// - behind the move: the new file, its room still empty.
 // - while the tag is laid over the file: the bytes that were there, as far as the disk takes them
 //   back.
+// A file on a stick is on the stick when this returns. A close that fails is not noticed.
 //
 // Fails with the file service's numbers: 53 where there is no file, 70 where it is open or may not
 // be written; with 57 when it cannot be read, with 5 when it is empty; and with 6, the file

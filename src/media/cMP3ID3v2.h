@@ -72,8 +72,7 @@ class cMP3ID3v2 {
     // and what they leave included. Before the file is opened it fails with 5 at an id of fewer
     // than four characters or a frame whose texts were lost, and with 6 when a text or the whole is
     // too long for 65,535 bytes. Frames with "ID3" in their id are left out. The object stays as it
-    // is: HasID3v2Tag and the versions tell of the tag that was read. A close that fails is not
-    // noticed.
+    // is: HasID3v2Tag and the versions tell of the tag that was read.
     void Update();
 
     // The setters below change the property, remove its frame, and add it anew at the end; an empty

@@ -257,6 +257,16 @@ TEST_F(TagUpdateFailures,
     EXPECT_TRUE(BytesLeft() == std::string(2048, '\0') + audio);
 }
 
+TEST_F(TagUpdateFailures, Where_the_file_lies_that_could_not_be_moved_is_told) {
+    for (const char* call : {"DeleteFile e:", "MoveFile"}) {
+        Begin(audio, 30);
+        files->FailOn(call, failure::PermissionDenied, 1);
+        const std::string told = FailedActivityOf([&] { tag.Update(); });
+        ASSERT_EQ(Left().size(), 1u);
+        EXPECT_EQ(told, "Moving t:\\" + Left().front().filename().string() + " to e:\\one.mp3");
+    }
+}
+
 TEST_F(TagUpdateFailures, A_tag_of_which_a_disk_takes_a_part_gives_way_to_the_bytes_before) {
     for (const std::int64_t bytes : {1, 30, 399}) {
         Begin(oldTag + audio, 400);
