@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "media/TagMaker.h"
 #include "media/cMP3ID3v2.h"
+#include "support/ExfatStick.h"
 #include "support/HostCalls.h"
 #include "support/HostDrives.h"
 #include "support/Mounted.h"
@@ -10,6 +11,7 @@
 #include <sys/stat.h>
 
 #include <filesystem>
+#include <fstream>
 
 // Updates of files on a stick, and with a folder for temporary files on another file system.
 
@@ -64,6 +66,18 @@ class TagUpdatePlaces : public HostDrives {
     }
 
     cMP3ID3v2 tag;
+};
+
+// A real memory-stick file system; the temporary files are on another one.
+class TagUpdateOnExfat : public TagUpdatePlaces {
+  protected:
+    void SetUp() override {
+        if (!stick.WhyNot().empty()) GTEST_SKIP() << stick.WhyNot();
+        TagUpdatePlaces::SetUp();
+        fs::create_directory_symlink(stick.MountFolder(), temp.HostPath("program/drives/f"));
+    }
+
+    ExfatStick stick{24};
 };
 
 // A folder for temporary files on another file system.
@@ -139,6 +153,25 @@ TEST_F(TagUpdatePlaces, A_link_to_a_file_becomes_a_file_of_its_own_when_it_grows
     EXPECT_TRUE(temp.Read("link.mp3") == WithTag("title"));
     EXPECT_FALSE(fs::is_symlink(temp.HostPath("link.mp3")));
     EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
+TEST_F(TagUpdateOnExfat, What_was_written_is_on_the_stick_when_the_update_returns) {
+    std::ofstream(stick.MountFolder() + "/one.mp3", std::ios::binary) << audio;
+    for (const char* title : {"title", "other"}) {
+        SetTitle("f:\\one.mp3", title);
+        tag.Update();
+        EXPECT_TRUE(stick.BytesWhenPulled("one.mp3") == WithTag(title)) << title;
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(stick.MountFolder()), {}), 1);
+}
+
+TEST_F(TagUpdateOnExfat, A_stick_that_is_pulled_before_the_update_gets_nothing) {
+    std::ofstream(stick.MountFolder() + "/one.mp3", std::ios::binary) << audio;
+    SetTitle("f:\\one.mp3", "title");
+    stick.Pull();
+    EXPECT_NE(FailureOf([&] { tag.Update(); }), 0);
+    EXPECT_TRUE(fs::is_empty(stick.MountFolder()));
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
 }
 
 TEST_F(TagUpdateAcross, A_file_comes_over_whole_with_its_mode) {
