@@ -24,12 +24,6 @@ struct FrameLayout {
 constexpr FrameLayout layoutOf2{6, 3, 3, 9};
 constexpr FrameLayout layoutOf3And4{10, 4, 4, 16};
 
-// A size as it stands in a tag: a plain number, the most significant byte first. Four bytes give a
-// signed number.
-Long SwapEndian(std::string_view bytes) {
-    return static_cast<Long>(static_cast<std::uint32_t>(BigEndianNumber(bytes)));
-}
-
 std::string_view ConvertFrameId(std::string_view id) {
     constexpr std::array<std::pair<std::string_view, std::string_view>, 8> newerIds{{
         {"TP1", "TPE1"},
@@ -66,6 +60,10 @@ void WalkFrames(FileBytes& file, Long limit, const FrameLayout& layout, const Fr
 }
 
 }  // namespace
+
+Long SwapEndian(std::string_view bytes) {
+    return static_cast<Long>(static_cast<std::uint32_t>(BigEndianNumber(bytes)));
+}
 
 std::int64_t FindTag(FileBytes& file) {
     if (file.Length() == 0) Fail(failure::InvalidProcedureCall);

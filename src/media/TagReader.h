@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string>
+#include <string_view>
 
 namespace tavel {
 
@@ -16,6 +17,10 @@ struct TagFrame {
     std::string Id;    // four characters; empty for an id of version 2 that has no newer form
     std::string Text;  // the frame's body without its NUL bytes
 };
+
+// A size as it stands in a tag: a plain number, the most significant byte first. Four bytes give a
+// signed number.
+Long SwapEndian(std::string_view bytes);
 
 // The position, from 1, of the byte behind the first "ID3" of the file, or 0. The search starts at
 // the beginning and ends with the first chunk of 4096 bytes that holds the sync of an MPEG audio

@@ -2,6 +2,8 @@
 
 #include "core/PublicStuff.h"
 #include "media/Genres.h"
+#include "media/TagBuffer.h"
+#include "media/TagWriter.h"
 #include "platform/Failure.h"
 
 #include <utility>
@@ -17,6 +19,15 @@ constexpr std::string_view classLabel = ".cMP3ID3v2";
 
 [[noreturn]] void FailUnder(std::string_view label, const Failure& cause) {
     throw Failure(cause.Number(), cause.Description(), cause.Source() + std::string(label));
+}
+
+template <class Call>
+auto UnderClassLabel(Call&& call) {
+    try {
+        return call();
+    } catch (const Failure& cause) {
+        FailUnder(classLabel, cause);
+    }
 }
 
 std::unique_ptr<RawFile> OpenForReading(const std::string& path) {
@@ -53,17 +64,40 @@ std::string_view cMP3ID3v2::GenreName(unsigned char number) { return GenreNameOf
 
 std::string cMP3ID3v2::Frame(Long index) const {
     const FrameList& frames = Frames();
-    try {
-        return frames.Frame(index);
-    } catch (const Failure& cause) {
-        FailUnder(classLabel, cause);
-    }
+    return UnderClassLabel([&] { return frames.Frame(index); });
 }
 
-const FrameList& cMP3ID3v2::Frames() const {
+FrameList& cMP3ID3v2::Frames() const {
     if (!m_isLoaded) FailUnder(classLabel, Failure(failure::ObjectNotSet));
     if (!m_frames) m_frames.emplace(std::exchange(m_framesRead, {}));
     return *m_frames;
+}
+
+void cMP3ID3v2::RemoveFrame(const std::string& id) {
+    FrameList& frames = Frames();
+    UnderClassLabel([&] { frames.RemoveFrame(id); });
+}
+
+void cMP3ID3v2::RemoveFrame(Long position) {
+    FrameList& frames = Frames();
+    UnderClassLabel([&] { frames.RemoveFrame(position); });
+}
+
+void cMP3ID3v2::AddTag(const std::string& id, const std::string& text) {
+    FrameList& frames = Frames();
+    UnderClassLabel([&] { frames.AddTag(id, text); });
+}
+
+void cMP3ID3v2::RemoveTag(const std::string& id, Long number) {
+    FrameList& frames = Frames();
+    UnderClassLabel([&] { frames.RemoveTag(id, number); });
+}
+
+void cMP3ID3v2::Update() { WriteTag(); }
+
+void cMP3ID3v2::WriteTag() {
+    const FrameList& frames = Frames();
+    UnderClassLabel([&] { tavel::WriteTag(m_sMP3File, TagBuffer(frames)); });
 }
 
 void cMP3ID3v2::LoadTag() {
@@ -77,11 +111,7 @@ void cMP3ID3v2::LoadTag() {
         m_emptyFile = std::move(file);
         Fail(failure::InvalidProcedureCall);
     }
-    try {
-        ReadTag(*file);
-    } catch (const Failure& cause) {
-        FailUnder(classLabel, cause);
-    }
+    UnderClassLabel([&] { ReadTag(*file); });
 }
 
 void cMP3ID3v2::ReadTag(RawFile& file) {

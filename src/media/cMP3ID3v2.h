@@ -13,7 +13,8 @@
 namespace tavel {
 
 // The ID3v2 tag of one MP3 file. Assigning MP3File reads the whole tag at once; from then on the
-// object answers from memory and no file stays open.
+// object answers from memory and no file stays open. What is set changes the object alone until
+// Update writes it.
 //
 // Texts hold one character per byte of the file, with the NUL bytes taken out: a text's encoding
 // byte is gone when it is 0 and stays as the leading character when it is not, and so does a byte
@@ -36,8 +37,9 @@ class cMP3ID3v2 {
     unsigned char ID3v2TagVersion() const { return m_bVersion; }  // 0 without a tag
     unsigned char TagVersion() const { return m_bVersion; }
 
-    // Distinct frame ids, in the order in which they came first. Both fail with 91 before the first
-    // load, and Frame with 9 outside 1 to FrameCount.
+    // Distinct frame ids, in the order in which they came first. Frame fails with 9 outside 1 to
+    // FrameCount. These and all that changes the list of frames, the setters included, fail with 91
+    // before the first load; all of it has the source "Tavel.cMP3ID3v2".
     Long FrameCount() const { return Frames().FrameCount(); }
     std::string Frame(Long index) const;
 
@@ -50,24 +52,69 @@ class cMP3ID3v2 {
         return m_isLoaded ? Frames().TagsInFrame(position) : 0;
     }
 
+    // Removes a frame with all its instances; fails with 5 when there is none of the id, with 9
+    // outside 1 to FrameCount. By position, the count that goes is the one at that position among
+    // the counts, which may be another frame's: that one can then be neither removed nor written.
+    void RemoveFrame(const std::string& id);
+    void RemoveFrame(Long position);
+
+    // Adds an instance of a frame. Only the first one gets the text: a further one has the id as
+    // its text. An id of fewer than four characters keeps Update from writing; of a longer one the
+    // first four are written.
+    void AddTag(const std::string& id, const std::string& text);
+
+    // Removes an instance, numbered from 1, and with the last one the frame; fails with 5 when
+    // there is none. As long as others of the frame stay, they are numbered anew, and the texts of
+    // all other frames are lost: Update fails until those frames are removed or set.
+    void RemoveTag(const std::string& id, Long number);
+
+    // Writes the frames as a tag of version 3 into the file, as media/TagWriter.h tells, failures
+    // and what they leave included. Before the file is opened it fails with 5 at an id of fewer
+    // than four characters or a frame whose texts were lost, and with 6 when a text or the whole is
+    // too long for 65,535 bytes. Frames with "ID3" in their id are left out. The object stays as it
+    // is: HasID3v2Tag and the versions tell of the tag that was read.
+    void Update();
+
+    // The setters below change the property, remove its frame, and add it anew at the end; an empty
+    // text makes a frame, too. Read back, Comment begins with "nt", and the number of a Genre
+    // lacks its last digit.
+
     const std::string& ArtistURL() const { return m_sArtistURL; }
+    void ArtistURL(const std::string& value);
     const std::string& BuyURL() const { return m_sBuyURL; }
+    void BuyURL(const std::string& value);
     const std::string& AudioURL() const { return m_sAudioURL; }
+    void AudioURL(const std::string& value);
     const std::string& Copyright() const { return m_sCopyright; }
+    void Copyright(const std::string& value);
     const std::string& Composer() const { return m_sComposer; }
+    void Composer(const std::string& value);
     const std::string& OriginalArtist() const { return m_sOriginalArtist; }
+    void OriginalArtist(const std::string& value);
     const std::string& LinkTo() const { return m_sLinkTo; }
+    void LinkTo(const std::string& value);
     const std::string& PlayCounter() const { return m_sPlayCounter; }
+    void PlayCounter(const std::string& value);
     const std::string& EncodedBy() const { return m_sEncodedBy; }
+    void EncodedBy(const std::string& value);
     const std::string& Title() const { return m_sTitle; }
+    void Title(const std::string& value);
     const std::string& Artist() const { return m_sArtist; }
+    void Artist(const std::string& value);
     const std::string& Album() const { return m_sAlbum; }
+    void Album(const std::string& value);
     const std::string& Year() const { return m_sYear; }
+    void Year(const std::string& value);
     const std::string& Comment() const { return m_sComment; }  // all of them, each on its own line
+    void Comment(const std::string& value);
     const std::string& Lyrics() const { return m_sLyrics; }
+    void Lyrics(const std::string& value);
     const std::string& OtherGenreName() const { return m_sOtherGenreName; }
+    void OtherGenreName(const std::string& value);
     const std::string& Track() const { return m_sTrack; }
+    void Track(const std::string& value);
     unsigned char Genre() const { return m_bGenre; }  // NoGenre when the file tells none
+    void Genre(unsigned char value);                  // NoGenre is written as 255
 
     // The name of a numbered genre; empty for a number without a name.
     static std::string_view GenreName(unsigned char number);
@@ -76,7 +123,12 @@ class cMP3ID3v2 {
     struct FrameField;
     static const FrameField frameFields[];
 
-    const FrameList& Frames() const;  // fails with 91 before the first load
+    FrameList& Frames() const;  // fails with 91 before the first load
+    void SetText(std::string& field, const std::string& value, const char* id,
+                 std::string_view before = {});
+    void SetFrame(const std::string& id, const std::string& text);
+    void SetGenreFrame();
+    void WriteTag();
 
     void LoadTag();
     void ResetFields();

@@ -63,6 +63,15 @@ class Collection {
         ++m_removals;
     }
 
+    // Fails with 9 when the position is outside 1 to Count.
+    void Remove(Long position) {
+        const auto gone = m_byKey.find(EntryAt(position).key)->second;
+        m_byPosition.erase(m_byPosition.begin() + (position - 1));
+        m_byKey.erase(gone->key);
+        m_entries.erase(gone);
+        ++m_removals;
+    }
+
     void Clear() {
         m_byPosition.clear();
         m_byKey.clear();

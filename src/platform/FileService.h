@@ -80,14 +80,17 @@ class RawFile {
 
     // The run-time's number for the first read, write or close that failed; 0 while none has.
     virtual Long Error() const = 0;
+    // What is written is on its medium when Close returns, on any drive.
+    virtual void FlushOnClose() = 0;
     // What is written gets this modification time, in seconds from 1970 on (UTC). To be called
     // behind the last write; a time that the file system can't keep is passed over.
     virtual void SetTime(std::int64_t seconds) = 0;
 };
 
 enum class RawMode {
-    Read,    // sharing reads alone: it can't be opened for writing meanwhile (70); must exist
-    Create,  // for writing; made new, an existing file is truncated
+    Read,       // sharing reads alone: it can't be opened for writing meanwhile (70); must exist
+    Create,     // for writing; made new, an existing file is truncated
+    ReadWrite,  // sharing reads alone, like Read; must exist, and is kept as it is
 };
 
 // The scripting file-system object of the setting. Failures are the run-time's: 53 File not found,
@@ -115,11 +118,20 @@ class FileService {
     virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
     // Without `force` a read-only file fails with 70.
     virtual void DeleteFile(std::string_view path, bool force) = 0;
+    // Gives a file the owner and the mode of another, as far as the user may and the file system
+    // knows them. Never fails.
+    virtual void CopyRights(std::string_view source, std::string_view target) = 0;
     // Removes the symbolic links of a name in a folder, so that what is made there next lies there.
     // What they lead to, if anything, is left alone; nothing happens where there are none.
     virtual void DeleteLinks(std::string_view folder, std::string_view name) = 0;
     // An empty 8-bit text file. 58 when it is there and must not be overwritten; 71 without media.
     virtual void CreateTextFile(std::string_view path, bool overwrite) = 0;
+
+    // The host's folder for temporary files; empty when there is none.
+    virtual std::string GetTempFolder() = 0;
+    // The path of an empty file that is made in a folder, in one step and for the user alone, under
+    // a name that nothing there has: the prefix, hexadecimal digits, ".tmp". 76 without the folder.
+    virtual std::string CreateTempFile(std::string_view folder, std::string_view prefix) = 0;
 
     // Null when the file cannot be opened; `error` then is the run-time's number for it, else 0.
     virtual std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) = 0;

@@ -71,6 +71,7 @@ class ZerosFile : public RawFile {
     }
     bool Close() override { return true; }
     Long Error() const override { return 0; }
+    void FlushOnClose() override {}
     void SetTime(std::int64_t) override {}
 
   private:
@@ -93,6 +94,7 @@ class BottomlessFile : public RawFile {
     bool Seek(std::int64_t) override { return true; }
     bool Close() override { return true; }
     Long Error() const override { return 0; }
+    void FlushOnClose() override {}
     void SetTime(std::int64_t) override {}
 
   private:

@@ -246,6 +246,22 @@ TEST(Collections, Positions_are_right_whichever_entries_have_gone_and_come) {
     EXPECT_EQ(all(), "i");
 }
 
+TEST(Collections, An_entry_can_be_removed_by_its_position) {
+    Collection<std::string> texts;
+    for (const char* key : {"a", "b", "c", "d", "e"}) texts.Add(key, key);
+    texts.Remove("b");
+    texts.Remove(2);
+    EXPECT_EQ(texts.Item(1) + texts.Item(2) + texts.Item(3), "ade");
+    EXPECT_FALSE(texts.Has("c"));
+    texts.Add("c", "c");
+    texts.Remove(4);
+    texts.Remove(1);
+    EXPECT_EQ(texts.Item(1) + texts.Item(2), "de");
+    for (const Long position : {0, 3, -1})
+        EXPECT_EQ(FailureOf([&] { texts.Remove(position); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(texts.Count(), 2);
+}
+
 TEST(Collections, A_moved_one_has_its_entries) {
     Collection<std::string> texts;
     texts.Add("a", "first");

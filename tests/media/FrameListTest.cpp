@@ -5,6 +5,18 @@
 
 namespace tavel::test {
 
+namespace {
+
+using Texts = std::vector<std::string>;
+
+Texts IdsOf(const FrameList& list) {
+    Texts ids;
+    for (Long i = 1; i <= list.FrameCount(); ++i) ids.push_back(list.Frame(i));
+    return ids;
+}
+
+}  // namespace
+
 TEST(FrameList, Ids_stand_once_in_order_of_first_appearance) {
     const FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TIT2", "c"}, {"", "d"}});
     ASSERT_EQ(list.FrameCount(), 3);
@@ -67,6 +79,133 @@ TEST(FrameList, Fifty_thousand_ids_twice_each_stand_once_with_two_instances) {
     EXPECT_EQ(list.FrameCount(), 50000);
     EXPECT_EQ(list.TagsInFrame("50000"), 2);
     EXPECT_EQ(list.TagsInFrame(50000), 2);
+}
+
+TEST(FrameList, A_frame_is_removed_by_id_with_all_its_instances) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TIT2", "c"}, {"TALB", "d"}});
+    list.RemoveFrame("tit2");
+    EXPECT_EQ(IdsOf(list), (Texts{"TPE1", "TALB"}));
+    EXPECT_EQ(list.TagsInFrame("TIT2"), 0);
+    for (const Long number : {1, 2})
+        EXPECT_EQ(FailureOf([&] { list.FrameText("TIT2", number); }), 5);
+    EXPECT_EQ(list.FrameText("TALB", 1), "d");
+    EXPECT_EQ(FailureOf([&] { list.RemoveFrame("TIT2"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(IdsOf(list), (Texts{"TPE1", "TALB"}));
+}
+
+TEST(FrameList, A_frame_is_removed_by_position) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TALB", "c"}});
+    list.RemoveFrame(2);
+    EXPECT_EQ(IdsOf(list), (Texts{"TIT2", "TALB"}));
+    EXPECT_EQ(list.TagsInFrame("TPE1"), 0);
+    EXPECT_EQ(list.InstanceCount("TALB"), 1);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("TPE1", 1); }), failure::InvalidProcedureCall);
+    for (const Long position : {0, 3, -1})
+        EXPECT_EQ(FailureOf([&] { list.RemoveFrame(position); }), failure::SubscriptOutOfRange);
+}
+
+TEST(FrameList, By_position_the_count_at_that_position_goes_whosever_it_is) {
+    FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});  // the counts: BBBB, AAAA
+    list.RemoveFrame(1);
+    EXPECT_EQ(IdsOf(list), Texts{"BBBB"});
+    EXPECT_EQ(list.TagsInFrame("AAAA"), 2);
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 0);
+    EXPECT_EQ(FailureOf([&] { list.InstanceCount("BBBB"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("AAAA", 1); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(list.FrameText("BBBB", 1), "2");
+
+    EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", "x"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { list.AddTag("AAAA", "x"); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(FailureOf([&] { list.RemoveFrame("BBBB"); }), failure::InvalidProcedureCall);
+}
+
+TEST(FrameList, Texts_of_a_removed_frame_go_as_far_as_they_are_numbered_without_a_gap) {
+    FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});
+    list.RemoveTag("AAAA", 2);  // the text of BBBB is lost, its count is not
+    list.AddTag("BBBB", "x");
+    EXPECT_EQ(list.FrameText("BBBB", 2), "BBBB");
+    list.RemoveFrame("BBBB");
+    EXPECT_EQ(list.FrameText("BBBB", 2), "BBBB");
+    list.AddTag("BBBB", "y");
+    EXPECT_EQ(list.FrameText("BBBB", 1), "y");
+    EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", "z"); }), failure::KeyAlreadyThere);
+}
+
+TEST(FrameList, A_tag_of_a_new_id_is_its_frames_first_instance) {
+    FrameList list({{"TIT2", "a"}});
+    list.AddTag("TPE1", "b");
+    EXPECT_EQ(IdsOf(list), (Texts{"TIT2", "TPE1"}));
+    EXPECT_EQ(list.TagsInFrame("TPE1"), 1);
+    EXPECT_EQ(list.FrameText("TPE1", 1), "b");
+}
+
+TEST(FrameList, A_further_tag_of_an_id_has_the_id_for_a_text) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}});
+    list.AddTag("tit2", "lost");
+    EXPECT_EQ(list.FrameCount(), 2);
+    EXPECT_EQ(list.TagsInFrame("TIT2"), 2);
+    EXPECT_EQ(list.FrameText("TIT2", 1), "a");
+    EXPECT_EQ(list.FrameText("TIT2", 2), "TIT2");
+    EXPECT_EQ(list.TagsInFrame(2), 2);  // the count has gone to the end
+}
+
+TEST(FrameList, The_only_instance_takes_its_frame_along_and_leaves_all_others) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TALB", "c"}});
+    list.RemoveTag("tpe1", 1);
+    EXPECT_EQ(IdsOf(list), (Texts{"TIT2", "TALB"}));
+    EXPECT_EQ(list.TagsInFrame("TPE1"), 0);
+    EXPECT_EQ(list.FrameText("TIT2", 1), "a");
+    EXPECT_EQ(list.FrameText("TALB", 1), "c");
+}
+
+TEST(FrameList, A_removed_instance_leaves_the_others_of_its_frame_renumbered_and_no_other_text) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TIT2", "c"}, {"TIT2", "d"}});
+    list.RemoveTag("TIT2", 2);
+    EXPECT_EQ(IdsOf(list), (Texts{"TIT2", "TPE1"}));
+    EXPECT_EQ(list.TagsInFrame("TIT2"), 2);
+    EXPECT_EQ(list.FrameText("TIT2", 1), "a");
+    EXPECT_EQ(list.FrameText("TIT2", 2), "d");
+    EXPECT_EQ(FailureOf([&] { list.FrameText("TIT2", 3); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(list.TagsInFrame("TPE1"), 1);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("TPE1", 1); }), failure::InvalidProcedureCall);
+}
+
+TEST(FrameList, The_first_or_last_instance_can_be_removed_until_none_is_left) {
+    for (const Long number : {1, 3}) {
+        FrameList list({{"TIT2", "a"}, {"TIT2", "b"}, {"TIT2", "c"}});
+        list.RemoveTag("TIT2", number);
+        EXPECT_EQ(list.FrameText("TIT2", 1), number == 1 ? "b" : "a");
+        EXPECT_EQ(list.FrameText("TIT2", 2), number == 1 ? "c" : "b");
+        list.RemoveTag("TIT2", 2);
+        list.RemoveTag("TIT2", 1);
+        EXPECT_EQ(list.FrameCount(), 0);
+        EXPECT_EQ(list.TagsInFrame("TIT2"), 0);
+    }
+}
+
+TEST(FrameList, An_instance_that_is_not_there_cannot_be_removed) {
+    FrameList list({{"TIT2", "a"}, {"TPE1", "b"}});
+    EXPECT_EQ(FailureOf([&] { list.RemoveTag("TIT2", 2); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { list.RemoveTag("TIT2", 0); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { list.RemoveTag("TALB", 1); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(list.FrameCount(), 2);
+    EXPECT_EQ(list.FrameText("TPE1", 1), "b");
+}
+
+TEST(FrameList, An_instance_whose_count_is_gone_takes_its_frame_along) {
+    FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});
+    list.RemoveFrame(1);
+    list.RemoveTag("BBBB", 1);
+    EXPECT_EQ(list.FrameCount(), 0);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("BBBB", 1); }), failure::InvalidProcedureCall);
+}
+
+TEST(FrameList, Ten_thousand_frames_go_by_position_one_by_one) {
+    std::vector<TagFrame> frames;
+    for (int i = 0; i < 10000; ++i) frames.push_back({std::to_string(10000 + i), "x"});
+    FrameList list(std::move(frames));
+    while (list.FrameCount() > 1) list.RemoveFrame(list.FrameCount() / 2);
+    EXPECT_EQ(IdsOf(list), Texts{"19999"});
 }
 
 }  // namespace tavel::test

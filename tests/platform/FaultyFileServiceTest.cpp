@@ -121,6 +121,28 @@ TEST_F(FaultyFiles, Raw_files_calls_and_names_fail_as_told) {
     EXPECT_EQ(FailureOf([&] { files.GetDrive("f"); }), 0);
 }
 
+TEST_F(FaultyFiles, Any_call_in_the_row_can_be_the_one_that_fails) {
+    temp.Write("stick/r.txt", "12345");
+    files.FailOn("", 57, 1, 2);
+    Long error = 0;
+    std::size_t count = 0;
+    std::string buffer(2, '?');
+    const auto file = files.OpenRaw("f:\\r.txt", RawMode::ReadWrite, error);
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_FALSE(file->Write(buffer, count));
+    EXPECT_EQ(file->Error(), 57);
+    EXPECT_TRUE(file->Write(buffer, count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_EQ(temp.Read("stick/r.txt"), "12125");
+}
+
+TEST_F(FaultyFiles, Temporary_files_come_where_the_test_wants_them) {
+    files.tempFolder = "f:\\";
+    const std::string path = files.CreateTempFile(files.GetTempFolder(), "");
+    EXPECT_EQ(path.substr(0, 3), "f:\\");
+    EXPECT_TRUE(std::filesystem::exists(temp.HostPath("stick/" + path.substr(3))));
+}
+
 TEST_F(FaultyFiles, In_the_hosts_place_it_serves_the_profile_too) {
     Service<FileService>::Use(&files);
     EXPECT_TRUE(WritePrivateProfileString("Data", "PSPName", "My PSP", "f:\\TavelDataFile.tavel"));

@@ -3,8 +3,11 @@
 #include "support/FileSizeLimit.h"
 #include "support/PlainUser.h"
 
+#include <gmock/gmock.h>
+#include <stdlib.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
+#include <unistd.h>
 
 #include <map>
 
@@ -12,7 +15,28 @@ namespace tavel::test {
 
 namespace {
 
-using FileOperations = OnEachDrive;
+using ::testing::MatchesRegex;
+
+class FileOperations : public OnEachDrive {
+  protected:
+    // By what TMPDIR is set to, or without it.
+    std::string TempFolderWith(const char* value) {
+        const char* const found = getenv("TMPDIR");
+        const std::string before = found != nullptr ? found : "";
+        if (value != nullptr) {
+            setenv("TMPDIR", value, 1);
+        } else {
+            unsetenv("TMPDIR");
+        }
+        std::string folder = files->GetTempFolder();
+        if (found != nullptr) {
+            setenv("TMPDIR", before.c_str(), 1);
+        } else {
+            unsetenv("TMPDIR");
+        }
+        return folder;
+    }
+};
 
 INSTANTIATE_TEST_SUITE_P(Drives, FileOperations, ::testing::Values('c', 'e'),
                          [](const auto& drive) { return std::string(1, drive.param); });
@@ -308,6 +332,92 @@ TEST_P(FileOperations, Raw_files_write_and_read_bytes) {
     EXPECT_TRUE(file->Close());
 }
 
+TEST_P(FileOperations, A_raw_file_open_for_both_is_kept_and_changed_in_place) {
+    Put("A.bin", "0123456789");
+    Long error = -1;
+    std::size_t count = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::ReadWrite, error);
+    ASSERT_TRUE(file);
+    EXPECT_EQ(error, 0);
+    std::string buffer(4, '?');
+    EXPECT_TRUE(file->Read(buffer, count));
+    EXPECT_EQ(buffer, "0123");
+    EXPECT_TRUE(file->Seek(2));
+    EXPECT_TRUE(file->Write(std::string("abc"), count));
+    EXPECT_EQ(file->Size(), 10);
+    EXPECT_TRUE(file->Close());
+    EXPECT_EQ(Bytes("A.bin"), "01abc56789");
+}
+
+TEST_P(FileOperations, A_file_open_for_both_keeps_writers_out_and_waits_for_readers) {
+    Put("a.bin", "x");
+    fs::create_hard_link(Host("a.bin"), Host("b.bin"));
+    Long error = 0;
+    {
+        const auto file = files->OpenRaw(At("a.bin"), RawMode::ReadWrite, error);
+        ASSERT_TRUE(file);
+        for (const RawMode mode : {RawMode::ReadWrite, RawMode::Create}) {
+            EXPECT_FALSE(files->OpenRaw(At("b.bin"), mode, error));
+            EXPECT_EQ(error, 70);
+        }
+        EXPECT_EQ(FailureOf([&] { files->DeleteFile(At("a.bin"), true); }), 70);
+    }
+    const auto reader = files->OpenRaw(At("a.bin"), RawMode::Read, error);
+    EXPECT_FALSE(files->OpenRaw(At("b.bin"), RawMode::ReadWrite, error));
+    EXPECT_EQ(error, 70);
+    EXPECT_TRUE(reader->Close());
+    EXPECT_TRUE(files->OpenRaw(At("b.bin"), RawMode::ReadWrite, error));
+    EXPECT_EQ(Bytes("a.bin"), "x");
+}
+
+TEST_P(FileOperations, Temporary_files_are_new_empty_and_the_users_own) {
+    fs::create_directory(Host("temp"));
+    const std::string one = files->CreateTempFile(At("TEMP"), "");
+    const std::string two = files->CreateTempFile(At("TEMP\\"), "tag");
+    EXPECT_THAT(one, MatchesRegex(".*\\\\TEMP\\\\[0-9a-f]{8}\\.tmp"));
+    EXPECT_THAT(two, MatchesRegex(".*\\\\TEMP\\\\tag[0-9a-f]{8}\\.tmp"));
+    for (const std::string& path : {one, two}) {
+        EXPECT_EQ(files->GetFile(path).Size, 0);
+        struct stat status {};
+        ASSERT_EQ(stat(files->HostPath(path).c_str(), &status), 0);
+        EXPECT_EQ(status.st_mode & 0777, 0600u);
+    }
+    EXPECT_EQ(FailureOf([&] { files->CreateTempFile(At("none"), ""); }), 76);
+    EXPECT_EQ(FailureOf([&] { files->CreateTempFile(At("temp"), "a?"); }), 52);
+    EXPECT_EQ(FailureOf([&] { files->CreateTempFile(At("temp"), "a/b"); }), 52);
+    fs::permissions(temp.HostPath(), fs::perms(0755));
+    fs::permissions(Host("temp"), fs::perms(0555));
+    const PlainUser user;
+    EXPECT_EQ(FailureOf([&] { files->CreateTempFile(At("temp"), ""); }), 70);
+}
+
+TEST_P(FileOperations, Rights_are_those_of_another_file_where_both_are_there) {
+    Put("a.bin", "x");
+    Put("b.bin", "y");
+    fs::permissions(Host("a.bin"), fs::perms(0640));
+    const std::uintmax_t owner = geteuid() == 0 ? 65534 : geteuid();
+    ASSERT_EQ(chown(Host("a.bin").c_str(), static_cast<uid_t>(owner), getegid()), 0);
+    files->CopyRights(At("A.bin"), At("B.bin"));
+    struct stat status {};
+    ASSERT_EQ(stat(Host("b.bin").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640u);
+    EXPECT_EQ(status.st_uid, owner);
+    EXPECT_EQ(Bytes("b.bin"), "y");
+    files->CopyRights(At("none"), At("b.bin"));
+    files->CopyRights(At("a.bin"), At("none\\b.bin"));
+}
+
+TEST_P(FileOperations, The_folder_for_temporary_files_is_the_users_or_the_hosts) {
+    fs::create_directory(temp.HostPath("temp"));
+    Put("file", "x");
+    EXPECT_EQ(TempFolderWith(temp.HostPath("temp").c_str()), temp.DrivePath("temp"));
+    EXPECT_EQ(TempFolderWith(Host("").c_str()), "e:\\");
+    for (const char* other : {"", "relative", "/none/such"})
+        EXPECT_EQ(TempFolderWith(other), "c:\\tmp") << other;
+    EXPECT_EQ(TempFolderWith(Host("file").c_str()), "c:\\tmp");
+    EXPECT_EQ(TempFolderWith(nullptr), "c:\\tmp");
+}
+
 TEST_P(FileOperations, A_file_being_written_tells_its_size_and_place) {
     Long error = 0;
     std::size_t count = 0;
@@ -473,13 +583,16 @@ TEST_P(FileOperations, Raw_opens_that_fail_tell_why) {
         EXPECT_FALSE(files->OpenRaw(At(path), mode, error));
         return error;
     };
-    EXPECT_EQ(open("none.bin", RawMode::Read), 53);
+    for (const RawMode mode : {RawMode::Read, RawMode::ReadWrite})
+        EXPECT_EQ(open("none.bin", mode), 53);
     EXPECT_EQ(open("none\\a.bin", RawMode::Read), 76);
     EXPECT_EQ(open("none\\a.bin", RawMode::Create), 76);
     EXPECT_EQ(open("sub", RawMode::Read), 70);
     EXPECT_EQ(open("sub", RawMode::Create), 70);
     EXPECT_EQ(open("new\\", RawMode::Create), 76);
+    EXPECT_EQ(open("sub", RawMode::ReadWrite), 70);
     EXPECT_EQ(open("locked.bin", RawMode::Create), 70);
+    EXPECT_EQ(open("locked.bin", RawMode::ReadWrite), 70);
     EXPECT_EQ(open("a?.bin", RawMode::Create), 52);
     EXPECT_EQ(Bytes("locked.bin"), "x");
 }

@@ -49,6 +49,11 @@ class PowerCut : public HostDrives {
         return areTwo ? "/dev/shm" / fs::path(temp.HostPath()).filename() : fs::path();
     }
 
+    // The name that a new file has until it takes its place.
+    static std::string SuccessorOf(const fs::path& path) {
+        return path.parent_path() / ("." + path.filename().string() + ".new");
+    }
+
     HostCalls calls{temp.HostPath()};
 };
 
@@ -167,14 +172,18 @@ TEST_F(PowerCut, A_move_to_another_file_system_keeps_the_source_when_the_copy_ca
     const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
     const std::string name = other.relative_path().string();
     HostCalls all("/");
-    for (const int flush : {1, 2}) {  // the file, its entry
+    all.FailFlush(1, EIO);
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath); }),
+              57);
+    EXPECT_FALSE(fs::exists(other));
+    EXPECT_THAT(all.Take(), Contains("remove " + SuccessorOf(name)));
+    for (const int flush : {2, 3}) {  // under its name, its entry
         all.FailFlush(flush, EIO);
         EXPECT_EQ(
             FailureOf([&] { files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath); }),
             57);
         EXPECT_EQ(temp.Read("card/old.txt"), "[s]\r\nk=old\r\n");
-        EXPECT_FALSE(fs::exists(other));
-        EXPECT_THAT(all.Take(), Contains("remove " + name));
+        EXPECT_TRUE(fs::remove(other));
     }
 }
 
@@ -186,11 +195,56 @@ TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_sourc
     const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
     HostCalls all("/");
     files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath);
-    EXPECT_THAT(all.Take(), ElementsAre("flush " + name + " 12", "flush folder dev/shm",
-                                        "remove " + below + "/card/old.txt"));
+    EXPECT_THAT(all.Take(),
+                ElementsAre("flush " + SuccessorOf(name) + " 12",
+                            "rename " + SuccessorOf(name) + " -> " + name, "flush " + name + " 12",
+                            "flush folder dev/shm", "remove " + below + "/card/old.txt"));
     files->MoveFile(otherDrivePath, "e:\\back.txt");
-    EXPECT_THAT(all.Take(), ElementsAre("flush " + below + "/card/back.txt 12",
-                                        "flush folder " + below + "/card", "remove " + name));
+    const std::string back = below + "/card/back.txt";
+    EXPECT_THAT(all.Take(),
+                ElementsAre("flush " + SuccessorOf(back) + " 12",
+                            "rename " + SuccessorOf(back) + " -> " + back, "flush " + back + " 12",
+                            "flush folder " + below + "/card", "remove " + name));
+}
+
+TEST_F(PowerCut, A_move_to_another_file_system_keeps_time_mode_and_long_names) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    fs::create_directory(other);
+    const fs::path old = temp.HostPath("card/old.txt");
+    fs::permissions(old, fs::perms(0640));
+    fs::last_write_time(old, fs::file_time_type{} + std::chrono::hours(1));
+    const auto modified = fs::last_write_time(old);
+    const std::string longName(255, 'x');
+    files->MoveFile(temp.DrivePath("card/old.txt"),
+                    "c:\\dev\\shm\\" + other.filename().string() + "\\" + longName);
+    EXPECT_EQ(fs::status(other / longName).permissions(), fs::perms(0640));
+    EXPECT_EQ(fs::last_write_time(other / longName), modified);
+    EXPECT_FALSE(fs::exists(old));
+    EXPECT_EQ(fs::remove_all(other), 2u);
+}
+
+TEST_F(PowerCut, A_file_on_any_drive_is_flushed_when_it_is_closed_where_that_is_asked_for) {
+    Long error = 0;
+    std::size_t count = 0;
+    const auto file = files->OpenRaw(temp.DrivePath("card/old.txt"), RawMode::Create, error);
+    file->FlushOnClose();
+    EXPECT_TRUE(file->Write(std::string("new"), count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 3"));
+    const auto read = files->OpenRaw(temp.DrivePath("card/old.txt"), RawMode::Read, error);
+    read->FlushOnClose();
+    EXPECT_TRUE(read->Close());
+    EXPECT_THAT(calls.Take(), ElementsAre());
+}
+
+TEST_F(PowerCut, A_file_on_a_stick_that_was_open_for_both_is_flushed_when_it_is_closed) {
+    Long error = 0;
+    std::size_t count = 0;
+    const auto file = files->OpenRaw("e:\\old.txt", RawMode::ReadWrite, error);
+    EXPECT_TRUE(file->Write(std::string("new"), count));
+    EXPECT_TRUE(file->Close());
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 12"));
 }
 
 TEST_F(PowerCut, A_path_that_lasts_leads_to_a_stick_as_its_letter_does) {

@@ -27,6 +27,11 @@ bool FaultyFile::IsDriveThere() {
     return m_service.Touch(m_letter) || Failed(failure::DiskNotReady);
 }
 
+bool FaultyFile::IsFailing(const std::string& call) {
+    const Long number = m_service.RawFailureOf(call);
+    return number != 0 && !Failed(number);
+}
+
 bool FaultyFile::Failed(Long number) {
     if (m_error == 0) m_error = number;
     return false;
@@ -35,13 +40,13 @@ bool FaultyFile::Failed(Long number) {
 Long FaultyFile::Error() const { return m_error == 0 && m_real ? m_real->Error() : m_error; }
 
 void FaultyFile::SetTime(std::int64_t seconds) {
-    m_service.RecordRaw("SetTime " + m_path + " " + std::to_string(seconds));
+    m_service.RawFailureOf("SetTime " + m_path + " " + std::to_string(seconds));
     m_real->SetTime(seconds);
 }
 
 bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
-    m_service.RecordRaw("Read " + m_path + " " + std::to_string(buffer.size()));
     bytesRead = 0;
+    if (IsFailing("Read " + m_path + " " + std::to_string(buffer.size()))) return false;
     if (!IsDriveThere()) return false;
     const auto allowed =
         std::min<std::int64_t>(static_cast<std::int64_t>(buffer.size()), m_faults.bytesToRead);
@@ -51,8 +56,8 @@ bool FaultyFile::Read(std::span<char> buffer, std::size_t& bytesRead) {
 }
 
 bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) {
-    m_service.RecordRaw("Write " + m_path + " " + std::to_string(buffer.size()));
     bytesWritten = 0;
+    if (IsFailing("Write " + m_path + " " + std::to_string(buffer.size()))) return false;
     if (!IsDriveThere()) return false;
     FakeDrive& drive = m_service.At(m_letter);
     const std::int64_t allowed =
@@ -75,8 +80,8 @@ bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->
 
 bool FaultyFile::Close() {
     if (!m_real) return m_isClosedWell;
-    m_service.RecordRaw("Close " + m_path);
-    m_isClosedWell = m_real->Close() && IsDriveThere() &&
+    const bool isFailing = IsFailing("Close " + m_path);
+    m_isClosedWell = m_real->Close() && !isFailing && IsDriveThere() &&
                      (!m_faults.isCloseFailing || Failed(failure::DeviceIO));
     m_real.reset();
     return m_isClosedWell;

@@ -23,10 +23,12 @@ class FaultyFile : public RawFile {
     bool Seek(std::int64_t position) override;
     bool Close() override;
     Long Error() const override;
+    void FlushOnClose() override { m_real->FlushOnClose(); }
     void SetTime(std::int64_t seconds) override;
 
   private:
     bool IsDriveThere();
+    bool IsFailing(const std::string& call);
     bool Failed(Long number);
 
     FaultyFileService& m_service;

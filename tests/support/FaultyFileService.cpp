@@ -8,6 +8,22 @@
 
 namespace tavel::test {
 
+namespace {
+
+std::string NameOf(RawMode mode) {
+    switch (mode) {
+        case RawMode::Create:
+            return "Create";
+        case RawMode::ReadWrite:
+            return "ReadWrite";
+        case RawMode::Read:
+            break;
+    }
+    return "Read";
+}
+
+}  // namespace
+
 class FakeDriveHandle : public Drive {
   public:
     FakeDriveHandle(FaultyFileService& service, char letter, int driveType)
@@ -45,23 +61,30 @@ FakeDrive& FaultyFileService::Plug(char letter, const std::string& hostFolder) {
     return m_drives[letter] = drive;
 }
 
-void FaultyFileService::FailOn(const std::string& callStart, Long number, int times) {
-    m_faults.push_back({callStart, number, times});
+void FaultyFileService::FailOn(const std::string& callStart, Long number, int times, int spared) {
+    m_faults.push_back({callStart, number, times, spared});
+}
+
+Long FaultyFileService::FailureOf(const std::string& call) {
+    for (Fault& fault : m_faults) {
+        if (fault.times == 0 || call.rfind(fault.callStart, 0) != 0) continue;
+        if (fault.spared-- > 0) continue;
+        --fault.times;
+        return fault.number;
+    }
+    return 0;
 }
 
 void FaultyFileService::Record(const std::string& call) {
     calls.push_back(call);
     onCall(call);
-    for (Fault& fault : m_faults) {
-        if (fault.times == 0 || call.rfind(fault.callStart, 0) != 0) continue;
-        --fault.times;
-        Fail(fault.number);
-    }
+    if (const Long number = FailureOf(call); number != 0) Fail(number);
 }
 
-void FaultyFileService::RecordRaw(const std::string& call) {
+Long FaultyFileService::RawFailureOf(const std::string& call) {
     rawCalls.push_back(call);
     onCall(call);
+    return FailureOf(call);
 }
 
 FakeDrive* FaultyFileService::Find(char letter) {
@@ -218,6 +241,28 @@ void FaultyFileService::DeleteLinks(std::string_view folder, std::string_view na
     m_real.DeleteLinks(MapForChange(folder).real, name);
 }
 
+void FaultyFileService::CopyRights(std::string_view source, std::string_view target) {
+    const std::string call = "CopyRights " + std::string(source) + " -> " + std::string(target);
+    calls.push_back(call);
+    onCall(call);
+    if (FailureOf(call) != 0) return;
+    const Mapped from = Map(source);
+    const Mapped to = Map(target);
+    if (from.failure == 0 && to.failure == 0) m_real.CopyRights(from.real, to.real);
+}
+
+std::string FaultyFileService::GetTempFolder() {
+    Record("GetTempFolder");
+    return tempFolder.empty() ? m_real.GetTempFolder() : tempFolder;
+}
+
+std::string FaultyFileService::CreateTempFile(std::string_view folder, std::string_view prefix) {
+    Record("CreateTempFile " + std::string(folder));
+    const Mapped mapped = MapForChange(folder);
+    const std::string real = m_real.CreateTempFile(mapped.real, prefix);
+    return PathBelow(folder, std::string_view(real).substr(real.rfind('\\') + 1));
+}
+
 void FaultyFileService::CreateTextFile(std::string_view path, bool overwrite) {
     Record("CreateTextFile " + std::string(path) + (overwrite ? "" : " only if new"));
     const Mapped mapped = MapForChange(path);
@@ -228,7 +273,7 @@ void FaultyFileService::CreateTextFile(std::string_view path, bool overwrite) {
 std::unique_ptr<RawFile> FaultyFileService::OpenRaw(std::string_view path, RawMode mode,
                                                     Long& error) {
     try {
-        Record((mode == RawMode::Read ? "OpenRaw Read " : "OpenRaw Create ") + std::string(path));
+        Record("OpenRaw " + NameOf(mode) + " " + std::string(path));
         const Mapped mapped = MapForChange(path);
         if (mode == RawMode::Create) RequireNameAllowed(mapped);
         std::unique_ptr<RawFile> real = m_real.OpenRaw(mapped.real, mode, error);

@@ -45,8 +45,9 @@ class FaultyFileService : public FileService {
     void Pull(char letter) { m_drives.erase(letter); }
     FakeDrive& At(char letter) { return m_drives.at(letter); }  // 'c' too
 
-    // Calls whose record begins so fail with the number, `times` times: "GetDrive f" for one.
-    void FailOn(const std::string& callStart, Long number, int times = 1'000'000);
+    // Calls whose record begins so fail with the number, `times` times, after `spared` of them:
+    // "GetDrive f" for one. What raw files are asked for are calls, too.
+    void FailOn(const std::string& callStart, Long number, int times = 1'000'000, int spared = 0);
     // A name that no new file or folder may have.
     void Refuse(const std::string& name) { m_refused.insert(name); }
     // Raw files of this name fail after so many bytes; `FailClose` when they are closed.
@@ -61,6 +62,8 @@ class FaultyFileService : public FileService {
     std::vector<std::string> calls;
     // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Close e:\b".
     std::vector<std::string> rawCalls;
+    // The folder for temporary files; the real one's while this is empty.
+    std::string tempFolder;
     // Each of both as it comes.
     std::function<void(const std::string&)> onCall = [](const std::string&) {};
 
@@ -76,7 +79,10 @@ class FaultyFileService : public FileService {
     void CopyFile(std::string_view source, std::string_view target, bool overwrite) override;
     void DeleteFile(std::string_view path, bool force) override;
     void DeleteLinks(std::string_view folder, std::string_view name) override;
+    void CopyRights(std::string_view source, std::string_view target) override;
     void CreateTextFile(std::string_view path, bool overwrite) override;
+    std::string GetTempFolder() override;
+    std::string CreateTempFile(std::string_view folder, std::string_view prefix) override;
     std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) override;
     std::string ReadWhole(std::string_view path) override;
     std::string HostPath(std::string_view path) override;
@@ -95,7 +101,8 @@ class FaultyFileService : public FileService {
     };
 
     void Record(const std::string& call);
-    void RecordRaw(const std::string& call);
+    Long FailureOf(const std::string& call);     // 0 for none
+    Long RawFailureOf(const std::string& call);  // likewise
     FakeDrive* Find(char letter);
     bool Touch(char letter);
     Mapped Map(std::string_view path);
@@ -109,6 +116,7 @@ class FaultyFileService : public FileService {
         std::string callStart;
         Long number;
         int times;
+        int spared;
     };
     std::vector<Fault> m_faults;
     std::set<std::string> m_refused;

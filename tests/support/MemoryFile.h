@@ -41,6 +41,7 @@ class MemoryFile : public RawFile {
     }
     bool Close() override { return !FailClose; }
     Long Error() const override { return m_error; }
+    void FlushOnClose() override {}
     void SetTime(std::int64_t) override {}
 
   private:

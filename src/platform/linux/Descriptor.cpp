@@ -43,4 +43,15 @@ bool Descriptor::Write(std::span<const char> buffer, std::size_t& bytesWritten) 
     return true;
 }
 
+void Descriptor::SetTime(const timespec& modified) const {
+    const timespec times[2] = {{0, UTIME_OMIT}, modified};
+    futimens(m_descriptor, times);
+}
+
+// Without the right to give it away it is the user's, who may write it.
+void Descriptor::TakeOwnerAndMode(const struct stat& other) const {
+    [[maybe_unused]] const bool hasOwner = fchown(m_descriptor, other.st_uid, other.st_gid) == 0;
+    [[maybe_unused]] const bool hasMode = fchmod(m_descriptor, other.st_mode & 0777) == 0;
+}
+
 }  // namespace tavel

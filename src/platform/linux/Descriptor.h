@@ -1,5 +1,6 @@
 #pragma once
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstddef>
@@ -33,6 +34,11 @@ class Descriptor {
     bool Write(std::span<const char> buffer, std::size_t& bytesWritten) const;
     // Brings the file's data, and where they lie, to the medium.
     bool Flush() const { return fsync(m_descriptor) == 0; }
+    // Gives the file a modification time; one that its file system can't keep is passed over.
+    void SetTime(const timespec& modified) const;
+    // Gives the file to the owner of another, where the user may, with the same mode. A file system
+    // without owners and modes refuses both.
+    void TakeOwnerAndMode(const struct stat& other) const;
 
     // False when the host reports a failure; the descriptor is closed all the same.
     bool Close() { return !IsOpen() || ::close(Release()) == 0; }

@@ -8,10 +8,13 @@
 #include "platform/linux/HostFile.h"
 #include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
+#include "platform/linux/Successor.h"
 
 #include <stdio.h>
 
+#include <array>
 #include <cerrno>
+#include <cstdio>
 #include <memory>
 #include <utility>
 
@@ -78,14 +81,11 @@ Long CopyBytes(HostFile& source, HostFile& target) {
     return 0;
 }
 
-enum class Lasting { AsOnItsDrive, OnceCopied };
-
-void CopyBetween(Place source, DriveTable& drives, Place target, Lasting lasting) {
+void CopyBetween(Place source, DriveTable& drives, Place target) {
     const struct stat status = source.status;
     const std::string targetPath = target.path.Text();
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
-    if (lasting == Lasting::OnceCopied) to->FlushOnClose();
     Long error = CopyBytes(*from, *to);
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
@@ -114,10 +114,33 @@ bool FlushMove(const Place& source, const Place& target) {
            (!leavesFolder || FlushEntriesOf(source));
 }
 
+void CopyWhole(Place source, const Place& target) {
+    const timespec modified = source.status.st_mtim;
+    const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
+    Successor copy(target);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    std::size_t count = 0;
+    do {
+        if (!from->Read({piece.get(), pieceSize}, count)) Fail(from->Error());
+        copy.Write({piece.get(), count});
+    } while (count == pieceSize && copy.Error() == 0);
+    copy.SetTime(modified);
+    if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
+}
+
 void MoveAcross(DriveTable& drives, Place source, Place target) {
     const std::string sourcePath = source.path.Text();
-    CopyBetween(std::move(source), drives, std::move(target), Lasting::OnceCopied);
+    target.status = source.status;
+    CopyWhole(std::move(source), target);
     DeleteFileAt(FindPlace(drives, sourcePath), true);
+}
+
+std::string RandomDigits() {
+    std::uint32_t number = 0;
+    Require(getentropy(&number, sizeof number) == 0);
+    std::array<char, 9> text{};
+    std::snprintf(text.data(), text.size(), "%08x", number);
+    return text.data();
 }
 
 bool IsLink(const Descriptor& folder, const std::string& name) {
@@ -165,6 +188,27 @@ void CreateTextFileAt(Place place, bool overwrite) {
     if (!file->Close()) Fail(file->Error());
 }
 
+void CopyRightsBetween(const Place& source, const Place& target) {
+    if (!source.IsFile() || !target.IsFile()) return;
+    const Descriptor file(
+        openat(target.Parent(), target.name.c_str(), O_RDONLY | O_NONBLOCK | target.OpenFlags()));
+    if (file.IsOpen()) file.TakeOwnerAndMode(source.status);
+}
+
+std::string CreateTempFileIn(DriveTable& drives, std::string_view folder, std::string_view prefix) {
+    constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
+    for (;;) {
+        std::string path = PathBelow(folder, std::string(prefix) + RandomDigits() + ".tmp");
+        const Place place = FindPlace(drives, path);
+        if (place.failure == 0) continue;
+        RequireOneDrive(place);
+        RequireFree(place);
+        if (Descriptor(openat(place.Parent(), place.name.c_str(), flags, 0600)).IsOpen())
+            return path;
+        if (errno != EEXIST) FailWithHostError();
+    }
+}
+
 void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_view target,
                      bool overwrite) {
     Place from = FindPlace(drives, source);
@@ -172,7 +216,7 @@ void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place to = FindTarget(drives, target, from);
     if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
     if (to.failure == 0 && IsSameFile(from, to)) Fail(failure::PermissionDenied);
-    CopyBetween(std::move(from), drives, std::move(to), Lasting::AsOnItsDrive);
+    CopyBetween(std::move(from), drives, std::move(to));
 }
 
 void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target) {

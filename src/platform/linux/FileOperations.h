@@ -2,6 +2,7 @@
 
 #include "platform/linux/Places.h"
 
+#include <string>
 #include <string_view>
 
 namespace tavel {
@@ -14,9 +15,13 @@ void CreateFolderAt(const Place& place);
 void DeleteFileAt(const Place& place, bool force);
 void DeleteLinksIn(const Place& folder, std::string_view name);
 void CreateTextFileAt(Place place, bool overwrite);
+void CopyRightsBetween(const Place& source, const Place& target);
+std::string CreateTempFileIn(DriveTable& drives, std::string_view folder, std::string_view prefix);
 // A copy that fails leaves no target. It keeps the modification time.
 void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_view target,
                      bool overwrite);
+// To another file system it goes under a name of its own at first, and the source stays until all
+// of it is on the medium.
 void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target);
 
 }  // namespace tavel

@@ -11,9 +11,10 @@ namespace tavel {
 
 namespace {
 
-Long WhyNotToOpen(const Place& place, bool isWritten) {
+Long WhyNotToOpen(const Place& place, RawMode mode) {
+    const bool isWritten = mode != RawMode::Read;
     if (isWritten && place.path.HasSecondDrive()) return failure::BadFileName;
-    if (place.failure == failure::FileNotFound && isWritten) {
+    if (place.failure == failure::FileNotFound && mode == RawMode::Create) {
         if (place.path.endsInSeparator) return failure::PathNotFound;
         return place.name.empty() ? failure::BadFileName : 0;
     }
@@ -22,15 +23,27 @@ Long WhyNotToOpen(const Place& place, bool isWritten) {
     return place.IsFile() && !isProtected ? 0 : failure::PermissionDenied;
 }
 
+int FlagsFor(RawMode mode) {
+    switch (mode) {
+        case RawMode::Create:
+            return O_WRONLY | O_CREAT | O_TRUNC;
+        case RawMode::ReadWrite:
+            return O_RDWR;
+        case RawMode::Read:
+            break;
+    }
+    return O_RDONLY;
+}
+
 }  // namespace
 
-HostFile::HostFile(Descriptor file, Place place, bool isWritten, bool isNew)
+HostFile::HostFile(Descriptor file, Place place, RawMode mode, bool isNew)
     : m_file(std::move(file)),
       m_place(std::move(place)),
-      m_isWritten(isWritten),
+      m_isWritten(mode != RawMode::Read),
       m_isNew(isNew),
-      m_isFlushed(isWritten && m_place.isFlushed) {
-    if (!isWritten) m_share.emplace(m_file.Get());
+      m_isFlushed(m_isWritten && m_place.isFlushed) {
+    if (mode != RawMode::Create) m_share.emplace(m_file.Get());
     if (m_isFlushed) m_pace.emplace(m_file.Get());
 }
 
@@ -63,15 +76,6 @@ bool HostFile::Seek(std::int64_t position) {
     return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
-void HostFile::SetTime(const timespec& modified) {
-    const timespec times[2] = {{0, UTIME_OMIT}, modified};
-    futimens(m_file.Get(), times);
-}
-
-void HostFile::SetTime(std::int64_t seconds) { SetTime(timespec{seconds, 0}); }
-
-void HostFile::CopyTimeOf(const struct stat& status) { SetTime(status.st_mtim); }
-
 bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_place)); }
 
 bool HostFile::Close() {
@@ -85,19 +89,17 @@ bool HostFile::Close() {
 }
 
 std::unique_ptr<HostFile> OpenHostFile(Place place, RawMode mode, Long& error) {
-    const bool isWritten = mode == RawMode::Create;
     const bool isNew = place.failure != 0;
-    error = WhyNotToOpen(place, isWritten);
+    error = WhyNotToOpen(place, mode);
     if (error != 0) return nullptr;
     // Where nothing was found a link to nothing may lie: no file is made at its other end.
-    const int flags = (isWritten ? O_WRONLY | O_CREAT | O_TRUNC : O_RDONLY) |
-                      (isNew ? O_NOFOLLOW : 0) | place.OpenFlags();
+    const int flags = FlagsFor(mode) | (isNew ? O_NOFOLLOW : 0) | place.OpenFlags();
     Descriptor file(openat(place.Parent(), place.name.c_str(), flags, 0666));
     if (!file.IsOpen()) {
         error = FailureOfHostError(errno);
         return nullptr;
     }
-    return std::make_unique<HostFile>(std::move(file), std::move(place), isWritten, isNew);
+    return std::make_unique<HostFile>(std::move(file), std::move(place), mode, isNew);
 }
 
 }  // namespace tavel

@@ -13,7 +13,7 @@ namespace tavel {
 // An open file of the host.
 class HostFile : public RawFile {
   public:
-    HostFile(Descriptor file, Place place, bool isWritten, bool isNew);
+    HostFile(Descriptor file, Place place, RawMode mode, bool isNew);
     ~HostFile() override;
 
     bool Read(std::span<char> buffer, std::size_t& bytesRead) override;
@@ -22,17 +22,15 @@ class HostFile : public RawFile {
     bool Seek(std::int64_t position) override;
     bool Close() override;
     Long Error() const override { return m_error; }
-    void SetTime(std::int64_t seconds) override;
+    void FlushOnClose() override { m_isFlushed = m_isWritten; }
+    void SetTime(std::int64_t seconds) override { m_file.SetTime(timespec{seconds, 0}); }
 
     // Takes over the modification time of another file.
-    void CopyTimeOf(const struct stat& status);
-    // What is written is on the medium when it is closed, on any drive.
-    void FlushOnClose() { m_isFlushed = true; }
+    void CopyTimeOf(const struct stat& status) { m_file.SetTime(status.st_mtim); }
 
   private:
     bool Failed();
     bool Flush();
-    void SetTime(const timespec& modified);
 
     Descriptor m_file;
     Place m_place;

@@ -10,6 +10,7 @@
 #include "platform/linux/HostPaths.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -75,8 +76,24 @@ class LinuxFileService : public FileService {
     void DeleteLinks(std::string_view folder, std::string_view name) override {
         DeleteLinksIn(Find(folder), name);
     }
+    void CopyRights(std::string_view source, std::string_view target) override {
+        CopyRightsBetween(Find(source), Find(target));
+    }
     void CreateTextFile(std::string_view path, bool overwrite) override {
         CreateTextFileAt(Find(path), overwrite);
+    }
+
+    std::string GetTempFolder() override {
+        const char* const ofUser = std::getenv("TMPDIR");
+        for (const std::string_view folder : {ofUser != nullptr ? ofUser : "", "/tmp"}) {
+            if (folder.substr(0, 1) != "/") continue;
+            std::string path = FromHostPath(folder);
+            if (FolderExists(path)) return path;
+        }
+        return {};
+    }
+    std::string CreateTempFile(std::string_view folder, std::string_view prefix) override {
+        return CreateTempFileIn(*m_drives, folder, prefix);
     }
 
     std::unique_ptr<RawFile> OpenRaw(std::string_view path, RawMode mode, Long& error) override {

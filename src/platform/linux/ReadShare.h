@@ -6,8 +6,8 @@
 
 namespace tavel {
 
-// Stands for a file that the program has open for reading. Such a file shares reads alone: while
-// one lives, the same file, under whatever path, can't be opened for writing.
+// Stands for a file that the program has open for reading, or for both. Such a file shares reads
+// alone: while one lives, the same file, under whatever path, can't be opened for writing.
 class ReadShare {
   public:
     // `file` is open as long as this lives.

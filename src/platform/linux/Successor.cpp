@@ -1,5 +1,6 @@
 #include "platform/linux/Successor.h"
 
+#include "platform/Text.h"
 #include "platform/linux/Flush.h"
 
 #include <stdio.h>
@@ -8,26 +9,34 @@
 
 namespace tavel {
 
+namespace {
+
+// No longer than names on the host may be.
+std::string NameBeside(std::string_view name) {
+    constexpr std::size_t longest = 255;
+    constexpr std::string_view ending = ".new";
+    std::string made = ".";
+    for (const std::string_view character : Characters(name)) {
+        if (made.size() + character.size() + ending.size() > longest) break;
+        made += character;
+    }
+    return made.append(ending);
+}
+
+}  // namespace
+
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link
 // could lead anywhere. A folder of that name stays, and there is no successor.
-Successor::Successor(const Place& former) : m_former(former), m_name('.' + former.name + ".new") {
+Successor::Successor(const Place& former) : m_former(former), m_name(NameBeside(former.name)) {
     unlinkat(former.Parent(), m_name.c_str(), 0);
     constexpr int flags = O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC;
     m_file = Descriptor(openat(former.Parent(), m_name.c_str(), flags, 0600));
-    if (Check(m_file.IsOpen())) TakeOwnerAndMode();
+    if (Check(m_file.IsOpen())) m_file.TakeOwnerAndMode(former.status);
 }
 
 Successor::~Successor() {
     if (m_file.IsOpen() && !m_hasTakenPlace && IsUnderItsName())
         unlinkat(m_former.Parent(), m_name.c_str(), 0);
-}
-
-// Without the right to give it to the former owner it is the user's, who may write it. A file
-// system without owners and modes refuses both.
-void Successor::TakeOwnerAndMode() {
-    const struct stat& former = m_former.status;
-    [[maybe_unused]] const bool hasOwner = fchown(m_file.Get(), former.st_uid, former.st_gid) == 0;
-    [[maybe_unused]] const bool hasMode = fchmod(m_file.Get(), former.st_mode & 0777) == 0;
 }
 
 // Another Tavel that saves the same file at this moment removes this one's and makes its own.

@@ -5,12 +5,14 @@
 namespace tavel {
 
 // A new file beside another, which can take that one's place in one step: whoever looks, after a
-// kill or a power cut too, finds the old bytes or the new ones. Its name is always the same, so
-// that one which a kill has left behind is gone with the next. It belongs to whom the other one
-// belongs to, where the user may give it away, and has the same mode.
+// kill or a power cut too, finds the old bytes or the new ones. Where there is no other one it
+// takes the free place, whole. Its name is always the same, so that one which a kill has left
+// behind is gone with the next. It belongs to whom the other one belongs to, where the user may
+// give it away, and has the same mode.
 class Successor {
   public:
-    // `former` is a file, with its folder open, and outlives the successor.
+    // `former` is a file, or a free place with the status that the file is to have; its folder is
+    // open, and it outlives the successor.
     explicit Successor(const Place& former);
     ~Successor();  // removes it unless it has taken the place
     Successor(const Successor&) = delete;
@@ -18,6 +20,8 @@ class Successor {
 
     // Does nothing once something has failed.
     void Write(std::string_view bytes);
+    // What has been written gets this modification time.
+    void SetTime(const timespec& modified) { m_file.SetTime(modified); }
     // True when it is the file of that name now, and all of it is on the medium.
     bool TakePlace();
     // The host's number of the first failure, 0 when there was none.
@@ -26,7 +30,6 @@ class Successor {
     bool HasTakenPlace() const { return m_hasTakenPlace; }
 
   private:
-    void TakeOwnerAndMode();
     bool IsUnderItsName() const;
     bool Check(bool succeeded);
 

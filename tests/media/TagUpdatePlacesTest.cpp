@@ -1,0 +1,265 @@
+#include "core/PublicStuff.h"
+#include "media/TagMaker.h"
+#include "media/cMP3ID3v2.h"
+#include "support/ExfatStick.h"
+#include "support/HostCalls.h"
+#include "support/HostDrives.h"
+#include "support/Mounted.h"
+
+#include <gmock/gmock.h>
+#include <stdlib.h>
+#include <sys/stat.h>
+
+#include <filesystem>
+#include <fstream>
+
+// Updates of files on a stick, and with a folder for temporary files on another file system.
+
+namespace tavel::test {
+
+namespace {
+
+namespace fs = std::filesystem;
+using namespace std::string_literals;
+using ::testing::Each;
+using ::testing::ElementsAre;
+using ::testing::EndsWith;
+using ::testing::MatchesRegex;
+using ::testing::StartsWith;
+
+const std::string audio = "\xFF\xFB" + std::string(10000, 'a') + "end";
+
+class TagUpdatePlaces : public HostDrives {
+  protected:
+    void SetUp() override {
+        Link('e', "card");
+        temp.Write("card/one.mp3", audio);
+        UseTempFolder(temp.HostPath("temp"));
+        Service<FileService>::Use(files.get());
+    }
+    void TearDown() override {
+        unsetenv("TMPDIR");
+        Service<FileService>::Use(nullptr);
+    }
+
+    static void UseTempFolder(const std::string& folder) {
+        fs::create_directories(folder);
+        setenv("TMPDIR", folder.c_str(), 1);
+    }
+
+    void SetTitle(const std::string& path, const std::string& title) {
+        tag.MP3File(path);
+        tag.Title(title);
+    }
+
+    static std::string WithTag(const std::string& title) {
+        const std::string tag =
+            TagOfSize(3, 2048, Frame3("TIT2", "\0"s + title) + std::string(4, '\0'));
+        return tag + std::string(2048 - tag.size(), '\0') + audio;
+    }
+
+    static bool AreOnOneFileSystem(const std::string& a, const std::string& b) {
+        struct stat one {};
+        struct stat other {};
+        return stat(a.c_str(), &one) == 0 && stat(b.c_str(), &other) == 0 &&
+               one.st_dev == other.st_dev;
+    }
+
+    cMP3ID3v2 tag;
+};
+
+// A real memory-stick file system; the temporary files are on another one.
+class TagUpdateOnExfat : public TagUpdatePlaces {
+  protected:
+    void SetUp() override {
+        if (!stick.WhyNot().empty()) GTEST_SKIP() << stick.WhyNot();
+        TagUpdatePlaces::SetUp();
+        fs::create_directory_symlink(stick.MountFolder(), temp.HostPath("program/drives/f"));
+    }
+
+    ExfatStick stick{24};
+};
+
+// A folder for temporary files on another file system.
+class TagUpdateAcross : public TagUpdatePlaces {
+  protected:
+    void SetUp() override {
+        TagUpdatePlaces::SetUp();
+        if (AreOnOneFileSystem(temp.HostPath(), "/dev/shm"))
+            GTEST_SKIP() << "needs a second file system at /dev/shm";
+        UseTempFolder(other.HostPath());
+    }
+
+    class SharedMemoryFolder {
+      public:
+        SharedMemoryFolder() { m_path = mkdtemp(m_path.data()); }
+        ~SharedMemoryFolder() { fs::remove_all(m_path); }
+        const std::string& HostPath() const { return m_path; }
+
+      private:
+        std::string m_path = "/dev/shm/tavel-test-XXXXXX";
+    };
+    SharedMemoryFolder other;
+};
+
+}  // namespace
+
+TEST_F(TagUpdatePlaces, A_file_on_a_stick_is_there_with_all_its_bytes_when_the_update_returns) {
+    SetTitle("e:\\ONE.mp3", "title");
+    HostCalls calls(temp.HostPath());
+    tag.Update();
+    EXPECT_TRUE(temp.Read("card/ONE.mp3") == WithTag("title"));
+    EXPECT_FALSE(fs::exists(temp.HostPath("card/one.mp3")));
+    const std::vector<std::string> made = calls.Take();
+    ASSERT_EQ(made.size(), 10u);
+    EXPECT_THAT(made[0], MatchesRegex("flush temp/.*\\.tmp 12053"));
+    EXPECT_EQ(made[1], "flush card/one.mp3 10005");  // open for writing, and closed unchanged
+    EXPECT_EQ(made[2], "remove card/one.mp3");
+    EXPECT_EQ(made[3], "flush folder card");
+    EXPECT_THAT(made[4], MatchesRegex("rename temp/.*\\.tmp -> card/ONE.mp3"));
+    EXPECT_EQ(made[5], "flush card/ONE.mp3 12053");
+    EXPECT_EQ(made.back(), "flush card/ONE.mp3 12053");  // the tag
+}
+
+TEST_F(TagUpdatePlaces, A_tag_written_in_place_is_on_the_stick_when_the_update_returns) {
+    SetTitle("e:\\one.mp3", "title");
+    tag.Update();
+    SetTitle("e:\\one.mp3", "other");
+    HostCalls calls(temp.HostPath());
+    tag.Update();
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/one.mp3 12053"));
+    EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("other"));
+}
+
+TEST_F(TagUpdatePlaces, A_stick_may_hold_the_temporary_files_as_well) {
+    UseTempFolder(temp.HostPath("card/temp"));
+    SetTitle("e:\\one.mp3", "title");
+    tag.Update();
+    EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("title"));
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("card/temp")));
+}
+
+TEST_F(TagUpdatePlaces, A_stick_that_was_pulled_before_the_update_gets_nothing) {
+    SetTitle("e:\\one.mp3", "title");
+    Unlink('e');
+    EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "76 Path not found Tavel.cMP3ID3v2");
+    EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
+TEST_F(TagUpdatePlaces, A_link_to_a_file_becomes_a_file_of_its_own_when_it_grows) {
+    fs::create_symlink(temp.HostPath("card/one.mp3"), temp.HostPath("link.mp3"));
+    SetTitle(temp.DrivePath("link.mp3"), "title");
+    tag.Update();
+    EXPECT_TRUE(temp.Read("link.mp3") == WithTag("title"));
+    EXPECT_FALSE(fs::is_symlink(temp.HostPath("link.mp3")));
+    EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
+TEST_F(TagUpdateOnExfat, What_was_written_is_on_the_stick_when_the_update_returns) {
+    std::ofstream(stick.MountFolder() + "/one.mp3", std::ios::binary) << audio;
+    for (const char* title : {"title", "other"}) {
+        SetTitle("f:\\one.mp3", title);
+        tag.Update();
+        EXPECT_TRUE(stick.BytesWhenPulled("one.mp3") == WithTag(title)) << title;
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(stick.MountFolder()), {}), 1);
+}
+
+TEST_F(TagUpdateOnExfat, A_stick_that_is_pulled_before_the_update_gets_nothing) {
+    std::ofstream(stick.MountFolder() + "/one.mp3", std::ios::binary) << audio;
+    SetTitle("f:\\one.mp3", "title");
+    stick.Pull();
+    EXPECT_NE(FailureOf([&] { tag.Update(); }), 0);
+    EXPECT_TRUE(fs::is_empty(stick.MountFolder()));
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
+}
+
+TEST_F(TagUpdateAcross, A_file_comes_over_whole_with_its_mode) {
+    for (const std::string& path : {"e:\\one.mp3"s, temp.DrivePath("card/one.mp3")}) {
+        temp.Write("card/one.mp3", audio);
+        fs::permissions(temp.HostPath("card/one.mp3"), fs::perms(0640));
+        SetTitle(path, "title");
+        tag.Update();
+        EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("title"));
+        EXPECT_EQ(fs::status(temp.HostPath("card/one.mp3")).permissions(), fs::perms(0640));
+        EXPECT_TRUE(fs::is_empty(other.HostPath()));
+        EXPECT_EQ(std::distance(fs::directory_iterator(temp.HostPath("card")), {}), 1);
+    }
+}
+
+TEST_F(TagUpdateAcross,
+       The_copy_is_whole_on_its_disk_before_it_has_the_name_or_the_other_one_goes) {
+    SetTitle("e:\\one.mp3", "title");
+    HostCalls calls("/");
+    tag.Update();
+    std::vector<std::string> made = calls.Take();
+    const std::string card = fs::path(temp.HostPath("card")).relative_path().string();
+    ASSERT_EQ(made.size(), 10u);
+    EXPECT_THAT(made[0], MatchesRegex("flush dev/shm/.*\\.tmp 12053"));
+    EXPECT_EQ(made[2], "remove " + card + "/one.mp3");
+    EXPECT_EQ(made[4], "flush " + card + "/.one.mp3.new 12053");
+    EXPECT_EQ(made[5], "rename " + card + "/.one.mp3.new -> " + card + "/one.mp3");
+    EXPECT_EQ(made[6], "flush " + card + "/one.mp3 12053");
+    EXPECT_EQ(made[7], "flush folder " + card);
+    EXPECT_THAT(made[8], MatchesRegex("remove dev/shm/.*\\.tmp"));
+    EXPECT_EQ(made[9], "flush " + card + "/one.mp3 12053");
+}
+
+// Up to the deletion the old file is there, from it on the temporary file, until the new one is.
+TEST_F(TagUpdateAcross, Whichever_flush_fails_a_whole_file_is_left) {
+    const std::string moved = std::string(2048, '\0') + audio;
+    const fs::path host = temp.HostPath("card/one.mp3");
+    for (int flush = 1;; ++flush) {
+        ASSERT_LT(flush, 20);
+        for (const auto& left : fs::directory_iterator(other.HostPath())) fs::remove(left.path());
+        temp.Write("card/one.mp3", audio);
+        SetTitle("e:\\one.mp3", "title");
+        HostCalls calls("/");
+        calls.FailFlush(flush, EIO);
+        const Long error = FailureOf([&] { tag.Update(); });
+        SCOPED_TRACE(flush);
+        if (error == 0) {  // the one that closes the file
+            EXPECT_EQ(flush, 7);
+            EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("title"));
+            break;
+        }
+        const bool isLeft = !fs::is_empty(other.HostPath());
+        if (fs::exists(host)) {
+            const std::string bytes = temp.Read("card/one.mp3");
+            EXPECT_TRUE(isLeft ? bytes == moved : bytes == audio);
+        }
+        EXPECT_TRUE(fs::exists(host) || isLeft);
+        if (isLeft) {
+            const std::string left = fs::directory_iterator(other.HostPath())->path();
+            EXPECT_EQ(fs::file_size(left), moved.size());
+        }
+        EXPECT_FALSE(fs::exists(temp.HostPath("card/.one.mp3.new")));
+    }
+}
+
+TEST_F(TagUpdateAcross,
+       A_disk_that_the_larger_file_does_not_fit_on_leaves_it_in_the_temporary_folder) {
+    const Mounted disk("-t tmpfs -o size=64k tmpfs", temp.HostPath("card"));
+    if (!disk.WhyNot().empty()) GTEST_SKIP() << disk.WhyNot();
+    const std::string large(60000, 'a');
+    temp.Write("card/one.mp3", large);
+    SetTitle(temp.DrivePath("card/one.mp3"), std::string(5000, 't'));
+    EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "61 Disk full Tavel.cMP3ID3v2");
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("card")));
+    const std::string left = fs::directory_iterator(other.HostPath())->path();
+    EXPECT_EQ(fs::file_size(left), 6144 + large.size());
+    EXPECT_EQ(fs::status(left).permissions(), fs::perms(0644));
+}
+
+TEST_F(TagUpdateAcross, A_temporary_disk_that_fills_up_leaves_the_old_file_alone) {
+    fs::create_directories(temp.HostPath("temp"));
+    const Mounted disk("-t tmpfs -o size=8k tmpfs", temp.HostPath("temp"));
+    if (!disk.WhyNot().empty()) GTEST_SKIP() << disk.WhyNot();
+    UseTempFolder(temp.HostPath("temp"));
+    SetTitle("e:\\one.mp3", "title");
+    EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "61 Disk full Tavel.cMP3ID3v2");
+    EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
+}
+
+}  // namespace tavel::test
