@@ -163,7 +163,7 @@ void xpFrame::ShowChildControls() {
 }
 
 void xpFrame::changeEvent(QEvent* event) {
-    // The system's colours may be others now.
+    // The setting's colours may be others now.
     if (event->type() == QEvent::PaletteChange) Redraw();
     QWidget::changeEvent(event);
 }
