@@ -51,12 +51,6 @@ void AppendLine(std::vector<QPoint>& pixels, QPoint from, QPoint to) {
     }
 }
 
-QColor Step(const QColor& start, const QColor& end, int step, int steps) {
-    const auto channel = [&](int from, int to) { return from + (to - from) * step / steps; };
-    return {channel(start.red(), end.red()), channel(start.green(), end.green()),
-            channel(start.blue(), end.blue())};
-}
-
 int QtFlags(unsigned flags) {
     int result = Qt::TextShowMnemonic;
     if ((flags & DT_CENTER) != 0) result |= Qt::AlignHCenter;
@@ -70,6 +64,12 @@ int QtFlags(unsigned flags) {
 
 }  // namespace
 
+QColor GradientStep(const QColor& start, const QColor& end, int step, int steps) {
+    const auto channel = [&](int from, int to) { return from + (to - from) * step / steps; };
+    return {channel(start.red(), end.red()), channel(start.green(), end.green()),
+            channel(start.blue(), end.blue())};
+}
+
 DeviceContext::DeviceContext(QSize size, qreal ratio)
     : m_size(size),
       m_ratio(ratio),
@@ -79,6 +79,11 @@ DeviceContext::DeviceContext(QSize size, qreal ratio)
 }
 
 void DeviceContext::Fill(const QColor& color) { m_surface.fill(color); }
+
+void DeviceContext::FillRect(const Edges& edges, const QColor& color) {
+    if (m_surface.isNull()) return;
+    QPainter(&m_surface).fillRect(edges.ToQRect(), color);
+}
 
 void DeviceContext::Polyline(std::span<const QPoint> points) {
     if (pen.style == PS_NULL || m_surface.isNull()) return;
@@ -105,7 +110,8 @@ void DeviceContext::GradientFill(const Edges& edges, const QColor& start, const 
     const int steps = across ? area.width() : area.height();
     QPainter painter(&m_surface);
     for (int step = 0; step < steps; ++step) {
-        const QColor color = turned ? Step(end, start, step, steps) : Step(start, end, step, steps);
+        const QColor color =
+            turned ? GradientStep(end, start, step, steps) : GradientStep(start, end, step, steps);
         painter.fillRect(across ? QRect(area.left() + step, area.top(), 1, area.height())
                                 : QRect(area.left(), area.top() + step, area.width(), 1),
                          color);

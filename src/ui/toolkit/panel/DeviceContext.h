@@ -28,6 +28,9 @@ enum DrawTextFlags : unsigned {
     DT_SINGLELINE = 32,
 };
 
+// The step k of n in a gradient: start + (end - start) * k / n in each channel, cut toward zero.
+QColor GradientStep(const QColor& start, const QColor& end, int step, int steps);
+
 // A drawing surface with what is selected into it. Coordinates are logical pixels; on a screen of
 // ratio 2 each is two device pixels wide and high, for lines and gradients too, while text and
 // pictures use the device's own. Nothing is smoothed but text. What falls outside is cut off.
@@ -45,6 +48,7 @@ class DeviceContext {
     QColor textColor = Qt::black;
 
     void Fill(const QColor& color);
+    void FillRect(const Edges& edges, const QColor& color);
 
     // Lines from point to point with the pen. The last point is left out.
     void Polyline(std::span<const QPoint> points);
@@ -53,9 +57,8 @@ class DeviceContext {
     // with the pen. The inside is left alone.
     void RoundRect(const Edges& edges, int ellipseWidth, int ellipseHeight);
 
-    // Two colours, from left to right or from top to bottom. The step k of n has the colour
-    // start + (end - start) * k / n in each channel, cut toward zero. Edges that stand the wrong
-    // way round are exchanged together with the colours.
+    // Two colours in steps of a pixel, from left to right or from top to bottom. Edges that stand
+    // the wrong way round are exchanged together with the colours.
     void GradientFill(const Edges& edges, const QColor& start, const QColor& end, Qt::Orientation);
 
     // The text inside the edges; "&" marks the letter behind it. Without DT_SINGLELINE, line breaks

@@ -8,11 +8,17 @@ void FillGradientRect(DeviceContext& hdc, const Edges& rect, OleColor start, Ole
                      mode == 0 ? Qt::Horizontal : Qt::Vertical);
 }
 
+// The gradient is made as a picture that is a row lower than its place, so that the place's last
+// row keeps what is there.
 void DrawGradientDib(DeviceContext& hdc, const Edges& rect, OleColor start, OleColor end) {
-    if (rect.Height() < 1) return;
     constexpr OleColor plain = 0xFFFFFF;
-    hdc.GradientFill(rect, TranslateColor(start & plain), TranslateColor(end & plain),
-                     Qt::Vertical);
+    const QColor from = TranslateColor(start & plain);
+    const QColor to = TranslateColor(end & plain);
+    const int rows = rect.Height();
+    for (int i = 0; i < rows - 1; ++i) {
+        const int y = rect.top + i;
+        hdc.FillRect({rect.left, y, rect.right, y + 1}, GradientStep(from, to, i, rows));
+    }
 }
 
 void PanelPainter::DrawFooter() {

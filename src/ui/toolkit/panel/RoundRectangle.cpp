@@ -1,25 +1,44 @@
 #include "ui/toolkit/panel/RoundRectangle.h"
 
 #include <algorithm>
-#include <cmath>
+#include <cstdint>
 #include <cstdlib>
 
 namespace tavel {
 
 namespace {
 
-// How many pixels of each row of an ellipse's upper half lie outside it at either end: those whose
-// middle does.
+// How many pixels of each row of an ellipse's upper half lie outside it at either end. The ellipse
+// is followed from its left end to its top, in whole numbers: the setting draws it so, and other
+// ways to draw one take other pixels.
 std::vector<int> Insets(const Edges& edges, int ellipseWidth, int ellipseHeight) {
     const int width = std::min(edges.Width(), std::abs(ellipseWidth));
     const int height = std::min(edges.Height(), std::abs(ellipseHeight));
     if (width < 2 || height < 2) return {};
-    std::vector<int> insets(static_cast<std::size_t>(height / 2));
-    for (std::size_t row = 0; row < insets.size(); ++row) {
-        const double up = 1 - (2.0 * static_cast<double>(row) + 1) / height;
-        const double reach = width / 2.0 * std::sqrt(1 - up * up);
-        insets[row] = static_cast<int>(std::ceil(width / 2.0 - reach - 0.5));
+    const std::int64_t a = width - 1;
+    const std::int64_t b = height - 1;
+    const std::int64_t odd = b % 2;
+    std::int64_t stepX = 4 * (1 - a) * b * b;
+    std::int64_t stepY = 4 * (1 + odd) * a * a;
+    std::int64_t error = stepX + stepY + odd * a * a;
+
+    std::vector<int> insets(static_cast<std::size_t>(b / 2 + 1));
+    std::size_t row = insets.size() - 1;
+    int x = 0;
+    const int middle = (width - 1) / 2;
+    while (row > 0 && x <= middle) {
+        const std::int64_t twice = 2 * error;
+        if (twice >= stepX) {
+            ++x;
+            error += stepX += 8 * b * b;
+        }
+        if (twice <= stepY) {
+            insets[--row] = std::min(x, middle);
+            error += stepY += 8 * a * a;
+        }
     }
+    // The tip of a narrow one.
+    std::fill_n(insets.begin(), row, insets[row]);
     return insets;
 }
 
