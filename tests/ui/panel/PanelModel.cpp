@@ -326,8 +326,8 @@ void PanelModel::DrawPicture(int left, int top, const PanelPicture& picture, int
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
             const QRgb pixel = source.pixel(x * source.width() / side, y * source.height() / side);
-            const bool shown =
-                picture.IsIcon() ? qAlpha(pixel) == 255 : pixel != source.pixel(0, 0);
+            const bool shown = picture.IsIcon() ? qAlpha(pixel) == 255
+                                                : ((pixel ^ source.pixel(0, 0)) & 0xFFFFFF) != 0;
             if (shown) Put(left + x, top + y, pixel & 0xFFFFFF);
         }
     }
