@@ -80,11 +80,6 @@ DeviceContext::DeviceContext(QSize size, qreal ratio)
 
 void DeviceContext::Fill(const QColor& color) { m_surface.fill(color); }
 
-void DeviceContext::FillRect(const Edges& edges, const QColor& color) {
-    if (m_surface.isNull()) return;
-    QPainter(&m_surface).fillRect(edges.ToQRect(), color);
-}
-
 void DeviceContext::Polyline(std::span<const QPoint> points) {
     if (pen.style == PS_NULL || m_surface.isNull()) return;
     std::vector<QPoint> pixels;
@@ -116,6 +111,11 @@ void DeviceContext::GradientFill(const Edges& edges, const QColor& start, const 
                                 : QRect(area.left(), area.top() + step, area.width(), 1),
                          color);
     }
+}
+
+void DeviceContext::StretchPicture(const QImage& picture, const Edges& edges) {
+    if (m_surface.isNull()) return;
+    QPainter(&m_surface).drawImage(edges.ToQRect(), picture);
 }
 
 void DeviceContext::DrawText(const QString& text, const Edges& edges, unsigned flags) {

@@ -48,7 +48,6 @@ class DeviceContext {
     QColor textColor = Qt::black;
 
     void Fill(const QColor& color);
-    void FillRect(const Edges& edges, const QColor& color);
 
     // Lines from point to point with the pen. The last point is left out.
     void Polyline(std::span<const QPoint> points);
@@ -60,6 +59,9 @@ class DeviceContext {
     // Two colours in steps of a pixel, from left to right or from top to bottom. Edges that stand
     // the wrong way round are exchanged together with the colours.
     void GradientFill(const Edges& edges, const QColor& start, const QColor& end, Qt::Orientation);
+
+    // All of a picture, its pixels made as wide and as high as it takes.
+    void StretchPicture(const QImage& picture, const Edges& edges);
 
     // The text inside the edges; "&" marks the letter behind it. Without DT_SINGLELINE, line breaks
     // in the text break the line.

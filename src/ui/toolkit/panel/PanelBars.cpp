@@ -11,14 +11,15 @@ void FillGradientRect(DeviceContext& hdc, const Edges& rect, OleColor start, Ole
 // The gradient is made as a picture that is a row lower than its place, so that the place's last
 // row keeps what is there.
 void DrawGradientDib(DeviceContext& hdc, const Edges& rect, OleColor start, OleColor end) {
+    const int rows = rect.Height();
+    if (rows < 2) return;
     constexpr OleColor plain = 0xFFFFFF;
     const QColor from = TranslateColor(start & plain);
     const QColor to = TranslateColor(end & plain);
-    const int rows = rect.Height();
-    for (int i = 0; i < rows - 1; ++i) {
-        const int y = rect.top + i;
-        hdc.FillRect({rect.left, y, rect.right, y + 1}, GradientStep(from, to, i, rows));
-    }
+    QImage picture(1, rows - 1, QImage::Format_RGB32);
+    for (int i = 0; i < picture.height(); ++i)
+        picture.setPixelColor(0, i, GradientStep(from, to, i, rows));
+    hdc.StretchPicture(picture, {rect.left, rect.top, rect.right, rect.bottom - 1});
 }
 
 void PanelPainter::DrawFooter() {
