@@ -4,7 +4,6 @@
 #include <QPalette>
 #include <QRegion>
 #include <algorithm>
-#include <array>
 #include <map>
 #include <sstream>
 
@@ -18,10 +17,6 @@ struct PanelModel::Tint {
 };
 
 namespace {
-
-constexpr Rgb FromTriple(int red, int green, int blue) {
-    return static_cast<Rgb>(red << 16 | green << 8 | blue);
-}
 
 // A system color's number is the place of its role in the palette that is kept here.
 Rgb SystemRole(unsigned number) {
@@ -51,6 +46,21 @@ Rgb Between(Rgb start, Rgb end, int step, int steps) {
     }
     return mixed;
 }
+
+// A row a theme, in the order of a tint.
+constexpr const char* themes[]{
+    "89AAE0 072164 D7E6FB ACBFE3 092A7F 6691D7 D7E6FB 8EB3E7 8EB3E7 012D96",
+    "A0A0A0 515151 FFFFFF DCDCDC A9A9A9 696969 D7E6FB 707070 707070 444444",
+    "D8E4F8 316AC5 D7E6FB 4169E1 316AC5 D3E5FA D7E6FB F3FFFF 8EB3E7 C0D3F0",
+    "FFFFFF C9D3F3 002963 ACBFE3 FFFFFF B8CDEC 002963 FFFFFF C9D3F3 B8CDEC",
+    "E4EBC8 AFC28E 649058 8FBC8B A5B679 E9F4CF D7E6FB E9F4CF E9F4CF 649058",
+    "DBDCE8 9593B1 777697 6A5ACD 9593B1 CFDFEF D7E6FB E8E8E8 E8E8E8 777697",
+    "D1E3FB 6A8CCB 6E6D8F 2D5099 B0C4DE 6495ED D7E6FB FFFFFF FFFFFF 000080",
+    "FF7A00 820000 FFDEAD F6AC54 B46301 820000 D7E6FB FFDEAD E0B461 8B0000",
+    "48D1CC 2B676D E9FAF8 C1F0EA 008B8B 008080 D7E6FB E0FFFF E0FFFF 41836F",
+    "C0C0C0 333333 EBEBEB DCDCDC 808080 D3D3D3 D7E6FB EBEBEB EBEBEB 333333",
+    "5180D0 0A398A FF0000 BF0000 5180D0 0A398A D7E6FB 8EB3E7 8EB3E7 002D96",
+    "002D96 5987D6 ACBFE3 ACBFE3 FFFFFF C9D3F3 D7E6FB F6F7F8 F6F7F8 7C7C94"};
 
 // How far a corner of that diameter keeps off the side, row by row, as the setting's own drawing
 // calls were seen to do it.
@@ -89,135 +99,13 @@ PanelModel::Tint PanelModel::TintOf(const PanelProperties& p) {
                 Shown(p.FooterTextColor),    Plain(p.ContainerBackColor),
                 Plain(p.ContainerFadeColor), Shown(p.ContainerBorderColor)};
     }
-    struct Triple {
-        int red, green, blue;
-    };
-    // Mixed with 230 parts of 255 of a color in black: 90 gives 81, and 11, 63, 153 give 10, 57,
-    // 138.
-    static constexpr Triple themes[12][10] = {{{137, 170, 224},
-                                               {7, 33, 100},
-                                               {215, 230, 251},
-                                               {172, 191, 227},
-                                               {9, 42, 127},
-                                               {102, 145, 215},
-                                               {215, 230, 251},
-                                               {142, 179, 231},
-                                               {142, 179, 231},
-                                               {1, 45, 150}},
-                                              {{160, 160, 160},
-                                               {81, 81, 81},
-                                               {255, 255, 255},
-                                               {220, 220, 220},
-                                               {169, 169, 169},
-                                               {105, 105, 105},
-                                               {215, 230, 251},
-                                               {112, 112, 112},
-                                               {112, 112, 112},
-                                               {68, 68, 68}},
-                                              {{216, 228, 248},
-                                               {49, 106, 197},
-                                               {215, 230, 251},
-                                               {65, 105, 225},
-                                               {49, 106, 197},
-                                               {211, 229, 250},
-                                               {215, 230, 251},
-                                               {243, 255, 255},
-                                               {142, 179, 231},
-                                               {192, 211, 240}},
-                                              {{255, 255, 255},
-                                               {201, 211, 243},
-                                               {0, 41, 99},
-                                               {172, 191, 227},
-                                               {255, 255, 255},
-                                               {184, 205, 236},
-                                               {0, 41, 99},
-                                               {255, 255, 255},
-                                               {201, 211, 243},
-                                               {184, 205, 236}},
-                                              {{228, 235, 200},
-                                               {175, 194, 142},
-                                               {100, 144, 88},
-                                               {143, 188, 139},
-                                               {165, 182, 121},
-                                               {233, 244, 207},
-                                               {215, 230, 251},
-                                               {233, 244, 207},
-                                               {233, 244, 207},
-                                               {100, 144, 88}},
-                                              {{219, 220, 232},
-                                               {149, 147, 177},
-                                               {119, 118, 151},
-                                               {106, 90, 205},
-                                               {149, 147, 177},
-                                               {207, 223, 239},
-                                               {215, 230, 251},
-                                               {232, 232, 232},
-                                               {232, 232, 232},
-                                               {119, 118, 151}},
-                                              {{209, 227, 251},
-                                               {106, 140, 203},
-                                               {110, 109, 143},
-                                               {45, 80, 153},
-                                               {176, 196, 222},
-                                               {100, 149, 237},
-                                               {215, 230, 251},
-                                               {255, 255, 255},
-                                               {255, 255, 255},
-                                               {0, 0, 128}},
-                                              {{255, 122, 0},
-                                               {130, 0, 0},
-                                               {255, 222, 173},
-                                               {246, 172, 84},
-                                               {180, 99, 1},
-                                               {130, 0, 0},
-                                               {215, 230, 251},
-                                               {255, 222, 173},
-                                               {224, 180, 97},
-                                               {139, 0, 0}},
-                                              {{72, 209, 204},
-                                               {43, 103, 109},
-                                               {233, 250, 248},
-                                               {193, 240, 234},
-                                               {0, 139, 139},
-                                               {0, 128, 128},
-                                               {215, 230, 251},
-                                               {224, 255, 255},
-                                               {224, 255, 255},
-                                               {65, 131, 111}},
-                                              {{192, 192, 192},
-                                               {51, 51, 51},
-                                               {235, 235, 235},
-                                               {220, 220, 220},
-                                               {128, 128, 128},
-                                               {211, 211, 211},
-                                               {215, 230, 251},
-                                               {235, 235, 235},
-                                               {235, 235, 235},
-                                               {51, 51, 51}},
-                                              {{81, 128, 208},
-                                               {10, 57, 138},
-                                               {255, 0, 0},
-                                               {191, 0, 0},
-                                               {81, 128, 208},
-                                               {10, 57, 138},
-                                               {215, 230, 251},
-                                               {142, 179, 231},
-                                               {142, 179, 231},
-                                               {0, 45, 150}},
-                                              {{0, 45, 150},
-                                               {89, 135, 214},
-                                               {172, 191, 227},
-                                               {172, 191, 227},
-                                               {255, 255, 255},
-                                               {201, 211, 243},
-                                               {215, 230, 251},
-                                               {246, 247, 248},
-                                               {246, 247, 248},
-                                               {124, 124, 148}}};
-    std::array<Rgb, 10> row{};
-    std::ranges::transform(themes[p.Appearence], row.begin(),
-                           [](Triple t) { return FromTriple(t.red, t.green, t.blue); });
-    return {row[0], row[1], row[2], row[3], row[4], row[5], row[6], row[7], row[8], row[9]};
+    std::istringstream row(themes[p.Appearence]);
+    Tint tint{};
+    for (Rgb* color : {&tint.headerStart, &tint.headerEnd, &tint.headerText, &tint.chevron,
+                       &tint.footerStart, &tint.footerEnd, &tint.footerText, &tint.containerStart,
+                       &tint.containerEnd, &tint.border})
+        row >> std::hex >> *color;
+    return tint;
 }
 
 PanelModel::PanelModel(const PanelProperties& p, int width, int height, bool collapsed)
@@ -248,7 +136,7 @@ void PanelModel::Put(int x, int y, Rgb color) {
 }
 
 void PanelModel::DrawClassic(const PanelProperties& p) {
-    DrawOutline(4, 8, p.ContainerBorderStyle, FromTriple(208, 208, 191));
+    DrawOutline(4, 8, p.ContainerBorderStyle, 0xD0D0BF);
 }
 
 void PanelModel::DrawFramed(const PanelProperties& p, bool collapsed) {
@@ -326,8 +214,8 @@ void PanelModel::DrawPicture(int left, int top, const PanelPicture& picture, int
     for (int y = 0; y < side; ++y) {
         for (int x = 0; x < side; ++x) {
             const QRgb pixel = source.pixel(x * source.width() / side, y * source.height() / side);
-            const bool shown =
-                picture.IsIcon() ? qAlpha(pixel) == 255 : pixel != source.pixel(0, 0);
+            const bool shown = picture.IsIcon() ? qAlpha(pixel) == 255
+                                                : ((pixel ^ source.pixel(0, 0)) & 0xFFFFFF) != 0;
             if (shown) Put(left + x, top + y, pixel & 0xFFFFFF);
         }
     }

@@ -190,6 +190,22 @@ TEST_F(PanelPaint, with_pictures_of_many_sizes) {
     }
 }
 
+// A bitmap's own transparency counts for nothing, that of its first pixel neither.
+TEST_F(PanelPaint, with_bitmaps_of_other_formats) {
+    const QImage plain = Bitmap(16).Bitmap();
+    QImage clear = plain.convertToFormat(QImage::Format_ARGB32);
+    for (int x = 0; x < 16; ++x) {
+        for (const int y : {0, 7}) clear.setPixel(x, y, clear.pixel(x, y) & 0xFFFFFF);
+    }
+    for (const QImage& image : {clear, plain.convertToFormat(QImage::Format_RGB16),
+                                plain.convertToFormat(QImage::Format_Indexed8),
+                                plain.convertToFormat(QImage::Format_Mono),
+                                clear.convertToFormat(QImage::Format_ARGB32_Premultiplied)}) {
+        SCOPED_TRACE(image.format());
+        CheckBoth([&](PanelProperties& p) { p.HeaderPicture = PanelPicture(image); });
+    }
+}
+
 TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_than_they_are) {
     CheckBoth([](PanelProperties& p) {
         p.HeaderPicture = p.ContainerPicture = Bitmap(16);

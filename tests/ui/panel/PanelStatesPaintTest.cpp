@@ -121,7 +121,9 @@ TEST(PanelStatesPaint, while_it_is_resized_is_its_containers_start_color) {
     p.ContainerShapeStyle = 1;
     PlacedPanel placed(p, 120, 90);
     DragGripTo(placed.panel, {150, 130});
-    EXPECT_NE(placed.panel.size(), QSize(120, 90));
+    const QSize size = placed.panel.size();
+    EXPECT_NE(size, QSize(120, 90));
+    EXPECT_EQ(PanelModel(p, size.width(), size.height()).FirstDifference(placed.Window()), "");
     ExpectOneColor(placed, PanelModel::Shown(p.ContainerBackColor));
     SendMouse(placed.panel, QEvent::MouseButtonRelease, {150, 130}, Qt::LeftButton, Qt::NoButton);
     ExpectModel(placed, p);
@@ -191,6 +193,16 @@ TEST(PanelStatesPaint, classic_style_and_back) {
     p.BackColor = 0x8000000F;
     ExpectModel(placed, p);
     placed.panel.ClassicXPStyle(p.ClassicXPStyle = false);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, follows_the_desktops_colors) {
+    PanelProperties p = WithEverything();
+    p.HeaderBackColor = p.FooterFadeColor = p.BackColor = 0x8000000F;
+    PlacedPanel placed(p, 120, 90);
+    ExpectModel(placed, p);
+    const ColorfulPalette palette;
+    QApplication::processEvents();
     ExpectModel(placed, p);
 }
 
