@@ -1,10 +1,13 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/support/Windows.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/panel/InnerLabel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <utility>
 
 namespace tavel::test {
 
@@ -36,6 +39,25 @@ class PanelMouse : public PanelUnderHand {
                              moves.push_back({Button, cResize, cMove});
                          });
     }
+};
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject {
+  public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    int Taken() {
+        RunEvents();
+        return std::exchange(m_count, 0);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+  private:
+    int m_count = 0;
 };
 
 QImage Square() {
@@ -416,6 +438,33 @@ TEST_F(PanelMouse, hits_what_is_below_the_pointer_when_a_receiver_has_moved_the_
     QObject::connect(&panel, &xpFrame::MouseUp, [this] { panel.move(0, 0); });
     Click(close);
     EXPECT_TRUE(panel.isVisible());
+}
+
+TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {
+    panel.ClassicXPStyle(true);
+    PaintCounter paints(*panel.findChild<InnerLabel*>());
+    paints.Taken();
+    ASSERT_EQ(paints.Taken(), 0);
+    Press({30, 90}, Qt::RightButton);
+    EXPECT_EQ(paints.Taken(), 1);
+    Release(Qt::RightButton);
+    EXPECT_EQ(paints.Taken(), 0);
+    QMouseEvent doubleClick(QEvent::MouseButtonDblClick, QPoint(30, 90),
+                            panel.mapToGlobal(QPoint(30, 90)), Qt::LeftButton, Qt::LeftButton,
+                            Qt::NoModifier);
+    QApplication::sendEvent(&panel, &doubleClick);
+    EXPECT_EQ(paints.Taken(), 1);
+}
+
+TEST_F(PanelMouse, drag_of_the_grip_repaints_the_parent_with_every_step) {
+    panel.ContainerResizable(true);
+    PressGrip();
+    PointAt(InWindow({10, 10}));
+    PaintCounter paints(window);
+    paints.Taken();
+    PointAt(InWindow({9, 9}));
+    EXPECT_EQ(paints.Taken(), 1);
+    Release();
 }
 
 }  // namespace tavel::test

@@ -141,11 +141,9 @@ TEST_F(PanelOperations, hdc_is_set_up_whenever_the_panel_is_shown) {
     EXPECT_EQ(panel.hdc()->Size(), QSize(400, 300));
 }
 
-TEST_F(PanelOperations, hdc_of_a_panel_that_never_had_a_size_is_the_panels_own) {
-    QWidget empty;
-    empty.resize(0, 0);
-    xpFrame placed(&empty);
-    EXPECT_EQ(placed.hdc()->Size(), QSize(100, 30));  // what a child starts with
+TEST_F(PanelOperations, hdc_is_set_up_from_the_start) {
+    xpFrame placed(&window);
+    EXPECT_EQ(placed.hdc()->Size(), placed.size());
     EXPECT_EQ(At(*placed.hdc(), 5, 5), QColor(Qt::black));
 }
 

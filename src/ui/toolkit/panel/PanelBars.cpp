@@ -8,8 +8,8 @@ void FillGradientRect(DeviceContext& hdc, const Edges& rect, OleColor start, Ole
                      mode == 0 ? Qt::Horizontal : Qt::Vertical);
 }
 
-// The gradient is made as a picture that is a row lower than its place, so that the place's last
-// row keeps what is there.
+// The gradient is made as a picture that is a row less high than its place, so that the place's
+// last row keeps what is there.
 void DrawGradientDib(DeviceContext& hdc, const Edges& rect, OleColor start, OleColor end) {
     const int rows = rect.Height();
     if (rows < 2) return;

@@ -16,7 +16,7 @@ class PanelHost {
     virtual QFont AmbientFont() const = 0;
     virtual QString DisplayName() const = 0;  // what the host calls this panel
     virtual void visible(bool value) = 0;     // shows or hides the panel
-    virtual void zorder(int position) = 0;    // 0 is in front of the panel's neighbours
+    virtual void zorder(int position) = 0;    // 0: in front of its neighbours, else behind
 
     // A property was set. A designer notes by it that there is something to save.
     virtual void PropertyChanged(std::string_view sName) = 0;

@@ -3,7 +3,7 @@
 #include "ui/toolkit/SystemColors.h"
 #include "ui/toolkit/panel/PanelProperties.h"
 
-#include <cmath>
+#include <array>
 
 namespace tavel {
 

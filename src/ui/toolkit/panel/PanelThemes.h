@@ -2,8 +2,6 @@
 
 #include "ui/toolkit/panel/PropertyBag.h"
 
-#include <array>
-
 namespace tavel {
 
 struct PanelProperties;

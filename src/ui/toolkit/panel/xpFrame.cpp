@@ -40,8 +40,7 @@ xpFrame::xpFrame(QWidget* parent, PanelHost* host)
       m_host(host != nullptr ? *host : m_window),
       m_label(new InnerLabel(*this)),
       m_hwnd(this),
-      m_own(size(), devicePixelRatioF()),
-      m_hdc(&m_own) {
+      m_own(size(), devicePixelRatioF()) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
     setMouseTracking(true);
@@ -54,9 +53,7 @@ xpFrame::~xpFrame() = default;
 void xpFrame::hdc(DeviceContext*) {
     const QSize present = m_memory ? m_memory->Size() : QSize();
     const QSize needed = present.expandedTo(size());
-    if (!needed.isEmpty() && needed != present)
-        m_memory = std::make_unique<DeviceContext>(needed, devicePixelRatioF());
-    m_hdc = m_memory ? m_memory.get() : &m_own;
+    if (needed != present) m_memory = std::make_unique<DeviceContext>(needed, devicePixelRatioF());
 }
 
 void xpFrame::Expand() { SetExpanded(1); }

@@ -46,10 +46,9 @@ class xpFrame : public QWidget {
     void WriteProperties(PropertyBag& bag) const;
 
     // A drawing surface of the panel's, off the screen, for whoever needs one. Setting it, to
-    // whatever, makes it at least as large as the panel; it is remade only when it has to grow.
-    // It starts black. While the panel has had no size yet, hdc is the surface that the panel
-    // itself is drawn on.
-    DeviceContext* hdc() const { return m_hdc; }
+    // whatever, makes it at least as large as the panel; it is remade only when it has to grow, and
+    // starts black. The panel keeps it; it lives until it is remade.
+    DeviceContext* hdc() const { return m_memory.get(); }
     void hdc(DeviceContext*);
 
     // The panel's own widget, until something else is set.
@@ -245,7 +244,6 @@ class xpFrame : public QWidget {
     QWidget* m_hwnd;
     DeviceContext m_own;
     std::unique_ptr<DeviceContext> m_memory;
-    DeviceContext* m_hdc;
     HitAreas m_areas;
     PanelColors m_theme;
     unsigned m_headerFlags = 0;  // of the text; a new panel's has none, whatever its alignment

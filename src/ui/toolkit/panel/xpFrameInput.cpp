@@ -104,7 +104,7 @@ void xpFrame::ResizeTo(const QPointF& cursor) {
     resize(wanted);
     if (parentWidget() != nullptr) parentWidget()->update();
     update();
-    Q_EMIT Resize(wanted.width(), wanted.height());
+    Q_EMIT Resize(width(), height());
 }
 
 QSize xpFrame::SmallestSize() const {
