@@ -1,0 +1,191 @@
+#include "ui/toolkit/Twips.h"
+#include "ui/toolkit/panel/InnerLabel.h"
+#include "ui/toolkit/panel/PanelPainter.h"
+#include "ui/toolkit/panel/xpFrame.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <cmath>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+int ButtonOf(Qt::MouseButton button) {
+    switch (button) {
+        case Qt::LeftButton:
+            return 1;
+        case Qt::RightButton:
+            return 2;
+        case Qt::MiddleButton:
+            return 4;
+        default:
+            return 0;
+    }
+}
+
+int ButtonsOf(Qt::MouseButtons buttons) {
+    int sum = 0;
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton}) {
+        if (buttons.testFlag(button)) sum += ButtonOf(button);
+    }
+    return sum;
+}
+
+int ShiftOf(Qt::KeyboardModifiers keys) {
+    return (keys.testFlag(Qt::ShiftModifier) ? 1 : 0) |
+           (keys.testFlag(Qt::ControlModifier) ? 2 : 0) | (keys.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+float XOf(const QMouseEvent& event) { return static_cast<float>(event.position().x()); }
+
+float YOf(const QMouseEvent& event) { return static_cast<float>(event.position().y()); }
+
+// The pixel that the pointer is in.
+QPoint PixelOf(const QPointF& position) {
+    return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
+}
+
+}  // namespace
+
+// A receiver of an event may have moved the panel, so that what counts is where on the screen the
+// pointer is.
+bool xpFrame::IsIn(const std::optional<QRect>& area, const QMouseEvent& event) const {
+    return area && area->contains(PixelOf(mapFromGlobal(event.globalPosition())));
+}
+
+void xpFrame::mousePressEvent(QMouseEvent* event) {
+    Q_EMIT MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
+                     YOf(*event));
+    if (event->button() == Qt::LeftButton) {
+        m_isClick = true;
+        m_mouseX = XOf(*event);
+        m_mouseY = YOf(*event);
+        if (IsIn(m_areas.grip, *event)) {
+            setCursor(Qt::SizeFDiagCursor);
+        } else {
+            m_moving = true;
+            unsetCursor();
+        }
+    }
+    m_label->update();
+}
+
+void xpFrame::mouseMoveEvent(QMouseEvent* event) {
+    const bool wasResizing = m_resizing;
+    Q_EMIT MouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()), XOf(*event),
+                     YOf(*event), m_resizing, m_moving);
+    const bool isStopped = wasResizing && !m_resizing;
+    if (m_resizing) m_moving = false;
+    if (!m_moving && IsIn(m_areas.grip, *event)) {
+        setCursor(Qt::SizeFDiagCursor);
+        if (event->buttons().testFlag(Qt::LeftButton) && !isStopped) m_resizing = true;
+    } else {
+        unsetCursor();
+    }
+    if (m_properties.ClassicXPStyle) return;
+    if (m_moving && m_properties.ContainerMoveable) MoveTo(event->globalPosition());
+    if (m_resizing && m_properties.ContainerResizable) ResizeTo(event->globalPosition());
+}
+
+void xpFrame::MoveTo(const QPointF& cursor) {
+    if (parentWidget() == nullptr) return;
+    const QPointF inParent = parentWidget()->mapFromGlobal(cursor);
+    const Long left = RoundToLong(inParent.x() - m_mouseX);
+    const Long top = RoundToLong(inParent.y() - m_mouseY);
+    move(left, top);
+    Q_EMIT Move(left, top);
+}
+
+void xpFrame::ResizeTo(const QPointF& cursor) {
+    const QPoint corner = PixelOf(mapFromGlobal(cursor));
+    const QSize wanted = QSize(corner.x(), corner.y()).expandedTo(SmallestSize());
+    resize(wanted);
+    if (parentWidget() != nullptr) parentWidget()->update();
+    update();
+    Q_EMIT Resize(width(), height());
+}
+
+QSize xpFrame::SmallestSize() const {
+    constexpr int bare = 64;
+    constexpr int button = 22;
+    constexpr int belowPicture = 4;
+    QSize size(bare, 0);
+    if (m_properties.HeaderVisible) size.rheight() += FrameBarHeight(m_properties, "Header");
+    if (m_properties.FooterVisible) size.rheight() += FrameBarHeight(m_properties, "Footer");
+    if (m_properties.ContainerPictureVisible && !m_properties.ContainerPicture.IsNone()) {
+        const int side = m_properties.ContainerPictureSize;
+        size += QSize(m_properties.ContainerPictureBufferLeft + side,
+                      m_properties.ContainerPictureBufferTop + side + belowPicture);
+    }
+    if (m_properties.Expandable) size.rwidth() += button;
+    if (m_properties.Closeable) size.rwidth() += button;
+    return size;
+}
+
+void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
+    Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
+                   YOf(*event));
+    if (event->button() != Qt::LeftButton) return;
+    const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), *event);
+    ReleaseLeft(*event);
+    if (!isClick) return;
+    Q_EMIT Click();
+    m_label->update();
+}
+
+// The second press of a double click is no press of its own, and its release no click.
+void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (event->button() != Qt::LeftButton) {
+        mousePressEvent(event);
+        return;
+    }
+    Q_EMIT DblClick();
+    m_label->update();
+}
+
+void xpFrame::ReleaseLeft(const QMouseEvent& event) {
+    if (m_properties.Closeable && IsIn(m_areas.close, event)) closeMe();
+    if (m_properties.Expandable && IsIn(m_areas.chevron, event)) ClickChevron(event);
+    Redraw();
+    m_moving = false;
+    m_resizing = false;
+    ShowChildControls();
+}
+
+void xpFrame::ClickChevron(const QMouseEvent& event) {
+    m_moving = false;
+    const auto tell = [&](bool collapse) {
+        Q_EMIT ChevronClick(ButtonOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
+                            YOf(event), collapse, FrameBarHeight(m_properties, "Footer"),
+                            FrameBarHeight(m_properties, "Header"), Twips(height()));
+    };
+    if (m_collapsed) {
+        Expand();
+        tell(false);
+    } else {
+        tell(true);
+        Collapse();
+    }
+    PanelPainter(m_own, Look(), m_areas).DrawChevron();
+}
+
+void xpFrame::focusInEvent(QFocusEvent*) {
+    if (m_properties.ZOrderOnFocus) OnTop();
+    m_label->update();
+}
+
+void xpFrame::keyPressEvent(QKeyEvent* event) {
+    Q_EMIT KeyDown(event->key(), ShiftOf(event->modifiers()));
+    const QList<uint> characters = event->text().toUcs4();
+    if (!characters.isEmpty()) Q_EMIT KeyPress(static_cast<int>(characters.first()));
+    QWidget::keyPressEvent(event);
+}
+
+void xpFrame::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat()) Q_EMIT KeyUp(event->key(), ShiftOf(event->modifiers()));
+    QWidget::keyReleaseEvent(event);
+}
+
+}  // namespace tavel

@@ -1,0 +1,263 @@
+#include "ui/panel/PanelUnderHand.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/Twips.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QPushButton>
+
+namespace tavel::test {
+
+namespace {
+
+using testing::ElementsAre;
+
+class PanelOperations : public PanelUnderHand {};
+
+class PanelKeys : public PanelUnderHand {
+  protected:
+    PanelKeys() {
+        QObject::connect(&panel, &xpFrame::KeyDown, [this](int KeyCode, int Shift) {
+            Note("KeyDown", {KeyCode, Shift});
+        });
+        QObject::connect(&panel, &xpFrame::KeyPress,
+                         [this](int KeyAscii) { Note("KeyPress", {KeyAscii}); });
+        QObject::connect(&panel, &xpFrame::KeyUp, [this](int KeyCode, int Shift) {
+            Note("KeyUp", {KeyCode, Shift});
+        });
+        panel.setFocus();
+    }
+};
+
+int CountOf(const DeviceContext& context, const QColor& color) {
+    int count = 0;
+    for (int y = 0; y < context.Surface().height(); ++y) {
+        for (int x = 0; x < context.Surface().width(); ++x)
+            count += context.Surface().pixelColor(x, y) == color ? 1 : 0;
+    }
+    return count;
+}
+
+QColor At(const DeviceContext& context, int x, int y) { return context.Surface().pixelColor(x, y); }
+
+}  // namespace
+
+TEST_F(PanelOperations, Collapse_leaves_the_header_and_Expand_returns_to_the_height) {
+    panel.Collapse();
+    EXPECT_EQ(panel.size(), QSize(300, 25));
+    panel.Expand();
+    EXPECT_EQ(panel.size(), QSize(300, 200));
+}
+
+TEST_F(PanelOperations, Collapse_twice_remembers_the_small_height) {
+    panel.Collapse();
+    panel.Collapse();
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 25);
+}
+
+TEST_F(PanelOperations, Collapse_to_a_header_of_no_known_size_leaves_no_height) {
+    panel.HeaderSize(3);
+    panel.Collapse();
+    EXPECT_EQ(panel.height(), 0);
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 200);
+}
+
+TEST_F(PanelOperations, Expand_of_a_panel_that_never_was_another_height_does_nothing) {
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 200);
+}
+
+TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of_then) {
+    panel.ReadProperties(MemoryPropertyBag());
+    panel.resize(300, 90);
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 200);
+}
+
+TEST_F(PanelOperations, Collapse_at_another_scale_leaves_the_headers_pixels) {
+    SetScale(1.7);
+    panel.Collapse();
+    EXPECT_EQ(panel.height(), 25);
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 200);
+    SetScale(1);
+}
+
+TEST_F(PanelOperations, OnTop_asks_the_host) {
+    panel.OnTop();
+    EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
+}
+
+TEST_F(PanelOperations, OnTop_without_a_host_is_in_front_of_the_neighbours) {
+    xpFrame first(&window);
+    xpFrame second(&window);
+    first.OnTop();
+    EXPECT_EQ(window.children().last(), &first);
+}
+
+TEST_F(PanelOperations, colors_follow_the_desktops) {
+    const QPalette usual = QApplication::palette();
+    panel.UseCustomColors(true);
+    panel.HeaderBackColor(0x8000000D);
+    panel.HeaderFadeColor(0x8000000D);
+    QPalette other = usual;
+    other.setColor(QPalette::Highlight, QColor(1, 2, 3));
+    QApplication::setPalette(other);
+    RunEvents();
+    EXPECT_EQ(panel.Surface().pixelColor(150, 3), QColor(1, 2, 3));
+    QApplication::setPalette(usual);
+}
+
+TEST_F(PanelOperations, hwnd_is_the_panel_until_it_is_set) {
+    EXPECT_EQ(panel.hwnd(), &panel);
+    panel.hwnd(&window);
+    EXPECT_EQ(panel.hwnd(), &window);
+}
+
+TEST_F(PanelOperations, hdc_is_a_surface_as_large_as_the_panel_and_is_remade_to_grow_alone) {
+    panel.hdc(nullptr);
+    DeviceContext* const first = panel.hdc();
+    EXPECT_EQ(first->Size(), QSize(300, 200));
+    first->Fill(Qt::red);
+    panel.resize(200, 100);
+    panel.hdc(nullptr);
+    EXPECT_EQ(panel.hdc()->Size(), QSize(300, 200));
+    EXPECT_EQ(At(*panel.hdc(), 5, 5), QColor(Qt::red));
+    panel.resize(200, 300);
+    EXPECT_EQ(panel.hdc()->Size(), QSize(300, 200));
+    panel.hdc(first);
+    EXPECT_EQ(panel.hdc()->Size(), QSize(300, 300));
+    EXPECT_EQ(At(*panel.hdc(), 5, 5), QColor(Qt::black));
+}
+
+TEST_F(PanelOperations, hdc_is_set_up_whenever_the_panel_is_shown) {
+    panel.hide();
+    panel.resize(400, 300);
+    panel.show();
+    EXPECT_EQ(panel.hdc()->Size(), QSize(400, 300));
+}
+
+TEST_F(PanelOperations, hdc_is_set_up_from_the_start) {
+    xpFrame placed(&window);
+    EXPECT_EQ(placed.hdc()->Size(), placed.size());
+    EXPECT_EQ(At(*placed.hdc(), 5, 5), QColor(Qt::black));
+}
+
+TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
+    QLineEdit other(&window);
+    other.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    panel.setFocus();
+    EXPECT_TRUE(host.calls.empty());
+    panel.ZOrderOnFocus(true);
+    host.calls.clear();
+    other.setFocus();
+    panel.setFocus();
+    EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
+}
+
+TEST_F(PanelKeys, are_told_with_their_characters) {
+    QTest::keyClick(window.windowHandle(), 'a');
+    QTest::keyClick(window.windowHandle(), Qt::Key_F2, Qt::ControlModifier);
+    const std::string f2 = std::to_string(Qt::Key_F2);
+    const std::string control = std::to_string(Qt::Key_Control);
+    EXPECT_THAT(events, ElementsAre("KeyDown 65 0", "KeyPress 97", "KeyUp 65 0",
+                                    "KeyDown " + control + " 2", "KeyDown " + f2 + " 2",
+                                    "KeyUp " + f2 + " 2", "KeyUp " + control + " 0"));
+}
+
+TEST_F(PanelKeys, that_repeat_come_up_once) {
+    for (const bool repeats : {false, true, true}) {
+        QKeyEvent down(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier, QString(), repeats);
+        QApplication::sendEvent(&panel, &down);
+        QKeyEvent up(QEvent::KeyRelease, Qt::Key_Left, Qt::NoModifier, QString(), repeats);
+        QApplication::sendEvent(&panel, &up);
+    }
+    EXPECT_EQ(
+        std::count(events.begin(), events.end(), "KeyUp " + std::to_string(Qt::Key_Left) + " 0"),
+        1);
+    EXPECT_EQ(events.size(), 4U);
+}
+
+TEST(dBlendColor, takes_alpha_parts_of_the_first_color) {
+    EXPECT_EQ(xpFrame::dBlendColor(0x123456, 0x654321, 255), 0x123456U);
+    EXPECT_EQ(xpFrame::dBlendColor(0x123456, 0x654321, 0), 0x654321U);
+    EXPECT_EQ(xpFrame::dBlendColor(90 | 90 << 8 | 90 << 16, 0, 230), 0x515151U);  // 81.18
+    EXPECT_EQ(xpFrame::dBlendColor(11 | 63 << 8 | 153 << 16, 0, 230),
+              OleColor(10 | 57 << 8 | 138 << 16));  // 9.92, 56.82, 138
+    EXPECT_EQ(xpFrame::dBlendColor(255, 0, 128), 128U);
+    EXPECT_EQ(xpFrame::dBlendColor(0xFF0000, 0x00FF00, 51), OleColor(204 << 8 | 51 << 16));
+}
+
+TEST(dBlendColor, looks_system_colors_up) {
+    const QPalette usual = QApplication::palette();
+    QPalette other = usual;
+    other.setColor(QPalette::Base, QColor(100, 200, 50));
+    QApplication::setPalette(other);
+    EXPECT_EQ(xpFrame::dBlendColor(0x80000005, 0, 255), OleColor(100 | 200 << 8 | 50 << 16));
+    EXPECT_EQ(xpFrame::dBlendColor(0, 0x80000005, 0), OleColor(100 | 200 << 8 | 50 << 16));
+    QApplication::setPalette(usual);
+}
+
+TEST(SmoothForm, rounds_a_windows_corners_and_leaves_out_its_last_column_and_row) {
+    QWidget form;
+    form.resize(200, 100);
+    xpFrame::SmoothForm(form, 20);
+    EXPECT_EQ(form.mask().boundingRect(), QRect(0, 0, 199, 99));
+    EXPECT_FALSE(form.mask().contains(QPoint(0, 0)));
+    EXPECT_FALSE(form.mask().contains(QPoint(198, 98)));
+    EXPECT_TRUE(form.mask().contains(QPoint(10, 0)));
+    EXPECT_TRUE(form.mask().contains(QPoint(0, 10)));
+    EXPECT_TRUE(form.mask().contains(QPoint(198, 50)));
+    xpFrame::SmoothForm(form, 0);
+    EXPECT_EQ(form.mask(), QRegion(0, 0, 199, 99));
+}
+
+TEST(SmoothForm, takes_a_curvature_larger_than_the_window) {
+    QWidget form;
+    form.resize(60, 40);
+    xpFrame::SmoothForm(form, 2000000000);
+    EXPECT_EQ(form.mask().boundingRect(), QRect(0, 0, 59, 39));
+    EXPECT_FALSE(form.mask().contains(QPoint(5, 5)));
+}
+
+TEST(UtilDrawShapeStyle, takes_a_right_and_a_bottom_edge_and_leaves_the_inside) {
+    DeviceContext context(QSize(40, 30), 1);
+    context.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(context, 5, 4, 25, 14, 0);
+    EXPECT_EQ(CountOf(context, Qt::red), 2 * 20 + 2 * 8);
+    for (const QPoint corner : {QPoint(5, 4), QPoint(24, 4), QPoint(5, 13), QPoint(24, 13)})
+        EXPECT_EQ(At(context, corner.x(), corner.y()), QColor(Qt::red));
+    xpFrame::UtilDrawShapeStyle(context, -2000000000, -2000000000, 2000000000, 2000000000, 9);
+    EXPECT_EQ(CountOf(context, Qt::red), 2 * 20 + 2 * 8);
+}
+
+TEST(UtilDrawBackground, goes_from_color_to_color_across_for_0_and_down_for_any_other) {
+    DeviceContext context(QSize(40, 30), 1);
+    xpFrame::UtilDrawBackground(context, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
+    EXPECT_EQ(At(context, 9, 10), QColor(Qt::black));
+    EXPECT_EQ(At(context, 30, 10), QColor(Qt::black));
+    EXPECT_EQ(At(context, 10, 5), QColor(255, 0, 0));
+    EXPECT_EQ(At(context, 10, 24), QColor(255, 0, 0));
+    EXPECT_EQ(At(context, 20, 10), QColor(128, 0, 127));  // step 10 of 20: -127.5 and 127.5
+    EXPECT_EQ(At(context, 29, 10), QColor(13, 0, 242));
+    xpFrame::UtilDrawBackground(context, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 7);
+    EXPECT_EQ(At(context, 29, 5), QColor(255, 0, 0));
+    EXPECT_EQ(At(context, 29, 15), QColor(128, 0, 127));
+}
+
+TEST(UtilDrawBackground, of_edges_the_wrong_way_round_exchanges_them_with_their_colors) {
+    DeviceContext right(QSize(40, 30), 1);
+    DeviceContext wrong(QSize(40, 30), 1);
+    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
+    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 30, 5, 10, 25, 0);
+    EXPECT_EQ(right.Surface(), wrong.Surface());
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,283 @@
+#include "ui/panel/PanelModel.h"
+#include "ui/panel/PlacedPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QPixmap>
+#include <functional>
+
+namespace tavel::test {
+
+namespace {
+
+// A bitmap of that side: a colored ring around a hole of the corner's color.
+PanelPicture Bitmap(int side) {
+    QImage image(side, side, QImage::Format_RGB32);
+    for (int y = 0; y < side; ++y) {
+        for (int x = 0; x < side; ++x) {
+            const bool ring = x > 1 && y > 1 && x < side - 2 && (x < 5 || y < 5 || y > side - 4);
+            image.setPixel(x, y, ring ? qRgb(40 + x, 200 - y, 77) : qRgb(255, 0, 255));
+        }
+    }
+    return PanelPicture(image);
+}
+
+// An icon of that side with a transparent border.
+PanelPicture Icon(int side) {
+    QImage image(side, side, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    for (int y = 3; y < side - 1; ++y) {
+        for (int x = 2; x < side - 3; ++x) image.setPixel(x, y, qRgb(240, 20 * (x % 3), 10));
+    }
+    return PanelPicture(QIcon(QPixmap::fromImage(image)));
+}
+
+PanelProperties WithEverything(PanelProperties p) {
+    p.Closeable = p.Expandable = p.ContainerResizable = true;
+    p.HeaderPicture = Bitmap(16);
+    p.ContainerPicture = Bitmap(32);
+    return p;
+}
+
+class PanelPaint : public testing::Test {
+  protected:
+    using Change = std::function<void(PanelProperties&)>;
+
+    // A panel of these properties with the change has every pixel where the numbers put it.
+    static void Check(PanelProperties properties, const Change& change) {
+        change(properties);
+        PlacedPanel placed(properties, 120, 90);
+        const PanelModel model(properties, 120, 90);
+        EXPECT_EQ(model.FirstDifference(placed.Picture()), "");
+        EXPECT_EQ(model.FirstDifference(placed.Window()), "");
+    }
+
+    // The same with a theme's colors and with custom ones.
+    static void CheckBoth(const Change& change) {
+        Check(WithEverything({}), change);
+        Check(WithEverything(WithCustomColors()), change);
+    }
+
+    ColorfulPalette m_palette;
+};
+
+}  // namespace
+
+TEST_F(PanelPaint, in_every_theme_square_and_round) {
+    for (Integer theme = 0; theme < 12; ++theme) {
+        for (const Long shape : {0, 1}) {
+            SCOPED_TRACE(theme);
+            Check(WithEverything({}), [&](PanelProperties& p) {
+                p.Appearence = theme;
+                p.ContainerShapeStyle = shape;
+            });
+        }
+    }
+}
+
+TEST_F(PanelPaint, with_bars_of_every_height) {
+    for (Integer header = -1; header < 4; ++header) {
+        for (Integer footer = -1; footer < 3; ++footer) {
+            SCOPED_TRACE(header);
+            SCOPED_TRACE(footer);
+            CheckBoth([&](PanelProperties& p) {
+                p.HeaderSize = header;
+                p.FooterSize = footer;
+            });
+        }
+    }
+}
+
+TEST_F(PanelPaint, with_each_part_visible_or_not) {
+    for (int parts = 0; parts < 16; ++parts) {
+        SCOPED_TRACE(parts);
+        CheckBoth([&](PanelProperties& p) {
+            p.HeaderVisible = (parts & 1) != 0;
+            p.FooterVisible = (parts & 2) != 0;
+            p.HeaderPictureVisible = (parts & 4) != 0;
+            p.ContainerPictureVisible = (parts & 8) != 0;
+        });
+    }
+}
+
+TEST_F(PanelPaint, with_each_choice_of_buttons) {
+    for (int buttons = 0; buttons < 8; ++buttons) {
+        SCOPED_TRACE(buttons);
+        CheckBoth([&](PanelProperties& p) {
+            p.Expandable = (buttons & 1) != 0;
+            p.Closeable = (buttons & 2) != 0;
+            p.ContainerResizable = (buttons & 4) != 0;
+        });
+    }
+}
+
+TEST_F(PanelPaint, in_every_fill_style) {
+    for (const Integer header : Integers{-1, 0, 1, 2}) {
+        for (const Integer footer : Integers{0, 1, 2}) {
+            SCOPED_TRACE(header);
+            SCOPED_TRACE(footer);
+            CheckBoth([&](PanelProperties& p) {
+                p.HeaderFillStyle = header;
+                p.FooterFillStyle = footer;
+                p.ContainerFillStyle = static_cast<Integer>(1 - footer);
+            });
+        }
+    }
+}
+
+TEST_F(PanelPaint, with_every_pen_square_and_round) {
+    for (const Integer style : Integers{-1, 0, 1, 2, 3, 4, 5, 6, 7}) {
+        for (const Long shape : {0, 1}) {
+            SCOPED_TRACE(style);
+            CheckBoth([&](PanelProperties& p) {
+                p.ContainerBorderStyle = style;
+                p.ContainerShapeStyle = shape;
+            });
+        }
+    }
+}
+
+TEST_F(PanelPaint, with_corners_of_every_kind) {
+    for (const Integer radius : Integers{-20, 0, 1, 2, 7, 8, 9, 12, 20}) {
+        SCOPED_TRACE(radius);
+        CheckBoth([&](PanelProperties& p) {
+            p.ContainerShapeStyle = 1;
+            p.ContainerCornerRadius = radius;
+        });
+    }
+}
+
+TEST_F(PanelPaint, is_square_in_every_other_shape) {
+    for (const Long shape : {-1, 2, 65537}) {
+        SCOPED_TRACE(shape);
+        CheckBoth([&](PanelProperties& p) { p.ContainerShapeStyle = shape; });
+    }
+}
+
+// A broken line may begin anywhere, but has as many pixels as its pattern.
+TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps) {
+    struct Case {
+        Integer style;
+        int from, to;  // of 100 pixels
+    };
+    for (const auto& [style, from, to] :
+         {Case{1, 70, 80}, Case{2, 45, 55}, Case{3, 45, 55}, Case{4, 55, 65}}) {
+        PanelProperties p = WithCustomColors();
+        p.ContainerBorderStyle = style;
+        p.HeaderVisible = false;
+        PlacedPanel placed(p, 400, 90);
+        const QImage picture = placed.Picture();
+        const int ratio = picture.width() / 400;
+        int drawn = 0;
+        for (int x = 0; x < 399; ++x) {
+            const QRgb color = picture.pixel(x * ratio, 0) & 0xFFFFFF;
+            drawn += color == PanelModel::Shown(p.ContainerBorderColor) ? 1 : 0;
+        }
+        EXPECT_GE(drawn * 100 / 399, from) << style;
+        EXPECT_LE(drawn * 100 / 399, to) << style;
+    }
+}
+
+TEST_F(PanelPaint, with_pictures_of_many_sizes) {
+    for (const Integer side : Integers{8, 15, 24, 41}) {
+        SCOPED_TRACE(side);
+        CheckBoth([&](PanelProperties& p) {
+            p.HeaderPicture = p.ContainerPicture = Bitmap(side);
+            p.HeaderPictureSize = p.ContainerPictureSize = side;
+            p.ContainerPictureBufferLeft = 7;
+            p.ContainerPictureBufferTop = 5;
+        });
+    }
+}
+
+// A bitmap's own transparency counts for nothing, that of its first pixel neither.
+TEST_F(PanelPaint, with_bitmaps_of_other_formats) {
+    const QImage plain = Bitmap(16).Bitmap();
+    QImage clear = plain.convertToFormat(QImage::Format_ARGB32);
+    for (int x = 0; x < 16; ++x) {
+        for (const int y : {0, 7}) clear.setPixel(x, y, clear.pixel(x, y) & 0xFFFFFF);
+    }
+    for (const QImage& image : {clear, plain.convertToFormat(QImage::Format_RGB16),
+                                plain.convertToFormat(QImage::Format_Indexed8),
+                                plain.convertToFormat(QImage::Format_Mono),
+                                clear.convertToFormat(QImage::Format_ARGB32_Premultiplied)}) {
+        SCOPED_TRACE(image.format());
+        CheckBoth([&](PanelProperties& p) { p.HeaderPicture = PanelPicture(image); });
+    }
+}
+
+TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_than_they_are) {
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = p.ContainerPicture = Bitmap(16);
+        p.HeaderPictureSize = 32;
+        p.ContainerPictureSize = 48;
+    });
+}
+
+TEST_F(PanelPaint, with_a_picture_that_is_cut_by_the_panels_edge) {
+    CheckBoth([](PanelProperties& p) {
+        p.ContainerPictureBufferLeft = -15;
+        p.ContainerPictureBufferTop = 40;
+    });
+}
+
+TEST_F(PanelPaint, with_pictures_that_have_no_size) {
+    for (const Integer side : Integers{0, -3}) {
+        CheckBoth([&](PanelProperties& p) { p.HeaderPictureSize = p.ContainerPictureSize = side; });
+    }
+}
+
+// The offset is cut toward zero: a picture of 17 in a header without height begins at -8.
+TEST_F(PanelPaint, with_a_picture_that_is_higher_than_the_header) {
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = Bitmap(17);
+        p.HeaderPictureSize = 17;
+        p.HeaderSize = 3;
+    });
+}
+
+TEST_F(PanelPaint, with_icons) {
+    if (qApp->devicePixelRatio() > 1) GTEST_SKIP() << "an icon has finer pixels there";
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = Icon(16);
+        p.ContainerPicture = Icon(32);
+    });
+}
+
+TEST_F(PanelPaint, with_system_colors_everywhere) {
+    for (const OleColor color : {0x80000005, 0x80000008, 0x8000000D, 0x8000000F, 0x80000012}) {
+        SCOPED_TRACE(color);
+        Check(WithEverything(WithCustomColors()), [&](PanelProperties& p) {
+            p.HeaderBackColor = p.FooterFadeColor = color;
+            p.ContainerBackColor = p.ContainerBorderColor = color;
+            p.CollapseButtonColor = p.BackColor = color;
+        });
+        Check(WithEverything(WithCustomColors()), [&](PanelProperties& p) {
+            p.HeaderFadeColor = p.FooterBackColor = p.ContainerFadeColor = color;
+        });
+    }
+}
+
+TEST_F(PanelPaint, with_the_custom_colors_that_a_new_panel_has) {
+    Check({}, [](PanelProperties& p) { p.UseCustomColors = true; });
+    const PanelProperties p = [] {
+        PanelProperties custom;
+        custom.UseCustomColors = true;
+        return custom;
+    }();
+    // Red 15 and nothing else, where the color of buttons could be expected.
+    EXPECT_EQ(PanelModel(p, 120, 90).At(60, 45), 0x0F0000U);
+}
+
+TEST_F(PanelPaint, in_classic_style_is_a_frame_whatever_else_is_set) {
+    for (const Integer style : Integers{0, 1, 2, 5}) {
+        SCOPED_TRACE(style);
+        CheckBoth([&](PanelProperties& p) {
+            p.ClassicXPStyle = true;
+            p.ContainerShapeStyle = 1;
+            p.ContainerBorderStyle = style;
+        });
+    }
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,230 @@
+#include "ui/panel/PanelModel.h"
+#include "ui/panel/PlacedPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QMouseEvent>
+#include <array>
+
+namespace tavel::test {
+
+namespace {
+
+PanelProperties WithEverything() {
+    PanelProperties p = WithCustomColors();
+    p.Closeable = p.Expandable = p.ContainerResizable = true;
+    return p;
+}
+
+void ExpectModel(PlacedPanel& placed, const PanelProperties& p, bool collapsed = false) {
+    const QSize size = placed.panel.size();
+    const PanelModel model(p, size.width(), size.height(), collapsed);
+    EXPECT_EQ(model.FirstDifference(placed.Picture()), "");
+    EXPECT_EQ(model.FirstDifference(placed.Window()), "");
+}
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,
+               Qt::MouseButtons buttons) {
+    QMouseEvent event(type, place, widget.mapToGlobal(place), button, buttons, Qt::NoModifier);
+    QApplication::sendEvent(&widget, &event);
+}
+
+void DragGripTo(QWidget& panel, QPoint place) {
+    const QPoint grip(panel.width() - 10, panel.height() - 10);
+    SendMouse(panel, QEvent::MouseButtonPress, grip, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, grip, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, place, Qt::NoButton, Qt::LeftButton);
+}
+
+void ExpectOneColor(PlacedPanel& placed, PanelModel::Rgb color) {
+    const QImage picture = placed.Picture();
+    const int ratio = picture.width() / placed.panel.width();
+    for (const QRect& part : placed.Window()) {
+        for (int y = part.top() * ratio; y <= part.bottom() * ratio; ++y) {
+            for (int x = part.left() * ratio; x <= part.right() * ratio; ++x)
+                ASSERT_EQ(picture.pixel(x, y) & 0xFFFFFF, color) << x << ", " << y;
+        }
+    }
+}
+
+}  // namespace
+
+TEST(PanelStatesPaint, a_collapsed_panel_is_its_header_with_the_chevron_turned_down) {
+    const PanelProperties p = WithEverything();
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.Collapse();
+    EXPECT_EQ(placed.panel.size(), QSize(120, 25));
+    ExpectModel(placed, p, true);
+    placed.panel.Expand();
+    EXPECT_EQ(placed.panel.size(), QSize(120, 90));
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, a_collapsed_panel_that_is_made_higher_has_no_grip) {
+    PanelProperties p = WithEverything();
+    p.FooterSize = 1;
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.Collapse();
+    placed.panel.resize(130, 80);
+    ExpectModel(placed, p, true);
+}
+
+TEST(PanelStatesPaint, of_any_size_is_as_the_numbers_have_it) {
+    constexpr std::array sizes{0, 1, 2, 3, 5, 17, 22, 24, 26, 40, 45};
+    for (const bool classic : {false, true}) {
+        PanelProperties p = WithEverything();
+        p.ClassicXPStyle = classic;
+        PlacedPanel placed(p, 120, 90);
+        for (const int width : sizes) {
+            for (const int height : sizes) {
+                placed.panel.resize(width, height);
+                const QImage picture = placed.Picture();
+                // A line without room, or whose corners touch.
+                const int least = classic ? 14 : 3;
+                if (width < least || height < least) continue;
+                EXPECT_EQ(PanelModel(p, width, height).FirstDifference(picture), "");
+            }
+        }
+    }
+}
+
+TEST(PanelStatesPaint, with_corners_larger_than_itself_is_an_ellipse) {
+    PanelProperties p = WithCustomColors();
+    p.ContainerShapeStyle = 1;
+    p.ContainerCornerRadius = 80;
+    const PlacedPanel placed(p, 40, 30);
+    // From the top to the middle row, as the setting's own drawing calls were seen to do it.
+    constexpr std::array insets{15, 11, 9, 7, 6, 4, 3, 3, 2, 1, 1, 0, 0, 0, 0};
+    for (int y = 0; y < 29; ++y) {
+        const int inset = insets[static_cast<std::size_t>(std::min(y, 28 - y))];
+        for (int x = 0; x < 40; ++x)
+            EXPECT_EQ(placed.Window().contains(QPoint(x, y)), x >= inset && x < 39 - inset)
+                << x << ", " << y;
+    }
+}
+
+TEST(PanelStatesPaint, of_any_size_and_any_radius_does_not_fail) {
+    PanelProperties p = WithEverything();
+    p.ContainerShapeStyle = 1;
+    PlacedPanel placed(p, 60, 50);
+    for (const Integer radius : Integers{-32768, -5, 3, 9, 64, 32767}) {
+        placed.panel.ContainerCornerRadius(radius);
+        for (const int side : {0, 1, 2, 3, 4, 7, 60}) {
+            placed.panel.resize(side, side + 1);
+            EXPECT_EQ(placed.Picture().isNull(), side == 0);
+        }
+    }
+}
+
+TEST(PanelStatesPaint, while_it_is_resized_is_its_containers_start_color) {
+    PanelProperties p = WithEverything();
+    p.ContainerShapeStyle = 1;
+    PlacedPanel placed(p, 120, 90);
+    DragGripTo(placed.panel, {150, 130});
+    const QSize size = placed.panel.size();
+    EXPECT_NE(size, QSize(120, 90));
+    EXPECT_EQ(PanelModel(p, size.width(), size.height()).FirstDifference(placed.Window()), "");
+    ExpectOneColor(placed, PanelModel::Shown(p.ContainerBackColor));
+    SendMouse(placed.panel, QEvent::MouseButtonRelease, {150, 130}, Qt::LeftButton, Qt::NoButton);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, while_it_is_resized_a_system_color_is_looked_up) {
+    const ColorfulPalette palette;
+    PanelProperties p = WithEverything();
+    p.ContainerBackColor = 0x8000000F;
+    PlacedPanel placed(p, 120, 90);
+    DragGripTo(placed.panel, {150, 130});
+    ExpectOneColor(placed, PanelModel::Shown(0x8000000F));
+}
+
+TEST(PanelStatesPaint, while_it_is_resized_a_theme_gives_the_color) {
+    PanelProperties p;
+    p.ContainerResizable = true;
+    p.Appearence = 7;
+    PlacedPanel placed(p, 120, 90);
+    DragGripTo(placed.panel, {150, 130});
+    ExpectOneColor(placed, 0xFFDEAD);
+}
+
+TEST(PanelStatesPaint, a_theme_that_there_is_not_leaves_the_last_one) {
+    PanelProperties p;
+    p.Appearence = 8;
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.Appearence(12);
+    ExpectModel(placed, p);
+    placed.panel.Appearence(-1);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, a_theme_that_there_is_not_is_the_first_one_when_it_is_loaded) {
+    PanelProperties p;
+    p.Appearence = 8;
+    PlacedPanel placed(p, 120, 90);
+    p.Appearence = 12;
+    placed.Read(p);
+    p.Appearence = 0;
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, follows_every_change_at_once) {
+    PanelProperties p;
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.HeaderText({});
+    ExpectModel(placed, p);
+    placed.panel.UseCustomColors(p.UseCustomColors = true);
+    ExpectModel(placed, p);
+    placed.panel.ContainerShapeStyle(p.ContainerShapeStyle = 1);
+    ExpectModel(placed, p);
+    placed.panel.Expandable(p.Expandable = true);
+    ExpectModel(placed, p);
+    placed.panel.FooterVisible(p.FooterVisible = false);
+    ExpectModel(placed, p);
+    placed.panel.ContainerShapeStyle(p.ContainerShapeStyle = 0);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, classic_style_and_back) {
+    const ColorfulPalette palette;
+    PanelProperties p = WithEverything();
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.ClassicXPStyle(true);
+    p.ClassicXPStyle = true;
+    p.BackColor = 0x8000000F;
+    ExpectModel(placed, p);
+    placed.panel.ClassicXPStyle(p.ClassicXPStyle = false);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, follows_the_desktops_colors) {
+    PanelProperties p = WithEverything();
+    p.HeaderBackColor = p.FooterFadeColor = p.BackColor = 0x8000000F;
+    PlacedPanel placed(p, 120, 90);
+    ExpectModel(placed, p);
+    const ColorfulPalette palette;
+    QApplication::processEvents();
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, a_new_panel_is_that_of_the_first_theme) {
+    PanelProperties p;
+    xpFrame panel;
+    panel.HeaderText({});
+    panel.resize(120, 90);
+    EXPECT_EQ(PanelModel(p, 120, 90).FirstDifference(panel.grab().toImage()), "");
+}
+
+TEST(PanelStatesPaint, the_parts_take_presses_where_they_are_drawn) {
+    const PanelProperties p = WithEverything();
+    PlacedPanel placed(p, 120, 90);
+    const HitAreas& areas = placed.panel.Areas();
+    EXPECT_EQ(areas.close, QRect(QPoint(98, 3), QPoint(112, 16)));
+    EXPECT_EQ(areas.chevron, QRect(QPoint(79, 3), QPoint(93, 16)));
+    // Far beyond the panel's lower edge.
+    EXPECT_EQ(areas.grip, QRect(QPoint(102, 72), QPoint(115, 155)));
+    placed.panel.Closeable(false);
+    EXPECT_EQ(areas.chevron, QRect(QPoint(98, 3), QPoint(112, 16)));
+    EXPECT_EQ(areas.close, QRect(QPoint(98, 3), QPoint(112, 16)));
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,256 @@
+#include "ui/panel/PanelModel.h"
+#include "ui/panel/PlacedPanel.h"
+
+#include <gtest/gtest.h>
+
+#include <QFontMetrics>
+#include <algorithm>
+#include <vector>
+
+namespace tavel::test {
+
+namespace {
+
+constexpr int width = 200;
+constexpr int height = 110;
+constexpr char sText[] = "Hxg";
+
+// Every pixel of the text has the text's color and no other.
+QFont SharpFont(int pixels = 11) {
+    QFont font = QApplication::font();
+    font.setPixelSize(pixels);
+    font.setStyleStrategy(QFont::NoAntialias);
+    return font;
+}
+
+PanelProperties Sharp(PanelProperties p) {
+    p.HeaderTextFont = p.FooterTextFont = SharpFont();
+    p.HeaderSize = 2;
+    p.FooterSize = 1;
+    return p;
+}
+
+// Where the panel is not as its model without texts.
+QRect Ink(const QImage& picture, const PanelProperties& p) {
+    QRect ink;
+    for (const auto& pixel : PanelModel(p, width, height).Differences(picture))
+        ink |= QRect(pixel.x, pixel.y, 1, 1);
+    return ink;
+}
+
+QRect Ink(const PanelProperties& p) {
+    PlacedPanel placed(p, width, height);
+    return Ink(placed.Picture(), p);
+}
+
+// Where a line's ink lies when the line is put into the edges.
+QRect ExpectedInk(PanelModel::Edges edges, Integer align) {
+    const QFontMetrics metrics(SharpFont());
+    const QString text = QLatin1String(sText);
+    const int spareX = edges.right - edges.left - metrics.horizontalAdvance(text);
+    const int spareY = edges.bottom - edges.top - metrics.height();
+    const int x = edges.left + (align < 3 ? 0 : align < 6 ? spareX : spareX / 2);
+    const int y = edges.top + (align % 3 == 0 ? 0 : align % 3 == 1 ? spareY / 2 : spareY);
+    return metrics.tightBoundingRect(text).translated(x, y + metrics.ascent());
+}
+
+// Up to a pixel, which fonts are free to take. They take half a pixel more where there are halves.
+void ExpectNear(const QRect& ink, const QRect& expected) {
+    const int free = qApp->devicePixelRatio() > 1 ? 2 : 1;
+    EXPECT_NEAR(ink.left(), expected.left(), free);
+    EXPECT_NEAR(ink.top(), expected.top(), free);
+    EXPECT_NEAR(ink.right(), expected.right(), free);
+    EXPECT_NEAR(ink.bottom(), expected.bottom(), free);
+}
+
+PanelPicture Bitmap() {
+    QImage image(16, 16, QImage::Format_RGB32);
+    image.fill(qRgb(1, 2, 3));
+    return PanelPicture(image);
+}
+
+// Headers and footers that leave more or less room to their texts.
+std::vector<PanelProperties> Bars() {
+    const PanelProperties plain = Sharp({});
+    const PanelProperties custom = Sharp(WithCustomColors());
+    std::vector<PanelProperties> bars{plain, custom};
+    for (const PanelProperties& base : {plain, custom}) {
+        const auto add = [&](auto change) { change(bars.emplace_back(base)); };
+        add([](PanelProperties& p) { p.Expandable = true; });
+        add([](PanelProperties& p) { p.Closeable = true; });
+        add([](PanelProperties& p) { p.Expandable = p.Closeable = true; });
+        add([](PanelProperties& p) { p.ContainerShapeStyle = 1; });
+        add([](PanelProperties& p) { p.HeaderPicture = Bitmap(); });
+        add([](PanelProperties& p) {
+            p.HeaderPicture = Bitmap();
+            p.HeaderPictureSize = 24;
+            p.Expandable = p.Closeable = true;
+        });
+        add([](PanelProperties& p) {
+            p.HeaderPicture = Bitmap();
+            p.HeaderPictureSize = 24;
+            p.HeaderPictureVisible = false;
+        });
+    }
+    return bars;
+}
+
+}  // namespace
+
+TEST(PanelTextPaint, of_the_header_stands_where_its_alignment_puts_it) {
+    for (PanelProperties& p : Bars()) {
+        p.HeaderText = QLatin1String(sText);
+        for (p.HeaderTextAlign = 0; p.HeaderTextAlign < 9; ++p.HeaderTextAlign) {
+            SCOPED_TRACE(p.HeaderTextAlign);
+            ExpectNear(Ink(p),
+                       ExpectedInk(PanelModel::HeaderTextEdges(p, width), p.HeaderTextAlign));
+        }
+    }
+}
+
+TEST(PanelTextPaint, of_the_footer_stands_where_its_alignment_puts_it) {
+    for (PanelProperties& p : Bars()) {
+        p.FooterText = QLatin1String(sText);
+        for (p.FooterTextAlign = 0; p.FooterTextAlign < 9; ++p.FooterTextAlign) {
+            SCOPED_TRACE(p.FooterTextAlign);
+            ExpectNear(Ink(p), ExpectedInk(PanelModel::FooterTextEdges(p, width, height),
+                                           p.FooterTextAlign));
+        }
+    }
+}
+
+TEST(PanelTextPaint, a_header_without_a_picture_starts_at_4_and_one_with_a_picture_at_22) {
+    PanelProperties p;
+    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).left, 4);
+    p.HeaderPicture = Bitmap();
+    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).left, 22);
+    const int right = PanelModel::HeaderTextEdges(p, width).right;
+    p.Expandable = p.Closeable = true;
+    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).right, right - 40);
+}
+
+TEST(PanelTextPaint, a_text_that_is_too_long_is_cut_at_the_edges) {
+    PanelProperties p = Sharp({});
+    p.HeaderText = p.FooterText = QString(100, QLatin1Char('H'));
+    p.Expandable = p.Closeable = true;
+    p.HeaderPicture = Bitmap();
+    for (const Integer align : Integers{0, 1, 5, 7}) {
+        p.HeaderTextAlign = p.FooterTextAlign = align;
+        const PanelModel::Edges header = PanelModel::HeaderTextEdges(p, width);
+        const PanelModel::Edges footer = PanelModel::FooterTextEdges(p, width, height);
+        const QRect ink = Ink(p);
+        EXPECT_NEAR(ink.left(), std::min(header.left, footer.left), 8) << align;
+        EXPECT_GE(ink.left(), std::min(header.left, footer.left)) << align;
+        EXPECT_LT(ink.right(), footer.right) << align;
+        EXPECT_NEAR(ink.right(), footer.right, 8) << align;
+        p.FooterVisible = false;
+        const QRect above = Ink(p);
+        EXPECT_GE(above.left(), header.left) << align;
+        EXPECT_LT(above.right(), header.right) << align;
+        EXPECT_NEAR(above.right(), header.right, 8) << align;
+        p.FooterVisible = true;
+    }
+}
+
+TEST(PanelTextPaint, a_text_that_is_too_high_is_cut_at_the_edges) {
+    PanelProperties p = Sharp({});
+    p.HeaderTextFont = SharpFont(60);
+    p.HeaderText = QStringLiteral("Hg");
+    p.HeaderSize = 0;
+    for (const Integer align : Integers{0, 1, 2}) {
+        p.HeaderTextAlign = align;
+        const QRect ink = Ink(p);
+        EXPECT_GE(ink.top(), 3) << align;
+        EXPECT_LT(ink.bottom(), 17) << align;
+        EXPECT_FALSE(ink.isEmpty()) << align;
+    }
+}
+
+TEST(PanelTextPaint, breaks_into_lines_until_an_alignment_is_set) {
+    xpFrame panel;
+    PanelProperties p = Sharp({});
+    panel.resize(width, height);
+    panel.HeaderTextFont(SharpFont());
+    panel.HeaderSize(2);
+    panel.FooterSize(1);
+    panel.HeaderText(QStringLiteral("H\nH"));
+    panel.FooterText(QString());
+    const int line = QFontMetrics(SharpFont()).height();
+    EXPECT_GT(Ink(panel.grab().toImage(), p).height(), line);
+    panel.HeaderTextAlign(0);
+    EXPECT_LT(Ink(panel.grab().toImage(), p).height(), line);
+}
+
+TEST(PanelTextPaint, an_alignment_that_there_is_not_leaves_the_last_one) {
+    PanelProperties p = Sharp({});
+    p.HeaderText = QLatin1String(sText);
+    p.HeaderTextAlign = 8;
+    PlacedPanel placed(p, width, height);
+    const QRect before = Ink(placed.Picture(), p);
+    placed.panel.HeaderTextAlign(9);
+    EXPECT_EQ(Ink(placed.Picture(), p), before);
+    EXPECT_EQ(placed.panel.HeaderTextAlign(), 9);
+    placed.panel.HeaderTextAlign(0);
+    EXPECT_NE(Ink(placed.Picture(), p), before);
+}
+
+TEST(PanelTextPaint, an_ampersand_underlines_the_letter_behind_it) {
+    PanelProperties p = Sharp({});
+    p.HeaderText = QStringLiteral("HH");
+    const QRect plain = Ink(p);
+    p.HeaderText = QStringLiteral("H&H");
+    const QRect marked = Ink(p);
+    EXPECT_NEAR(marked.right(), plain.right(), 1);
+    EXPECT_GT(marked.bottom(), plain.bottom());
+    p.HeaderText = QStringLiteral("H&&H");
+    const QRect doubled = Ink(p);
+    EXPECT_GT(doubled.right(), plain.right() + 3);
+    EXPECT_LT(doubled.bottom(), marked.bottom() + 1);
+}
+
+TEST(PanelTextPaint, has_its_bars_color) {
+    const ColorfulPalette palette;
+    PanelProperties theme = Sharp({});
+    theme.Appearence = 10;  // whose header text is red and the footer's pale
+    PanelProperties custom = Sharp(WithCustomColors());
+    PanelProperties system = custom;
+    system.HeaderTextColor = 0x8000000D;
+    system.FooterTextColor = 0x80000008;
+    struct Case {
+        PanelProperties properties;
+        PanelModel::Rgb header, footer;
+    };
+    for (Case& one : std::vector<Case>{
+             {theme, 0xFF0000, 0xD7E6FB},
+             {custom, 0xFFFF00, 0x00FFFF},
+             {system, PanelModel::Shown(0x8000000D), PanelModel::Shown(0x80000008)}}) {
+        PanelProperties& p = one.properties;
+        p.HeaderText = p.FooterText = QLatin1String(sText);
+        PlacedPanel placed(p, width, height);
+        for (const auto& pixel : PanelModel(p, width, height).Differences(placed.Picture()))
+            EXPECT_EQ(pixel.color, pixel.y < 40 ? one.header : one.footer);
+        EXPECT_GT(Ink(placed.Picture(), p).height(), 50);
+    }
+}
+
+TEST(PanelTextPaint, of_a_bar_that_is_not_shown_is_not_shown) {
+    PanelProperties p = Sharp({});
+    p.HeaderText = p.FooterText = QLatin1String(sText);
+    p.HeaderVisible = p.FooterVisible = false;
+    EXPECT_TRUE(Ink(p).isEmpty());
+    p.HeaderVisible = true;
+    EXPECT_LT(Ink(p).bottom(), 39);
+}
+
+TEST(PanelTextPaint, in_classic_style_is_the_headers_alone_in_blue) {
+    PanelProperties p = Sharp({});
+    p.ClassicXPStyle = true;
+    p.FooterText = QLatin1String(sText);
+    EXPECT_TRUE(Ink(p).isEmpty());
+    p.HeaderText = QLatin1String(sText);
+    PlacedPanel placed(p, width, height);
+    const auto ink = PanelModel(p, width, height).Differences(placed.Picture());
+    EXPECT_GT(std::ranges::count(ink, 0x0046D5U, &PanelModel::Difference::color), 10);
+}
+
+}  // namespace tavel::test

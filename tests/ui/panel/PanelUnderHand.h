@@ -1,0 +1,118 @@
+#pragma once
+
+#include "ui/toolkit/panel/xpFrame.h"
+
+#include <gtest/gtest.h>
+
+#include <QTest>
+#include <QWindow>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tavel::test {
+
+// What a panel's host was asked for, in order. It does what a window would.
+class RecordingHost : public PanelHost {
+  public:
+    QFont AmbientFont() const override { return QFont(QStringLiteral("Courier"), 17); }
+    QString DisplayName() const override { return QStringLiteral("xpFrame3"); }
+    void visible(bool value) override {
+        calls.emplace_back(value ? "visible true" : "visible false");
+        if (panel != nullptr) panel->setVisible(value);
+    }
+    void zorder(int position) override { calls.push_back("zorder " + std::to_string(position)); }
+    void PropertyChanged(std::string_view sName) override { changes.emplace_back(sName); }
+
+    QWidget* panel = nullptr;
+    std::vector<std::string> calls;
+    std::vector<std::string> changes;
+};
+
+// A panel at (50, 40) in a window, 300 pixels wide and 200 high, and a pointer over it. Presses go
+// the way of a real mouse's: through the window, to the widget below the pointer.
+class PanelUnderHand : public testing::Test {
+  protected:
+    PanelUnderHand() : panel(&window, &host) {
+        host.panel = &panel;
+        window.resize(700, 600);
+        panel.setGeometry(50, 40, 300, 200);
+        window.show();
+        host.changes.clear();
+    }
+
+    QPoint InWindow(QPoint place) const { return panel.mapTo(&window, place); }
+
+    // As of a real mouse, a press elsewhere than the pointer is comes with a move.
+    void Press(QPoint place, Qt::MouseButton button = Qt::LeftButton,
+               Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        m_pointer = InWindow(place);
+        QTest::mousePress(window.windowHandle(), button, keys, m_pointer);
+    }
+    void Release(Qt::MouseButton button = Qt::LeftButton,
+                 Qt::KeyboardModifiers keys = Qt::NoModifier) {
+        QTest::mouseRelease(window.windowHandle(), button, keys, m_pointer);
+    }
+    // The panel may go along, so that the way of a drag is told in places of the window.
+    void PointAt(QPoint placeInWindow) {
+        m_pointer = placeInWindow;
+        QTest::mouseMove(window.windowHandle(), placeInWindow);
+    }
+    void Click(QPoint place, Qt::MouseButton button = Qt::LeftButton) {
+        Press(place, button);
+        Release(button);
+    }
+    void Drag(QPoint from, QPoint toInWindow) {
+        Press(from);
+        PointAt(toInWindow);
+        Release();
+    }
+    // A resize begins with the first move inside the grip, which is one pixel here.
+    void PressGrip() {
+        Press(Grip());
+        PointAt(InWindow(Grip() + QPoint(1, 1)));
+    }
+
+    QPoint Chevron() const { return panel.Areas().chevron.value().center(); }
+    QPoint Close() const { return panel.Areas().close.value().center(); }
+    QPoint Grip() const { return {panel.width() - 10, panel.height() - 10}; }
+
+    // Keeps a line of every event that the panel raises.
+    void Listen() {
+        const auto mouse = [this](const char* name) {
+            return [this, name](int Button, int Shift, float X, float Y) {
+                Note(name, {Button, Shift, int(X), int(Y)});
+            };
+        };
+        QObject::connect(&panel, &xpFrame::MouseDown, mouse("MouseDown"));
+        QObject::connect(&panel, &xpFrame::MouseUp, mouse("MouseUp"));
+        QObject::connect(&panel, &xpFrame::Click, [this] { Note("Click"); });
+        QObject::connect(&panel, &xpFrame::DblClick, [this] { Note("DblClick"); });
+        QObject::connect(&panel, &xpFrame::ChevronClick,
+                         [this](int Button, int Shift, float X, float Y, bool Collapse,
+                                int FooterSize, int HeaderSize, Long Height) {
+                             Note("ChevronClick", {Button, Shift, int(X), int(Y), Collapse,
+                                                   FooterSize, HeaderSize, Height});
+                         });
+        QObject::connect(&panel, &xpFrame::Resize, [this](Long cWidth, Long cHeight) {
+            Note("Resize", {cWidth, cHeight});
+        });
+        QObject::connect(&panel, &xpFrame::Move, [this](Long cTop, Long cLeft) {
+            Note("Move", {cTop, cLeft});
+        });
+    }
+    void Note(std::string line, std::initializer_list<int> numbers = {}) {
+        for (const int number : numbers) line += ' ' + std::to_string(number);
+        events.push_back(line);
+    }
+
+    RecordingHost host;
+    QWidget window;
+    xpFrame panel;
+    std::vector<std::string> events;
+
+  private:
+    QPoint m_pointer;
+};
+
+}  // namespace tavel::test
