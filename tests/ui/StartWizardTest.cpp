@@ -226,6 +226,19 @@ TEST_F(StartWizardTest, a_page_without_words_is_not_reached) {
     EXPECT_THAT(Shown(), ElementsAre(1));
 }
 
+TEST_F(StartWizardTest, back_over_a_page_without_words_leaves_the_page_in_view_and_counts_on) {
+    Words("//1\na\n//2\nb\n//3\nc\n");
+    OpenWizard();
+    GoTo(3);
+    Words("//1\na\n//3\nc\n");
+    Back();
+    EXPECT_THAT(Shown(), ElementsAre(3)) << "as designed";
+    EXPECT_EQ(TextOf(3), "c");
+    Words("//1\na\n//2\nb\n//3\nc\n");
+    Next();
+    EXPECT_THAT(Shown(), ElementsAre(2));
+}
+
 TEST_F(StartWizardTest, words_for_a_page_below_the_first_end_the_program) {
     Words("//-1\nbelow\n//2\nTwo\n");
     OpenWizard();
