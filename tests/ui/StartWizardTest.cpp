@@ -267,7 +267,7 @@ TEST_F(StartWizardTest, back_over_a_page_without_words_leaves_the_page_in_view_a
     Words("//1\na\n//3\nc\n");
     Back();
     EXPECT_THAT(Shown(), ElementsAre(3)) << "as designed";
-    EXPECT_EQ(TextOf(3), "c");
+    EXPECT_EQ(TextOf(3), "\nc");
     Words("//1\na\n//2\nb\n//3\nc\n");
     Next();
     EXPECT_THAT(Shown(), ElementsAre(2));
