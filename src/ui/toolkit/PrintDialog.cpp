@@ -1,0 +1,71 @@
+#include "ui/toolkit/PrintDialog.h"
+
+#include "ui/toolkit/Controls.h"
+
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace tavel {
+
+namespace {
+
+// A printer that begins as the request has it, in the dialog's own hand.
+QPrinter* Prepared(const PrintRequest& request, QPrinter& printer) {
+    PrinterState state = request.printer;
+    if (!request.Has(printFlag::ToFile) || !request.OffersFile()) state.file.clear();
+    Apply(state, printer);
+    printer.setCollateCopies(request.Has(printFlag::Collate));
+    return &printer;
+}
+
+}  // namespace
+
+PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
+    : QPrintDialog(Prepared(request, printer), request.owner) {
+    setObjectName(QStringLiteral("PrintDialog"));
+    setOption(PrintToFile, request.OffersFile());
+    setOption(PrintSelection, !request.Has(printFlag::NoSelection));
+    setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
+    setOption(PrintCollateCopies);
+    SetRange(request);
+    if (request.OffersFile()) SetFile(request);
+    PlainButtons(*this);
+}
+
+void PrintDialog::SetRange(const PrintRequest& request) {
+    setMinMax(1, 65535);
+    setFromTo(request.fromPage, request.toPage);
+    if (request.Has(printFlag::PageNumbers) && !request.Has(printFlag::NoPageNumbers))
+        setPrintRange(PageRange);
+    else if (request.Has(printFlag::Selection) && !request.Has(printFlag::NoSelection))
+        setPrintRange(Selection);
+    else
+        setPrintRange(AllPages);
+}
+
+void PrintDialog::SetFile(const PrintRequest& request) {
+    const QString file = request.printer.file;
+    findChild<QLineEdit*>(QStringLiteral("filename"))
+        ->setText(file.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : file);
+    auto& printers = *findChild<QComboBox*>(QStringLiteral("printers"));
+    if (request.Has(printFlag::ToFile)) printers.setCurrentIndex(printers.count() - 1);
+}
+
+PrintAnswer PrintDialog::Answer() {
+    PrintAnswer answer;
+    answer.result = 1;
+    answer.printer = StateOf(*printer());
+    answer.fromPage = fromPage();
+    answer.toPage = toPage();
+    answer.flags = (printRange() == PageRange ? printFlag::PageNumbers : 0) |
+                   (printRange() == Selection ? printFlag::Selection : 0) |
+                   (printer()->collateCopies() ? printFlag::Collate : 0) |
+                   (answer.printer.file.isEmpty() ? 0 : printFlag::ToFile);
+    return answer;
+}
+
+}  // namespace tavel
