@@ -14,11 +14,16 @@ class PageSetupDialog : public QPageSetupDialog {
     // The printer takes what the user chooses, and must outlive the dialog.
     PageSetupDialog(const PageRequest& request, QPrinter& printer);
 
+    int exec() override;
+
     // What was chosen, after the dialog was accepted.
     PageAnswer Answer();
 
   private:
+    void SetUnits();
     void Disable(const PageRequest& request);
+
+    QPageLayout::Unit m_units;
 };
 
 }  // namespace tavel

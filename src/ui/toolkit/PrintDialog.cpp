@@ -3,6 +3,7 @@
 #include "ui/toolkit/Controls.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QPrinter>
@@ -28,17 +29,26 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
     : QPrintDialog(Prepared(request, printer), request.owner) {
     setObjectName(QStringLiteral("PrintDialog"));
     setOption(PrintToFile, request.OffersFile());
-    setOption(PrintSelection, !request.Has(printFlag::NoSelection));
-    setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
     setOption(PrintCollateCopies);
     SetRange(request);
     if (request.OffersFile()) SetFile(request);
     PlainButtons(*this);
+    ShowAll();
+}
+
+// Copies and pages, which Qt keeps behind its last button.
+void PrintDialog::ShowAll() {
+    auto* options = findChild<QDialogButtonBox*>()->findChildren<QPushButton*>().back();
+    options->click();
+    options->hide();
 }
 
 void PrintDialog::SetRange(const PrintRequest& request) {
     setMinMax(1, 65535);
     setFromTo(request.fromPage, request.toPage);
+    // Not before: pages that are told are offered.
+    setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
+    setOption(PrintSelection, !request.Has(printFlag::NoSelection));
     if (request.Has(printFlag::PageNumbers) && !request.Has(printFlag::NoPageNumbers))
         setPrintRange(PageRange);
     else if (request.Has(printFlag::Selection) && !request.Has(printFlag::NoSelection))
