@@ -105,6 +105,21 @@ TEST(VBChooseFont, a_cancel_leaves_the_font_as_it_is) {
     EXPECT_EQ(call.dialog.APIReturn(), 0);
 }
 
+TEST(VBChooseFont, what_nobody_touches_comes_back_as_it_was) {
+    for (const bool italic : {false, true}) {
+        for (const bool bold : {false, true}) {
+            Call call;
+            call.CurFont.setItalic(italic);
+            call.CurFont.setBold(bold);
+            WhenModal([](QWidget& box) { QTest::keyClick(&SizeBox(box), Qt::Key_Return); });
+            EXPECT_TRUE(call.Run());
+            EXPECT_EQ(FromQString(call.CurFont.family()), "DejaVu Sans");
+            EXPECT_EQ(call.CurFont.italic(), italic);
+            EXPECT_EQ(call.CurFont.bold(), bold);
+        }
+    }
+}
+
 TEST(VBChooseFont, a_size_that_nobody_touches_keeps_its_fraction) {
     Call call;
     call.CurFont.setPointSizeF(8.25);

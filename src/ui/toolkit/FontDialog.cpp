@@ -5,9 +5,22 @@
 #include "ui/toolkit/Twips.h"
 
 #include <QCheckBox>
-#include <QGroupBox>
+#include <QFontInfo>
+#include <QLineEdit>
+#include <algorithm>
 
 namespace tavel {
+
+namespace {
+
+// Qt's dialog looks for a style by its name, and takes the first in its list for a font that has
+// none, be it italic.
+QFont WithStyleName(QFont font) {
+    if (font.styleName().isEmpty()) font.setStyleName(QFontInfo(font).styleName());
+    return font;
+}
+
+}  // namespace
 
 FontDialog::FontDialog(const FontRequest& request)
     : QFontDialog(request.owner),
@@ -20,8 +33,11 @@ FontDialog::FontDialog(const FontRequest& request)
         fontFlag::PrinterFonts | fontFlag::ScalableOnly | fontFlag::TrueTypeOnly;
     setOption(ScalableFonts, (request.flags & scalable) != 0);
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
-    setCurrentFont(request.font);
+    setCurrentFont(WithStyleName(request.font));
     findChild<QCheckBox*>()->parentWidget()->setVisible((request.flags & fontFlag::Effects) != 0);
+    // Alone it would be as low as its frame.
+    findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))
+        ->setMinimumHeight(Pixels(900));
     PlainButtons(*this);
     resize(Pixels(7500), Pixels(5400));
 }

@@ -24,6 +24,7 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     SetUnits();
     Disable(request);
     PlainButtons(*this);
+    adjustSize();
 }
 
 void PageSetupDialog::SetUnits() {

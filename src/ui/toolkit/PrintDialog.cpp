@@ -1,6 +1,7 @@
 #include "ui/toolkit/PrintDialog.h"
 
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/Twips.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -33,7 +34,27 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
     SetRange(request);
     if (request.OffersFile()) SetFile(request);
     PlainButtons(*this);
+    NameControls();
     ShowAll();
+}
+
+// Qt offers them whatever its option says.
+void PrintDialog::HidePageNumbers() {
+    auto& ranges = *findChild<QWidget*>(QStringLiteral("gbPrintRange"));
+    for (const char* part :
+         {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
+        ranges.findChild<QWidget*>(QLatin1String(part))->hide();
+}
+
+// Controls without a caption of their own, as a screen reader tells them.
+void PrintDialog::NameControls() {
+    const std::pair<const char*, QString> names[] = {{"from", tr("From page")},
+                                                     {"to", tr("To page")},
+                                                     {"pagesLineEdit", tr("Pages")},
+                                                     {"pageSetCombo", tr("Page Set")},
+                                                     {"fileBrowser", tr("Browse")}};
+    for (const auto& [control, name] : names)
+        findChild<QWidget*>(QLatin1String(control))->setAccessibleName(name);
 }
 
 // Copies and pages, which Qt keeps behind its last button.
@@ -41,6 +62,7 @@ void PrintDialog::ShowAll() {
     auto* options = findChild<QDialogButtonBox*>()->findChildren<QPushButton*>().back();
     options->click();
     options->hide();
+    resize(sizeHint().expandedTo({Pixels(7500), 0}));
 }
 
 void PrintDialog::SetRange(const PrintRequest& request) {
@@ -49,6 +71,7 @@ void PrintDialog::SetRange(const PrintRequest& request) {
     // Not before: pages that are told are offered.
     setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
     setOption(PrintSelection, !request.Has(printFlag::NoSelection));
+    if (request.Has(printFlag::NoPageNumbers)) HidePageNumbers();
     if (request.Has(printFlag::PageNumbers) && !request.Has(printFlag::NoPageNumbers))
         setPrintRange(PageRange);
     else if (request.Has(printFlag::Selection) && !request.Has(printFlag::NoSelection))

@@ -20,6 +20,8 @@ class PrintDialog : public QPrintDialog {
   private:
     void SetRange(const PrintRequest& request);
     void SetFile(const PrintRequest& request);
+    void HidePageNumbers();
+    void NameControls();
     void ShowAll();
 };
 
