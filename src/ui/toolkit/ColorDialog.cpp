@@ -45,17 +45,19 @@ CustomColors ColorDialog::Custom() {
 }
 
 void ColorDialog::FoldUp(bool mayBeOpened) {
+    // On a screen of less than 480 pixels Qt leaves all but the mixing out.
+    const auto buttons = findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly);
+    if (buttons.isEmpty()) return;
     for (QWidget* control : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
         if (control->isHidden() || IsForPicking(*control)) continue;
         m_mixing << control;
         control->hide();
     }
-    QPushButton& cmdAdd = *findChildren<QPushButton*>(QString(), Qt::FindDirectChildrenOnly).back();
     cmdDefine = Named<QPushButton>("cmdDefine", tr("&Define Custom Colors >>"), this);
     cmdDefine->setAutoDefault(false);
     cmdDefine->setEnabled(mayBeOpened);
     connect(cmdDefine, &QPushButton::clicked, this, [this] { OpenUp(); });
-    ColumnOf(*this, cmdAdd).addWidget(cmdDefine);
+    ColumnOf(*this, *buttons.back()).addWidget(cmdDefine);
 }
 
 void ColorDialog::OpenUp() {

@@ -35,11 +35,20 @@ FontDialog::FontDialog(const FontRequest& request)
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
     setCurrentFont(WithStyleName(request.font));
     findChild<QCheckBox*>()->parentWidget()->setVisible((request.flags & fontFlag::Effects) != 0);
+    NameLines();
     // Alone it would be as low as its frame.
     findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))
         ->setMinimumHeight(Pixels(900));
     PlainButtons(*this);
     resize(Pixels(7500), Pixels(5400));
+}
+
+// What is chosen stands in lines that cannot be typed into; Qt's captions are those of the lists.
+void FontDialog::NameLines() {
+    QStringList names{tr("Font"), tr("Font style")};
+    for (QLineEdit* line : findChildren<QLineEdit*>()) {
+        if (line->isReadOnly() && !names.isEmpty()) line->setAccessibleName(names.takeFirst());
+    }
 }
 
 // Qt's dialog knows whole points alone; a size that nobody has touched keeps its fraction.

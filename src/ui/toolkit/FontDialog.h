@@ -21,6 +21,7 @@ class FontDialog : public QFontDialog {
     void done(int result) override;
 
   private:
+    void NameLines();
     bool SizeIsAllowed() const;
 
     QFont m_first;
