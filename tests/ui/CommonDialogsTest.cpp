@@ -16,6 +16,18 @@ namespace tavel::test {
 
 namespace {
 
+ColorRequest FullColor() {
+    ColorRequest request;
+    request.flags = colorFlag::FullOpen;
+    return request;
+}
+
+FontRequest FontWithEffects() {
+    FontRequest request;
+    request.flags = fontFlag::Effects;
+    return request;
+}
+
 PrintRequest DefaultPrint() {
     PrintRequest request;
     request.printer = DefaultPrinter();
@@ -32,8 +44,7 @@ PageRequest DefaultPage() {
 void LookAtEach(const std::function<void(QWidget&)>& look) {
     auto& dialogs = Service<CommonDialogs>::Get();
     const std::function<void()> asks[] = {
-        [&] { dialogs.PickColor({.flags = colorFlag::FullOpen}); },
-        [&] { dialogs.PickFont({.flags = fontFlag::Effects}); },
+        [&] { dialogs.PickColor(FullColor()); }, [&] { dialogs.PickFont(FontWithEffects()); },
         [&] { dialogs.PickPrinter(DefaultPrint()); }, [&] { dialogs.SetUpPage(DefaultPage()); }};
     for (const auto& ask : asks) {
         WhenModal([&look](QWidget& box) {

@@ -17,7 +17,8 @@ constexpr Long across = 2;
 
 void SetPaper(QPageLayout& layout, Long paper) {
     const QPageSize::PageSizeId id = QPageSize::id(paper);
-    if (paper > 0 && id != QPageSize::Custom) layout.setPageSize(QPageSize(id));
+    if (paper > 0 && id != QPageSize::Custom)
+        layout.setPageSize(QPageSize(id), layout.minimumMargins());
 }
 
 void SetOrientation(QPageLayout& layout, Long orientation) {
