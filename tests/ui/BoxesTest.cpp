@@ -452,6 +452,19 @@ TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_lo
     }
 }
 
+TEST_F(FileDialogs, an_owner_may_go_while_a_box_stands_over_the_dialog) {
+    const RealPrompts real;
+    auto* owner = new QWidget;
+    request.owner = owner;
+    WhenModal([owner](QWidget& box) {
+        Find<QLineEdit>(box, "fileNameEdit").setText(QStringLiteral("nowhere.jpg"));
+        WhenModalOver(
+            box, [&box] { static_cast<QDialog&>(box).accept(); },
+            [owner](QWidget&) { delete owner; });
+    });
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
+}
+
 TEST_F(FileDialogs, Escape_cancels) {
     const RealPrompts real;
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });

@@ -3,6 +3,7 @@
 #include "core/PublicStuff.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/Parts.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
 
@@ -62,6 +63,8 @@ FileDialog::FileDialog(const FileRequest& request)
     PlainButtons(*this);
     SetSizes();
 }
+
+FileDialog::~FileDialog() { LetBoxesGo(*this); }
 
 void FileDialog::SetSizes() {
     constexpr int places = 2100;

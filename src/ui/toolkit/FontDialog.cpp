@@ -2,6 +2,7 @@
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/Parts.h"
 #include "ui/toolkit/Twips.h"
 
 #include <QCheckBox>
@@ -34,11 +35,13 @@ FontDialog::FontDialog(const FontRequest& request)
     setOption(ScalableFonts, (request.flags & scalable) != 0);
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
     setCurrentFont(WithStyleName(request.font));
-    findChild<QCheckBox*>()->parentWidget()->setVisible((request.flags & fontFlag::Effects) != 0);
+    const bool effects = (request.flags & fontFlag::Effects) != 0;
+    WithPart<QCheckBox>(*this, nullptr,
+                        [effects](QCheckBox& first) { first.parentWidget()->setVisible(effects); });
     NameLines();
     // Alone it would be as low as its frame.
-    findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))
-        ->setMinimumHeight(Pixels(900));
+    WithPart(*this, "qt_fontDialog_sampleEdit",
+             [](QWidget& sample) { sample.setMinimumHeight(Pixels(900)); });
     PlainButtons(*this);
     resize(Pixels(7500), Pixels(5400));
 }
