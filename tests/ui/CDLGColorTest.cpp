@@ -191,6 +191,21 @@ TEST(CustomColor, what_is_stored_before_the_first_use_stays_and_is_shown) {
     EXPECT_EQ(dialogs.color.custom[0], SystemColor(0));
 }
 
+TEST(CustomColor, the_dialog_of_another_object_over_this_one_leaves_them) {
+    Call below;
+    for (int i = 0; i < 16; ++i) below.dialog.CustomColor(i, 0x111111);
+    WhenModal([](QWidget& box) {
+        Call above;
+        for (int i = 0; i < 16; ++i) above.dialog.CustomColor(i, 0x222222);
+        WhenModal(PressEscape);
+        above.Run();
+        EXPECT_EQ(above.dialog.CustomColor(0), 0x222222);
+        PressEscape(box);
+    });
+    EXPECT_FALSE(below.Run());
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(below.dialog.CustomColor(i), 0x111111) << i;
+}
+
 TEST(CustomColor, what_the_user_adds_is_kept_after_a_cancel_too) {
     Call call;
     for (int i = 0; i < 16; ++i) call.dialog.CustomColor(i, 0);

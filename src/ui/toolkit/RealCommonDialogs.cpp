@@ -16,6 +16,8 @@ namespace {
 class RealCommonDialogs : public CommonDialogs {
   public:
     ColorAnswer PickColor(const ColorRequest& request) override {
+        // Qt has one set for all its dialogs, one that may stand below this included.
+        const CustomColors before = ColorDialog::Custom();
         Modal<ColorDialog> box(request);
         ColorAnswer answer;
         if (box.Run() == QDialog::Accepted) {
@@ -23,6 +25,7 @@ class RealCommonDialogs : public CommonDialogs {
             answer.color = box->selectedColor();
         }
         answer.custom = ColorDialog::Custom();
+        ColorDialog::SetCustom(before);
         return answer;
     }
 
