@@ -62,7 +62,7 @@ QFont FontDialog::Font() const {
 }
 
 bool FontDialog::SizeIsAllowed() const {
-    const int size = currentFont().pointSize();
+    const qreal size = Font().pointSizeF();
     return size >= m_minSize && (m_maxSize == 0 || size <= m_maxSize);
 }
 

@@ -30,8 +30,12 @@ class RealCommonDialogs : public CommonDialogs {
     }
 
     FontAnswer PickFont(const FontRequest& request) override {
-        Modal<FontDialog> box(request);
         FontAnswer answer;
+        if (request.maxSize != 0 && request.maxSize < request.minSize) {
+            answer.error = NoSizeAllowed;
+            return answer;
+        }
+        Modal<FontDialog> box(request);
         if (box.Run() != QDialog::Accepted) return answer;
         answer.result = 1;
         answer.font = box->Font();
