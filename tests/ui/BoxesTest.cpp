@@ -4,13 +4,13 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CommonDialogs.h"
-#include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/WorkWindow.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
+#include "ui/toolkit/dialogs/FileDialog.h"
 
 #include <gtest/gtest.h>
 

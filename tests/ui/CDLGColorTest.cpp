@@ -1,9 +1,9 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/SystemColors.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 

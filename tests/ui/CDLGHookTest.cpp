@@ -1,7 +1,7 @@
 #include "platform/Failure.h"
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/PromptQueue.h"
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 

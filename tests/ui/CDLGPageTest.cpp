@@ -1,7 +1,7 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 

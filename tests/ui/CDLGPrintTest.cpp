@@ -3,8 +3,8 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "core/PublicStuff.h"
 #include "support/Support.h"
 #include "ui/support/PromptQueue.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "ui/support/Modal.h"
-#include "ui/toolkit/CommonDialogs.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <gtest/gtest.h>
 

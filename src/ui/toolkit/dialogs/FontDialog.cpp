@@ -1,9 +1,9 @@
-#include "ui/toolkit/FontDialog.h"
+#include "ui/toolkit/dialogs/FontDialog.h"
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/MsgBox.h"
-#include "ui/toolkit/Parts.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QCheckBox>
 #include <QFontInfo>

@@ -1,4 +1,4 @@
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include "core/MessageBoxes.h"
 #include "platform/Failure.h"

@@ -1,9 +1,9 @@
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Prompts.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <QFileInfo>
 #include <algorithm>

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Numbers.h"
-#include "ui/toolkit/DialogResult.h"
-#include "ui/toolkit/PrinterState.h"
+#include "ui/toolkit/dialogs/DialogResult.h"
+#include "ui/toolkit/dialogs/PrinterState.h"
 
 #include <array>
 #include <optional>

@@ -1,9 +1,9 @@
-#include "ui/toolkit/ColorDialog.h"
-#include "ui/toolkit/FontDialog.h"
 #include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/MsgBox.h"
-#include "ui/toolkit/PageSetupDialog.h"
-#include "ui/toolkit/PrintDialog.h"
+#include "ui/toolkit/dialogs/ColorDialog.h"
+#include "ui/toolkit/dialogs/FontDialog.h"
+#include "ui/toolkit/dialogs/PageSetupDialog.h"
+#include "ui/toolkit/dialogs/PrintDialog.h"
 
 #include <QObject>
 #include <QPrinter>

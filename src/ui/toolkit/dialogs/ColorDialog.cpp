@@ -1,4 +1,4 @@
-#include "ui/toolkit/ColorDialog.h"
+#include "ui/toolkit/dialogs/ColorDialog.h"
 
 #include "ui/toolkit/Controls.h"
 

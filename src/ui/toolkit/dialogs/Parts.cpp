@@ -1,4 +1,4 @@
-#include "ui/toolkit/Parts.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QDialog>
 

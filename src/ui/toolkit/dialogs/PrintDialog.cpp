@@ -1,8 +1,8 @@
-#include "ui/toolkit/PrintDialog.h"
+#include "ui/toolkit/dialogs/PrintDialog.h"
 
 #include "ui/toolkit/Controls.h"
-#include "ui/toolkit/Parts.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

@@ -1,7 +1,7 @@
-#include "ui/toolkit/PageSetupDialog.h"
+#include "ui/toolkit/dialogs/PageSetupDialog.h"
 
 #include "ui/toolkit/Controls.h"
-#include "ui/toolkit/Parts.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QComboBox>
 #include <QPointer>
