@@ -1,11 +1,15 @@
 #include "platform/Failure.h"
+#include "ui/support/DialogRecorder.h"
 #include "ui/support/PromptQueue.h"
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QVariant>
 #include <QWidget>
+#include <functional>
+#include <limits>
+#include <memory>
 
 namespace tavel::test {
 
@@ -53,6 +57,7 @@ TEST(FilterPiece, gives_the_pair_at_the_index) {
     EXPECT_EQ(OpensProtected::FilterPiece(form, 3), nul) << "the end mark";
     EXPECT_EQ(OpensProtected::FilterPiece(form, 4), "");
     EXPECT_EQ(OpensProtected::FilterPiece(form, 0), "");
+    EXPECT_EQ(OpensProtected::FilterPiece(form, std::numeric_limits<Long>::min()), "");
     EXPECT_EQ(OpensProtected::FilterPiece("", 1), "");
     EXPECT_EQ(OpensProtected::FilterPiece("no end", 1), "");
     EXPECT_EQ(OpensProtected::FilterPiece("a" + nul + "to the end", 1), "a" + nul + "to the end");
@@ -119,6 +124,26 @@ TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
     EXPECT_EQ(dialog.property("DialogResult").toInt(), 0);
 }
 
+TEST(DialogHook, a_sink_may_delete_the_dialog_that_it_is_asked_about) {
+    class Deletes : public SinkRecorder {
+      public:
+        explicit Deletes(QWidget* dialog) : m_dialog(dialog) {}
+        bool ConfirmOK() override {
+            m_dialog.reset();
+            return true;
+        }
+
+      private:
+        std::unique_ptr<QWidget> m_dialog;
+    };
+    auto* dialog = new QWidget;
+    Deletes sink(dialog);
+    OpensProtected hook;
+    hook.m_eventSink = &sink;
+    const CDLG::NotifyHeader header{0, 0, -606};
+    EXPECT_EQ(hook.DialogHook(*dialog, 78, 0, &header), 0);
+}
+
 TEST(DialogHook, does_nothing_without_a_sink) {
     const CDLG::NotifyHeader header{0, 0, -606};
     QWidget dialog;
@@ -127,19 +152,47 @@ TEST(DialogHook, does_nothing_without_a_sink) {
     EXPECT_FALSE(dialog.property("DialogResult").isValid());
 }
 
-TEST(DialogHook, a_call_takes_the_sink_away) {
+TEST(DialogHook, every_call_of_a_dialog_takes_the_sink_away) {
     PromptQueue prompts;
-    prompts.ExpectFiles(QString(), {});
+    const DialogRecorder dialogs;
     SinkRecorder sink;
     OpensProtected dialog;
-    dialog.m_eventSink = &sink;
     std::string name, fileTitle, filter;
-    bool readOnly = false;
-    Long index = 1, flags = 0;
-    dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index, "", "",
-                             "", nullptr, flags, true, &sink);
-    EXPECT_EQ(dialog.m_eventSink, nullptr);
-    EXPECT_EQ(sink.told, "");
+    bool readOnly = false, toFile = false, collate = false;
+    Long index = 1, flags = 0, color = 0, from = 1, to = 1, paper = 0, across = 0, quality = 0;
+    Integer copies = 1;
+    double left = 0, right = 0, top = 0, bottom = 0;
+    QFont font;
+    CDLG::Range range = CDLG::Range::All;
+    const std::function<void()> calls[] = {
+        [&] {
+            prompts.ExpectFiles(QString(), {});
+            dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index,
+                                     "", "", "", nullptr, flags, true, &sink);
+        },
+        [&] {
+            prompts.ExpectFiles(QString(), {});
+            dialog.VBGetSaveFileName(name, fileTitle, true, filter, index, "", "", "", nullptr,
+                                     flags, true, &sink);
+        },
+        [&] { dialog.VBChooseColor(color, false, false, false, nullptr, 0, true, &sink); },
+        [&] { dialog.VBChooseFont(font, nullptr, nullptr, 0, 0, 0, true, &sink); },
+        [&] {
+            dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile, collate,
+                              false, nullptr, nullptr, 0, true, &sink);
+        },
+        [&] {
+            dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0, bottom, 0,
+                                   paper, across, quality, CDLG::PageUnits::Inches, nullptr,
+                                   nullptr, 0, true, &sink);
+        }};
+    for (const auto& call : calls) {
+        dialog.m_eventSink = &sink;
+        call();
+        EXPECT_EQ(dialog.m_eventSink, nullptr);
+        EXPECT_EQ(sink.told, "");
+    }
+    EXPECT_EQ(CDLG::VBGetFileTitle("c:\\a.jpg"), "a.jpg") << "is no dialog";
 }
 
 }  // namespace tavel::test

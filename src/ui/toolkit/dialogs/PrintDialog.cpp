@@ -1,0 +1,114 @@
+#include "ui/toolkit/dialogs/PrintDialog.h"
+
+#include "ui/toolkit/Controls.h"
+#include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
+
+#include <QComboBox>
+#include <QDialogButtonBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QPushButton>
+#include <QSpinBox>
+
+namespace tavel {
+
+namespace {
+
+// A printer that begins as the request has it, in the dialog's own hand.
+QPrinter* Prepared(const PrintRequest& request, QPrinter& printer) {
+    PrinterState state = request.printer;
+    if (!request.Has(printFlag::ToFile) || !request.OffersFile()) state.file.clear();
+    Apply(state, printer);
+    printer.setCollateCopies(request.Has(printFlag::Collate));
+    return &printer;
+}
+
+}  // namespace
+
+PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
+    : QPrintDialog(Prepared(request, printer), request.owner) {
+    setObjectName(QStringLiteral("PrintDialog"));
+    setOption(PrintToFile, request.OffersFile());
+    setOption(PrintCollateCopies);
+    SetRange(request);
+    if (request.OffersFile()) SetFile(request);
+    PlainButtons(*this);
+    NameControls();
+    ShowAll();
+}
+
+PrintDialog::~PrintDialog() { LetBoxesGo(*this); }
+
+// Qt offers them whatever its option says.
+void PrintDialog::HidePageNumbers() {
+    WithPart(*this, "gbPrintRange", [](QWidget& ranges) {
+        for (const char* part :
+             {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
+            WithPart(ranges, part, [](QWidget& control) { control.hide(); });
+    });
+}
+
+// Controls without a caption of their own, as a screen reader tells them.
+void PrintDialog::NameControls() {
+    const std::pair<const char*, QString> names[] = {{"from", tr("From page")},
+                                                     {"to", tr("To page")},
+                                                     {"pagesLineEdit", tr("Pages")},
+                                                     {"pageSetCombo", tr("Page Set")},
+                                                     {"fileBrowser", tr("Browse")}};
+    for (const auto& named : names) {
+        WithPart(*this, named.first,
+                 [&named](QWidget& control) { control.setAccessibleName(named.second); });
+    }
+}
+
+// Copies and pages, which Qt keeps behind its last button.
+void PrintDialog::ShowAll() {
+    WithPart<QDialogButtonBox>(*this, nullptr, [this](const QDialogButtonBox& buttons) {
+        QPushButton* options = buttons.findChildren<QPushButton*>().back();
+        options->click();
+        options->hide();
+        resize(sizeHint().expandedTo({Pixels(7500), 0}));
+    });
+}
+
+void PrintDialog::SetRange(const PrintRequest& request) {
+    setMinMax(1, 65535);
+    setFromTo(request.fromPage, request.toPage);
+    // Not before: pages that are told are offered.
+    setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
+    setOption(PrintSelection, !request.Has(printFlag::NoSelection));
+    if (request.Has(printFlag::NoPageNumbers)) HidePageNumbers();
+    if (request.Has(printFlag::PageNumbers) && !request.Has(printFlag::NoPageNumbers))
+        setPrintRange(PageRange);
+    else if (request.Has(printFlag::Selection) && !request.Has(printFlag::NoSelection))
+        setPrintRange(Selection);
+    else
+        setPrintRange(AllPages);
+}
+
+void PrintDialog::SetFile(const PrintRequest& request) {
+    const QString last = request.printer.file;
+    const QString file = last.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : last;
+    WithPart<QLineEdit>(*this, "filename", [&file](QLineEdit& name) { name.setText(file); });
+    if (!request.Has(printFlag::ToFile)) return;
+    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
+        printers.setCurrentIndex(printers.count() - 1);
+    });
+}
+
+PrintAnswer PrintDialog::Answer() {
+    PrintAnswer answer;
+    answer.result = 1;
+    answer.printer = StateOf(*printer());
+    answer.fromPage = fromPage();
+    answer.toPage = toPage();
+    answer.flags = (printRange() == PageRange ? printFlag::PageNumbers : 0) |
+                   (printRange() == Selection ? printFlag::Selection : 0) |
+                   (printer()->collateCopies() ? printFlag::Collate : 0) |
+                   (answer.printer.file.isEmpty() ? 0 : printFlag::ToFile);
+    return answer;
+}
+
+}  // namespace tavel
