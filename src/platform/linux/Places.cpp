@@ -163,10 +163,7 @@ Place FindOnHost(const std::string& hostPath) {
 
 std::string HostPathInOwnSpelling(const Place& place) {
     if (place.path.names.empty()) return place.hostPath;
-    const std::vector<std::string> names = MatchingNames(place.folder.Get(), place.name);
-    const bool isOwn = std::find(names.begin(), names.end(), place.name) != names.end();
-    return isOwn || names.empty() ? place.hostPath
-                                  : HostJoin(FolderOf(place.hostPath), names.front());
+    return HostJoin(FolderOf(place.hostPath), OwnSpelling(place.folder.Get(), place.name));
 }
 
 }  // namespace tavel
