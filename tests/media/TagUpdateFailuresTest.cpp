@@ -110,11 +110,11 @@ TEST_F(TagUpdateFailures, An_update_that_grows_the_file_makes_these_calls) {
     std::vector<std::string> all;
     files->onCall = [&](const std::string& call) { all.push_back(call); };
     EXPECT_EQ(Update(), 0);
-    const std::string temp = all.at(5).substr(all.at(5).find("t:"));
+    const std::string temp = all.at(6).substr(all.at(6).find("t:"));
     EXPECT_THAT(
         all, ElementsAre("OpenRaw ReadWrite e:\\one.mp3", "Read e:\\one.mp3 4096",
-                         "Read e:\\one.mp3 907", "GetTempFolder", "CreateTempFile t:\\",
-                         "OpenRaw Create " + temp, "Write " + temp + " 2048",
+                         "Read e:\\one.mp3 907", "WhyNotToMakeAgain e:\\one.mp3", "GetTempFolder",
+                         "CreateTempFile t:\\", "OpenRaw Create " + temp, "Write " + temp + " 2048",
                          "Read e:\\one.mp3 4096", "Write " + temp + " 4096", "Read e:\\one.mp3 904",
                          "Write " + temp + " 904", "CopyRights e:\\one.mp3 -> " + temp,
                          "Close " + temp, "Close e:\\one.mp3", "DeleteFile e:\\one.mp3",
@@ -310,6 +310,33 @@ TEST_F(TagUpdateFailures, Without_a_folder_for_temporary_files_the_programs_own_
     EXPECT_TRUE(Bytes() == WholeTag(30, 2048) + std::string(2018, '\0') + audio);
 }
 
+TEST_F(TagUpdateFailures, A_read_that_fails_is_told_with_the_files_own_number) {
+    for (const std::string& before : {audio, oldTag + audio}) {
+        int reads = 0;
+        for (int read = 0;; ++read) {
+            ASSERT_LT(read, 20);
+            Begin(before, 400);
+            files->FailOn("Read", failure::DiskNotReady, 1, read);
+            const Long error = Update();
+            if (error == 0) break;
+            EXPECT_EQ(error, failure::DiskNotReady) << read;
+            ++reads;
+        }
+        EXPECT_EQ(reads, before == audio ? 5 : 2);
+    }
+}
+
+TEST_F(TagUpdateFailures, A_file_that_is_cut_short_while_it_is_copied_is_not_replaced) {
+    Begin(audio, 30);
+    files->onCall = [&](const std::string& call) {
+        const bool isCopied = call.rfind("Write t:", 0) == 0 && call.ends_with(" 4096");
+        if (isCopied) fs::resize_file(host, 5000);
+    };
+    EXPECT_EQ(Update(), failure::DeviceIO);
+    EXPECT_TRUE(Bytes() == audio.substr(0, 5000));
+    EXPECT_TRUE(Left().empty());
+}
+
 // What a full disk or a pulled stick makes of the host's own calls.
 class TagUpdateOnHost : public TagUpdateFailures {
   protected:
@@ -329,18 +356,21 @@ TEST_F(TagUpdateOnHost, What_replaces_the_file_is_on_the_disk_before_the_file_is
     HostCalls calls(folder.HostPath());
     EXPECT_EQ(Update(), 0);
     const std::vector<std::string> made = calls.Take();
-    ASSERT_EQ(made.size(), 3u);
+    ASSERT_EQ(made.size(), 4u);
     EXPECT_THAT(made[0], ::testing::MatchesRegex("flush temp/[0-9a-f]+\\.tmp 12053"));
-    EXPECT_EQ(made[1], "remove stick/one.mp3");
-    EXPECT_THAT(made[2], ::testing::MatchesRegex("rename temp/[0-9a-f]+\\.tmp -> stick/one.mp3"));
+    EXPECT_EQ(made[1], "flush folder temp");
+    EXPECT_EQ(made[2], "remove stick/one.mp3");
+    EXPECT_THAT(made[3], ::testing::MatchesRegex("rename temp/[0-9a-f]+\\.tmp -> stick/one.mp3"));
 }
 
 TEST_F(TagUpdateOnHost, A_temporary_file_that_does_not_reach_the_disk_replaces_nothing) {
     HostCalls calls(folder.HostPath());
-    calls.FailFlush(1, EIO);
-    EXPECT_EQ(Update(), failure::DeviceIO);
-    EXPECT_TRUE(Bytes() == audio);
-    EXPECT_TRUE(Left().empty());
+    for (const int flush : {1, 2}) {  // the file, its entry
+        calls.FailFlush(flush, EIO);
+        EXPECT_EQ(Update(), failure::DeviceIO);
+        EXPECT_TRUE(Bytes() == audio);
+        EXPECT_TRUE(Left().empty());
+    }
 }
 
 TEST_F(TagUpdateOnHost, A_file_in_a_folder_that_cannot_be_changed_stays_with_the_temporary_file) {

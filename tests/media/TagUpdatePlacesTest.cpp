@@ -65,6 +65,7 @@ class TagUpdatePlaces : public HostDrives {
                one.st_dev == other.st_dev;
     }
 
+    const std::string source = "Tavel.cMP3ID3v2";
     cMP3ID3v2 tag;
 };
 
@@ -111,13 +112,14 @@ TEST_F(TagUpdatePlaces, A_file_on_a_stick_is_there_with_all_its_bytes_when_the_u
     EXPECT_TRUE(temp.Read("card/ONE.mp3") == WithTag("title"));
     EXPECT_FALSE(fs::exists(temp.HostPath("card/one.mp3")));
     const std::vector<std::string> made = calls.Take();
-    ASSERT_EQ(made.size(), 10u);
+    ASSERT_EQ(made.size(), 11u);
     EXPECT_THAT(made[0], MatchesRegex("flush temp/.*\\.tmp 12053"));
-    EXPECT_EQ(made[1], "flush card/one.mp3 10005");  // open for writing, and closed unchanged
-    EXPECT_EQ(made[2], "remove card/one.mp3");
-    EXPECT_EQ(made[3], "flush folder card");
-    EXPECT_THAT(made[4], MatchesRegex("rename temp/.*\\.tmp -> card/ONE.mp3"));
-    EXPECT_EQ(made[5], "flush card/ONE.mp3 12053");
+    EXPECT_EQ(made[1], "flush folder temp");
+    EXPECT_EQ(made[2], "flush card/one.mp3 10005");  // open for writing, and closed unchanged
+    EXPECT_EQ(made[3], "remove card/one.mp3");
+    EXPECT_EQ(made[4], "flush folder card");
+    EXPECT_THAT(made[5], MatchesRegex("rename temp/.*\\.tmp -> card/ONE.mp3"));
+    EXPECT_EQ(made[6], "flush card/ONE.mp3 12053");
     EXPECT_EQ(made.back(), "flush card/ONE.mp3 12053");  // the tag
 }
 
@@ -153,6 +155,42 @@ TEST_F(TagUpdatePlaces, A_link_to_a_file_becomes_a_file_of_its_own_when_it_grows
     EXPECT_TRUE(temp.Read("link.mp3") == WithTag("title"));
     EXPECT_FALSE(fs::is_symlink(temp.HostPath("link.mp3")));
     EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
+// On either drive: the names that the host has and no new file gets.
+TEST_F(TagUpdatePlaces, A_file_whose_name_no_new_file_gets_does_not_grow) {
+    for (const char* name : {"Why?.mp3", "\"Live\".mp3", "a|b.mp3", "aux.mp3", "caf\xE9.mp3",
+                             "end.", "end ", "one.mp3."}) {
+        for (const std::string& folder : {"e:"s, temp.DrivePath("card")}) {
+            SCOPED_TRACE(folder + "\\" + name);
+            temp.Write("card/"s + name, audio);
+            SetTitle(folder + "\\" + name, "title");
+            EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "52 Bad file name or number " + source);
+            EXPECT_TRUE(temp.Read("card/"s + name) == audio);
+            EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
+
+            temp.Write("card/"s + name, WithTag("title"));
+            SetTitle(folder + "\\" + name, "other");
+            tag.Update();
+            EXPECT_TRUE(temp.Read("card/"s + name) == WithTag("other"));
+        }
+    }
+}
+
+TEST_F(TagUpdatePlaces, A_file_that_has_a_twin_in_its_folder_does_not_grow) {
+    temp.Write("card/ONE.mp3", "twin");
+    fs::create_directory(temp.HostPath("card/Two.mp3"));
+    for (const char* name : {"one.mp3", "two.mp3"}) {
+        for (const std::string& folder : {"e:"s, temp.DrivePath("card")}) {
+            SCOPED_TRACE(folder + "\\" + name);
+            temp.Write("card/"s + name, audio);
+            SetTitle(folder + "\\" + name, "title");
+            EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "58 File already exists " + source);
+            EXPECT_TRUE(temp.Read("card/"s + name) == audio);
+            EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
+        }
+    }
+    EXPECT_EQ(temp.Read("card/ONE.mp3"), "twin");
 }
 
 TEST_F(TagUpdateOnExfat, What_was_written_is_on_the_stick_when_the_update_returns) {
@@ -194,15 +232,16 @@ TEST_F(TagUpdateAcross,
     tag.Update();
     std::vector<std::string> made = calls.Take();
     const std::string card = fs::path(temp.HostPath("card")).relative_path().string();
-    ASSERT_EQ(made.size(), 10u);
+    ASSERT_EQ(made.size(), 11u);
     EXPECT_THAT(made[0], MatchesRegex("flush dev/shm/.*\\.tmp 12053"));
-    EXPECT_EQ(made[2], "remove " + card + "/one.mp3");
-    EXPECT_EQ(made[4], "flush " + card + "/.one.mp3.new 12053");
-    EXPECT_EQ(made[5], "rename " + card + "/.one.mp3.new -> " + card + "/one.mp3");
-    EXPECT_EQ(made[6], "flush " + card + "/one.mp3 12053");
-    EXPECT_EQ(made[7], "flush folder " + card);
-    EXPECT_THAT(made[8], MatchesRegex("remove dev/shm/.*\\.tmp"));
-    EXPECT_EQ(made[9], "flush " + card + "/one.mp3 12053");
+    EXPECT_THAT(made[1], StartsWith("flush folder dev/shm/"));
+    EXPECT_EQ(made[3], "remove " + card + "/one.mp3");
+    EXPECT_EQ(made[5], "flush " + card + "/.one.mp3.new 12053");
+    EXPECT_EQ(made[6], "rename " + card + "/.one.mp3.new -> " + card + "/one.mp3");
+    EXPECT_EQ(made[7], "flush " + card + "/one.mp3 12053");
+    EXPECT_EQ(made[8], "flush folder " + card);
+    EXPECT_THAT(made[9], MatchesRegex("remove dev/shm/.*\\.tmp"));
+    EXPECT_EQ(made[10], "flush " + card + "/one.mp3 12053");
 }
 
 // Up to the deletion the old file is there, from it on the temporary file, until the new one is.
@@ -219,7 +258,7 @@ TEST_F(TagUpdateAcross, Whichever_flush_fails_a_whole_file_is_left) {
         const Long error = FailureOf([&] { tag.Update(); });
         SCOPED_TRACE(flush);
         if (error == 0) {  // the one that closes the file
-            EXPECT_EQ(flush, 7);
+            EXPECT_EQ(flush, 8);
             EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("title"));
             break;
         }
