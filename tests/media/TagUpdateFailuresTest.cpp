@@ -5,9 +5,9 @@
 #include "support/HostCalls.h"
 #include "support/PlainUser.h"
 #include "support/Support.h"
+#include "support/TempPath.h"
 
 #include <gmock/gmock.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -120,6 +120,16 @@ TEST_F(TagUpdateFailures, An_update_that_grows_the_file_makes_these_calls) {
                          "Close " + temp, "Close e:\\one.mp3", "DeleteFile e:\\one.mp3",
                          "MoveFile " + temp + " -> e:\\one.mp3", "OpenRaw ReadWrite e:\\one.mp3",
                          "Read e:\\one.mp3 30", "Write e:\\one.mp3 30", "Close e:\\one.mp3"));
+}
+
+TEST_F(TagUpdateFailures, Room_is_made_in_blocks_of_which_the_last_is_cut) {
+    Begin(std::string(5, 'a'), 4200);
+    EXPECT_EQ(Update(), 0);
+    std::vector<std::string> sizes;
+    for (const std::string& call : files->rawCalls) {
+        if (call.rfind("Write t:", 0) == 0) sizes.push_back(call.substr(call.rfind(' ') + 1));
+    }
+    EXPECT_THAT(sizes, ElementsAre("4096", "2048", "5"));
 }
 
 TEST_F(TagUpdateFailures, An_update_in_place_makes_these_calls) {
@@ -342,13 +352,13 @@ class TagUpdateOnHost : public TagUpdateFailures {
   protected:
     void SetUp() override {
         TagUpdateFailures::SetUp();
-        setenv("TMPDIR", folder.HostPath("temp").c_str(), 1);
+        tempPath.Use(folder.HostPath("temp"));
         folder.Write("stick/one.mp3", audio);
         tag.MP3File(folder.DrivePath("stick/one.mp3"));
         tag.Title("title");
     }
-    void TearDown() override { unsetenv("TMPDIR"); }
 
+    TempPath tempPath;
     const std::string moved = std::string(2048, '\0') + audio;
 };
 
