@@ -83,7 +83,6 @@ class Disk : public test::OneFileService {
         Check(m_files.emplace(name, std::make_shared<std::string>()).second, "a second temp file");
         return name;
     }
-    Long WhyNotToMakeAgain(std::string_view) override { return 0; }
     void CopyRights(std::string_view, std::string_view) override {}
     void DeleteFile(std::string_view name, bool) override {
         Check(m_files.erase(std::string(name)) == 1, "a file is deleted that is not there");

@@ -118,7 +118,6 @@ void Replace(const std::string& path, const std::string& tempPath) {
 // The file at the path, opened anew with so many zero bytes in front.
 std::unique_ptr<RawFile> InsertSpace(std::unique_ptr<RawFile> file, const std::string& path,
                                      Long size) {
-    if (const Long error = oFSO().WhyNotToMakeAgain(path); error != 0) Fail(error);
     Replace(path, CopyBehindSpace(*file, path, size));
     return Open(path, RawMode::ReadWrite);
 }

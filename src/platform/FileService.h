@@ -118,10 +118,6 @@ class FileService {
     virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
     // Without `force` a read-only file fails with 70.
     virtual void DeleteFile(std::string_view path, bool force) = 0;
-    // Why a file that goes could not be followed by another under its path: 0 when it could; 52
-    // when a new file gets no such name, or is called differently there but for case; 58 when
-    // something else in the folder would answer to the path then. 53 when there is no file.
-    virtual Long WhyNotToMakeAgain(std::string_view path) = 0;
     // Gives a file the owner and the mode of another, as far as the user may and the file system
     // knows them. Never fails.
     virtual void CopyRights(std::string_view source, std::string_view target) = 0;

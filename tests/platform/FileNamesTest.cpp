@@ -103,36 +103,6 @@ TEST_P(FileNames, Blanks_and_dots_at_the_end_of_a_new_name_are_dropped_and_still
     EXPECT_EQ(FailureOf([&] { files->CreateFolder(At("VOL. 1.")); }), 58);
 }
 
-TEST_P(FileNames, A_file_can_be_made_again_under_a_name_that_a_new_file_gets) {
-    Put("a.mp3", "x");
-    Put("na\xc3\xafve.mp3", "x");
-    for (const std::string name :
-         {"a.mp3", "A.MP3", "a.mp3. .", "na\xc3\xafve.mp3", "na\xefve.mp3"})
-        EXPECT_EQ(files->WhyNotToMakeAgain(At(name)), 0) << name;
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("none.mp3")), 53);
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("none\\a.mp3")), 76);
-    fs::create_directory(Host("folder"));
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("folder")), 53);
-}
-
-TEST_P(FileNames, A_file_whose_name_no_new_file_gets_cannot_be_made_again) {
-    for (const std::string name :
-         {"a?b", "\"a\"", "a|b", "12:30.jpg", "nul", "aux.mp3", "end.", "end ", "na\xefve.mp3"}) {
-        Put(name, "x");
-        EXPECT_EQ(files->WhyNotToMakeAgain(At(name)), 52) << name;
-    }
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("na\xc3\xafve.mp3")), 52) << "it would be another one";
-}
-
-TEST_P(FileNames, A_file_with_a_twin_cannot_be_made_again) {
-    for (const std::string name : {"a.mp3", "A.mp3", "b.mp3", "b.mp3.", "c.mp3"}) Put(name, "x");
-    fs::create_directory(Host("C.mp3"));
-    for (const std::string name : {"a.mp3", "A.mp3", "c.mp3"})
-        EXPECT_EQ(files->WhyNotToMakeAgain(At(name)), 58) << name;
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("b.mp3.")), 52);
-    EXPECT_EQ(files->WhyNotToMakeAgain(At("b.mp3")), 0) << "a shorter path leads to no longer name";
-}
-
 TEST_P(FileNames, A_host_separator_in_a_name_finds_nothing) {
     Put("psp/a.txt", "x");
     EXPECT_FALSE(files->FileExists(At("psp/a.txt")));

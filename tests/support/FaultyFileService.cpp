@@ -241,15 +241,6 @@ void FaultyFileService::DeleteLinks(std::string_view folder, std::string_view na
     m_real.DeleteLinks(MapForChange(folder).real, name);
 }
 
-Long FaultyFileService::WhyNotToMakeAgain(std::string_view path) {
-    const std::string call = "WhyNotToMakeAgain " + std::string(path);
-    calls.push_back(call);
-    onCall(call);
-    if (const Long number = FailureOf(call); number != 0) return number;
-    const Mapped mapped = Map(path);
-    return mapped.failure != 0 ? mapped.failure : m_real.WhyNotToMakeAgain(mapped.real);
-}
-
 void FaultyFileService::CopyRights(std::string_view source, std::string_view target) {
     const std::string call = "CopyRights " + std::string(source) + " -> " + std::string(target);
     calls.push_back(call);

@@ -79,7 +79,6 @@ class FaultyFileService : public FileService {
     void CopyFile(std::string_view source, std::string_view target, bool overwrite) override;
     void DeleteFile(std::string_view path, bool force) override;
     void DeleteLinks(std::string_view folder, std::string_view name) override;
-    Long WhyNotToMakeAgain(std::string_view path) override;
     void CopyRights(std::string_view source, std::string_view target) override;
     void CreateTextFile(std::string_view path, bool overwrite) override;
     std::string GetTempFolder() override;

@@ -46,7 +46,6 @@ class OneFileService : public FileService {
     }
     void DeleteFile(std::string_view, bool) override { Fail(failure::NoSuchMember); }
     void DeleteLinks(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
-    Long WhyNotToMakeAgain(std::string_view) override { Fail(failure::NoSuchMember); }
     void CopyRights(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
     std::string GetTempFolder() override { Fail(failure::NoSuchMember); }
     std::string CreateTempFile(std::string_view, std::string_view) override {

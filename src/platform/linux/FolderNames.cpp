@@ -170,10 +170,4 @@ std::vector<std::string> MatchingNames(int folder, std::string_view name) {
     return folders.Matching(folder, name);
 }
 
-std::string OwnSpelling(int folder, std::string_view name) {
-    const std::vector<std::string> names = MatchingNames(folder, name);
-    const bool isOwn = std::find(names.begin(), names.end(), name) != names.end();
-    return isOwn || names.empty() ? std::string(name) : names.front();
-}
-
 }  // namespace tavel

@@ -20,8 +20,4 @@ std::vector<std::string> NamesIn(int folder, int& error);
 // ignores case as well. So a name that is given may have gone, and has to be looked at.
 std::vector<std::string> MatchingNames(int folder, std::string_view name);
 
-// A name that leads to something in an open folder, as the folder spells it: a file system that
-// ignores case follows any other spelling as well.
-std::string OwnSpelling(int folder, std::string_view name);
-
 }  // namespace tavel

@@ -8,7 +8,6 @@
 #include "platform/linux/HostFile.h"
 #include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
-#include "platform/linux/MakingAgain.h"
 
 #include <algorithm>
 #include <cstdlib>
@@ -76,9 +75,6 @@ class LinuxFileService : public FileService {
     void DeleteFile(std::string_view path, bool force) override { DeleteFileAt(Find(path), force); }
     void DeleteLinks(std::string_view folder, std::string_view name) override {
         DeleteLinksIn(Find(folder), name);
-    }
-    Long WhyNotToMakeAgain(std::string_view path) override {
-        return WhyNotToMakeAgainAt(Find(path));
     }
     void CopyRights(std::string_view source, std::string_view target) override {
         CopyRightsBetween(Find(source), Find(target));

@@ -163,7 +163,10 @@ Place FindOnHost(const std::string& hostPath) {
 
 std::string HostPathInOwnSpelling(const Place& place) {
     if (place.path.names.empty()) return place.hostPath;
-    return HostJoin(FolderOf(place.hostPath), OwnSpelling(place.folder.Get(), place.name));
+    const std::vector<std::string> names = MatchingNames(place.folder.Get(), place.name);
+    const bool isOwn = std::find(names.begin(), names.end(), place.name) != names.end();
+    return isOwn || names.empty() ? place.hostPath
+                                  : HostJoin(FolderOf(place.hostPath), names.front());
 }
 
 }  // namespace tavel
