@@ -25,8 +25,10 @@ void StripNulls(std::string& text) {
 
 }  // namespace
 
+void FailAs(const RawFile& file) { Fail(file.Error() != 0 ? file.Error() : failure::DeviceIO); }
+
 FileBytes::FileBytes(RawFile& file) : m_file(file), m_length(file.Size()) {
-    if (m_length < 0) Fail(failure::DeviceIO);
+    if (m_length < 0) FailAs(m_file);
 }
 
 std::int64_t FileBytes::BytesLeft() const { return std::max<std::int64_t>(m_length - m_offset, 0); }
@@ -74,11 +76,11 @@ void FileBytes::FillWindow(std::size_t count) {
 // Returns the number of bytes that are there.
 std::size_t FileBytes::ReadAt(std::int64_t offset, std::span<char> bytes) {
     if (bytes.empty()) return 0;
-    if (m_fileOffset != offset && !m_file.Seek(offset)) Fail(failure::DeviceIO);
+    if (m_fileOffset != offset && !m_file.Seek(offset)) FailAs(m_file);
     std::size_t filled = 0;
     while (filled < bytes.size()) {
         std::size_t bytesRead = 0;
-        if (!m_file.Read(bytes.subspan(filled), bytesRead)) Fail(failure::DeviceIO);
+        if (!m_file.Read(bytes.subspan(filled), bytesRead)) FailAs(m_file);
         if (bytesRead == 0) break;
         filled += bytesRead;
     }

@@ -11,9 +11,12 @@
 
 namespace tavel {
 
+// Fails with the number that the file tells of its first failure, or with 57 when it tells none.
+[[noreturn]] void FailAs(const RawFile& file);
+
 // An open file as the readers of foreign bytes see it. It is read a window at a time, so that what
 // stands at its start costs a single read, and reads as NUL bytes beyond its end. Every member
-// fails with 57 when the file cannot be read.
+// fails as FailAs does when the file cannot be read.
 class FileBytes {
   public:
     static constexpr std::size_t ChunkSize = 4096;

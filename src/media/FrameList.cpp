@@ -57,9 +57,9 @@ const std::string& FrameList::FrameText(std::string_view id, Long number) const 
 }
 
 void FrameList::RemoveFrame(std::string_view id) {
-    const std::string frame = m_cFrames.Item(id);
-    m_cFrames.Remove(id);
-    m_cFrameCounts.Remove(id);
+    const std::string frame = m_cFrames.Item(id);  // `id` may be the entry that goes
+    m_cFrames.Remove(frame);
+    m_cFrameCounts.Remove(frame);
     RemoveTexts(frame);
 }
 

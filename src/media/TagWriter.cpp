@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -17,10 +16,6 @@
 namespace tavel {
 
 namespace {
-
-[[noreturn]] void FailAs(const RawFile& file) {
-    Fail(file.Error() != 0 ? file.Error() : failure::DeviceIO);
-}
 
 std::unique_ptr<RawFile> Open(const std::string& path, RawMode mode) {
     Long error = 0;
@@ -58,15 +53,30 @@ void DeleteIfPossible(const std::string& path) {
     }
 }
 
-using BlockFiller = std::function<void(std::span<char>)>;
+using Block = std::array<char, 4096>;
 
-void WriteBlocks(RawFile& file, std::int64_t size, const BlockFiller& fill) {
-    constexpr std::int64_t blockSize = 4096;
-    std::array<char, blockSize> block{};
-    for (; size > 0; size -= blockSize) {
-        const std::int64_t count = std::min(size, blockSize);
-        const std::span<char> piece = std::span(block).first(static_cast<std::size_t>(count));
-        fill(piece);
+// The next block of so many bytes, the last one cut to fit.
+std::span<char> Piece(Block& block, std::int64_t size) {
+    return std::span(block).first(
+        static_cast<std::size_t>(std::min<std::int64_t>(size, std::ssize(block))));
+}
+
+void WriteZeros(RawFile& file, std::int64_t size) {
+    Block block{};
+    for (; size > 0; size -= std::ssize(block)) {
+        const std::span<char> piece = Piece(block, size);
+        Write(file, {piece.data(), piece.size()});
+    }
+}
+
+// A file that is cut short meanwhile has no whole copy, and fails.
+void CopyAll(RawFile& input, RawFile& file) {
+    Block block;
+    Seek(input, 0);
+    for (std::int64_t size = FileBytes(input).Length(); size > 0; size -= std::ssize(block)) {
+        const std::span<char> piece = Piece(block, size);
+        std::size_t count = 0;
+        if (!input.Read(piece, count) || count < piece.size()) FailAs(input);
         Write(file, {piece.data(), piece.size()});
     }
 }
@@ -75,10 +85,8 @@ void WriteBlocks(RawFile& file, std::int64_t size, const BlockFiller& fill) {
 // medium before the input is deleted.
 void WriteBehindSpace(RawFile& temp, Long size, RawFile& input) {
     temp.FlushOnClose();
-    WriteBlocks(temp, size, [](std::span<char>) {});
-    Seek(input, 0);
-    FileBytes bytes(input);
-    WriteBlocks(temp, bytes.Length(), [&](std::span<char> block) { bytes.Read(block); });
+    WriteZeros(temp, size);
+    CopyAll(input, temp);
 }
 
 // The path of the temporary file, which is whole and closed as the file itself is by then.

@@ -26,10 +26,10 @@ class cMP3ID3v2 {
 
     // Loads the tag of a file; what an earlier one left is dropped, but for the lyrics. A file that
     // cannot be opened fails with the file service's number and the source "Tavel.cMP3ID3v1", and
-    // leaves an empty tag. A file that goes away while it is read fails with 57 and leaves what was
-    // read until then. A tag that begins beyond 2 GiB fails with 6 and leaves an empty tag. An
-    // empty file fails with 5, under the program's name alone, and stays open until the next load
-    // or the end of the object.
+    // leaves an empty tag. A file that goes away while it is read fails with the number that it
+    // then tells, 57 for one, and leaves what was read until then. A tag that begins beyond 2 GiB
+    // fails with 6 and leaves an empty tag. An empty file fails with 5, under the program's name
+    // alone, and stays open until the next load or the end of the object.
     void MP3File(const std::string& sPath);
     const std::string& MP3File() const { return m_sMP3File; }
 
@@ -52,9 +52,10 @@ class cMP3ID3v2 {
         return m_isLoaded ? Frames().TagsInFrame(position) : 0;
     }
 
-    // Removes a frame with all its instances; fails with 5 when there is none of the id, with 9
-    // outside 1 to FrameCount. By position, the count that goes is the one at that position among
-    // the counts, which may be another frame's: that one can then be neither removed nor written.
+    // Removes a frame with all its instances; fails with 5 when there is none of the id or it has
+    // lost its count, with 9 outside 1 to FrameCount or where there are fewer counts. By position,
+    // the count that goes is the one at that position among the counts, which may be another
+    // frame's: that one is then not written, nor removed by its id.
     void RemoveFrame(const std::string& id);
     void RemoveFrame(Long position);
 
@@ -76,8 +77,13 @@ class cMP3ID3v2 {
     void Update();
 
     // The setters below change the property, remove its frame, and add it anew at the end; an empty
-    // text makes a frame, too. Read back, Comment begins with "nt", and the number of a Genre
-    // lacks its last digit.
+    // text makes a frame, too. What is read back is the same but for this: NUL bytes are gone.
+    // Comment begins with "nt". The number of a Genre lacks its last digit, and an OtherGenreName
+    // of fewer than two characters comes back as the name of that number; a number of a single
+    // digit is not read: Genre is then NoGenre, and OtherGenreName the whole, "(8)Rock". And as the
+    // reader counts 16 bytes for a frame's header, which has 10, the last frames of a tag that
+    // fills its size are not read: all are where 6 bytes a frame, less 14, fit into the room behind
+    // it. Of a tag that does not begin the file there may be fewer.
 
     const std::string& ArtistURL() const { return m_sArtistURL; }
     void ArtistURL(const std::string& value);

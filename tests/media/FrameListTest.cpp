@@ -93,6 +93,15 @@ TEST(FrameList, A_frame_is_removed_by_id_with_all_its_instances) {
     EXPECT_EQ(IdsOf(list), (Texts{"TPE1", "TALB"}));
 }
 
+TEST(FrameList, A_frame_is_removed_by_the_id_that_the_list_itself_gave) {
+    const std::string longId(100, 'x');
+    FrameList list({{longId, "a"}, {"TPE1", "b"}, {longId, "c"}});
+    list.RemoveFrame(list.Frame(1));
+    EXPECT_EQ(IdsOf(list), Texts{"TPE1"});
+    EXPECT_EQ(list.TagsInFrame(longId), 0);
+    EXPECT_EQ(FailureOf([&] { list.FrameText(longId, 1); }), failure::InvalidProcedureCall);
+}
+
 TEST(FrameList, A_frame_is_removed_by_position) {
     FrameList list({{"TIT2", "a"}, {"TPE1", "b"}, {"TALB", "c"}});
     list.RemoveFrame(2);
@@ -111,7 +120,8 @@ TEST(FrameList, By_position_the_count_at_that_position_goes_whosever_it_is) {
     EXPECT_EQ(list.TagsInFrame("AAAA"), 2);
     EXPECT_EQ(list.TagsInFrame("BBBB"), 0);
     EXPECT_EQ(FailureOf([&] { list.InstanceCount("BBBB"); }), failure::InvalidProcedureCall);
-    EXPECT_EQ(FailureOf([&] { list.FrameText("AAAA", 1); }), failure::InvalidProcedureCall);
+    for (const Long number : {1, 2})
+        EXPECT_EQ(FailureOf([&] { list.FrameText("AAAA", number); }), 5) << "all, by the numbers";
     EXPECT_EQ(list.FrameText("BBBB", 1), "2");
 
     EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", "x"); }), failure::InvalidProcedureCall);
@@ -181,6 +191,17 @@ TEST(FrameList, The_first_or_last_instance_can_be_removed_until_none_is_left) {
         EXPECT_EQ(list.FrameCount(), 0);
         EXPECT_EQ(list.TagsInFrame("TIT2"), 0);
     }
+}
+
+TEST(FrameList, An_instance_that_is_missing_leaves_its_number_free_when_others_are_renumbered) {
+    FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});
+    list.RemoveTag("AAAA", 2);  // the first text of BBBB is lost
+    list.AddTag("BBBB", "x");
+    list.AddTag("BBBB", "y");
+    list.RemoveTag("BBBB", 3);
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 2);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("BBBB", 1); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(list.FrameText("BBBB", 2), "BBBB");
 }
 
 TEST(FrameList, An_instance_that_is_not_there_cannot_be_removed) {

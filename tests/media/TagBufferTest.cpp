@@ -97,6 +97,14 @@ TEST(TagBuffer, A_frame_with_ID3_in_its_id_is_left_out) {
     EXPECT_EQ(TagBuffer(FrameList({{"tid3", "a"}})), WholeTag(Frame3("tid3", "\0a"s)));
 }
 
+TEST(TagBuffer, A_frame_with_ID3_in_its_id_may_be_too_large_or_lack_its_text) {
+    EXPECT_EQ(TagBuffer(FrameList({{"TID3", std::string(70000, 'x')}, {"TIT2", "b"}})),
+              WholeTag(Frame3("TIT2", "\0b"s)));
+    FrameList lost({{"TIT2", "a"}, {"xID3", "b"}, {"TIT2", "c"}});
+    lost.RemoveTag("TIT2", 1);
+    EXPECT_EQ(TagBuffer(lost), WholeTag(Frame3("TIT2", "\0c"s)));
+}
+
 TEST(TagBuffer, Of_a_longer_id_the_first_four_characters_are_written) {
     FrameList list;
     list.AddTag("TITLE", "a");

@@ -5,9 +5,9 @@
 #include "support/HostCalls.h"
 #include "support/PlainUser.h"
 #include "support/Support.h"
+#include "support/TempPath.h"
 
 #include <gmock/gmock.h>
-#include <stdlib.h>
 #include <sys/stat.h>
 
 #include <cerrno>
@@ -120,6 +120,16 @@ TEST_F(TagUpdateFailures, An_update_that_grows_the_file_makes_these_calls) {
                          "Close " + temp, "Close e:\\one.mp3", "DeleteFile e:\\one.mp3",
                          "MoveFile " + temp + " -> e:\\one.mp3", "OpenRaw ReadWrite e:\\one.mp3",
                          "Read e:\\one.mp3 30", "Write e:\\one.mp3 30", "Close e:\\one.mp3"));
+}
+
+TEST_F(TagUpdateFailures, Room_is_made_in_blocks_of_which_the_last_is_cut) {
+    Begin(std::string(5, 'a'), 4200);
+    EXPECT_EQ(Update(), 0);
+    std::vector<std::string> sizes;
+    for (const std::string& call : files->rawCalls) {
+        if (call.rfind("Write t:", 0) == 0) sizes.push_back(call.substr(call.rfind(' ') + 1));
+    }
+    EXPECT_THAT(sizes, ElementsAre("4096", "2048", "5"));
 }
 
 TEST_F(TagUpdateFailures, An_update_in_place_makes_these_calls) {
@@ -310,18 +320,45 @@ TEST_F(TagUpdateFailures, Without_a_folder_for_temporary_files_the_programs_own_
     EXPECT_TRUE(Bytes() == WholeTag(30, 2048) + std::string(2018, '\0') + audio);
 }
 
+TEST_F(TagUpdateFailures, A_read_that_fails_is_told_with_the_files_own_number) {
+    for (const std::string& before : {audio, oldTag + audio}) {
+        int reads = 0;
+        for (int read = 0;; ++read) {
+            ASSERT_LT(read, 20);
+            Begin(before, 400);
+            files->FailOn("Read", failure::DiskNotReady, 1, read);
+            const Long error = Update();
+            if (error == 0) break;
+            EXPECT_EQ(error, failure::DiskNotReady) << read;
+            ++reads;
+        }
+        EXPECT_EQ(reads, before == audio ? 5 : 2);
+    }
+}
+
+TEST_F(TagUpdateFailures, A_file_that_is_cut_short_while_it_is_copied_is_not_replaced) {
+    Begin(audio, 30);
+    files->onCall = [&](const std::string& call) {
+        const bool isCopied = call.rfind("Write t:", 0) == 0 && call.ends_with(" 4096");
+        if (isCopied) fs::resize_file(host, 5000);
+    };
+    EXPECT_EQ(Update(), failure::DeviceIO);
+    EXPECT_TRUE(Bytes() == audio.substr(0, 5000));
+    EXPECT_TRUE(Left().empty());
+}
+
 // What a full disk or a pulled stick makes of the host's own calls.
 class TagUpdateOnHost : public TagUpdateFailures {
   protected:
     void SetUp() override {
         TagUpdateFailures::SetUp();
-        setenv("TMPDIR", folder.HostPath("temp").c_str(), 1);
+        tempPath.Use(folder.HostPath("temp"));
         folder.Write("stick/one.mp3", audio);
         tag.MP3File(folder.DrivePath("stick/one.mp3"));
         tag.Title("title");
     }
-    void TearDown() override { unsetenv("TMPDIR"); }
 
+    TempPath tempPath;
     const std::string moved = std::string(2048, '\0') + audio;
 };
 
@@ -329,18 +366,21 @@ TEST_F(TagUpdateOnHost, What_replaces_the_file_is_on_the_disk_before_the_file_is
     HostCalls calls(folder.HostPath());
     EXPECT_EQ(Update(), 0);
     const std::vector<std::string> made = calls.Take();
-    ASSERT_EQ(made.size(), 3u);
+    ASSERT_EQ(made.size(), 4u);
     EXPECT_THAT(made[0], ::testing::MatchesRegex("flush temp/[0-9a-f]+\\.tmp 12053"));
-    EXPECT_EQ(made[1], "remove stick/one.mp3");
-    EXPECT_THAT(made[2], ::testing::MatchesRegex("rename temp/[0-9a-f]+\\.tmp -> stick/one.mp3"));
+    EXPECT_EQ(made[1], "flush folder temp");
+    EXPECT_EQ(made[2], "remove stick/one.mp3");
+    EXPECT_THAT(made[3], ::testing::MatchesRegex("rename temp/[0-9a-f]+\\.tmp -> stick/one.mp3"));
 }
 
 TEST_F(TagUpdateOnHost, A_temporary_file_that_does_not_reach_the_disk_replaces_nothing) {
     HostCalls calls(folder.HostPath());
-    calls.FailFlush(1, EIO);
-    EXPECT_EQ(Update(), failure::DeviceIO);
-    EXPECT_TRUE(Bytes() == audio);
-    EXPECT_TRUE(Left().empty());
+    for (const int flush : {1, 2}) {  // the file, its entry
+        calls.FailFlush(flush, EIO);
+        EXPECT_EQ(Update(), failure::DeviceIO);
+        EXPECT_TRUE(Bytes() == audio);
+        EXPECT_TRUE(Left().empty());
+    }
 }
 
 TEST_F(TagUpdateOnHost, A_file_in_a_folder_that_cannot_be_changed_stays_with_the_temporary_file) {

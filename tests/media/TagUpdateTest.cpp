@@ -57,6 +57,7 @@ class TagUpdate : public ::testing::Test {
 TEST_F(TagUpdate, A_file_without_a_tag_gets_one_and_room_in_front) {
     EXPECT_TRUE(Updated(audio, 30) == TitleTag(30, 2048) + Zeros(2048 - 30) + audio);
     EXPECT_TRUE(Updated(audio, 3000) == TitleTag(3000, 4096) + Zeros(4096 - 3000) + audio);
+    EXPECT_TRUE(Updated(audio, 4200) == TitleTag(4200, 6144) + Zeros(6144 - 4200) + audio);
 }
 
 TEST_F(TagUpdate, A_multiple_of_2048_gets_room_as_well) {

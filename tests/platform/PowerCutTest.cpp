@@ -10,6 +10,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <fstream>
 
 // The order in which changes are brought to the medium, so that a power cut or a pulled stick
 // leaves whole files. On FAT an entry tells where a file's data lie, and renaming a file makes its
@@ -207,6 +208,37 @@ TEST_F(PowerCut, A_move_to_another_file_system_flushes_the_copy_before_the_sourc
                             "flush folder " + below + "/card", "remove " + name));
 }
 
+TEST_F(PowerCut, A_move_to_another_file_system_keeps_a_source_that_is_cut_short_meanwhile) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    const fs::path old = temp.HostPath("card/old.txt");
+    HostCalls all("/");
+    all.Before("rename " + old.relative_path().string(), [&] { fs::resize_file(old, 5); });
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath); }),
+              57);
+    EXPECT_EQ(temp.Read("card/old.txt"), "[s]\r\n");
+    EXPECT_FALSE(fs::remove(other));
+    EXPECT_FALSE(fs::remove(SuccessorOf(other)));
+}
+
+TEST_F(PowerCut, A_move_to_another_file_system_replaces_no_file_that_comes_meanwhile) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    HostCalls all("/");
+    all.Before("flush " + SuccessorOf(other.relative_path()),
+               [&] { std::ofstream(other) << "another program's"; });
+    EXPECT_EQ(FailureOf([&] { files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath); }),
+              58);
+    EXPECT_EQ(temp.Read("card/old.txt"), "[s]\r\nk=old\r\n");
+    std::string kept;
+    std::getline(std::ifstream(other), kept);
+    EXPECT_EQ(kept, "another program's");
+    EXPECT_TRUE(fs::remove(other));
+    EXPECT_FALSE(fs::remove(SuccessorOf(other)));
+}
+
 TEST_F(PowerCut, A_move_to_another_file_system_keeps_time_mode_and_long_names) {
     const fs::path other = OnAnotherFileSystem();
     if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
@@ -231,7 +263,7 @@ TEST_F(PowerCut, A_file_on_any_drive_is_flushed_when_it_is_closed_where_that_is_
     file->FlushOnClose();
     EXPECT_TRUE(file->Write(std::string("new"), count));
     EXPECT_TRUE(file->Close());
-    EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 3"));
+    EXPECT_THAT(calls.Take(), ElementsAre("flush card/old.txt 3", "flush folder card"));
     const auto read = files->OpenRaw(temp.DrivePath("card/old.txt"), RawMode::Read, error);
     read->FlushOnClose();
     EXPECT_TRUE(read->Close());

@@ -19,6 +19,8 @@ struct Notes {
     std::vector<std::string> calls;
     int flushesToFailure = 0;
     int flushError = 0;
+    std::string awaited;
+    std::function<void()> action;
 };
 
 std::optional<Notes>& Running() {
@@ -42,14 +44,21 @@ std::string NameOf(int folder, const char* path) { return NameOf(PathOf(folder) 
 
 void Note(const std::string& call) { Running()->calls.push_back(call); }
 
+void Announce(const std::string& call) {
+    if (!Running()->action || call.rfind(Running()->awaited, 0) != 0) return;
+    std::exchange(Running()->action, nullptr)();
+}
+
 bool NoteFlush(int file) {
     if (!Running()) return false;
     const std::string name = NameOf(PathOf(file));
     struct stat status {};
     if (name.empty() || fstat(file, &status) != 0) return false;
     const bool isFolder = S_ISDIR(status.st_mode);
-    Note(isFolder ? "flush folder " + name
-                  : "flush " + name + ' ' + std::to_string(status.st_size));
+    const std::string call =
+        isFolder ? "flush folder " + name : "flush " + name + ' ' + std::to_string(status.st_size);
+    Announce(call);
+    Note(call);
     return true;
 }
 
@@ -62,11 +71,12 @@ int Flush(long number, int file) {
     return -1;
 }
 
-void NoteRename(int from, const char* old, int to, const char* name) {
-    if (!Running()) return;
+// Empty for what lies elsewhere.
+std::string RenameCall(int from, const char* old, int to, const char* name) {
+    if (!Running()) return {};
     const std::string before = NameOf(from, old);
     const std::string after = NameOf(to, name);
-    if (!before.empty() || !after.empty()) Note("rename " + before + " -> " + after);
+    return before.empty() && after.empty() ? std::string() : "rename " + before + " -> " + after;
 }
 
 int Answer(long result) { return static_cast<int>(result); }
@@ -86,8 +96,10 @@ int syncfs(int file) noexcept {
 }
 
 int renameat2(int from, const char* old, int to, const char* name, unsigned flags) noexcept {
+    const std::string call = RenameCall(from, old, to, name);
+    if (!call.empty()) Announce(call);
     const int result = Answer(syscall(SYS_renameat2, from, old, to, name, flags));
-    if (result == 0) NoteRename(from, old, to, name);
+    if (result == 0 && !call.empty()) Note(call);
     return result;
 }
 
@@ -117,6 +129,11 @@ std::vector<std::string> HostCalls::Take() { return std::exchange(Running()->cal
 void HostCalls::FailFlush(int nth, int error) {
     Running()->flushesToFailure = nth;
     Running()->flushError = error;
+}
+
+void HostCalls::Before(const std::string& callStart, std::function<void()> action) {
+    Running()->awaited = callStart;
+    Running()->action = std::move(action);
 }
 
 }  // namespace tavel::test

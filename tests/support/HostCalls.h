@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ class HostCalls {
 
     // Lets the nth flush from here on, of a file or a folder, fail with an error of the host.
     void FailFlush(int nth, int error);
+
+    // Runs an action, once, before the first flush or rename whose note begins so, be it made or
+    // refused: another program does something at that moment.
+    void Before(const std::string& callStart, std::function<void()> action);
 };
 
 }  // namespace tavel::test

@@ -10,8 +10,6 @@
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/Successor.h"
 
-#include <stdio.h>
-
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -97,15 +95,11 @@ void CopyBetween(Place source, DriveTable& drives, Place target) {
 bool IsSameFile(const Place& a, const Place& b) { return FileIdentity(a) == FileIdentity(b); }
 
 // False when the two lie in different file systems.
-bool RenameIfFree(const Place& source, const Place& target) {
-    const char* from = source.name.c_str();
-    const char* to = target.name.c_str();
-    if (renameat2(source.Parent(), from, target.Parent(), to, RENAME_NOREPLACE) == 0) return true;
-    if (errno == EXDEV) return false;
-    // Not every file system knows the flag; that the target is free has been seen just now.
-    if (errno != EINVAL && errno != ENOSYS) FailWithHostError();
-    Require(renameat(source.Parent(), from, target.Parent(), to) == 0);
-    return true;
+bool RenameWithin(const Place& source, const Place& target) {
+    if (RenameIfFree(source.Parent(), source.name.c_str(), target.Parent(), target.name.c_str()))
+        return true;
+    Require(errno == EXDEV);
+    return false;
 }
 
 bool FlushMove(const Place& source, const Place& target) {
@@ -114,8 +108,10 @@ bool FlushMove(const Place& source, const Place& target) {
            (!leavesFolder || FlushEntriesOf(source));
 }
 
+// What has been cut short since it was found has no whole copy.
 void CopyWhole(Place source, const Place& target) {
     const timespec modified = source.status.st_mtim;
+    off_t left = source.status.st_size;
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     Successor copy(target);
     const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
@@ -123,7 +119,9 @@ void CopyWhole(Place source, const Place& target) {
     do {
         if (!from->Read({piece.get(), pieceSize}, count)) Fail(from->Error());
         copy.Write({piece.get(), count});
+        left -= static_cast<off_t>(count);
     } while (count == pieceSize && copy.Error() == 0);
+    if (left > 0 && copy.Error() == 0) Fail(failure::DeviceIO);
     copy.SetTime(modified);
     if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
 }
@@ -137,7 +135,7 @@ void MoveAcross(DriveTable& drives, Place source, Place target) {
 
 void MoveToFree(DriveTable& drives, Place source, Place target) {
     RequireFree(target);
-    if (RenameIfFree(source, target)) {
+    if (RenameWithin(source, target)) {
         Require(!target.isFlushed || FlushMove(source, target));
     } else {
         MoveAcross(drives, std::move(source), std::move(target));

@@ -41,7 +41,7 @@ HostFile::HostFile(Descriptor file, Place place, RawMode mode, bool isNew)
     : m_file(std::move(file)),
       m_place(std::move(place)),
       m_isWritten(mode != RawMode::Read),
-      m_isNew(isNew),
+      m_isEntryFlushed(isNew),
       m_isFlushed(m_isWritten && m_place.isFlushed) {
     if (mode != RawMode::Create) m_share.emplace(m_file.Get());
     if (m_isFlushed) m_pace.emplace(m_file.Get());
@@ -76,7 +76,7 @@ bool HostFile::Seek(std::int64_t position) {
     return position >= 0 && lseek(m_file.Get(), position, SEEK_SET) == position;
 }
 
-bool HostFile::Flush() { return m_file.Flush() && (!m_isNew || FlushFolderOf(m_place)); }
+bool HostFile::Flush() { return m_file.Flush() && (!m_isEntryFlushed || FlushFolderOf(m_place)); }
 
 bool HostFile::Close() {
     if (m_file.IsOpen()) {

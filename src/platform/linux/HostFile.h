@@ -22,7 +22,7 @@ class HostFile : public RawFile {
     bool Seek(std::int64_t position) override;
     bool Close() override;
     Long Error() const override { return m_error; }
-    void FlushOnClose() override { m_isFlushed = m_isWritten; }
+    void FlushOnClose() override { m_isFlushed = m_isEntryFlushed = m_isWritten; }
     void SetTime(std::int64_t seconds) override { m_file.SetTime(timespec{seconds, 0}); }
 
     // Takes over the modification time of another file.
@@ -36,7 +36,7 @@ class HostFile : public RawFile {
     Place m_place;
     bool m_isWritten;
     std::optional<ReadShare> m_share;
-    bool m_isNew;
+    bool m_isEntryFlushed;  // together with the file
     bool m_isFlushed;
     std::optional<WritePace> m_pace;  // on a removable drive
     Long m_error = 0;

@@ -25,6 +25,12 @@ std::string NameBeside(std::string_view name) {
 
 }  // namespace
 
+bool RenameIfFree(int from, const char* old, int to, const char* name) {
+    if (renameat2(from, old, to, name, RENAME_NOREPLACE) == 0) return true;
+    // Not every file system knows the flag; that the place is free has been seen just now.
+    return (errno == EINVAL || errno == ENOSYS) && renameat(from, old, to, name) == 0;
+}
+
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link
 // could lead anywhere. A folder of that name stays, and there is no successor.
 Successor::Successor(const Place& former) : m_former(former), m_name(NameBeside(former.name)) {
@@ -48,6 +54,14 @@ bool Successor::IsUnderItsName() const {
            own.st_dev == named.st_dev && own.st_ino == named.st_ino;
 }
 
+// A free place may have been taken meanwhile, by a file that nobody may lose.
+bool Successor::Rename() const {
+    const int folder = m_former.Parent();
+    const char* name = m_former.name.c_str();
+    if (m_former.failure != 0) return RenameIfFree(folder, m_name.c_str(), folder, name);
+    return renameat(folder, m_name.c_str(), folder, name) == 0;
+}
+
 bool Successor::Check(bool succeeded) {
     if (!succeeded && m_error == 0) m_error = errno;
     return m_error == 0;
@@ -60,10 +74,8 @@ void Successor::Write(std::string_view bytes) {
 
 bool Successor::TakePlace() {
     if (m_error != 0 || !Check(m_file.Flush())) return false;
-    const int folder = m_former.Parent();
     errno = ESTALE;
-    m_hasTakenPlace = Check(IsUnderItsName() &&
-                            renameat(folder, m_name.c_str(), folder, m_former.name.c_str()) == 0);
+    m_hasTakenPlace = Check(IsUnderItsName() && Rename());
     return m_hasTakenPlace && Check(m_file.Flush() && FlushFolderOf(m_former));
 }
 

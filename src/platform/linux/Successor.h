@@ -4,6 +4,10 @@
 
 namespace tavel {
 
+// Renames to a name that is free; errno is EEXIST where it isn't. The folders are open, or stand
+// for whole paths.
+bool RenameIfFree(int from, const char* old, int to, const char* name);
+
 // A new file beside another, which can take that one's place in one step: whoever looks, after a
 // kill or a power cut too, finds the old bytes or the new ones. Where there is no other one it
 // takes the free place, whole. Its name is always the same, so that one which a kill has left
@@ -31,6 +35,7 @@ class Successor {
 
   private:
     bool IsUnderItsName() const;
+    bool Rename() const;
     bool Check(bool succeeded);
 
     const Place& m_former;
