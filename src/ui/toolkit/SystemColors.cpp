@@ -49,7 +49,7 @@ constexpr std::array places{
     Place{QPalette::Window},                          // 30, menu bar
 };
 
-constexpr std::uint32_t systemColor = 0x80000000;
+constexpr OleColor systemColor = 0x80000000;
 
 }  // namespace
 
@@ -59,7 +59,7 @@ QColor SystemColor(int index) {
     return QGuiApplication::palette().color(place.group, place.role);
 }
 
-QColor FromOleColor(std::uint32_t color) {
+QColor FromOleColor(OleColor color) {
     if ((color & systemColor) != 0) return SystemColor(static_cast<int>(color & 0xFF));
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
             static_cast<int>(color >> 16 & 0xFF)};

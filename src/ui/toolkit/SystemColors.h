@@ -14,7 +14,9 @@ namespace tavel {
 QColor SystemColor(int index);
 
 // A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn.
-QColor FromOleColor(std::uint32_t color);
+using OleColor = std::uint32_t;
+
+QColor FromOleColor(OleColor color);
 
 // The same the other way: 0x00BBGGRR. How transparent it is gets lost.
 Long ToOleColor(const QColor& color);

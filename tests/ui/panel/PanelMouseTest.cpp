@@ -6,6 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QPointer>
 #include <QPushButton>
 #include <utility>
 
@@ -58,6 +59,22 @@ class PaintCounter : public QObject {
 
   private:
     int m_count = 0;
+};
+
+class OnHide : public QObject {
+  public:
+    OnHide(QWidget& widget, std::function<void()> act) : m_act(std::move(act)) {
+        widget.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Hide) m_act();
+        return false;
+    }
+
+  private:
+    std::function<void()> m_act;
 };
 
 QImage Square() {
@@ -303,6 +320,18 @@ TEST_F(PanelMouse, drag_of_the_grip_hides_the_children_until_the_release) {
     Release();
     EXPECT_FALSE(shown.isHidden());
     EXPECT_FALSE(hidden.isHidden());
+}
+
+TEST_F(PanelMouse, children_may_delete_their_neighbours_when_they_are_hidden) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    QPointer<QPushButton> neighbour(new QPushButton(&panel));
+    child.show();
+    const OnHide deletes(child, [&] { delete neighbour; });
+    PressGrip();
+    Release();
+    EXPECT_TRUE(neighbour.isNull());
+    EXPECT_TRUE(child.isVisible());
 }
 
 TEST_F(PanelMouse, drag_of_the_grip_at_the_present_size_hides_no_children) {

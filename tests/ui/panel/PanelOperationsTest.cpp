@@ -16,6 +16,20 @@ using testing::ElementsAre;
 
 class PanelOperations : public PanelUnderHand {};
 
+// A panel that a change of the screen can be played to.
+class CarriedPanel : public xpFrame {
+  public:
+    int ratio = 1;
+
+  protected:
+    int metric(PaintDeviceMetric which) const override {
+        if (which == PdmDevicePixelRatio) return ratio;
+        if (which == PdmDevicePixelRatioScaled)
+            return static_cast<int>(ratio * devicePixelRatioFScale());
+        return xpFrame::metric(which);
+    }
+};
+
 class PanelKeys : public PanelUnderHand {
   protected:
     PanelKeys() {
@@ -147,6 +161,20 @@ TEST_F(PanelOperations, hdc_is_set_up_from_the_start) {
     EXPECT_EQ(At(*placed.hdc(), 5, 5), QColor(Qt::black));
 }
 
+TEST(PanelSurfaces, are_made_anew_on_a_screen_of_another_ratio) {
+    CarriedPanel panel;
+    panel.resize(100, 80);
+    panel.show();
+    RunEvents();
+    panel.ratio = 3;
+    panel.hdc(nullptr);
+    EXPECT_EQ(panel.hdc()->Ratio(), 3);
+    EXPECT_EQ(panel.hdc()->Surface().size(), panel.hdc()->Size() * 3);
+    panel.update();
+    RunEvents();
+    EXPECT_EQ(panel.Surface().size(), QSize(300, 240));
+}
+
 TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
     QLineEdit other(&window);
     other.show();
@@ -170,6 +198,12 @@ TEST_F(PanelKeys, are_told_with_their_characters) {
     EXPECT_THAT(events, ElementsAre("KeyDown 65 0", "KeyPress 97", "KeyUp 65 0",
                                     "KeyDown " + control + " 2", "KeyDown " + f2 + " 2",
                                     "KeyUp " + f2 + " 2", "KeyUp " + control + " 0"));
+}
+
+TEST_F(PanelKeys, of_deletion_is_a_key_and_no_character) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
+    QApplication::sendEvent(&panel, &down);
+    EXPECT_THAT(events, ElementsAre("KeyDown " + std::to_string(Qt::Key_Delete) + " 0"));
 }
 
 TEST_F(PanelKeys, that_repeat_come_up_once) {

@@ -206,12 +206,20 @@ TEST_F(PanelPaint, with_bitmaps_of_other_formats) {
     }
 }
 
-TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_than_they_are) {
-    CheckBoth([](PanelProperties& p) {
-        p.HeaderPicture = p.ContainerPicture = Bitmap(16);
-        p.HeaderPictureSize = 32;
-        p.ContainerPictureSize = 48;
-    });
+TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_or_smaller_than_they_are) {
+    struct Case {
+        int from;
+        Integer to;
+    };
+    for (const Case one :
+         {Case{16, 32}, Case{16, 48}, Case{16, 40}, Case{32, 16}, Case{48, 16}, Case{33, 10}}) {
+        if (qApp->devicePixelRatio() > 1 && one.to % one.from != 0) continue;  // finer pixels there
+        SCOPED_TRACE(one.from);
+        CheckBoth([one](PanelProperties& p) {
+            p.HeaderPicture = p.ContainerPicture = Bitmap(one.from);
+            p.HeaderPictureSize = p.ContainerPictureSize = one.to;
+        });
+    }
 }
 
 TEST_F(PanelPaint, with_a_picture_that_is_cut_by_the_panels_edge) {
@@ -221,10 +229,16 @@ TEST_F(PanelPaint, with_a_picture_that_is_cut_by_the_panels_edge) {
     });
 }
 
-TEST_F(PanelPaint, with_pictures_that_have_no_size) {
-    for (const Integer side : Integers{0, -3}) {
-        CheckBoth([&](PanelProperties& p) { p.HeaderPictureSize = p.ContainerPictureSize = side; });
-    }
+// The place is still that of a picture without height.
+TEST_F(PanelPaint, with_pictures_at_their_own_size_where_none_is_asked_for) {
+    CheckBoth([](PanelProperties& p) {
+        p.ContainerPicture = PanelPicture(Bitmap(24).Bitmap().copy(0, 0, 24, 17));
+        p.HeaderPictureSize = p.ContainerPictureSize = 0;
+    });
+}
+
+TEST_F(PanelPaint, without_pictures_whose_size_is_below_zero) {
+    CheckBoth([](PanelProperties& p) { p.HeaderPictureSize = p.ContainerPictureSize = -3; });
 }
 
 // The offset is cut toward zero: a picture of 17 in a header without height begins at -8.
@@ -242,6 +256,29 @@ TEST_F(PanelPaint, with_icons) {
         p.HeaderPicture = Icon(16);
         p.ContainerPicture = Icon(32);
     });
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = p.ContainerPicture = Icon(24);
+        p.HeaderPictureSize = p.ContainerPictureSize = 0;
+    });
+}
+
+TEST_F(PanelPaint, with_an_icon_that_is_drawn_smaller_than_it_is) {
+    if (qApp->devicePixelRatio() > 1) GTEST_SKIP() << "an icon has finer pixels there";
+    QImage image(32, 32, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QImage half(16, 16, QImage::Format_ARGB32);
+    half.fill(Qt::transparent);
+    for (int y = 4; y < 28; ++y) {
+        for (int x = 8; x < 24; ++x) {
+            image.setPixel(x, y, qRgb(10, 200, 60));
+            half.setPixel(x / 2, y / 2, qRgb(10, 200, 60));
+        }
+    }
+    PanelProperties p;
+    p.HeaderPicture = PanelPicture(QIcon(QPixmap::fromImage(image)));
+    PlacedPanel placed(p, 120, 90);
+    p.HeaderPicture = PanelPicture(QIcon(QPixmap::fromImage(half)));
+    EXPECT_EQ(PanelModel(p, 120, 90).FirstDifference(placed.Picture()), "");
 }
 
 TEST_F(PanelPaint, with_system_colors_everywhere) {

@@ -208,6 +208,15 @@ TEST(PanelTextPaint, an_ampersand_underlines_the_letter_behind_it) {
     EXPECT_LT(doubled.bottom(), marked.bottom() + 1);
 }
 
+TEST(PanelTextPaint, of_a_script_that_runs_to_the_left_stands_where_any_other_does) {
+    for (const bool classic : {false, true}) {
+        PanelProperties p = Sharp({});
+        p.ClassicXPStyle = classic;
+        p.HeaderText = QStringLiteral("\u05D0\u05D1\u05D2");
+        EXPECT_LT(Ink(p).right(), 60) << classic;
+    }
+}
+
 TEST(PanelTextPaint, has_its_bars_color) {
     const ColorfulPalette palette;
     PanelProperties theme = Sharp({});
