@@ -54,4 +54,49 @@ TEST_F(PanelChevron, expand_to_a_height_of_nothing_expands) {
     EXPECT_TRUE(CountsAsExpanded());
 }
 
+TEST_F(PanelChevron, property_counts_the_panel_as_expanded_whatever_it_is_set_to) {
+    panel.Collapse();
+    panel.Expandable(false);
+    EXPECT_TRUE(CountsAsExpanded());
+    panel.Collapse();
+    panel.ClassicXPStyle(true);
+    panel.Expandable(true);
+    panel.ClassicXPStyle(false);
+    EXPECT_TRUE(CountsAsExpanded());
+}
+
+TEST_F(PanelChevron, double_click_collapses_and_expands) {
+    std::vector<bool> collapses;
+    QObject::connect(&panel, &xpFrame::ChevronClick,
+                     [&](int, int, float, float, bool Collapse) { collapses.push_back(Collapse); });
+    QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, InWindow(Chevron()));
+    EXPECT_THAT(collapses, ElementsAre(true, false));
+    EXPECT_EQ(panel.height(), 200);
+}
+
+TEST_F(PanelChevron, of_a_hidden_header_is_clicked_after_the_close_button_in_its_place) {
+    panel.HeaderVisible(false);
+    panel.Closeable(true);
+    ASSERT_EQ(panel.Areas().chevron, panel.Areas().close);
+    bool closedBefore = false;
+    QObject::connect(&panel, &xpFrame::ChevronClick, [&] { closedBefore = panel.isHidden(); });
+    Click(Close());
+    EXPECT_TRUE(closedBefore);
+    EXPECT_EQ(panel.height(), 25);
+}
+
+TEST_F(PanelChevron, click_ends_the_move_before_it_is_told) {
+    std::vector<bool> moves;
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [&](int, int, float, float, bool&, bool& cMove) { moves.push_back(cMove); });
+    QObject::connect(&panel, &xpFrame::ChevronClick, [&] {
+        moves.clear();
+        QMouseEvent move(QEvent::MouseMove, QPoint(9, 90), panel.mapToGlobal(QPoint(9, 90)),
+                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        QApplication::sendEvent(&panel, &move);
+    });
+    Click(Chevron());
+    EXPECT_THAT(moves, ElementsAre(false));
+}
+
 }  // namespace tavel::test

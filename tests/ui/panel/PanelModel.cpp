@@ -18,7 +18,7 @@ struct PanelModel::Tint {
 
 namespace {
 
-// A system color's number is the place of its role in the palette that is kept here.
+// A system colour's number is the place of its role in the palette that is kept here.
 Rgb SystemRole(unsigned number) {
     static const std::map<unsigned, QPalette::ColorRole> roles{{0x05, QPalette::Base},
                                                                {0x08, QPalette::Text},
@@ -28,7 +28,7 @@ Rgb SystemRole(unsigned number) {
     return QApplication::palette().color(roles.at(number)).rgb() & 0xFFFFFF;
 }
 
-// The low bytes of a color, whatever it stands for.
+// The low bytes of a colour, whatever it stands for.
 Rgb Plain(OleColor color) { return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF); }
 
 int HeaderHeight(int size) { return size == 0 ? 18 : size == 1 ? 25 : size == 2 ? 40 : 0; }

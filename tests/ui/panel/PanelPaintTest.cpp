@@ -10,7 +10,7 @@ namespace tavel::test {
 
 namespace {
 
-// A bitmap of that side: a colored ring around a hole of the corner's color.
+// A bitmap of that side: a coloured ring around a hole of the corner's colour.
 PanelPicture Bitmap(int side) {
     QImage image(side, side, QImage::Format_RGB32);
     for (int y = 0; y < side; ++y) {
@@ -52,7 +52,7 @@ class PanelPaint : public testing::Test {
         EXPECT_EQ(model.FirstDifference(placed.Window()), "");
     }
 
-    // The same with a theme's colors and with custom ones.
+    // The same with a theme's colours and with custom ones.
     static void CheckBoth(const Change& change) {
         Check(WithEverything({}), change);
         Check(WithEverything(WithCustomColors()), change);
@@ -154,27 +154,27 @@ TEST_F(PanelPaint, is_square_in_every_other_shape) {
     }
 }
 
-// A broken line may begin anywhere, but has as many pixels as its pattern.
-TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps) {
-    struct Case {
-        Integer style;
-        int from, to;  // of 100 pixels
-    };
-    for (const auto& [style, from, to] :
-         {Case{1, 70, 80}, Case{2, 45, 55}, Case{3, 45, 55}, Case{4, 55, 65}}) {
+TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps_of_its_pens_lengths) {
+    using Runs = std::vector<int>;
+    const std::vector<std::pair<Integer, Runs>> pens{
+        {1, {18, 6}}, {2, {3, 3}}, {3, {9, 6, 3, 6}}, {4, {9, 3, 3, 3, 3, 3}}};
+    for (const auto& [style, lengths] : pens) {
         PanelProperties p = WithCustomColors();
         p.ContainerBorderStyle = style;
         p.HeaderVisible = false;
         PlacedPanel placed(p, 400, 90);
         const QImage picture = placed.Picture();
         const int ratio = picture.width() / 400;
-        int drawn = 0;
-        for (int x = 0; x < 399; ++x) {
-            const QRgb color = picture.pixel(x * ratio, 0) & 0xFFFFFF;
-            drawn += color == PanelModel::Shown(p.ContainerBorderColor) ? 1 : 0;
+        const auto drawn = [&](int x) {
+            return (picture.pixel(x * ratio, 0) & 0xFFFFFF) ==
+                   PanelModel::Shown(p.ContainerBorderColor);
+        };
+        int x = 0;
+        for (std::size_t run = 0; run < 12; ++run) {
+            int length = 0;
+            for (; drawn(x) == (run % 2 == 0); ++x) ++length;
+            EXPECT_EQ(length, lengths[run % lengths.size()]) << style;
         }
-        EXPECT_GE(drawn * 100 / 399, from) << style;
-        EXPECT_LE(drawn * 100 / 399, to) << style;
     }
 }
 
@@ -281,7 +281,7 @@ TEST_F(PanelPaint, with_an_icon_that_is_drawn_smaller_than_it_is) {
     EXPECT_EQ(PanelModel(p, 120, 90).FirstDifference(placed.Picture()), "");
 }
 
-TEST_F(PanelPaint, with_system_colors_everywhere) {
+TEST_F(PanelPaint, with_system_colours_everywhere) {
     for (const OleColor color : {0x80000005, 0x80000008, 0x8000000D, 0x8000000F, 0x80000012}) {
         SCOPED_TRACE(color);
         Check(WithEverything(WithCustomColors()), [&](PanelProperties& p) {
@@ -295,14 +295,14 @@ TEST_F(PanelPaint, with_system_colors_everywhere) {
     }
 }
 
-TEST_F(PanelPaint, with_the_custom_colors_that_a_new_panel_has) {
+TEST_F(PanelPaint, with_the_custom_colours_that_a_new_panel_has) {
     Check({}, [](PanelProperties& p) { p.UseCustomColors = true; });
     const PanelProperties p = [] {
         PanelProperties custom;
         custom.UseCustomColors = true;
         return custom;
     }();
-    // Red 15 and nothing else, where the color of buttons could be expected.
+    // Red 15 and nothing else, where the colour of buttons could be expected.
     EXPECT_EQ(PanelModel(p, 120, 90).At(60, 45), 0x0F0000U);
 }
 
