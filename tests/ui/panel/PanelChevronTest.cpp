@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -91,9 +92,7 @@ TEST_F(PanelChevron, click_ends_the_move_before_it_is_told) {
                      [&](int, int, float, float, bool&, bool& cMove) { moves.push_back(cMove); });
     QObject::connect(&panel, &xpFrame::ChevronClick, [&] {
         moves.clear();
-        QMouseEvent move(QEvent::MouseMove, QPoint(9, 90), panel.mapToGlobal(QPoint(9, 90)),
-                         Qt::NoButton, Qt::NoButton, Qt::NoModifier);
-        QApplication::sendEvent(&panel, &move);
+        SendMouse(panel, QEvent::MouseMove, {9, 90});
     });
     Click(Chevron());
     EXPECT_THAT(moves, ElementsAre(false));

@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Twips.h"
 #include "ui/toolkit/panel/InnerLabel.h"
@@ -163,7 +164,9 @@ TEST_F(PanelMouse, drag_with_another_button_does_nothing) {
 TEST_F(PanelMouse, drag_goes_on_when_another_button_comes_and_goes) {
     panel.ContainerMoveable(true);
     Press({30, 10});
+    panel.ContainerMoveable(false);
     Click({60, 50}, Qt::RightButton);
+    panel.ContainerMoveable(true);
     PointAt({130, 70});
     EXPECT_EQ(panel.pos(), QPoint(100, 60));
     Release();
@@ -475,10 +478,7 @@ TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {
     EXPECT_EQ(paints.Taken(), 1);
     Release(Qt::RightButton);
     EXPECT_EQ(paints.Taken(), 0);
-    QMouseEvent doubleClick(QEvent::MouseButtonDblClick, QPoint(30, 90),
-                            panel.mapToGlobal(QPoint(30, 90)), Qt::LeftButton, Qt::LeftButton,
-                            Qt::NoModifier);
-    QApplication::sendEvent(&panel, &doubleClick);
+    SendMouse(panel, QEvent::MouseButtonDblClick, {30, 90}, Qt::LeftButton, Qt::LeftButton);
     EXPECT_EQ(paints.Taken(), 1);
 }
 
@@ -497,9 +497,8 @@ TEST_F(PanelMouse, moves_tell_the_keys_and_the_place) {
     QObject::connect(&panel, &xpFrame::MouseMove, [this](int Button, int Shift, float X, float Y) {
         Note("MouseMove", {Button, Shift, int(X), int(Y)});
     });
-    QMouseEvent move(QEvent::MouseMove, QPointF(12.5, 90), panel.mapToGlobal(QPointF(12.5, 90)),
-                     Qt::NoButton, Qt::NoButton, Qt::ShiftModifier | Qt::AltModifier);
-    QApplication::sendEvent(&panel, &move);
+    SendMouse(panel, QEvent::MouseMove, {12.5, 90}, Qt::NoButton, Qt::NoButton,
+              Qt::ShiftModifier | Qt::AltModifier);
     EXPECT_THAT(events, ElementsAre("MouseMove 0 5 12 90"));
 }
 

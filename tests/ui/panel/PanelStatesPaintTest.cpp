@@ -1,9 +1,9 @@
 #include "ui/panel/PanelModel.h"
 #include "ui/panel/PlacedPanel.h"
+#include "ui/panel/SendMouse.h"
 
 #include <gtest/gtest.h>
 
-#include <QMouseEvent>
 #include <array>
 
 namespace tavel::test {
@@ -21,12 +21,6 @@ void ExpectModel(PlacedPanel& placed, const PanelProperties& p, bool collapsed =
     const PanelModel model(p, size.width(), size.height(), collapsed);
     EXPECT_EQ(model.FirstDifference(placed.Picture()), "");
     EXPECT_EQ(model.FirstDifference(placed.Window()), "");
-}
-
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,
-               Qt::MouseButtons buttons) {
-    QMouseEvent event(type, place, widget.mapToGlobal(place), button, buttons, Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
 }
 
 void DragGripTo(QWidget& panel, QPoint place) {
@@ -125,7 +119,7 @@ TEST(PanelStatesPaint, while_it_is_resized_is_its_containers_start_colour) {
     EXPECT_NE(size, QSize(120, 90));
     EXPECT_EQ(PanelModel(p, size.width(), size.height()).FirstDifference(placed.Window()), "");
     ExpectOneColor(placed, PanelModel::Shown(p.ContainerBackColor));
-    SendMouse(placed.panel, QEvent::MouseButtonRelease, {150, 130}, Qt::LeftButton, Qt::NoButton);
+    SendMouse(placed.panel, QEvent::MouseButtonRelease, {150, 130}, Qt::LeftButton);
     ExpectModel(placed, p);
 }
 
