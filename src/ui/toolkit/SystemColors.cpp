@@ -49,8 +49,8 @@ constexpr std::array places{
     Place{QPalette::Window},                          // 30, menu bar
 };
 
-constexpr std::uint32_t systemColor = 0x80000000;
-constexpr std::uint32_t indexBits = 0xFF;
+constexpr OleColor systemColor = 0x80000000;
+constexpr OleColor indexBits = 0xFF;
 
 }  // namespace
 
@@ -60,7 +60,7 @@ QColor SystemColor(int index) {
     return QGuiApplication::palette().color(place.group, place.role);
 }
 
-QColor FromOleColor(std::uint32_t color) {
+QColor FromOleColor(OleColor color) {
     if ((color & ~indexBits) == systemColor)
         return SystemColor(static_cast<int>(color & indexBits));
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),

@@ -13,9 +13,11 @@ namespace tavel {
 // does not have is black.
 QColor SystemColor(int index);
 
-// A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn. What is
-// neither, such as -1, loses its first byte.
-QColor FromOleColor(std::uint32_t color);
+// A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn.
+using OleColor = std::uint32_t;
+
+// What is neither, such as -1, loses its first byte.
+QColor FromOleColor(OleColor color);
 
 // The same the other way: 0x00BBGGRR. How transparent it is gets lost.
 Long ToOleColor(const QColor& color);

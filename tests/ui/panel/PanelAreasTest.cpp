@@ -98,4 +98,10 @@ TEST_F(PanelAreas, are_made_in_no_part_in_classic_style) {
     EXPECT_FALSE(panel.Areas().chevron || panel.Areas().close || panel.Areas().grip);
 }
 
+TEST_F(PanelAreas, of_the_grip_of_a_panel_below_six_pixels_lie_above_it) {
+    panel.ContainerResizable(true);
+    panel.resize(120, 4);
+    EXPECT_EQ(panel.Areas().grip, Area(102, -16, 116, -14));
+}
+
 }  // namespace tavel::test

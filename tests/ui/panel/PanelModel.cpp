@@ -18,7 +18,7 @@ struct PanelModel::Tint {
 
 namespace {
 
-// A system color's number is the place of its role in the palette that is kept here.
+// A system colour's number is the place of its role in the palette that is kept here.
 Rgb SystemRole(unsigned number) {
     static const std::map<unsigned, QPalette::ColorRole> roles{{0x05, QPalette::Base},
                                                                {0x08, QPalette::Text},
@@ -28,7 +28,7 @@ Rgb SystemRole(unsigned number) {
     return QApplication::palette().color(roles.at(number)).rgb() & 0xFFFFFF;
 }
 
-// The low bytes of a color, whatever it stands for.
+// The low bytes of a colour, whatever it stands for.
 Rgb Plain(OleColor color) { return (color & 0xFF) << 16 | (color & 0xFF00) | (color >> 16 & 0xFF); }
 
 int HeaderHeight(int size) { return size == 0 ? 18 : size == 1 ? 25 : size == 2 ? 40 : 0; }
@@ -207,13 +207,21 @@ void PanelModel::DrawOutline(int top, int diameter, int penStyle, Rgb color) {
     }
 }
 
+// Without a side, a picture is as large as it is.
 void PanelModel::DrawPicture(int left, int top, const PanelPicture& picture, int side) {
     if (picture.IsNone()) return;
     const QImage source =
-        picture.IsIcon() ? picture.Icon().pixmap(side).toImage() : picture.Bitmap();
-    for (int y = 0; y < side; ++y) {
-        for (int x = 0; x < side; ++x) {
-            const QRgb pixel = source.pixel(x * source.width() / side, y * source.height() / side);
+        !picture.IsIcon()
+            ? picture.Bitmap()
+            : picture.Icon()
+                  .pixmap(side == 0 ? picture.Icon().availableSizes().front() : QSize(side, side))
+                  .toImage();
+    const int width = side == 0 ? source.width() : side;
+    const int height = side == 0 ? source.height() : side;
+    for (int y = 0; y < height; ++y) {
+        for (int x = 0; x < width; ++x) {
+            const QRgb pixel =
+                source.pixel(x * source.width() / width, y * source.height() / height);
             const bool shown = picture.IsIcon() ? qAlpha(pixel) == 255
                                                 : ((pixel ^ source.pixel(0, 0)) & 0xFFFFFF) != 0;
             if (shown) Put(left + x, top + y, pixel & 0xFFFFFF);

@@ -20,7 +20,7 @@ class PanelModel {
     // Whether the pixel lies in the panel's window.
     bool Inside(int x, int y) const;
 
-    // Whether the pixel may have that color. A broken line leaves some pixels open.
+    // Whether the pixel may have that colour. A broken line leaves some pixels open.
     bool Allows(int x, int y, Rgb color) const;
     Rgb At(int x, int y) const { return m_pixels[Index(x, y)]; }
 
@@ -32,7 +32,7 @@ class PanelModel {
     };
     std::vector<Difference> Differences(const QImage& picture) const;
 
-    // The first of them in words, with the color that it should have; empty if there is none.
+    // The first of them in words, with the colour that it should have; empty if there is none.
     std::string FirstDifference(const QImage& picture) const;
     // The same of what is in the panel's window.
     std::string FirstDifference(const QRegion& window) const;
@@ -44,7 +44,7 @@ class PanelModel {
     static Edges HeaderTextEdges(const PanelProperties& properties, int width);
     static Edges FooterTextEdges(const PanelProperties& properties, int width, int height);
 
-    // 0x00BBGGRR or a system color, as the screen shows it.
+    // 0x00BBGGRR or a system colour, as the screen shows it.
     static Rgb Shown(OleColor color);
 
   private:
@@ -76,7 +76,7 @@ class PanelModel {
     int m_height;
     int m_diameter = 0;  // of the corners
     std::vector<Rgb> m_pixels;
-    std::vector<Rgb> m_others;  // the second color that a pixel may have
+    std::vector<Rgb> m_others;  // the second colour that a pixel may have
 };
 
 }  // namespace tavel::test

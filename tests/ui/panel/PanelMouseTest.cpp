@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Twips.h"
 #include "ui/toolkit/panel/InnerLabel.h"
@@ -6,6 +7,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QPointer>
 #include <QPushButton>
 #include <utility>
 
@@ -60,11 +62,24 @@ class PaintCounter : public QObject {
     int m_count = 0;
 };
 
-QImage Square() {
-    QImage square(8, 8, QImage::Format_RGB32);
-    square.fill(Qt::green);
-    return square;
-}
+// Acts when a widget gets an event of a kind.
+class On : public QObject {
+  public:
+    On(QEvent::Type type, QWidget& widget, std::function<void()> act)
+        : m_type(type), m_act(std::move(act)) {
+        widget.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == m_type) m_act();
+        return false;
+    }
+
+  private:
+    QEvent::Type m_type;
+    std::function<void()> m_act;
+};
 
 }  // namespace
 
@@ -149,7 +164,9 @@ TEST_F(PanelMouse, drag_with_another_button_does_nothing) {
 TEST_F(PanelMouse, drag_goes_on_when_another_button_comes_and_goes) {
     panel.ContainerMoveable(true);
     Press({30, 10});
-    Click({30, 10}, Qt::RightButton);
+    panel.ContainerMoveable(false);
+    Click({60, 50}, Qt::RightButton);
+    panel.ContainerMoveable(true);
     PointAt({130, 70});
     EXPECT_EQ(panel.pos(), QPoint(100, 60));
     Release();
@@ -305,6 +322,18 @@ TEST_F(PanelMouse, drag_of_the_grip_hides_the_children_until_the_release) {
     EXPECT_FALSE(hidden.isHidden());
 }
 
+TEST_F(PanelMouse, children_may_delete_their_neighbours_when_they_are_hidden) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    QPointer<QPushButton> neighbour(new QPushButton(&panel));
+    child.show();
+    const On deletes(QEvent::Hide, child, [&] { delete neighbour; });
+    PressGrip();
+    Release();
+    EXPECT_TRUE(neighbour.isNull());
+    EXPECT_TRUE(child.isVisible());
+}
+
 TEST_F(PanelMouse, drag_of_the_grip_at_the_present_size_hides_no_children) {
     panel.ContainerResizable(true);
     QPushButton child(&panel);
@@ -449,10 +478,7 @@ TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {
     EXPECT_EQ(paints.Taken(), 1);
     Release(Qt::RightButton);
     EXPECT_EQ(paints.Taken(), 0);
-    QMouseEvent doubleClick(QEvent::MouseButtonDblClick, QPoint(30, 90),
-                            panel.mapToGlobal(QPoint(30, 90)), Qt::LeftButton, Qt::LeftButton,
-                            Qt::NoModifier);
-    QApplication::sendEvent(&panel, &doubleClick);
+    SendMouse(panel, QEvent::MouseButtonDblClick, {30, 90}, Qt::LeftButton, Qt::LeftButton);
     EXPECT_EQ(paints.Taken(), 1);
 }
 
@@ -465,6 +491,74 @@ TEST_F(PanelMouse, drag_of_the_grip_repaints_the_parent_with_every_step) {
     PointAt(InWindow({9, 9}));
     EXPECT_EQ(paints.Taken(), 1);
     Release();
+}
+
+TEST_F(PanelMouse, moves_tell_the_keys_and_the_place) {
+    QObject::connect(&panel, &xpFrame::MouseMove, [this](int Button, int Shift, float X, float Y) {
+        Note("MouseMove", {Button, Shift, int(X), int(Y)});
+    });
+    SendMouse(panel, QEvent::MouseMove, {12.5, 90}, Qt::NoButton, Qt::NoButton,
+              Qt::ShiftModifier | Qt::AltModifier);
+    EXPECT_THAT(events, ElementsAre("MouseMove 0 5 12 90"));
+}
+
+TEST_F(PanelMouse, second_press_of_another_button_is_a_press) {
+    Listen();
+    QTest::mouseDClick(window.windowHandle(), Qt::RightButton, Qt::NoModifier, InWindow({10, 90}));
+    EXPECT_THAT(events, ElementsAre("MouseDown 2 0 10 90", "MouseUp 2 0 10 90",
+                                    "MouseDown 2 0 10 90", "MouseUp 2 0 10 90"));
+}
+
+TEST_F(PanelMouse, press_changes_the_pointer_without_a_move) {
+    panel.ContainerResizable(true);
+    const auto press = [this](QPoint place) {
+        PointAt(InWindow(place));
+        panel.setCursor(Qt::WaitCursor);
+        Press(place);
+    };
+    press(Grip());
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Release();
+    press({30, 90});
+    ExpectPointer(Qt::ArrowCursor);
+    Release();
+}
+
+TEST_F(PanelMouse, drag_has_moved_the_panel_when_it_is_told) {
+    panel.ContainerMoveable(true);
+    QPoint told;
+    QObject::connect(&panel, &xpFrame::Move, [&] { told = panel.pos(); });
+    Drag({30, 10}, {130, 70});
+    EXPECT_EQ(told, QPoint(100, 60));
+}
+
+TEST_F(PanelMouse, release_does_not_show_the_inner_label) {
+    Click({30, 90});
+    EXPECT_TRUE(panel.findChild<InnerLabel*>()->isHidden());
+}
+
+// The panel's own painting takes the children along, and is over here when they are refreshed.
+TEST_F(PanelMouse, release_refreshes_each_child) {
+    QPushButton shown(&panel);
+    QPushButton hidden(&panel);
+    hidden.setGeometry(10, 40, 50, 20);
+    shown.setGeometry(100, 100, 50, 20);
+    shown.show();
+    const On paints(QEvent::Show, hidden, [this] { window.repaint(); });
+    PaintCounter counter(shown);
+    counter.Taken();
+    Click({30, 90});
+    EXPECT_EQ(counter.Taken(), 2);
+}
+
+TEST_F(PanelMouse, focus_refreshes_the_inner_label) {
+    panel.ClassicXPStyle(true);
+    PaintCounter paints(*panel.findChild<InnerLabel*>());
+    paints.Taken();
+    ASSERT_EQ(paints.Taken(), 0);
+    QFocusEvent focus(QEvent::FocusIn);
+    QApplication::sendEvent(&panel, &focus);
+    EXPECT_EQ(paints.Taken(), 1);
 }
 
 }  // namespace tavel::test

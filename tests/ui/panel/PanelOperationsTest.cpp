@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
-#include <QPushButton>
 
 namespace tavel::test {
 
@@ -15,6 +14,20 @@ namespace {
 using testing::ElementsAre;
 
 class PanelOperations : public PanelUnderHand {};
+
+// A panel that a change of the screen can be played to.
+class CarriedPanel : public xpFrame {
+  public:
+    int ratio = 1;
+
+  protected:
+    int metric(PaintDeviceMetric which) const override {
+        if (which == PdmDevicePixelRatio) return ratio;
+        if (which == PdmDevicePixelRatioScaled)
+            return static_cast<int>(ratio * devicePixelRatioFScale());
+        return xpFrame::metric(which);
+    }
+};
 
 class PanelKeys : public PanelUnderHand {
   protected:
@@ -99,19 +112,6 @@ TEST_F(PanelOperations, OnTop_without_a_host_is_in_front_of_the_neighbours) {
     EXPECT_EQ(window.children().last(), &first);
 }
 
-TEST_F(PanelOperations, colors_follow_the_desktops) {
-    const QPalette usual = QApplication::palette();
-    panel.UseCustomColors(true);
-    panel.HeaderBackColor(0x8000000D);
-    panel.HeaderFadeColor(0x8000000D);
-    QPalette other = usual;
-    other.setColor(QPalette::Highlight, QColor(1, 2, 3));
-    QApplication::setPalette(other);
-    RunEvents();
-    EXPECT_EQ(panel.Surface().pixelColor(150, 3), QColor(1, 2, 3));
-    QApplication::setPalette(usual);
-}
-
 TEST_F(PanelOperations, hwnd_is_the_panel_until_it_is_set) {
     EXPECT_EQ(panel.hwnd(), &panel);
     panel.hwnd(&window);
@@ -147,6 +147,20 @@ TEST_F(PanelOperations, hdc_is_set_up_from_the_start) {
     EXPECT_EQ(At(*placed.hdc(), 5, 5), QColor(Qt::black));
 }
 
+TEST(PanelSurfaces, are_made_anew_on_a_screen_of_another_ratio) {
+    CarriedPanel panel;
+    panel.resize(100, 80);
+    panel.show();
+    RunEvents();
+    panel.ratio = 3;
+    panel.hdc(nullptr);
+    EXPECT_EQ(panel.hdc()->Ratio(), 3);
+    EXPECT_EQ(panel.hdc()->Surface().size(), panel.hdc()->Size() * 3);
+    panel.update();
+    RunEvents();
+    EXPECT_EQ(panel.Surface().size(), QSize(300, 240));
+}
+
 TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
     QLineEdit other(&window);
     other.show();
@@ -172,6 +186,12 @@ TEST_F(PanelKeys, are_told_with_their_characters) {
                                     "KeyUp " + f2 + " 2", "KeyUp " + control + " 0"));
 }
 
+TEST_F(PanelKeys, of_deletion_is_a_key_and_no_character) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
+    QApplication::sendEvent(&panel, &down);
+    EXPECT_THAT(events, ElementsAre("KeyDown " + std::to_string(Qt::Key_Delete) + " 0"));
+}
+
 TEST_F(PanelKeys, that_repeat_come_up_once) {
     for (const bool repeats : {false, true, true}) {
         QKeyEvent down(QEvent::KeyPress, Qt::Key_Left, Qt::NoModifier, QString(), repeats);
@@ -185,7 +205,7 @@ TEST_F(PanelKeys, that_repeat_come_up_once) {
     EXPECT_EQ(events.size(), 4U);
 }
 
-TEST(dBlendColor, takes_alpha_parts_of_the_first_color) {
+TEST(dBlendColor, takes_alpha_parts_of_the_first_colour) {
     EXPECT_EQ(xpFrame::dBlendColor(0x123456, 0x654321, 255), 0x123456U);
     EXPECT_EQ(xpFrame::dBlendColor(0x123456, 0x654321, 0), 0x654321U);
     EXPECT_EQ(xpFrame::dBlendColor(90 | 90 << 8 | 90 << 16, 0, 230), 0x515151U);  // 81.18
@@ -195,7 +215,7 @@ TEST(dBlendColor, takes_alpha_parts_of_the_first_color) {
     EXPECT_EQ(xpFrame::dBlendColor(0xFF0000, 0x00FF00, 51), OleColor(204 << 8 | 51 << 16));
 }
 
-TEST(dBlendColor, looks_system_colors_up) {
+TEST(dBlendColor, looks_system_colours_up) {
     const QPalette usual = QApplication::palette();
     QPalette other = usual;
     other.setColor(QPalette::Base, QColor(100, 200, 50));
@@ -238,7 +258,7 @@ TEST(UtilDrawShapeStyle, takes_a_right_and_a_bottom_edge_and_leaves_the_inside) 
     EXPECT_EQ(CountOf(context, Qt::red), 2 * 20 + 2 * 8);
 }
 
-TEST(UtilDrawBackground, goes_from_color_to_color_across_for_0_and_down_for_any_other) {
+TEST(UtilDrawBackground, goes_from_colour_to_colour_across_for_0_and_down_for_any_other) {
     DeviceContext context(QSize(40, 30), 1);
     xpFrame::UtilDrawBackground(context, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
     EXPECT_EQ(At(context, 9, 10), QColor(Qt::black));
@@ -252,12 +272,30 @@ TEST(UtilDrawBackground, goes_from_color_to_color_across_for_0_and_down_for_any_
     EXPECT_EQ(At(context, 29, 15), QColor(128, 0, 127));
 }
 
-TEST(UtilDrawBackground, of_edges_the_wrong_way_round_exchanges_them_with_their_colors) {
+TEST(UtilDrawBackground, of_edges_the_wrong_way_round_exchanges_them_with_their_colours) {
     DeviceContext right(QSize(40, 30), 1);
     DeviceContext wrong(QSize(40, 30), 1);
     xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
     xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 30, 5, 10, 25, 0);
     EXPECT_EQ(right.Surface(), wrong.Surface());
+}
+
+TEST(UtilDrawBackground, of_edges_upside_down_exchanges_them_with_their_colours) {
+    DeviceContext right(QSize(40, 30), 1);
+    DeviceContext wrong(QSize(40, 30), 1);
+    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 1);
+    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 10, 25, 30, 5, 1);
+    EXPECT_EQ(right.Surface(), wrong.Surface());
+}
+
+TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
+    DeviceContext context(QSize(40, 30), 1);
+    context.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(context, 5, 4, 25, 14, 7);
+    for (const QPoint outside : {QPoint(5, 4), QPoint(6, 4), QPoint(5, 5)})
+        EXPECT_EQ(At(context, outside.x(), outside.y()), QColor(Qt::black));
+    for (const QPoint line : {QPoint(7, 4), QPoint(6, 5), QPoint(5, 6)})
+        EXPECT_EQ(At(context, line.x(), line.y()), QColor(Qt::red));
 }
 
 }  // namespace tavel::test

@@ -10,7 +10,7 @@ namespace tavel::test {
 
 namespace {
 
-// A bitmap of that side: a colored ring around a hole of the corner's color.
+// A bitmap of that side: a coloured ring around a hole of the corner's colour.
 PanelPicture Bitmap(int side) {
     QImage image(side, side, QImage::Format_RGB32);
     for (int y = 0; y < side; ++y) {
@@ -52,7 +52,7 @@ class PanelPaint : public testing::Test {
         EXPECT_EQ(model.FirstDifference(placed.Window()), "");
     }
 
-    // The same with a theme's colors and with custom ones.
+    // The same with a theme's colours and with custom ones.
     static void CheckBoth(const Change& change) {
         Check(WithEverything({}), change);
         Check(WithEverything(WithCustomColors()), change);
@@ -154,27 +154,27 @@ TEST_F(PanelPaint, is_square_in_every_other_shape) {
     }
 }
 
-// A broken line may begin anywhere, but has as many pixels as its pattern.
-TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps) {
-    struct Case {
-        Integer style;
-        int from, to;  // of 100 pixels
-    };
-    for (const auto& [style, from, to] :
-         {Case{1, 70, 80}, Case{2, 45, 55}, Case{3, 45, 55}, Case{4, 55, 65}}) {
+TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps_of_its_pens_lengths) {
+    using Runs = std::vector<int>;
+    const std::vector<std::pair<Integer, Runs>> pens{
+        {1, {18, 6}}, {2, {3, 3}}, {3, {9, 6, 3, 6}}, {4, {9, 3, 3, 3, 3, 3}}};
+    for (const auto& [style, lengths] : pens) {
         PanelProperties p = WithCustomColors();
         p.ContainerBorderStyle = style;
         p.HeaderVisible = false;
         PlacedPanel placed(p, 400, 90);
         const QImage picture = placed.Picture();
         const int ratio = picture.width() / 400;
-        int drawn = 0;
-        for (int x = 0; x < 399; ++x) {
-            const QRgb color = picture.pixel(x * ratio, 0) & 0xFFFFFF;
-            drawn += color == PanelModel::Shown(p.ContainerBorderColor) ? 1 : 0;
+        const auto drawn = [&](int x) {
+            return (picture.pixel(x * ratio, 0) & 0xFFFFFF) ==
+                   PanelModel::Shown(p.ContainerBorderColor);
+        };
+        int x = 0;
+        for (std::size_t run = 0; run < 12; ++run) {
+            int length = 0;
+            for (; drawn(x) == (run % 2 == 0); ++x) ++length;
+            EXPECT_EQ(length, lengths[run % lengths.size()]) << style;
         }
-        EXPECT_GE(drawn * 100 / 399, from) << style;
-        EXPECT_LE(drawn * 100 / 399, to) << style;
     }
 }
 
@@ -206,12 +206,20 @@ TEST_F(PanelPaint, with_bitmaps_of_other_formats) {
     }
 }
 
-TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_than_they_are) {
-    CheckBoth([](PanelProperties& p) {
-        p.HeaderPicture = p.ContainerPicture = Bitmap(16);
-        p.HeaderPictureSize = 32;
-        p.ContainerPictureSize = 48;
-    });
+TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_or_smaller_than_they_are) {
+    struct Case {
+        int from;
+        Integer to;
+    };
+    for (const Case one :
+         {Case{16, 32}, Case{16, 48}, Case{16, 40}, Case{32, 16}, Case{48, 16}, Case{33, 10}}) {
+        if (qApp->devicePixelRatio() > 1 && one.to % one.from != 0) continue;  // finer pixels there
+        SCOPED_TRACE(one.from);
+        CheckBoth([one](PanelProperties& p) {
+            p.HeaderPicture = p.ContainerPicture = Bitmap(one.from);
+            p.HeaderPictureSize = p.ContainerPictureSize = one.to;
+        });
+    }
 }
 
 TEST_F(PanelPaint, with_a_picture_that_is_cut_by_the_panels_edge) {
@@ -221,10 +229,16 @@ TEST_F(PanelPaint, with_a_picture_that_is_cut_by_the_panels_edge) {
     });
 }
 
-TEST_F(PanelPaint, with_pictures_that_have_no_size) {
-    for (const Integer side : Integers{0, -3}) {
-        CheckBoth([&](PanelProperties& p) { p.HeaderPictureSize = p.ContainerPictureSize = side; });
-    }
+// The place is still that of a picture without height.
+TEST_F(PanelPaint, with_pictures_at_their_own_size_where_none_is_asked_for) {
+    CheckBoth([](PanelProperties& p) {
+        p.ContainerPicture = PanelPicture(Bitmap(24).Bitmap().copy(0, 0, 24, 17));
+        p.HeaderPictureSize = p.ContainerPictureSize = 0;
+    });
+}
+
+TEST_F(PanelPaint, without_pictures_whose_size_is_below_zero) {
+    CheckBoth([](PanelProperties& p) { p.HeaderPictureSize = p.ContainerPictureSize = -3; });
 }
 
 // The offset is cut toward zero: a picture of 17 in a header without height begins at -8.
@@ -242,9 +256,32 @@ TEST_F(PanelPaint, with_icons) {
         p.HeaderPicture = Icon(16);
         p.ContainerPicture = Icon(32);
     });
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = p.ContainerPicture = Icon(24);
+        p.HeaderPictureSize = p.ContainerPictureSize = 0;
+    });
 }
 
-TEST_F(PanelPaint, with_system_colors_everywhere) {
+TEST_F(PanelPaint, with_an_icon_that_is_drawn_smaller_than_it_is) {
+    if (qApp->devicePixelRatio() > 1) GTEST_SKIP() << "an icon has finer pixels there";
+    QImage image(32, 32, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    QImage half(16, 16, QImage::Format_ARGB32);
+    half.fill(Qt::transparent);
+    for (int y = 4; y < 28; ++y) {
+        for (int x = 8; x < 24; ++x) {
+            image.setPixel(x, y, qRgb(10, 200, 60));
+            half.setPixel(x / 2, y / 2, qRgb(10, 200, 60));
+        }
+    }
+    PanelProperties p;
+    p.HeaderPicture = PanelPicture(QIcon(QPixmap::fromImage(image)));
+    PlacedPanel placed(p, 120, 90);
+    p.HeaderPicture = PanelPicture(QIcon(QPixmap::fromImage(half)));
+    EXPECT_EQ(PanelModel(p, 120, 90).FirstDifference(placed.Picture()), "");
+}
+
+TEST_F(PanelPaint, with_system_colours_everywhere) {
     for (const OleColor color : {0x80000005, 0x80000008, 0x8000000D, 0x8000000F, 0x80000012}) {
         SCOPED_TRACE(color);
         Check(WithEverything(WithCustomColors()), [&](PanelProperties& p) {
@@ -258,14 +295,14 @@ TEST_F(PanelPaint, with_system_colors_everywhere) {
     }
 }
 
-TEST_F(PanelPaint, with_the_custom_colors_that_a_new_panel_has) {
+TEST_F(PanelPaint, with_the_custom_colours_that_a_new_panel_has) {
     Check({}, [](PanelProperties& p) { p.UseCustomColors = true; });
     const PanelProperties p = [] {
         PanelProperties custom;
         custom.UseCustomColors = true;
         return custom;
     }();
-    // Red 15 and nothing else, where the color of buttons could be expected.
+    // Red 15 and nothing else, where the colour of buttons could be expected.
     EXPECT_EQ(PanelModel(p, 120, 90).At(60, 45), 0x0F0000U);
 }
 

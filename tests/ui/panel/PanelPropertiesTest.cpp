@@ -1,11 +1,9 @@
 #include "platform/Failure.h"
 #include "ui/panel/PanelUnderHand.h"
-#include "ui/toolkit/panel/PanelPainter.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QStyle>
 #include <set>
 
 namespace tavel::test {
@@ -303,6 +301,20 @@ TEST(MemoryPropertyBag, writes_nothing_that_equals_the_default) {
     EXPECT_EQ(bag.ReadProperty("a", 7), PropertyValue(2));
     EXPECT_EQ(bag.ReadProperty("b", 7), PropertyValue(1));
     EXPECT_EQ(bag.ReadProperty("c", 7), PropertyValue(7));
+}
+
+TEST_F(PanelPropertiesOf, a_store_leave_chevron_and_grip_on_in_classic_style) {
+    MemoryPropertyBag bag;
+    for (const char* key : {"ClassicXPStyle", "Expandable", "ContainerResizable"})
+        bag.WriteProperty(key, true);
+    panel.ReadProperties(bag);
+    EXPECT_TRUE(panel.ClassicXPStyle() && panel.Expandable() && panel.ContainerResizable());
+}
+
+TEST_F(PanelPropertiesOf, a_new_panel_have_the_first_themes_colours_again) {
+    panel.Appearence(7);
+    panel.InitProperties();
+    EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(142, 179, 231));
 }
 
 }  // namespace tavel::test

@@ -24,13 +24,6 @@ void ExpectKept(const xpFrame& panel, RecordingHost& host, Getter get, Setter se
     EXPECT_THAT(host.changes, ElementsAre(name));
 }
 
-QImage Square() {
-    QImage square(8, 8, QImage::Format_RGB32);
-    square.fill(Qt::green);
-    square.setPixelColor(0, 0, Qt::black);
-    return square;
-}
-
 }  // namespace
 
 #define EXPECT_SET(type, property, value, name)                                        \
@@ -101,7 +94,7 @@ TEST_F(PanelSetter, of_the_headers_text_names_the_panel_for_screen_readers) {
     EXPECT_EQ(panel.accessibleName(), QStringLiteral("Old"));
 }
 
-TEST_F(PanelSetter, of_classic_style_gives_the_panel_its_own_back_color_when_it_is_on) {
+TEST_F(PanelSetter, of_classic_style_gives_the_panel_its_own_back_colour_when_it_is_on) {
     panel.BackColor(5);
     panel.ClassicXPStyle(false);
     EXPECT_EQ(panel.BackColor(), 5U);
@@ -175,20 +168,7 @@ TEST_F(PanelSetter, of_enabled_is_applied_to_the_children_at_load_when_it_is_off
     EXPECT_TRUE(child.testAttribute(Qt::WA_ForceDisabled));
 }
 
-TEST_F(PanelSetter, of_a_theme_that_is_none_leaves_the_colors_that_were_there) {
-    const auto picture = [this] { return panel.grab().toImage(); };
-    panel.Appearence(7);
-    const QImage seventh = picture();
-    panel.Appearence(12);
-    EXPECT_EQ(picture(), seventh);
-    panel.Appearence(-1);
-    EXPECT_EQ(picture(), seventh);
-    EXPECT_EQ(panel.Appearence(), -1);
-    panel.Appearence(0);
-    EXPECT_NE(picture(), seventh);
-}
-
-TEST_F(PanelSetter, of_custom_colors_draws_with_them_whatever_the_order) {
+TEST_F(PanelSetter, of_custom_colours_draws_with_them_whatever_the_order) {
     panel.ContainerBackColor(0x102030);
     panel.ContainerFadeColor(0x102030);
     panel.UseCustomColors(true);
@@ -210,6 +190,27 @@ TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {
                      [&](int, int, float, float, bool Collapse) { collapses = Collapse; });
     Click(Chevron());
     EXPECT_TRUE(collapses);
+}
+
+TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_custom_colours_too) {
+    panel.ContainerBackColor(0x102030);
+    panel.ContainerFadeColor(0x102030);
+    panel.UseCustomColors(true);
+    panel.Appearence(12);
+    panel.UseCustomColors(false);
+    EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
+}
+
+TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_in_its_font) {
+    panel.ClassicXPStyle(true);
+    auto* label = panel.findChild<InnerLabel*>();
+    const QPushButton child(&panel);
+    QFont font = panel.font();
+    font.setPixelSize(31);
+    ASSERT_EQ(panel.children().last(), &child);
+    panel.HeaderTextFont(font);
+    EXPECT_EQ(panel.children().last(), label);
+    EXPECT_EQ(label->font().pixelSize(), 31);
 }
 
 }  // namespace tavel::test

@@ -15,7 +15,7 @@ constexpr int width = 200;
 constexpr int height = 110;
 constexpr char sText[] = "Hxg";
 
-// Every pixel of the text has the text's color and no other.
+// Every pixel of the text has the text's colour and no other.
 QFont SharpFont(int pixels = 11) {
     QFont font = QApplication::font();
     font.setPixelSize(pixels);
@@ -119,14 +119,42 @@ TEST(PanelTextPaint, of_the_footer_stands_where_its_alignment_puts_it) {
     }
 }
 
-TEST(PanelTextPaint, a_header_without_a_picture_starts_at_4_and_one_with_a_picture_at_22) {
-    PanelProperties p;
-    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).left, 4);
-    p.HeaderPicture = Bitmap();
-    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).left, 22);
-    const int right = PanelModel::HeaderTextEdges(p, width).right;
-    p.Expandable = p.Closeable = true;
-    EXPECT_EQ(PanelModel::HeaderTextEdges(p, width).right, right - 40);
+// A text that is larger than its bar shows where it is cut.
+TEST(PanelTextPaint, is_cut_at_the_edges_that_the_bars_leave_to_it) {
+    const QString blocks(5, QChar(0x2588));
+    const auto expectInk = [](const PanelProperties& p, PanelModel::Edges edges) {
+        const QRect room(QPoint(edges.left, edges.top), QPoint(edges.right - 1, edges.bottom - 1));
+        const QRect ink = Ink(p);
+        EXPECT_TRUE(ink == room || (ink.isEmpty() && room.isEmpty()))
+            << ink.left() << ' ' << ink.top() << ' ' << ink.right() << ' ' << ink.bottom();
+    };
+    for (PanelProperties& p : Bars()) {
+        p.ContainerBorderStyle = 5;  // which would be drawn over the text
+        p.HeaderTextFont = p.FooterTextFont = SharpFont(400);
+        p.HeaderTextAlign = p.FooterTextAlign = 7;
+        for (p.HeaderSize = 0; p.HeaderSize < 4; ++p.HeaderSize) {
+            p.HeaderText = blocks;
+            p.FooterText.clear();
+            expectInk(p, PanelModel::HeaderTextEdges(p, width));
+            p.HeaderText.clear();
+            p.FooterText = blocks;
+            p.FooterSize = static_cast<Integer>(p.HeaderSize % 3);
+            expectInk(p, PanelModel::FooterTextEdges(p, width, height));
+        }
+    }
+}
+
+TEST(PanelTextPaint, has_its_bars_font) {
+    PanelProperties p = Sharp({});
+    p.HeaderTextFont = SharpFont(9);
+    p.FooterTextFont = SharpFont(22);
+    const auto heightOf = [](const QFont& font) {
+        return QFontMetrics(font).tightBoundingRect(QStringLiteral("H")).height();
+    };
+    p.HeaderText = QStringLiteral("H");
+    EXPECT_NEAR(Ink(p).height(), heightOf(p.HeaderTextFont), 2);
+    std::swap(p.HeaderText, p.FooterText);
+    EXPECT_NEAR(Ink(p).height(), heightOf(p.FooterTextFont), 2);
 }
 
 TEST(PanelTextPaint, a_text_that_is_too_long_is_cut_at_the_edges) {
@@ -166,32 +194,66 @@ TEST(PanelTextPaint, a_text_that_is_too_high_is_cut_at_the_edges) {
     }
 }
 
-TEST(PanelTextPaint, breaks_into_lines_until_an_alignment_is_set) {
+// Of a panel whose alignments were never set.
+class PanelUnalignedTextPaint : public testing::Test {
+  protected:
+    PanelUnalignedTextPaint() {
+        panel.resize(width, height);
+        panel.HeaderTextFont(SharpFont());
+        panel.FooterTextFont(SharpFont());
+        panel.HeaderSize(2);
+        panel.FooterSize(1);
+    }
+
+    int InkHeight(const QString& header, const QString& footer) {
+        panel.HeaderText(header);
+        panel.FooterText(footer);
+        return Ink(panel.grab().toImage(), Sharp({})).height();
+    }
+
+    const int m_line = QFontMetrics(SharpFont()).height();
     xpFrame panel;
-    PanelProperties p = Sharp({});
-    panel.resize(width, height);
-    panel.HeaderTextFont(SharpFont());
-    panel.HeaderSize(2);
-    panel.FooterSize(1);
-    panel.HeaderText(QStringLiteral("H\nH"));
-    panel.FooterText(QString());
-    const int line = QFontMetrics(SharpFont()).height();
-    EXPECT_GT(Ink(panel.grab().toImage(), p).height(), line);
+};
+
+TEST_F(PanelUnalignedTextPaint, breaks_into_lines_until_an_alignment_is_set) {
+    for (const QString& text :
+         {QStringLiteral("H\nH"), QStringLiteral("H\r\nH"), QStringLiteral("H\rH")}) {
+        for (const bool header : {true, false}) {
+            const int ink = header ? InkHeight(text, {}) : InkHeight({}, text);
+            EXPECT_GT(ink, m_line);
+            EXPECT_LT(ink, 2 * m_line);
+        }
+    }
     panel.HeaderTextAlign(0);
-    EXPECT_LT(Ink(panel.grab().toImage(), p).height(), line);
+    EXPECT_LT(InkHeight(QStringLiteral("H\nH"), {}), m_line);
+    panel.FooterTextAlign(0);
+    EXPECT_LT(InkHeight({}, QStringLiteral("H\nH")), m_line);
 }
 
-TEST(PanelTextPaint, an_alignment_that_there_is_not_leaves_the_last_one) {
+TEST_F(PanelUnalignedTextPaint, does_not_break_between_words) {
+    const QString words = QStringLiteral("HHHH ").repeated(20);
+    EXPECT_LT(InkHeight(words, {}), m_line);
+    EXPECT_LT(InkHeight({}, words), m_line);
+}
+
+TEST(PanelTextPaint, an_alignment_that_there_is_not_leaves_the_last_one_even_when_it_is_loaded) {
     PanelProperties p = Sharp({});
-    p.HeaderText = QLatin1String(sText);
-    p.HeaderTextAlign = 8;
+    p.HeaderText = p.FooterText = QLatin1String(sText);
+    p.HeaderTextAlign = p.FooterTextAlign = 8;
     PlacedPanel placed(p, width, height);
-    const QRect before = Ink(placed.Picture(), p);
+    const QImage before = placed.Picture();
     placed.panel.HeaderTextAlign(9);
-    EXPECT_EQ(Ink(placed.Picture(), p), before);
+    placed.panel.FooterTextAlign(-1);
+    EXPECT_EQ(placed.Picture(), before);
     EXPECT_EQ(placed.panel.HeaderTextAlign(), 9);
+    p.HeaderTextAlign = p.FooterTextAlign = 9;
+    placed.Read(p);
+    EXPECT_EQ(placed.Picture(), before);
     placed.panel.HeaderTextAlign(0);
-    EXPECT_NE(Ink(placed.Picture(), p), before);
+    const QImage header = placed.Picture();
+    EXPECT_NE(header, before);
+    placed.panel.FooterTextAlign(0);
+    EXPECT_NE(placed.Picture(), header);
 }
 
 TEST(PanelTextPaint, an_ampersand_underlines_the_letter_behind_it) {
@@ -208,7 +270,16 @@ TEST(PanelTextPaint, an_ampersand_underlines_the_letter_behind_it) {
     EXPECT_LT(doubled.bottom(), marked.bottom() + 1);
 }
 
-TEST(PanelTextPaint, has_its_bars_color) {
+TEST(PanelTextPaint, of_a_script_that_runs_to_the_left_stands_where_any_other_does) {
+    for (const bool classic : {false, true}) {
+        PanelProperties p = Sharp({});
+        p.ClassicXPStyle = classic;
+        p.HeaderText = QStringLiteral("\u05D0\u05D1\u05D2");
+        EXPECT_LT(Ink(p).right(), 60) << classic;
+    }
+}
+
+TEST(PanelTextPaint, has_its_bars_colour) {
     const ColorfulPalette palette;
     PanelProperties theme = Sharp({});
     theme.Appearence = 10;  // whose header text is red and the footer's pale
@@ -251,6 +322,22 @@ TEST(PanelTextPaint, in_classic_style_is_the_headers_alone_in_blue) {
     PlacedPanel placed(p, width, height);
     const auto ink = PanelModel(p, width, height).Differences(placed.Picture());
     EXPECT_GT(std::ranges::count(ink, 0x0046D5U, &PanelModel::Difference::color), 10);
+}
+
+TEST(PanelTextPaint, in_classic_style_interrupts_the_frame) {
+    PanelProperties p = Sharp({});
+    p.ClassicXPStyle = true;
+    p.HeaderText = QLatin1String(sText);
+    PlacedPanel placed(p, width, height);
+    const QImage picture = placed.Picture();
+    const int ratio = picture.width() / width;
+    const auto colour = [&](int x) { return picture.pixel(x * ratio, 4 * ratio) & 0xFFFFFF; };
+    EXPECT_EQ(colour(5), 0xD0D0BFU);
+    EXPECT_EQ(colour(6), PanelModel::Shown(p.BackColor));
+    EXPECT_EQ(colour(7), PanelModel::Shown(p.BackColor));
+    const int end = 8 + QFontMetrics(SharpFont()).horizontalAdvance(p.HeaderText);
+    EXPECT_EQ(colour(end), PanelModel::Shown(p.BackColor));
+    EXPECT_EQ(colour(end + 5), 0xD0D0BFU);
 }
 
 }  // namespace tavel::test

@@ -29,6 +29,13 @@ class RecordingHost : public PanelHost {
     std::vector<std::string> changes;
 };
 
+inline QImage Square() {
+    QImage square(8, 8, QImage::Format_RGB32);
+    square.fill(Qt::green);
+    square.setPixelColor(0, 0, Qt::black);
+    return square;
+}
+
 // A panel at (50, 40) in a window, 300 pixels wide and 200 high, and a pointer over it. Presses go
 // the way of a real mouse's: through the window, to the widget below the pointer.
 class PanelUnderHand : public testing::Test {

@@ -63,7 +63,7 @@ class ColorfulPalette {
     QPalette m_usual;
 };
 
-// Custom colors, each a different one, with ways up and down in every channel.
+// Custom colours, each a different one, with ways up and down in every channel.
 inline PanelProperties WithCustomColors() {
     PanelProperties p;
     p.UseCustomColors = true;

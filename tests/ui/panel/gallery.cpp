@@ -246,9 +246,8 @@ int Run(int argc, char** argv) {
     if (parser.isSet(dark)) QApplication::setPalette(DarkPalette());
 
     auto* sheet = new Sheet;
-    QScrollArea area;
-    area.setWidget(sheet);
-    if (parser.isSet(picture)) return sheet->grab().save(parser.value(picture)) ? 0 : 1;
+    auto* area = new QScrollArea;
+    area->setWidget(sheet);
 
     QWidget window;
     window.setWindowTitle(QStringLiteral("Panels"));
@@ -256,7 +255,8 @@ int Run(int argc, char** argv) {
     auto* all = new QPushButton(QStringLiteral("Show the closed ones again"));
     QObject::connect(all, &QPushButton::clicked, [sheet] { sheet->ShowAll(); });
     layout->addWidget(all, 0, Qt::AlignLeft);
-    layout->addWidget(&area);
+    layout->addWidget(area);
+    if (parser.isSet(picture)) return sheet->grab().save(parser.value(picture)) ? 0 : 1;
     window.resize(window.screen()->availableSize().boundedTo(QSize(1240, 900)));
     window.show();
     return QApplication::exec();

@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstdint>
 #include <numeric>
 #include <vector>
 
@@ -52,7 +53,7 @@ void AppendLine(std::vector<QPoint>& pixels, QPoint from, QPoint to) {
 }
 
 int QtFlags(unsigned flags) {
-    int result = Qt::TextShowMnemonic;
+    int result = Qt::TextShowMnemonic | Qt::AlignAbsolute;
     if ((flags & DT_CENTER) != 0) result |= Qt::AlignHCenter;
     if ((flags & DT_RIGHT) != 0) result |= Qt::AlignRight;
     if ((flags & DT_SINGLELINE) == 0) return result;
@@ -129,20 +130,32 @@ void DeviceContext::DrawText(const QString& text, const Edges& edges, unsigned f
 }
 
 void DeviceContext::DrawIcon(const QIcon& icon, QPoint place, int side) {
-    if (m_surface.isNull() || side < 1) return;
+    if (m_surface.isNull() || side < 0) return;
     // Beyond that an icon has no more to show, and a drawn one would be made in full.
-    constexpr int largest = 256;
-    const int asked = std::min(side, largest);
+    constexpr QSize largest(256, 256);
+    const QSize size = side == 0 ? icon.actualSize(largest) : QSize(side, side);
     QPainter painter(&m_surface);
-    painter.drawPixmap(QRect(place, QSize(side, side)), icon.pixmap(QSize(asked, asked), m_ratio));
+    painter.drawPixmap(QRect(place, size), icon.pixmap(size.boundedTo(largest), m_ratio));
 }
 
+// A pixel of the surface takes one of the bitmap's, cut toward its first: a mixture would have
+// neither the key's colour nor the picture's.
 void DeviceContext::DrawBitmap(const QImage& bitmap, QRgb key, QPoint place, int side) {
-    if (m_surface.isNull() || bitmap.isNull() || side < 1) return;
-    QImage copy = bitmap.convertToFormat(QImage::Format_RGB32);
-    copy.setAlphaChannel(copy.createMaskFromColor(key, Qt::MaskOutColor));
-    QPainter painter(&m_surface);
-    painter.drawImage(QRect(place, QSize(side, side)), copy);
+    if (bitmap.isNull() || side < 0) return;
+    const QSize size = side == 0 ? bitmap.size() : QSize(side, side);
+    const QRect whole((QPointF(place) * m_ratio).toPoint(), (QSizeF(size) * m_ratio).toSize());
+    const QRect shown = whole & m_surface.rect();
+    const auto source = [](int step, int pixels, int steps) {
+        return static_cast<int>(std::int64_t(step) * pixels / steps);
+    };
+    for (int y = shown.top(); y <= shown.bottom(); ++y) {
+        const int row = source(y - whole.top(), bitmap.height(), whole.height());
+        for (int x = shown.left(); x <= shown.right(); ++x) {
+            const int column = source(x - whole.left(), bitmap.width(), whole.width());
+            const QRgb color = bitmap.pixel(column, row);
+            if (((color ^ key) & RGB_MASK) != 0) m_surface.setPixel(x, y, color | ~RGB_MASK);
+        }
+    }
 }
 
 }  // namespace tavel

@@ -67,7 +67,8 @@ class DeviceContext {
     // in the text break the line.
     void DrawText(const QString& text, const Edges& edges, unsigned flags);
 
-    // A picture stretched to that side. Of a bitmap, what has the key's colour is left out.
+    // A picture stretched to that side, or with a side of 0 as large as it is; below that nothing.
+    // Of a bitmap, what has the key's colour is left out; it has no other transparency.
     void DrawIcon(const QIcon& icon, QPoint place, int side);
     void DrawBitmap(const QImage& bitmap, QRgb key, QPoint place, int side);
 

@@ -15,7 +15,7 @@ constexpr int gap = 2;  // between the caption and the frame
 InnerLabel::InnerLabel(QWidget& panel) : QLabel(&panel) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setTextFormat(Qt::PlainText);
-    setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    setAlignment(Qt::AlignAbsolute | Qt::AlignLeft | Qt::AlignTop);
     setContentsMargins(fromLeft, 0, fromLeft, 0);
     QPalette colors = palette();
     colors.setColor(QPalette::WindowText, captionColor);

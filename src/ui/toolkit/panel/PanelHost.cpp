@@ -10,12 +10,6 @@ QString WidgetHost::DisplayName() const { return m_panel.objectName(); }
 
 void WidgetHost::visible(bool value) { m_panel.setVisible(value); }
 
-void WidgetHost::zorder(int position) {
-    if (position == 0) {
-        m_panel.raise();
-    } else {
-        m_panel.lower();
-    }
-}
+void WidgetHost::zorder(int) { m_panel.raise(); }
 
 }  // namespace tavel

@@ -16,7 +16,7 @@ class PanelHost {
     virtual QFont AmbientFont() const = 0;
     virtual QString DisplayName() const = 0;  // what the host calls this panel
     virtual void visible(bool value) = 0;     // shows or hides the panel
-    virtual void zorder(int position) = 0;    // 0: in front of its neighbours, else behind
+    virtual void zorder(int position) = 0;    // 0, and no other is asked for: the front
 
     // A property was set. A designer notes by it that there is something to save.
     virtual void PropertyChanged(std::string_view sName) = 0;
@@ -31,7 +31,7 @@ class WidgetHost : public PanelHost {
     QFont AmbientFont() const override;
     QString DisplayName() const override;
     void visible(bool value) override;
-    void zorder(int position) override;
+    void zorder(int) override;
     void PropertyChanged(std::string_view) override {}
 
   private:

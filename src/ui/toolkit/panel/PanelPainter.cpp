@@ -6,7 +6,7 @@ namespace tavel {
 
 namespace {
 
-// The frame of the classic style stands back from the top by half a line of its caption.
+// The frame of the classic style stands back from the top for its caption, whatever its font.
 constexpr int classicTop = 4;
 constexpr int classicEllipse = 8;
 constexpr QColor classicFrame(208, 208, 191);

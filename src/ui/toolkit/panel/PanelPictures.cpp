@@ -29,9 +29,7 @@ void PanelPainter::DrawPicture(QPoint place, const PanelPicture& picture, int si
 }
 
 void PanelPainter::DrawBitmapTransparent(QPoint place, const QImage& bitmap, int size) {
-    // Without its own transparency, in which a key could differ from pixels of its colour.
-    const QImage opaque = bitmap.convertToFormat(QImage::Format_RGB32);
-    m_hdc.DrawBitmap(opaque, opaque.pixel(0, 0), place, size);
+    m_hdc.DrawBitmap(bitmap, bitmap.pixel(0, 0), place, size);
 }
 
 }  // namespace tavel

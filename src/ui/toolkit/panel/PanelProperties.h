@@ -11,7 +11,8 @@ inline constexpr OleColor vbButtonFace = 0x8000000F;
 inline constexpr OleColor vbButtonText = 0x80000012;
 
 // The properties of a panel, in their order, with what a new one has. Lengths are pixels. Custom
-// colours count while UseCustomColors is on; system colours are looked up but for the container's.
+// colours count while UseCustomColors is on; system colours are looked up but for the container's,
+// which are only looked up while the panel is resized by the mouse.
 // A fill style of 0 runs from left to right, any other from top to bottom. Sizes and alignments
 // that mean nothing are kept.
 struct PanelProperties {
@@ -49,8 +50,8 @@ struct PanelProperties {
     OleColor FooterFadeColor = White;  // custom, where it ends
     Integer FooterFillStyle = 1;
     QFont ContainerTextFont;  // for the host; the panel draws nothing with it
-    // Custom, where the container's gradient starts and ends. A system colour is not looked up: its
-    // low 24 bits are what is drawn.
+    // Custom, where the container's gradient starts and ends. A system colour is not looked up for
+    // it: its low 24 bits are what is drawn.
     OleColor ContainerBackColor = vbButtonFace;
     OleColor ContainerFadeColor = vbButtonFace;
     Integer ContainerFillStyle = 1;              // kept; the container's gradient runs down

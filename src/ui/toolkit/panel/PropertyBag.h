@@ -1,11 +1,11 @@
 #pragma once
 
 #include "platform/Numbers.h"
+#include "ui/toolkit/SystemColors.h"
 #include "ui/toolkit/panel/PanelPicture.h"
 
 #include <QFont>
 #include <QString>
-#include <cstdint>
 #include <map>
 #include <optional>
 #include <string>
@@ -13,9 +13,6 @@
 #include <variant>
 
 namespace tavel {
-
-// A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn.
-using OleColor = std::uint32_t;
 
 // What a property store keeps under a key.
 using PropertyValue = std::variant<bool, Long, OleColor, QString, QFont, PanelPicture>;

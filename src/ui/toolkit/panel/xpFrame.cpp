@@ -7,6 +7,7 @@
 
 #include <QEvent>
 #include <QPainter>
+#include <QPointer>
 #include <algorithm>
 #include <limits>
 
@@ -53,7 +54,9 @@ xpFrame::~xpFrame() = default;
 void xpFrame::hdc(DeviceContext*) {
     const QSize present = m_memory ? m_memory->Size() : QSize();
     const QSize needed = present.expandedTo(size());
-    if (needed != present) m_memory = std::make_unique<DeviceContext>(needed, devicePixelRatioF());
+    const qreal ratio = devicePixelRatioF();
+    if (needed != present || ratio != m_memory->Ratio())
+        m_memory = std::make_unique<DeviceContext>(needed, ratio);
 }
 
 void xpFrame::Expand() { SetExpanded(1); }
@@ -66,19 +69,17 @@ void xpFrame::closeMe() { m_host.visible(false); }
 
 void xpFrame::showMe() { m_host.visible(true); }
 
-void xpFrame::Refresh() {
-    update();
-    Redraw();
-}
+void xpFrame::Refresh() { Redraw(); }
 
 void xpFrame::SetExpanded(int direction) {
     const bool collapses = direction <= 0;
     if (collapses) m_expandedHeight = Twips(height());
-    const Long target =
-        collapses ? Twips(FrameBarHeight(m_properties, "Header")) : m_expandedHeight;
-    if (!collapses && target == 0) return;
-    resize(width(), Pixels(target));
+    if (!m_expandedHeight) return;
+    // The resize draws the panel, and does so by the flag.
     m_collapsed = collapses;
+    const Long target =
+        collapses ? Twips(FrameBarHeight(m_properties, "Header")) : *m_expandedHeight;
+    resize(width(), Pixels(target));
     Refresh();
 }
 
@@ -116,7 +117,7 @@ void xpFrame::RedrawFast() {
     FitSurface();
     ShapeWindow();
     m_own.Fill(TranslateColor(Look().colors.containerStart));
-    for (QWidget* child : ChildControls()) child->hide();
+    ForEachChild([](QWidget& child) { child.hide(); });
     update();
 }
 
@@ -146,17 +147,20 @@ PanelLook xpFrame::Look() const {
             m_headerFlags, m_footerFlags, m_collapsed};
 }
 
-QList<QWidget*> xpFrame::ChildControls() const {
-    QList<QWidget*> children = findChildren<QWidget*>(Qt::FindDirectChildrenOnly);
-    children.removeIf([this](QWidget* child) { return child == m_label || child->isWindow(); });
-    return children;
+// What is done to one child may be the end of another.
+void xpFrame::ForEachChild(const std::function<void(QWidget&)>& act) {
+    QList<QPointer<QWidget>> children;
+    for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
+        if (child != m_label && !child->isWindow()) children.append(child);
+    }
+    for (const QPointer<QWidget>& child : children) {
+        if (child) act(*child);
+    }
 }
 
 void xpFrame::ShowChildControls() {
-    for (QWidget* child : ChildControls()) {
-        child->show();
-        child->update();
-    }
+    ForEachChild([](QWidget& child) { child.show(); });
+    ForEachChild([](QWidget& child) { child.update(); });
 }
 
 void xpFrame::changeEvent(QEvent* event) {

@@ -7,7 +7,9 @@
 #include "ui/toolkit/panel/PanelThemes.h"
 
 #include <QWidget>
+#include <functional>
 #include <memory>
+#include <optional>
 
 class QMouseEvent;
 
@@ -22,6 +24,8 @@ struct PanelLook;
 // A panel starts as a newly placed one. A stored one is read with ReadProperties, which takes any
 // earlier property back. Nothing fails, but for ReadProperties.
 //
+// A receiver of an event does not delete the panel; deleteLater does no harm.
+//
 // Lengths are Qt's logical pixels unless they are said to be twips. Buttons are 1 for the left, 2
 // for the right and 4 for the middle one, in MouseMove their sum; Shift is the sum of 1 for Shift,
 // 2 for Control and 4 for Alt. Keys are Qt's.
@@ -29,7 +33,7 @@ class xpFrame : public QWidget {
     Q_OBJECT
 
   public:
-    // Without a host, the panel's window is it. A host of its own must outlive the panel.
+    // Without a host, the panel's own widget is it. A host of its own must outlive the panel.
     explicit xpFrame(QWidget* parent = nullptr, PanelHost* host = nullptr);
     ~xpFrame() override;
 
@@ -43,11 +47,15 @@ class xpFrame : public QWidget {
     // 13 for a value of the wrong kind and with 6 for a number that does not fit; the panel keeps
     // the properties that it had.
     void ReadProperties(const PropertyBag& bag);
+
+    // Keeps the properties in the store: pictures, BackColor and FooterText always, any other when
+    // it is not what ReadProperties would take it for without its key.
     void WriteProperties(PropertyBag& bag) const;
 
     // A drawing surface of the panel's, off the screen, for whoever needs one. Setting it, to
-    // whatever, makes it at least as large as the panel; it is remade only when it has to grow, and
-    // starts black. The panel keeps it; it lives until it is remade.
+    // whatever, makes it at least as large as the panel; it is remade only when it has to grow or
+    // the screen's ratio has changed, and starts black. The panel keeps it; it lives until it is
+    // remade.
     DeviceContext* hdc() const { return m_memory.get(); }
     void hdc(DeviceContext*);
 
@@ -218,7 +226,7 @@ class xpFrame : public QWidget {
     void Changed(const PanelProperty::Member& member);
     void ApplyThemeColors();
     void EnableChildren(bool value);
-    QList<QWidget*> ChildControls() const;
+    void ForEachChild(const std::function<void(QWidget&)>& act);
 
     void Redraw();
     void RedrawFast();
@@ -249,7 +257,7 @@ class xpFrame : public QWidget {
     unsigned m_headerFlags = 0;  // of the text; a new panel's has none, whatever its alignment
     unsigned m_footerFlags = 0;
     bool m_collapsed = false;
-    Long m_expandedHeight = 0;  // twips; 0 until there is one
+    std::optional<Long> m_expandedHeight;  // twips
     bool m_moving = false;
     bool m_resizing = false;
     bool m_isClick = false;  // the next release ends a click

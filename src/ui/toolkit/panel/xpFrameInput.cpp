@@ -179,7 +179,9 @@ void xpFrame::focusInEvent(QFocusEvent*) {
 void xpFrame::keyPressEvent(QKeyEvent* event) {
     Q_EMIT KeyDown(event->key(), ShiftOf(event->modifiers()));
     const QList<uint> characters = event->text().toUcs4();
-    if (!characters.isEmpty()) Q_EMIT KeyPress(static_cast<int>(characters.first()));
+    // The key of deletion is no character to the setting, though it is one to Qt.
+    if (!characters.isEmpty() && event->key() != Qt::Key_Delete)
+        Q_EMIT KeyPress(static_cast<int>(characters.first()));
     QWidget::keyPressEvent(event);
 }
 

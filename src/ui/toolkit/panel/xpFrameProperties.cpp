@@ -89,7 +89,7 @@ void xpFrame::ApplyThemeColors() {
 }
 
 void xpFrame::EnableChildren(bool value) {
-    for (QWidget* child : ChildControls()) child->setEnabled(value);
+    ForEachChild([value](QWidget& child) { child.setEnabled(value); });
 }
 
 void xpFrame::Changed(const PanelProperty::Member& member) {
