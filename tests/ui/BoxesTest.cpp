@@ -4,6 +4,7 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
+#include "ui/toolkit/CommonDialogs.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
@@ -162,6 +163,20 @@ TEST(Boxes, no_button_has_a_picture_on_a_desktop_that_likes_them) {
     WhenModal(look);
     Service<Prompter>::Get().PickFolder({});
     EXPECT_EQ(buttons, 8);
+    auto& dialogs = Service<CommonDialogs>::Get();
+    WhenModal(look);
+    dialogs.PickColor({});
+    WhenModal(look);
+    dialogs.PickFont({});
+    PrintRequest print;
+    print.printer = DefaultPrinter();
+    WhenModal(look);
+    dialogs.PickPrinter(print);
+    PageRequest page;
+    page.printer = DefaultPrinter();
+    WhenModal(look);
+    dialogs.SetUpPage(page);
+    EXPECT_EQ(buttons, 8 + 5 + 2 + 4 + 2);
 }
 
 TEST(InputBox, typed_text_comes_back_on_Enter_and_nothing_on_Escape) {

@@ -1,4 +1,5 @@
 #include "platform/Failure.h"
+#include "ui/support/DialogRecorder.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/toolkit/CDLG.h"
 
@@ -6,6 +7,7 @@
 
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 
 namespace tavel::test {
 
@@ -127,19 +129,47 @@ TEST(DialogHook, does_nothing_without_a_sink) {
     EXPECT_FALSE(dialog.property("DialogResult").isValid());
 }
 
-TEST(DialogHook, a_call_takes_the_sink_away) {
+TEST(DialogHook, every_call_of_a_dialog_takes_the_sink_away) {
     PromptQueue prompts;
-    prompts.ExpectFiles(QString(), {});
+    const DialogRecorder dialogs;
     SinkRecorder sink;
     OpensProtected dialog;
-    dialog.m_eventSink = &sink;
     std::string name, fileTitle, filter;
-    bool readOnly = false;
-    Long index = 1, flags = 0;
-    dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index, "", "",
-                             "", nullptr, flags, true, &sink);
-    EXPECT_EQ(dialog.m_eventSink, nullptr);
-    EXPECT_EQ(sink.told, "");
+    bool readOnly = false, toFile = false, collate = false;
+    Long index = 1, flags = 0, color = 0, from = 1, to = 1, paper = 0, across = 0, quality = 0;
+    Integer copies = 1;
+    double left = 0, right = 0, top = 0, bottom = 0;
+    QFont font;
+    CDLG::Range range = CDLG::Range::All;
+    const std::function<void()> calls[] = {
+        [&] {
+            prompts.ExpectFiles(QString(), {});
+            dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index,
+                                     "", "", "", nullptr, flags, true, &sink);
+        },
+        [&] {
+            prompts.ExpectFiles(QString(), {});
+            dialog.VBGetSaveFileName(name, fileTitle, true, filter, index, "", "", "", nullptr,
+                                     flags, true, &sink);
+        },
+        [&] { dialog.VBChooseColor(color, false, false, false, nullptr, 0, true, &sink); },
+        [&] { dialog.VBChooseFont(font, nullptr, nullptr, 0, 0, 0, true, &sink); },
+        [&] {
+            dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile, collate,
+                              false, nullptr, nullptr, 0, true, &sink);
+        },
+        [&] {
+            dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0, bottom, 0,
+                                   paper, across, quality, CDLG::PageUnits::Inches, nullptr,
+                                   nullptr, 0, true, &sink);
+        }};
+    for (const auto& call : calls) {
+        dialog.m_eventSink = &sink;
+        call();
+        EXPECT_EQ(dialog.m_eventSink, nullptr);
+        EXPECT_EQ(sink.told, "");
+    }
+    EXPECT_EQ(CDLG::VBGetFileTitle("c:\\a.jpg"), "a.jpg") << "is no dialog";
 }
 
 }  // namespace tavel::test

@@ -16,6 +16,7 @@
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Wizard.h"
+#include "ui/toolkit/CommonDialogs.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
 #include "ui/toolkit/InputBox.h"
@@ -24,6 +25,7 @@
 #include "ui/toolkit/ScrollingLabel.h"
 #include "ui/toolkit/ShowNow.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/SystemColors.h"
 #include "ui/toolkit/Twips.h"
 
 #include <gmock/gmock.h>
@@ -290,6 +292,37 @@ TEST_P(LooksTest, the_pickers) {
     FolderDialog folderDialog(folders);
     folderDialog.show();
     Look(folderDialog, "folders");
+}
+
+TEST_P(LooksTest, the_common_dialogs) {
+    FileRequest file;
+    file.saving = true;
+    file.title = QStringLiteral("Save the list");
+    file.startFolder = ToQString(temp.HostPath());
+    file.startName = QStringLiteral("list.txt");
+    FileDialog fileDialog(file);
+    fileDialog.show();
+    Look(fileDialog, "save");
+    auto& dialogs = Service<CommonDialogs>::Get();
+    ColorRequest color;
+    color.color = QColor(0x33, 0x99, 0xcc);
+    for (int i = 0; i < 16; ++i) color.custom[static_cast<std::size_t>(i)] = SystemColor(i);
+    LookAtBox("colors", [&] { dialogs.PickColor(color); });
+    color.flags = colorFlag::FullOpen;
+    LookAtBox("colors_full", [&] { dialogs.PickColor(color); });
+    FontRequest font;
+    font.font = QFont(QStringLiteral("DejaVu Sans"), 12);
+    LookAtBox("fonts", [&] { dialogs.PickFont(font); });
+    font.flags = fontFlag::Effects;
+    LookAtBox("fonts_effects", [&] { dialogs.PickFont(font); });
+    PrintRequest print;
+    print.printer = DefaultPrinter();
+    LookAtBox("print", [&] { dialogs.PickPrinter(print); });
+    print.flags = printFlag::NoPageNumbers | printFlag::NoSelection;
+    LookAtBox("print_all", [&] { dialogs.PickPrinter(print); });
+    PageRequest page;
+    page.printer = DefaultPrinter();
+    LookAtBox("page_setup", [&] { dialogs.SetUpPage(page); });
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, LooksTest,

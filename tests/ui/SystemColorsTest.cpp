@@ -61,11 +61,17 @@ TEST(OleColor, has_blue_in_front_and_red_at_the_end) {
     EXPECT_EQ(ToOleColor(QColor(0x11, 0x22, 0x33, 0x44)), 0x00332211);
 }
 
-TEST(OleColor, with_its_first_bit_set_names_a_system_color) {
+TEST(OleColor, with_0x800000_in_front_names_a_system_color) {
     const OddPalette odd;
     EXPECT_EQ(FromOleColor(0x8000000F), SystemColor(15));
     EXPECT_EQ(FromOleColor(0x80000005), SystemColor(5));
     EXPECT_EQ(FromOleColor(0x800000FF), QColor(Qt::black));
+}
+
+TEST(OleColor, of_another_first_byte_loses_it) {
+    EXPECT_EQ(FromOleColor(0x02332211), QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(FromOleColor(0x80332211), QColor(0x11, 0x22, 0x33));
+    EXPECT_EQ(FromOleColor(0xFFFFFFFF), QColor(Qt::white));
 }
 
 }  // namespace tavel::test

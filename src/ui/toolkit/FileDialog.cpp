@@ -2,6 +2,7 @@
 
 #include "core/PublicStuff.h"
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
 
@@ -38,21 +39,25 @@ QString QtFilter(const QString& description, const QString& patterns) {
 }  // namespace
 
 FileDialog::FileDialog(const FileRequest& request)
-    : QFileDialog(request.owner), m_mustExist(request.Has(PickFileMustExist)) {
+    : QFileDialog(request.owner),
+      m_saving(request.saving),
+      m_mustExist(!m_saving && request.Has(PickFileMustExist)),
+      m_asksToReplace(m_saving && request.Has(PickOverwritePrompt)) {
     setObjectName(QStringLiteral("FileDialog"));
     // The desktop's own dialogs match the patterns with regard to case, and cameras write ".JPG".
     setOption(DontUseNativeDialog);
     setOption(HideNameFilterDetails);
-    setAcceptMode(AcceptOpen);
+    setOption(DontConfirmOverwrite);  // it is asked for here
+    setAcceptMode(m_saving ? AcceptSave : AcceptOpen);
     if (!request.title.isEmpty()) setWindowTitle(request.title);
-    setFileMode(request.Has(PickMultiSelect) ? ExistingFiles
-                : m_mustExist                ? ExistingFile
-                                             : AnyFile);
+    setFileMode(!m_saving && request.Has(PickMultiSelect) ? ExistingFiles
+                : m_mustExist                             ? ExistingFile
+                                                          : AnyFile);
     setDefaultSuffix(request.defaultSuffix);
     setDirectory(request.startFolder);
     SetFilters(request);
     if (!request.startName.isEmpty()) selectFile(request.startName);
-    if (!request.Has(PickHideReadOnly)) AddReadOnlyBox(request.Has(PickReadOnly));
+    if (!m_saving && !request.Has(PickHideReadOnly)) AddReadOnlyBox(request.Has(PickReadOnly));
     ListDrives();
     PlainButtons(*this);
     SetSizes();
@@ -116,14 +121,28 @@ bool FileDialog::CanAnswer() const {
     return std::all_of(files.begin(), files.end(), [&](const QString& file) {
         const std::string path = oFSO().FromHostPath(FromQString(file));
         return QFileInfo(file).path() == QFileInfo(files.front()).path() && !IsPathTooLong(path) &&
-               (!m_mustExist || oFSO().FileExists(path));
+               (!m_mustExist || oFSO().FileExists(path)) && (!m_saving || CanSave(path));
     });
+}
+
+bool FileDialog::CanSave(const std::string& path) const {
+    const std::size_t name = path.rfind('\\') + 1;
+    return IsNameAllowed(path.substr(name)) && oFSO().FolderExists(path.substr(0, name));
+}
+
+// A file is found whatever case its name is typed in, and would be written over.
+bool FileDialog::MayReplace() const {
+    const QString file = Picked().front();
+    if (!m_asksToReplace || !oFSO().FileExists(oFSO().FromHostPath(FromQString(file)))) return true;
+    const QString question = tr("%1 already exists.\nDo you want to replace it?");
+    return MsgBox(question.arg(QFileInfo(file).fileName()), MsgBoxButtons::YesNoDefaultNo,
+                  windowTitle()) == MsgBoxAnswer::Yes;
 }
 
 // Qt comes here once it has looked into folders and complained of what it does not find. The box
 // stays for what is no answer.
 void FileDialog::done(int result) {
-    if (result == Rejected || CanAnswer()) QFileDialog::done(result);
+    if (result == Rejected || (CanAnswer() && MayReplace())) QFileDialog::done(result);
 }
 
 FileAnswer FileDialog::Answer() const {

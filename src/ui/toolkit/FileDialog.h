@@ -9,7 +9,8 @@ class QComboBox;
 
 namespace tavel {
 
-// The box in which the user picks existing files: Qt's own dialog, told what a FileRequest asks.
+// The box in which the user picks files to open or names one to save: Qt's own dialog, told what a
+// FileRequest asks.
 class FileDialog : public QFileDialog {
     Q_OBJECT
 
@@ -26,12 +27,16 @@ class FileDialog : public QFileDialog {
     const QComboBox& TypeBox() const;
     QStringList Picked() const;
     bool CanAnswer() const;
+    bool CanSave(const std::string& path) const;
+    bool MayReplace() const;
     void SetSizes();
     void SetFilters(const FileRequest& request);
     void ListDrives();
     void AddReadOnlyBox(bool checked);
 
+    bool m_saving;
     bool m_mustExist;
+    bool m_asksToReplace;
     QCheckBox* chkReadOnly = nullptr;
 };
 

@@ -3,6 +3,7 @@
 #include "core/MessageBoxes.h"
 #include "platform/Numbers.h"
 #include "platform/Service.h"
+#include "ui/toolkit/DialogResult.h"
 
 #include <QString>
 #include <QStringList>
@@ -13,14 +14,17 @@ class QWidget;
 namespace tavel {
 
 // Flags of a dialog that picks files. It is asked more than these, of which Qt's takes no notice.
-inline constexpr Long PickReadOnly = 0x1;      // the box "Open as read-only" is ticked
-inline constexpr Long PickHideReadOnly = 0x4;  // there is no such box
+inline constexpr Long PickReadOnly = 0x1;         // the box "Open as read-only" is ticked
+inline constexpr Long PickOverwritePrompt = 0x2;  // of a box that saves
+inline constexpr Long PickHideReadOnly = 0x4;     // there is no such box
 inline constexpr Long PickMultiSelect = 0x200;
+inline constexpr Long PickExtensionDifferent = 0x400;  // of an answer
 inline constexpr Long PickFileMustExist = 0x1000;
 
-// What a dialog that picks existing files is asked, and what it answers. Paths are the host's.
+// What a dialog that picks files is asked, and what it answers. Paths are the host's.
 struct FileRequest {
     QWidget* owner = nullptr;
+    bool saving = false;  // one file that need not be there yet; without a read-only box
     QString title;
     QString startFolder;  // empty: the dialog's own choice
     QString startName;    // of a file or a path; empty: none
@@ -33,12 +37,10 @@ struct FileRequest {
     bool Has(Long flag) const { return (flags & flag) != 0; }
 };
 
-struct FileAnswer {
-    Long result = 0;    // 1 chosen; 0 cancelled or failed; any other: failed for the reason `error`
+struct FileAnswer : DialogResult {
     QStringList files;  // absolute, all of one folder
     int filterIndex = 0;
     bool readOnly = false;
-    Long error = 0;
 };
 
 // The folder picker as its callback sees it. Paths are drive paths.

@@ -3,6 +3,7 @@
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
+#include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/WorkWindow.h"
 
 #include <QDir>
@@ -11,35 +12,10 @@
 #include <QInputDialog>
 #include <QLabel>
 #include <QMessageBox>
-#include <QPointer>
 
 namespace tavel {
 
 namespace {
-
-// A box dies with its owner, which a timer may unload while the box stands; so boxes are made on
-// the heap and looked at again after they have run.
-template <class Box>
-class Modal {
-  public:
-    template <class... Arguments>
-    explicit Modal(Arguments&&... arguments) : m_box(new Box(arguments...)) {}
-    ~Modal() { delete m_box; }
-    Modal(const Modal&) = delete;
-    Modal& operator=(const Modal&) = delete;
-
-    Box* operator->() const { return m_box; }
-    Box& operator*() const { return *m_box; }
-
-    // The result, or 0 when the box has gone with its owner.
-    int Run() {
-        const int result = m_box->exec();
-        return m_box.isNull() ? 0 : result;
-    }
-
-  private:
-    QPointer<Box> m_box;
-};
 
 QMessageBox::StandardButtons ButtonsOf(MsgBoxButtons buttons) {
     switch (buttons) {

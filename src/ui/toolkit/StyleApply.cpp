@@ -4,6 +4,7 @@
 #include "ui/toolkit/LineList.h"
 #include "ui/toolkit/ScrollingLabel.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/SystemColors.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -62,7 +63,7 @@ void SetBackColor(QWidget& widget, const Roles& roles, Long color) {
     if (color == leaveAlone) return;
     QPalette palette = widget.palette();
     for (const QPalette::ColorRole role : roles)
-        palette.setColor(role, QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF));
+        palette.setColor(role, FromOleColor(static_cast<std::uint32_t>(color)));
     widget.setPalette(palette);
     widget.setAutoFillBackground(true);
 }

@@ -50,6 +50,7 @@ constexpr std::array places{
 };
 
 constexpr std::uint32_t systemColor = 0x80000000;
+constexpr std::uint32_t indexBits = 0xFF;
 
 }  // namespace
 
@@ -60,7 +61,8 @@ QColor SystemColor(int index) {
 }
 
 QColor FromOleColor(std::uint32_t color) {
-    if ((color & systemColor) != 0) return SystemColor(static_cast<int>(color & 0xFF));
+    if ((color & ~indexBits) == systemColor)
+        return SystemColor(static_cast<int>(color & indexBits));
     return {static_cast<int>(color & 0xFF), static_cast<int>(color >> 8 & 0xFF),
             static_cast<int>(color >> 16 & 0xFF)};
 }

@@ -13,7 +13,8 @@ namespace tavel {
 // does not have is black.
 QColor SystemColor(int index);
 
-// A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn.
+// A colour as properties keep it: 0x00BBGGRR, or 0x800000nn for the system colour nn. What is
+// neither, such as -1, loses its first byte.
 QColor FromOleColor(std::uint32_t color);
 
 // The same the other way: 0x00BBGGRR. How transparent it is gets lost.

@@ -5,6 +5,7 @@
 #include "ui/toolkit/Strings.h"
 
 #include <QAbstractItemView>
+#include <QAbstractSpinBox>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QHeaderView>
@@ -73,6 +74,9 @@ bool HasRoom(const QWidget& control) {
                         button->toolButtonStyle() != Qt::ToolButtonIconOnly) ||
                        qobject_cast<const QMenuBar*>(&control) != nullptr;
     if (tells) return Fits(control.sizeHint(), control.size());
+    // The line of a spin box has the frame of the box, and no room for one of its own.
+    if (qobject_cast<const QAbstractSpinBox*>(control.parentWidget()) != nullptr)
+        return control.fontMetrics().height() <= control.height();
     const bool tellsHeight = qobject_cast<const QLineEdit*>(&control) != nullptr ||
                              qobject_cast<const QComboBox*>(&control) != nullptr;
     return !tellsHeight || control.sizeHint().height() <= control.height();

@@ -1,0 +1,104 @@
+#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/CommonDialogs.h"
+
+#include <QPageSize>
+#include <algorithm>
+
+namespace tavel {
+
+namespace {
+
+constexpr Long thousandthsOfInches = 0x4;
+constexpr Long hundredthsOfMillimeters = 0x8;
+constexpr Long hooksAndTemplates = 0x6A000;
+
+constexpr Long upright = 1;
+constexpr Long across = 2;
+
+void SetPaper(QPageLayout& layout, Long paper) {
+    const QPageSize::PageSizeId id = QPageSize::id(paper);
+    if (paper > 0 && id != QPageSize::Custom)
+        layout.setPageSize(QPageSize(id), layout.minimumMargins());
+}
+
+void SetOrientation(QPageLayout& layout, Long orientation) {
+    if (orientation == upright) layout.setOrientation(QPageLayout::Portrait);
+    if (orientation == across) layout.setOrientation(QPageLayout::Landscape);
+}
+
+// A page can have none that are smaller than its minimum or leave nothing of it.
+void SetMargins(QPageLayout& layout, const QMarginsF& margins) {
+    const QMarginsF low = layout.minimumMargins();
+    const QMarginsF high = layout.maximumMargins();
+    layout.setMargins({std::clamp(margins.left(), low.left(), high.left()),
+                       std::clamp(margins.top(), low.top(), high.top()),
+                       std::clamp(margins.right(), low.right(), high.right()),
+                       std::clamp(margins.bottom(), low.bottom(), high.bottom())});
+}
+
+}  // namespace
+
+bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper, bool,
+                           double& LeftMargin, double MinLeftMargin, double& RightMargin,
+                           double MinRightMargin, double& TopMargin, double MinTopMargin,
+                           double& BottomMargin, double MinBottomMargin, Long& PaperSize,
+                           Long& Orientation, Long& PrintQuality, PageUnits Units,
+                           QPrinter* Printer, QWidget* Owner, Long flags, bool, EventSink*) {
+    Begin();
+    PageRequest request;
+    request.owner = Owner;
+    request.printer = KeptPrinter();
+    request.flags = (flags & ~hooksAndTemplates) |
+                    (Units == PageUnits::Inches ? thousandthsOfInches : hundredthsOfMillimeters) |
+                    (DisableMargins ? pageFlag::DisableMargins : 0) |
+                    (DisableOrientation ? pageFlag::DisableOrientation : 0) |
+                    (DisablePaper ? pageFlag::DisablePaper : 0);
+    if (PrintQuality > 0) request.printer.printQuality = PrintQuality;
+
+    QPageLayout& layout = request.printer.layout;
+    layout.setUnits(Units == PageUnits::Inches ? QPageLayout::Inch : QPageLayout::Millimeter);
+    const QMarginsF printersOwn = layout.minimumMargins();
+    const QMarginsF smallest(MinLeftMargin, MinTopMargin, MinRightMargin, MinBottomMargin);
+    const QMarginsF margins(LeftMargin, TopMargin, RightMargin, BottomMargin);
+    SetPaper(layout, PaperSize);
+    SetOrientation(layout, Orientation);
+    if (!smallest.isNull()) layout.setMinimumMargins(smallest);
+    SetMargins(layout, margins.isNull() ? layout.margins() : margins);
+
+    PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
+    if (!End(answer)) return false;
+    answer.printer.layout.setMinimumMargins(printersOwn);
+    m_printer = answer.printer;
+    const QMarginsF chosen = m_printer->layout.margins();
+    LeftMargin = chosen.left();
+    RightMargin = chosen.right();
+    TopMargin = chosen.top();
+    BottomMargin = chosen.bottom();
+    PaperSize = std::max(m_printer->layout.pageSize().windowsId(), 0);
+    Orientation = m_printer->layout.orientation() == QPageLayout::Landscape ? across : upright;
+    PrintQuality = m_printer->printQuality;
+    if (Printer != nullptr) Apply(*m_printer, *Printer);
+    return true;
+}
+
+bool CDLG::VBPageSetupDlg(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
+                          bool DisablePrinter, Long& LeftMargin, Long MinLeftMargin,
+                          Long& RightMargin, Long MinRightMargin, Long& TopMargin,
+                          Long MinTopMargin, Long& BottomMargin, Long MinBottomMargin,
+                          Long& PaperSize, Long& Orientation, Long& PrintQuality, PageUnits Units,
+                          QPrinter* Printer, QWidget* Owner, Long flags, bool Hook,
+                          EventSink* Sink) {
+    double left = LeftMargin, right = RightMargin, top = TopMargin, bottom = BottomMargin;
+    if (!VBPageSetupDlg2(DisableMargins, DisableOrientation, DisablePaper, DisablePrinter, left,
+                         MinLeftMargin, right, MinRightMargin, top, MinTopMargin, bottom,
+                         MinBottomMargin, PaperSize, Orientation, PrintQuality, Units, Printer,
+                         Owner, flags, Hook, Sink))
+        return false;
+    LeftMargin = RoundToLong(left);
+    RightMargin = RoundToLong(right);
+    TopMargin = RoundToLong(top);
+    BottomMargin = RoundToLong(bottom);
+    return true;
+}
+
+}  // namespace tavel

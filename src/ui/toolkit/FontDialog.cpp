@@ -1,0 +1,78 @@
+#include "ui/toolkit/FontDialog.h"
+
+#include "ui/toolkit/Controls.h"
+#include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/Twips.h"
+
+#include <QCheckBox>
+#include <QFontInfo>
+#include <QLineEdit>
+#include <algorithm>
+
+namespace tavel {
+
+namespace {
+
+// Qt's dialog looks for a style by its name, and takes the first in its list for a font that has
+// none, be it italic.
+QFont WithStyleName(QFont font) {
+    if (font.styleName().isEmpty()) font.setStyleName(QFontInfo(font).styleName());
+    return font;
+}
+
+}  // namespace
+
+FontDialog::FontDialog(const FontRequest& request)
+    : QFontDialog(request.owner),
+      m_first(request.font),
+      m_minSize(request.minSize),
+      m_maxSize(request.maxSize) {
+    setObjectName(QStringLiteral("FontDialog"));
+    setOption(DontUseNativeDialog);
+    constexpr Long scalable =
+        fontFlag::PrinterFonts | fontFlag::ScalableOnly | fontFlag::TrueTypeOnly;
+    setOption(ScalableFonts, (request.flags & scalable) != 0);
+    setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
+    setCurrentFont(WithStyleName(request.font));
+    findChild<QCheckBox*>()->parentWidget()->setVisible((request.flags & fontFlag::Effects) != 0);
+    NameLines();
+    // Alone it would be as low as its frame.
+    findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))
+        ->setMinimumHeight(Pixels(900));
+    PlainButtons(*this);
+    resize(Pixels(7500), Pixels(5400));
+}
+
+// What is chosen stands in lines that cannot be typed into; Qt's captions are those of the lists.
+void FontDialog::NameLines() {
+    QStringList names{tr("Font"), tr("Font style")};
+    for (QLineEdit* line : findChildren<QLineEdit*>()) {
+        if (line->isReadOnly() && !names.isEmpty()) line->setAccessibleName(names.takeFirst());
+    }
+}
+
+// Qt's dialog knows whole points alone; a size that nobody has touched keeps its fraction.
+QFont FontDialog::Font() const {
+    QFont font = currentFont();
+    if (font.pointSize() == m_first.pointSize()) font.setPointSizeF(m_first.pointSizeF());
+    return font;
+}
+
+bool FontDialog::SizeIsAllowed() const {
+    const int size = currentFont().pointSize();
+    return size >= m_minSize && (m_maxSize == 0 || size <= m_maxSize);
+}
+
+void FontDialog::done(int result) {
+    if (result == Rejected || SizeIsAllowed()) {
+        QFontDialog::done(result);
+        return;
+    }
+    MsgBox(m_maxSize == 0 ? tr("The size must be at least %1 points.").arg(m_minSize)
+                          : tr("The size must be between %1 and %2 points.")
+                                .arg(std::max(m_minSize, 1))
+                                .arg(m_maxSize),
+           MsgBoxButtons::OK, windowTitle());
+}
+
+}  // namespace tavel

@@ -1,0 +1,69 @@
+#include "ui/toolkit/PageSetupDialog.h"
+
+#include "ui/toolkit/Controls.h"
+
+#include <QComboBox>
+#include <QPointer>
+#include <QPrinter>
+
+namespace tavel {
+
+namespace {
+
+QPrinter* Prepared(const PageRequest& request, QPrinter& printer) {
+    Apply(request.printer, printer);
+    return &printer;
+}
+
+}  // namespace
+
+PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
+    : QPageSetupDialog(Prepared(request, printer), request.owner),
+      m_units(request.printer.layout.units()) {
+    setObjectName(QStringLiteral("PageSetupDialog"));
+    SetUnits();
+    Disable(request);
+    PlainButtons(*this);
+    adjustSize();
+}
+
+void PageSetupDialog::SetUnits() {
+    auto& list = *findChild<QComboBox*>(QStringLiteral("unitCombo"));
+    list.setAccessibleName(tr("Units"));
+    for (int i = 0; i < list.count(); ++i) {
+        if (list.itemData(i).value<QPageLayout::Unit>() == m_units) list.setCurrentIndex(i);
+    }
+}
+
+void PageSetupDialog::Disable(const PageRequest& request) {
+    const auto disable = [&](Long flag, const char* part) {
+        if (request.Has(flag))
+            findChild<QWidget*>(QLatin1String(part))->parentWidget()->setEnabled(false);
+    };
+    disable(pageFlag::DisableMargins, "topMargin");
+    disable(pageFlag::DisableOrientation, "portrait");
+    disable(pageFlag::DisablePaper, "pageSizeCombo");
+    // Several pages on a sheet are the printer's own doing, and a file has none.
+    auto& sheet = *findChild<QWidget*>(QStringLiteral("pagesPerSheetButtonGroup"));
+    sheet.setVisible(sheet.isEnabled());
+}
+
+// Qt's own looks at the dialog after it has run, when it may have gone with its owner. So it is let
+// run, unseen, to hand the printer what was accepted, and no longer.
+int PageSetupDialog::exec() {
+    const QPointer<PageSetupDialog> alive(this);
+    if (QDialog::exec() != Accepted || alive.isNull()) return Rejected;
+    setAttribute(Qt::WA_DontShowOnScreen);
+    QMetaObject::invokeMethod(this, &QDialog::accept, Qt::QueuedConnection);
+    return QPageSetupDialog::exec();
+}
+
+PageAnswer PageSetupDialog::Answer() {
+    PageAnswer answer;
+    answer.result = 1;
+    answer.printer = StateOf(*printer());
+    answer.printer.layout.setUnits(m_units);
+    return answer;
+}
+
+}  // namespace tavel

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "ui/toolkit/CommonDialogs.h"
+
+#include <QPageSetupDialog>
+
+namespace tavel {
+
+// The box in which the user sets up the page: Qt's own dialog.
+class PageSetupDialog : public QPageSetupDialog {
+    Q_OBJECT
+
+  public:
+    // The printer takes what the user chooses, and must outlive the dialog.
+    PageSetupDialog(const PageRequest& request, QPrinter& printer);
+
+    int exec() override;
+
+    // What was chosen, after the dialog was accepted.
+    PageAnswer Answer();
+
+  private:
+    void SetUnits();
+    void Disable(const PageRequest& request);
+
+    QPageLayout::Unit m_units;
+};
+
+}  // namespace tavel

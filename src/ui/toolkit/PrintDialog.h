@@ -1,0 +1,28 @@
+#pragma once
+
+#include "ui/toolkit/CommonDialogs.h"
+
+#include <QPrintDialog>
+
+namespace tavel {
+
+// The box in which the user picks a printer and what goes to it: Qt's own dialog.
+class PrintDialog : public QPrintDialog {
+    Q_OBJECT
+
+  public:
+    // The printer takes what the user chooses, and must outlive the dialog.
+    PrintDialog(const PrintRequest& request, QPrinter& printer);
+
+    // What was chosen, after the dialog was accepted.
+    PrintAnswer Answer();
+
+  private:
+    void SetRange(const PrintRequest& request);
+    void SetFile(const PrintRequest& request);
+    void HidePageNumbers();
+    void NameControls();
+    void ShowAll();
+};
+
+}  // namespace tavel

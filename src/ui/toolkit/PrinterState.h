@@ -1,0 +1,25 @@
+#pragma once
+
+#include <QPageLayout>
+#include <QString>
+
+class QPrinter;
+
+namespace tavel {
+
+// What is told of a printer from one dialog to the next, and to the one that prints.
+struct PrinterState {
+    QString deviceName;    // empty where there is no printer
+    QString file;          // a PDF in which the pages go, a path of the host; empty: to the printer
+    int copies = 1;        // from 1
+    QPageLayout layout;    // paper, orientation, margins
+    int printQuality = 0;  // dots per inch
+};
+
+// The default printer as it comes, or a PDF where there is none.
+PrinterState DefaultPrinter();
+
+PrinterState StateOf(const QPrinter& printer);
+void Apply(const PrinterState& state, QPrinter& printer);
+
+}  // namespace tavel

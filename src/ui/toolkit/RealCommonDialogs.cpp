@@ -1,0 +1,69 @@
+#include "ui/toolkit/ColorDialog.h"
+#include "ui/toolkit/FontDialog.h"
+#include "ui/toolkit/ModalBox.h"
+#include "ui/toolkit/MsgBox.h"
+#include "ui/toolkit/PageSetupDialog.h"
+#include "ui/toolkit/PrintDialog.h"
+
+#include <QObject>
+#include <QPrinter>
+#include <QPrinterInfo>
+
+namespace tavel {
+
+namespace {
+
+class RealCommonDialogs : public CommonDialogs {
+  public:
+    ColorAnswer PickColor(const ColorRequest& request) override {
+        Modal<ColorDialog> box(request);
+        ColorAnswer answer;
+        if (box.Run() == QDialog::Accepted) {
+            answer.result = 1;
+            answer.color = box->selectedColor();
+        }
+        answer.custom = ColorDialog::Custom();
+        return answer;
+    }
+
+    FontAnswer PickFont(const FontRequest& request) override {
+        Modal<FontDialog> box(request);
+        FontAnswer answer;
+        if (box.Run() != QDialog::Accepted) return answer;
+        answer.result = 1;
+        answer.font = box->Font();
+        return answer;
+    }
+
+    PrintAnswer PickPrinter(const PrintRequest& request) override {
+        if (!request.OffersFile() && QPrinterInfo::availablePrinterNames().isEmpty())
+            return WithoutPrinter(request);
+        QPrinter printer(QPrinter::HighResolution);
+        Modal<PrintDialog> box(request, printer);
+        return box.Run() == QDialog::Accepted ? box->Answer() : PrintAnswer();
+    }
+
+    PageAnswer SetUpPage(const PageRequest& request) override {
+        QPrinter printer(QPrinter::HighResolution);
+        Modal<PageSetupDialog> box(request, printer);
+        return box.Run() == QDialog::Accepted ? box->Answer() : PageAnswer();
+    }
+
+  private:
+    static PrintAnswer WithoutPrinter(const PrintRequest& request) {
+        if (!request.Has(printFlag::NoWarning)) MsgBox(QObject::tr("There is no printer."));
+        PrintAnswer failed;
+        failed.error = NoDefaultPrinter;
+        return failed;
+    }
+};
+
+}  // namespace
+
+template <>
+CommonDialogs* OwnService<CommonDialogs>() {
+    static RealCommonDialogs real;
+    return &real;
+}
+
+}  // namespace tavel

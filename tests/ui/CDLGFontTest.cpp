@@ -1,0 +1,228 @@
+#include "ui/support/DialogRecorder.h"
+#include "ui/support/Modal.h"
+#include "ui/support/PromptQueue.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPrinter>
+
+namespace tavel::test {
+
+namespace {
+
+// One call, each of whose arguments a test may change.
+struct Call {
+    QFont CurFont = QFont(QStringLiteral("DejaVu Sans"), 12);
+    const QPrinter* PrinterDC = nullptr;
+    QWidget* Owner = nullptr;
+    Long MinSize = 0;
+    Long MaxSize = 0;
+    Long flags = 0;
+    CDLG dialog;
+
+    bool Run() { return dialog.VBChooseFont(CurFont, PrinterDC, Owner, MinSize, MaxSize, flags); }
+};
+
+template <class Control>
+Control& Under(QWidget& box, const char* caption) {
+    for (const QLabel* label : box.findChildren<QLabel*>()) {
+        if (label->text().remove(QLatin1Char('&')) == QLatin1String(caption))
+            return *qobject_cast<Control*>(label->buddy());
+    }
+    throw std::runtime_error(std::string("no label ") + caption);
+}
+
+QLineEdit& SizeBox(QWidget& box) { return Under<QLineEdit>(box, "Size"); }
+
+// Types a size and confirms.
+void TypeSize(QWidget& box, const char* size) {
+    SizeBox(box).selectAll();
+    QTest::keyClicks(&SizeBox(box), QLatin1String(size));
+    QTest::keyClick(&SizeBox(box), Qt::Key_Return);
+}
+
+QStringList Families(const QWidget& box) {
+    const auto& list = *box.findChild<QListView*>();
+    QStringList names;
+    for (int row = 0; row < list.model()->rowCount(); ++row)
+        names << list.model()->index(row, 0).data().toString();
+    return names;
+}
+
+QStringList FamiliesOf(Call call) {
+    QStringList names;
+    WhenModal([&names](QWidget& box) {
+        names = Families(box);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    call.Run();
+    return names;
+}
+
+}  // namespace
+
+TEST(VBChooseFont, a_typed_size_comes_back_with_the_font_that_it_began_with) {
+    Call call;
+    call.CurFont.setBold(true);
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(FromQString(SizeBox(box).text()), "12");
+        TypeSize(box, "30");
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.CurFont.pointSize(), 30);
+    EXPECT_TRUE(call.CurFont.bold());
+    EXPECT_EQ(FromQString(call.CurFont.family()), "DejaVu Sans");
+    EXPECT_EQ(call.dialog.APIReturn(), 1);
+}
+
+TEST(VBChooseFont, another_font_is_chosen_by_the_beginning_of_its_name) {
+    Call call;
+    WhenModal([](QWidget& box) {
+        auto& list = *box.findChild<QListView*>();
+        QTest::keyClicks(&list, QStringLiteral("DejaVu Serif"));
+        QTest::keyClick(&SizeBox(box), Qt::Key_Return);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(FromQString(call.CurFont.family()), "DejaVu Serif");
+}
+
+TEST(VBChooseFont, a_cancel_leaves_the_font_as_it_is) {
+    Call call;
+    const QFont before = call.CurFont;
+    WhenModal([](QWidget& box) {
+        SizeBox(box).setText(QStringLiteral("30"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.CurFont, before);
+    EXPECT_EQ(call.dialog.APIReturn(), 0);
+}
+
+TEST(VBChooseFont, what_nobody_touches_comes_back_as_it_was) {
+    for (const bool italic : {false, true}) {
+        for (const bool bold : {false, true}) {
+            Call call;
+            call.CurFont.setItalic(italic);
+            call.CurFont.setBold(bold);
+            WhenModal([](QWidget& box) { QTest::keyClick(&SizeBox(box), Qt::Key_Return); });
+            EXPECT_TRUE(call.Run());
+            EXPECT_EQ(FromQString(call.CurFont.family()), "DejaVu Sans");
+            EXPECT_EQ(call.CurFont.italic(), italic);
+            EXPECT_EQ(call.CurFont.bold(), bold);
+        }
+    }
+}
+
+TEST(VBChooseFont, a_size_that_nobody_touches_keeps_its_fraction) {
+    Call call;
+    call.CurFont.setPointSizeF(8.25);
+    WhenModal([](QWidget& box) { QTest::keyClick(&SizeBox(box), Qt::Key_Return); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.CurFont.pointSizeF(), 8.25);
+}
+
+TEST(VBChooseFont, a_size_outside_of_the_limits_is_not_taken) {
+    struct Case {
+        Long least;
+        Long most;
+        const char* refused;
+        const char* taken;
+        const char* told;
+    };
+    for (const Case& one : {Case{10, 20, "9", "10", "The size must be between 10 and 20 points."},
+                            Case{10, 20, "21", "20", "The size must be between 10 and 20 points."},
+                            Case{10, 0, "9", "400", "The size must be at least 10 points."},
+                            Case{0, 20, "21", "1", "The size must be between 1 and 20 points."}}) {
+        PromptQueue prompts;
+        Call call;
+        call.MinSize = one.least;
+        call.MaxSize = one.most;
+        WhenModal([&](QWidget& box) {
+            prompts.ExpectMsgBox(QLatin1String(one.told), MsgBoxButtons::OK, MsgBoxAnswer::OK,
+                                 box.windowTitle());
+            TypeSize(box, one.refused);
+            EXPECT_TRUE(box.isVisible());
+            TypeSize(box, one.taken);
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(std::to_string(call.CurFont.pointSize()), one.taken);
+    }
+}
+
+TEST(VBChooseFont, effects_are_offered_where_the_flags_ask_for_them) {
+    for (const bool offered : {false, true}) {
+        Call call;
+        call.flags = offered ? 0x100 : 0;
+        WhenModal([offered](QWidget& box) {
+            const auto ticks = box.findChildren<QCheckBox*>();
+            EXPECT_EQ(ticks.size(), 2);
+            for (QCheckBox* tick : ticks) {
+                EXPECT_EQ(tick->isVisible(), offered);
+                if (offered) QTest::keyClick(tick, Qt::Key_Space);
+            }
+            QTest::keyClick(&SizeBox(box), Qt::Key_Return);
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.CurFont.underline(), offered);
+        EXPECT_EQ(call.CurFont.strikeOut(), offered);
+    }
+}
+
+TEST(VBChooseFont, the_list_holds_the_fonts_that_are_asked_for) {
+    const QStringList all = FamiliesOf({});
+    EXPECT_TRUE(all.contains(QStringLiteral("DejaVu Sans")));
+    EXPECT_TRUE(all.contains(QStringLiteral("DejaVu Sans Mono")));
+    Call oneWidth;
+    oneWidth.flags = 0x4000;
+    const QStringList mono = FamiliesOf(oneWidth);
+    EXPECT_FALSE(mono.contains(QStringLiteral("DejaVu Sans")));
+    EXPECT_TRUE(mono.contains(QStringLiteral("DejaVu Sans Mono")));
+}
+
+TEST(VBChooseFont, the_flags_say_what_the_arguments_say_and_never_hook_or_template) {
+    DialogRecorder dialogs;
+    Call call;
+    call.flags = 0x8 | 0x10 | 0x20 | 0x4;
+    call.Run();
+    EXPECT_EQ(dialogs.font.flags, 0x40 | 0x1 | 0x4);
+    const QPrinter printer;
+    call.PrinterDC = &printer;
+    call.MinSize = 8;
+    call.MaxSize = 14;
+    call.flags = 0;
+    call.Run();
+    EXPECT_EQ(dialogs.font.flags, 0x40 | 0x2 | 0x2000);
+    EXPECT_EQ(dialogs.font.minSize, 8);
+    EXPECT_EQ(dialogs.font.maxSize, 14);
+}
+
+TEST(VBChooseFont, a_failure_leaves_the_font_as_it_is) {
+    DialogRecorder dialogs;
+    dialogs.fontAnswer.result = 2;
+    dialogs.fontAnswer.error = 0x2001;
+    Call call;
+    const QFont before = call.CurFont;
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.CurFont, before);
+    EXPECT_EQ(call.dialog.ExtendedError(), 0x2001);
+}
+
+TEST(VBChooseFont, the_box_belongs_to_its_owner_and_outlives_it) {
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
+    EXPECT_FALSE(call.Run());
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,290 @@
+#include "ui/support/DialogRecorder.h"
+#include "ui/support/Modal.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/CDLG.h"
+
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QDoubleSpinBox>
+#include <QLineEdit>
+#include <QPrinter>
+#include <QRadioButton>
+
+namespace tavel::test {
+
+namespace {
+
+using PageUnits = CDLG::PageUnits;
+
+// One call, each of whose arguments a test may change.
+template <class Margin>
+struct CallWith {
+    bool DisableMargins = false;
+    bool DisableOrientation = false;
+    bool DisablePaper = false;
+    Margin LeftMargin = 20, MinLeftMargin = 0;
+    Margin RightMargin = 21, MinRightMargin = 0;
+    Margin TopMargin = 22, MinTopMargin = 0;
+    Margin BottomMargin = 23, MinBottomMargin = 0;
+    Long PaperSize = 9;
+    Long Orientation = 1;
+    Long PrintQuality = 600;
+    PageUnits Units = PageUnits::Millimeters;
+    QPrinter* Printer = nullptr;
+    QWidget* Owner = nullptr;
+    Long flags = 0;
+};
+
+struct Call : CallWith<double> {
+    bool Run(CDLG& dialog) {
+        return dialog.VBPageSetupDlg2(
+            DisableMargins, DisableOrientation, DisablePaper, false, LeftMargin, MinLeftMargin,
+            RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin, MinBottomMargin,
+            PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
+    }
+    bool Run() {
+        CDLG dialog;
+        return Run(dialog);
+    }
+};
+
+struct WholeCall : CallWith<Long> {
+    bool Run() {
+        return CDLG().VBPageSetupDlg(
+            DisableMargins, DisableOrientation, DisablePaper, false, LeftMargin, MinLeftMargin,
+            RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin, MinBottomMargin,
+            PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
+    }
+};
+
+QDoubleSpinBox& Margin(QWidget& box, const char* name) { return Find<QDoubleSpinBox>(box, name); }
+
+void TypeMargin(QWidget& box, const char* name, const char* value) {
+    auto& edit = *Margin(box, name).findChild<QLineEdit*>();
+    edit.selectAll();
+    QTest::keyClicks(&edit, QLatin1String(value));
+    QTest::keyClick(&edit, Qt::Key_Tab);
+}
+
+void PressReturn(QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }
+void PressEscape(QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }
+
+}  // namespace
+
+TEST(VBPageSetupDlg2, what_the_user_sets_comes_back) {
+    Call call;
+    QPrinter printer;
+    call.Printer = &printer;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 20);
+        EXPECT_EQ(Margin(box, "rightMargin").value(), 21);
+        EXPECT_EQ(Margin(box, "topMargin").value(), 22);
+        EXPECT_EQ(Margin(box, "bottomMargin").value(), 23);
+        EXPECT_TRUE(Find<QRadioButton>(box, "portrait").isChecked());
+        TypeMargin(box, "leftMargin", "30.5");
+        TypeMargin(box, "topMargin", "31");
+        auto& paper = Find<QComboBox>(box, "pageSizeCombo");
+        EXPECT_EQ(paper.currentText(), QStringLiteral("A4"));
+        for (int i = 0; i < paper.count() && paper.currentText() != QLatin1String("A3"); ++i)
+            QTest::keyClick(&paper, i == 0 ? Qt::Key_Home : Qt::Key_Down);
+        QTest::keyClick(&Find(box, "landscape"), Qt::Key_Space);
+        PressReturn(box);
+    });
+    CDLG dialog;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(dialog.APIReturn(), 1);
+    EXPECT_EQ(call.PaperSize, 8);
+    EXPECT_EQ(call.Orientation, 2);
+    EXPECT_EQ(call.PrintQuality, 600);
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 30.5);
+    EXPECT_DOUBLE_EQ(call.RightMargin, 21);
+    EXPECT_DOUBLE_EQ(call.TopMargin, 31);
+    EXPECT_DOUBLE_EQ(call.BottomMargin, 23);
+
+    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(printer.pageLayout().margins(QPageLayout::Millimeter), QMarginsF(30.5, 31, 21, 23));
+    EXPECT_EQ(printer.resolution(), 600);
+}
+
+TEST(VBPageSetupDlg2, margins_are_in_the_given_units) {
+    Call call;
+    call.Units = PageUnits::Inches;
+    call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 1.25;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 1.25);
+        EXPECT_EQ(Find<QComboBox>(box, "unitCombo").currentText(), QStringLiteral("Inches (in)"));
+        TypeMargin(box, "leftMargin", "0.75");
+        PressReturn(box);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 0.75);
+    EXPECT_DOUBLE_EQ(call.RightMargin, 1.25);
+}
+
+TEST(VBPageSetupDlg2, margins_come_back_in_the_given_units_whatever_the_user_looks_at) {
+    Call call;
+    WhenModal([](QWidget& box) {
+        auto& units = Find<QComboBox>(box, "unitCombo");
+        QTest::keyClicks(&units, QStringLiteral("Inches"));
+        TypeMargin(box, "leftMargin", "1");
+        PressReturn(box);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_NEAR(call.LeftMargin, 25.4, 0.01);
+}
+
+TEST(VBPageSetupDlg2, no_margin_can_be_set_below_its_minimum) {
+    Call call;
+    call.LeftMargin = 5;
+    call.MinLeftMargin = 10;
+    call.MinTopMargin = 15;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 10) << "begins at it";
+        TypeMargin(box, "topMargin", "3");
+        EXPECT_GE(Margin(box, "topMargin").value(), 15);
+        TypeMargin(box, "leftMargin", "11");
+        PressReturn(box);
+    });
+    CDLG dialog;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 11);
+    EXPECT_GE(call.TopMargin, 15);
+
+    call.MinLeftMargin = call.MinTopMargin = 0;
+    call.LeftMargin = 1;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 1) << "minimums are of one call";
+        PressEscape(box);
+    });
+    EXPECT_FALSE(call.Run(dialog));
+}
+
+TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
+    CDLG dialog;
+    Call call;
+    call.PaperSize = 8;
+    call.Orientation = 2;
+    WhenModal(PressReturn);
+    EXPECT_TRUE(call.Run(dialog));
+    Call again;
+    again.PaperSize = again.Orientation = again.PrintQuality = 0;
+    again.LeftMargin = again.RightMargin = again.TopMargin = again.BottomMargin = 0;
+    WhenModal(PressReturn);
+    EXPECT_TRUE(again.Run(dialog));
+    EXPECT_EQ(again.PaperSize, 8);
+    EXPECT_EQ(again.Orientation, 2);
+    EXPECT_EQ(again.PrintQuality, 600);
+    EXPECT_DOUBLE_EQ(again.LeftMargin, 20);
+    EXPECT_DOUBLE_EQ(again.BottomMargin, 23);
+
+    again.PaperSize = 100000;
+    again.Orientation = 7;
+    WhenModal(PressReturn);
+    EXPECT_TRUE(again.Run(dialog)) << "numbers that stand for nothing";
+    EXPECT_EQ(again.PaperSize, 8);
+    EXPECT_EQ(again.Orientation, 2);
+}
+
+TEST(VBPageSetupDlg2, a_cancel_leaves_everything_as_it_is) {
+    CDLG dialog;
+    Call call;
+    QPrinter printer;
+    call.Printer = &printer;
+    const QPageLayout before = printer.pageLayout();
+    WhenModal([](QWidget& box) {
+        TypeMargin(box, "leftMargin", "30");
+        QTest::keyClick(&Find(box, "landscape"), Qt::Key_Space);
+        PressEscape(box);
+    });
+    EXPECT_FALSE(call.Run(dialog));
+    EXPECT_EQ(call.LeftMargin, 20);
+    EXPECT_EQ(call.Orientation, 1);
+    EXPECT_EQ(call.PaperSize, 9);
+    EXPECT_EQ(printer.pageLayout(), before);
+    EXPECT_EQ(dialog.APIReturn(), 0);
+}
+
+TEST(VBPageSetupDlg2, what_is_disabled_cannot_be_set) {
+    struct Case {
+        bool Call::*disable;
+        const char* control;
+    };
+    for (const Case& one :
+         {Case{&Call::DisableMargins, "leftMargin"}, Case{&Call::DisableOrientation, "landscape"},
+          Case{&Call::DisablePaper, "pageSizeCombo"}}) {
+        Call call;
+        call.*one.disable = true;
+        WhenModal([&one](QWidget& box) {
+            for (const char* control : {"leftMargin", "landscape", "pageSizeCombo"}) {
+                EXPECT_EQ(Find(box, control).isEnabled(), control != std::string(one.control))
+                    << control;
+            }
+            PressReturn(box);
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.LeftMargin, 20);
+        EXPECT_EQ(call.PaperSize, 9);
+    }
+}
+
+TEST(VBPageSetupDlg2, the_flags_say_what_the_arguments_say_and_never_hook_or_template) {
+    DialogRecorder dialogs;
+    Call call;
+    call.flags = 0x2000 | 0x8000 | 0x20000 | 0x40000 | 0x80;
+    call.Run();
+    EXPECT_EQ(dialogs.page.flags, 0x8 | 0x80);
+    call.flags = 0;
+    call.DisableMargins = call.DisableOrientation = call.DisablePaper = true;
+    call.Units = PageUnits::Inches;
+    call.Run();
+    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x100 | 0x200);
+}
+
+TEST(VBPageSetupDlg2, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 2;
+    dialogs.pageAnswer.error = 0x2001;
+    CDLG dialog;
+    Call call;
+    EXPECT_FALSE(call.Run(dialog));
+    EXPECT_EQ(dialog.ExtendedError(), 0x2001);
+    EXPECT_EQ(call.LeftMargin, 20);
+}
+
+TEST(VBPageSetupDlg2, the_box_belongs_to_its_owner_and_outlives_it) {
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
+    EXPECT_FALSE(call.Run());
+}
+
+TEST(VBPageSetupDlg, margins_are_whole_and_rounded_to_nearest_with_halves_to_even) {
+    WholeCall call;
+    call.MinTopMargin = 10;
+    WhenModal([](QWidget& box) {
+        EXPECT_EQ(Margin(box, "topMargin").value(), 22);
+        TypeMargin(box, "leftMargin", "30.5");
+        TypeMargin(box, "rightMargin", "31.5");
+        TypeMargin(box, "bottomMargin", "12.7");
+        TypeMargin(box, "topMargin", "3");
+        PressReturn(box);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 30);
+    EXPECT_EQ(call.RightMargin, 32);
+    EXPECT_EQ(call.BottomMargin, 13);
+    EXPECT_GE(call.TopMargin, 10);
+    EXPECT_EQ(call.PaperSize, 9);
+    WhenModal(PressEscape);
+    call.LeftMargin = 17;
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 17);
+}
+
+}  // namespace tavel::test

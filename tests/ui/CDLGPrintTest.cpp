@@ -1,0 +1,327 @@
+#include "support/Support.h"
+#include "ui/support/DialogRecorder.h"
+#include "ui/support/Modal.h"
+#include "ui/support/PromptQueue.h"
+#include "ui/support/Windows.h"
+#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QPainter>
+#include <QPrinter>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QRegularExpression>
+#include <QSpinBox>
+
+namespace tavel::test {
+
+namespace {
+
+using Range = CDLG::Range;
+
+// One call, each of whose arguments a test may change.
+struct Call {
+    Range PrintRange = Range::All;
+    bool DisablePageNumbers = false;
+    Long FromPage = 1;
+    Long ToPage = 65535;
+    bool DisableSelection = false;
+    Integer Copies = 1;
+    bool ShowPrintToFile = true;
+    bool DisablePrintToFile = false;
+    bool PrintToFile = true;
+    bool Collate = false;
+    bool PreventWarning = false;
+    QWidget* Owner = nullptr;
+    QPrinter* Printer = nullptr;
+    Long flags = 0;
+
+    bool Run(CDLG& dialog) {
+        return dialog.VBPrintDlg(PrintRange, DisablePageNumbers, FromPage, ToPage, DisableSelection,
+                                 Copies, ShowPrintToFile, DisablePrintToFile, PrintToFile, Collate,
+                                 PreventWarning, Owner, Printer, flags);
+    }
+    bool Run() {
+        CDLG dialog;
+        return Run(dialog);
+    }
+};
+
+void Type(QLineEdit& edit, const QString& text) {
+    edit.selectAll();
+    QTest::keyClicks(&edit, text);
+}
+
+void Type(QWidget& box, const char* spinBox, int value) {
+    Type(*Find<QSpinBox>(box, spinBox).findChild<QLineEdit*>(), QString::number(value));
+}
+
+void Press(QWidget& box, const char* button) { QTest::keyClick(&Find(box, button), Qt::Key_Space); }
+
+void PrintInto(QWidget& box, const QString& file) {
+    auto& name = Find<QLineEdit>(box, "filename");
+    Type(name, file);
+    QTest::keyClick(&name, Qt::Key_Return);
+}
+
+// The sizes of a PDF's pages in points, "width x height".
+QStringList PagesOf(const std::string& pdf) {
+    static const QRegularExpression box(QStringLiteral(R"(/MediaBox \[0 0 ([\d.]+) ([\d.]+)\])"));
+    QStringList pages;
+    for (auto match = box.globalMatch(QString::fromLatin1(pdf.data(), qsizetype(pdf.size())));
+         match.hasNext();) {
+        const QRegularExpressionMatch page = match.next();
+        pages << QStringLiteral("%1 x %2")
+                     .arg(std::lround(page.captured(1).toDouble()))
+                     .arg(std::lround(page.captured(2).toDouble()));
+    }
+    return pages;
+}
+
+class PrintDialogs : public ::testing::Test {
+  protected:
+    QString File(const char* name) const { return ToQString(folder.HostPath(name)); }
+
+    TempFolder folder;
+    QPrinter printer;
+};
+
+}  // namespace
+
+TEST_F(PrintDialogs, a_page_goes_into_the_file_that_is_typed) {
+    Call call;
+    call.Printer = &printer;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("page.pdf")); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_TRUE(call.PrintToFile);
+
+    QPainter(&printer).drawText(300, 300, QStringLiteral("Tavel"));
+    const std::string pdf = folder.Read("page.pdf");
+    EXPECT_EQ(pdf.substr(0, 4), "%PDF");
+    const QSizeF paper = printer.pageLayout().fullRect(QPageLayout::Point).size();
+    EXPECT_EQ(PagesOf(pdf), QStringList(QStringLiteral("%1 x %2")
+                                            .arg(std::lround(paper.width()))
+                                            .arg(std::lround(paper.height()))));
+}
+
+TEST_F(PrintDialogs, a_page_has_the_paper_of_the_page_setup_before_it) {
+    CDLG dialog;
+    double left = 0, right = 0, top = 0, bottom = 0;
+    Long paper = 8;  // A3
+    Long across = 2;
+    Long quality = 300;
+    WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    EXPECT_TRUE(dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0,
+                                       bottom, 0, paper, across, quality,
+                                       CDLG::PageUnits::Millimeters, nullptr));
+    Call call;
+    call.Printer = &printer;
+    call.Copies = 3;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("a3.pdf")); });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.copyCount(), 3);
+    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(printer.resolution(), 300);
+    EXPECT_EQ(printer.outputFileName(), File("a3.pdf"));
+    QPainter(&printer).drawText(300, 300, QStringLiteral("Tavel"));
+    EXPECT_EQ(PagesOf(folder.Read("a3.pdf")), QStringList(QStringLiteral("1191 x 842")));
+}
+
+TEST_F(PrintDialogs, what_the_user_sets_comes_back) {
+    Call call;
+    WhenModal([this](QWidget& box) {
+        EXPECT_TRUE(Find(box, "copies").isVisible()) << "without a further button";
+        EXPECT_EQ(Find<QSpinBox>(box, "copies").value(), 1);
+        EXPECT_TRUE(Find<QRadioButton>(box, "printAll").isChecked());
+        Press(box, "printRange");
+        Type(box, "from", 3);
+        Type(box, "to", 7);
+        Type(box, "copies", 4);
+        Press(box, "collate");
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PrintRange, Range::PageNumbers);
+    EXPECT_EQ(call.FromPage, 3);
+    EXPECT_EQ(call.ToPage, 7);
+    EXPECT_EQ(call.Copies, 4);
+    EXPECT_TRUE(call.Collate);
+}
+
+TEST_F(PrintDialogs, the_dialog_begins_with_what_it_is_given) {
+    Call call;
+    call.PrintRange = Range::PageNumbers;
+    call.FromPage = 5;
+    call.ToPage = 9;
+    call.Copies = 2;
+    call.Collate = true;
+    WhenModal([this](QWidget& box) {
+        EXPECT_TRUE(Find<QRadioButton>(box, "printRange").isChecked());
+        EXPECT_EQ(Find<QSpinBox>(box, "from").value(), 5);
+        EXPECT_EQ(Find<QSpinBox>(box, "to").value(), 9);
+        EXPECT_EQ(Find<QSpinBox>(box, "copies").value(), 2);
+        EXPECT_TRUE(Find<QCheckBox>(box, "collate").isChecked());
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PrintRange, Range::PageNumbers);
+    EXPECT_EQ(call.FromPage, 5);
+    EXPECT_EQ(call.ToPage, 9);
+    EXPECT_EQ(call.Copies, 2);
+    EXPECT_TRUE(call.Collate);
+
+    call.PrintRange = Range::Selection;
+    WhenModal([this](QWidget& box) {
+        EXPECT_TRUE(Find<QRadioButton>(box, "printSelection").isChecked());
+        PrintInto(box, File("b.pdf"));
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PrintRange, Range::Selection);
+    EXPECT_EQ(call.FromPage, 5) << "pages are told of a range of pages alone";
+}
+
+TEST_F(PrintDialogs, a_disabled_range_is_not_offered) {
+    Call call;
+    call.DisablePageNumbers = call.DisableSelection = true;
+    call.PrintRange = Range::Selection;
+    WhenModal([this](QWidget& box) {
+        EXPECT_FALSE(Find(box, "printRange").isEnabled() && Find(box, "printRange").isVisible());
+        EXPECT_FALSE(Find(box, "printSelection").isEnabled() &&
+                     Find(box, "printSelection").isVisible());
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PrintRange, Range::All);
+}
+
+TEST_F(PrintDialogs, a_cancel_leaves_everything_as_it_is) {
+    Call call;
+    call.Printer = &printer;
+    const QString before = printer.outputFileName();
+    CDLG dialog;
+    WhenModal([this](QWidget& box) {
+        Type(Find<QLineEdit>(box, "filename"), File("a.pdf"));
+        Type(box, "copies", 4);
+        Press(box, "printSelection");
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run(dialog));
+    EXPECT_EQ(call.PrintRange, Range::All);
+    EXPECT_EQ(call.Copies, 1);
+    EXPECT_EQ(call.ToPage, 65535);
+    EXPECT_EQ(printer.outputFileName(), before);
+    EXPECT_EQ(printer.copyCount(), 1);
+    EXPECT_EQ(dialog.APIReturn(), 0);
+}
+
+TEST_F(PrintDialogs, a_file_that_is_there_is_asked_about) {
+    folder.Write("taken.pdf", "old");
+    Call call;
+    WhenModal([this](QWidget& box) {
+        WhenModal([](QWidget& question) { QTest::keyClick(&question, Qt::Key_Escape); });
+        PrintInto(box, File("taken.pdf"));
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(folder.Read("taken.pdf"), "old");
+}
+
+TEST_F(PrintDialogs, the_file_of_the_last_call_is_proposed_again) {
+    CDLG dialog;
+    Call call;
+    WhenModal([this](QWidget& box) {
+        EXPECT_EQ(Find<QLineEdit>(box, "filename").text(),
+                  QDir::home().filePath(QStringLiteral("print.pdf")));
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    WhenModal([this](QWidget& box) {
+        EXPECT_EQ(Find<QLineEdit>(box, "filename").text(), File("a.pdf"));
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run(dialog));
+}
+
+// The machine that tests run on has no printer.
+TEST_F(PrintDialogs, without_a_printer_and_a_file_the_call_fails_and_says_so_unless_it_must_not) {
+    for (const bool shown : {false, true}) {
+        PromptQueue prompts;
+        prompts.ExpectMsgBox(QStringLiteral("There is no printer."), MsgBoxButtons::OK,
+                             MsgBoxAnswer::OK);
+        Call call;
+        call.ShowPrintToFile = shown;
+        call.DisablePrintToFile = shown;
+        call.Copies = 2;
+        CDLG dialog;
+        EXPECT_FALSE(call.Run(dialog));
+        EXPECT_EQ(call.Copies, 2);
+        EXPECT_TRUE(call.PrintToFile);
+        EXPECT_EQ(dialog.APIReturn(), 0);
+        EXPECT_EQ(dialog.ExtendedError(), 0) << "is told for other results";
+        call.PreventWarning = true;
+        EXPECT_FALSE(call.Run(dialog));
+    }
+}
+
+TEST_F(PrintDialogs, the_box_belongs_to_its_owner_and_outlives_it) {
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
+    EXPECT_FALSE(call.Run());
+}
+
+TEST(VBPrintDlg, the_flags_say_what_the_booleans_say_and_never_hook_or_template) {
+    DialogRecorder dialogs;
+    Call call;
+    call.flags = 0x3F000 | 0x800;
+    call.Run();
+    EXPECT_EQ(dialogs.print.flags, 0x20 | 0x800);
+    Call other;
+    other.PrintRange = Range::PageNumbers;
+    other.DisablePageNumbers = other.DisableSelection = other.DisablePrintToFile = true;
+    other.Collate = other.PreventWarning = true;
+    other.ShowPrintToFile = other.PrintToFile = false;
+    other.Run();
+    EXPECT_EQ(dialogs.print.flags, 0x2 | 0x4 | 0x8 | 0x10 | 0x80 | 0x80000 | 0x100000);
+}
+
+TEST(VBPrintDlg, pages_and_copies_are_brought_into_what_there_is) {
+    DialogRecorder dialogs;
+    Call call;
+    call.FromPage = 0;
+    call.ToPage = -5;
+    call.Copies = 0;
+    call.Run();
+    EXPECT_EQ(dialogs.print.fromPage, 1);
+    EXPECT_EQ(dialogs.print.toPage, 1);
+    EXPECT_EQ(dialogs.print.printer.copies, 1);
+    call.FromPage = 70000;
+    call.Run();
+    EXPECT_EQ(dialogs.print.fromPage, 65535);
+    EXPECT_EQ(dialogs.print.toPage, 65535);
+    EXPECT_EQ(call.FromPage, 70000) << "stays after a cancel";
+}
+
+TEST(VBPrintDlg, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 2;
+    dialogs.printAnswer.error = 0x1006;
+    CDLG dialog;
+    Call call;
+    EXPECT_FALSE(call.Run(dialog));
+    EXPECT_EQ(dialog.ExtendedError(), 0x1006);
+}
+
+}  // namespace tavel::test

@@ -1,0 +1,95 @@
+#include "ui/support/Modal.h"
+#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/Strings.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractSpinBox>
+#include <QAccessible>
+#include <QComboBox>
+#include <QDir>
+#include <QLineEdit>
+#include <QTest>
+#include <functional>
+
+namespace tavel::test {
+
+namespace {
+
+ColorRequest FullColor() {
+    ColorRequest request;
+    request.flags = colorFlag::FullOpen;
+    return request;
+}
+
+FontRequest FontWithEffects() {
+    FontRequest request;
+    request.flags = fontFlag::Effects;
+    return request;
+}
+
+PrintRequest DefaultPrint() {
+    PrintRequest request;
+    request.printer = DefaultPrinter();
+    return request;
+}
+
+PageRequest DefaultPage() {
+    PageRequest request;
+    request.printer = DefaultPrinter();
+    return request;
+}
+
+// Looks at each of the real dialogs and cancels it.
+void LookAtEach(const std::function<void(QWidget&)>& look) {
+    auto& dialogs = Service<CommonDialogs>::Get();
+    const std::function<void()> asks[] = {
+        [&] { dialogs.PickColor(FullColor()); }, [&] { dialogs.PickFont(FontWithEffects()); },
+        [&] { dialogs.PickPrinter(DefaultPrint()); }, [&] { dialogs.SetUpPage(DefaultPage()); }};
+    for (const auto& ask : asks) {
+        WhenModal([&look](QWidget& box) {
+            look(box);
+            QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        ask();
+    }
+}
+
+bool TakesValues(const QWidget& control) {
+    if (qobject_cast<const QAbstractSpinBox*>(control.parentWidget()) != nullptr) return false;
+    return qobject_cast<const QLineEdit*>(&control) != nullptr ||
+           qobject_cast<const QComboBox*>(&control) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(&control) != nullptr;
+}
+
+}  // namespace
+
+TEST(CommonDialogs, a_screen_reader_has_a_name_for_all_that_takes_a_value) {
+    int count = 0;
+    LookAtEach([&count](QWidget& box) {
+        for (QWidget* control : box.findChildren<QWidget*>()) {
+            if (!control->isVisible() || !TakesValues(*control)) continue;
+            ++count;
+            EXPECT_FALSE(
+                QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name).isEmpty())
+                << FromQString(box.objectName()) << " "
+                << (control->objectName().isEmpty() ? control->metaObject()->className()
+                                                    : FromQString(control->objectName()));
+        }
+    });
+    EXPECT_GT(count, 20);
+}
+
+TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {
+    LookAtEach([](QWidget&) {});
+    EXPECT_EQ(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).entryList(QDir::Files), QStringList());
+}
+
+TEST(CommonDialogs, each_has_the_text_of_the_program) {
+    LookAtEach([](QWidget& box) {
+        EXPECT_EQ(box.font().pointSizeF(), QApplication::font().pointSizeF())
+            << FromQString(box.objectName());
+    });
+}
+
+}  // namespace tavel::test
