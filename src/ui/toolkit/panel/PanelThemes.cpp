@@ -62,7 +62,7 @@ PanelColors PanelTheme(int theme) {
     return themes.at(static_cast<std::size_t>(theme));
 }
 
-PanelColors CustomColors(const PanelProperties& properties) {
+PanelColors CustomPanelColors(const PanelProperties& properties) {
     return {.headerStart = properties.HeaderBackColor,
             .headerEnd = properties.HeaderFadeColor,
             .headerText = properties.HeaderTextColor,

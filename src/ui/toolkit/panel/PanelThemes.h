@@ -25,7 +25,7 @@ inline constexpr int PanelThemeCount = 12;
 // The theme of that number, from 0 to PanelThemeCount - 1.
 PanelColors PanelTheme(int theme);
 
-PanelColors CustomColors(const PanelProperties& properties);
+PanelColors CustomPanelColors(const PanelProperties& properties);
 
 // Both colours looked up, and of each channel alpha parts of 255 taken from the first and the rest
 // from the second.

@@ -142,7 +142,7 @@ void xpFrame::ShowInnerLabel() {
 }
 
 PanelLook xpFrame::Look() const {
-    return {m_properties, m_properties.UseCustomColors ? CustomColors(m_properties) : m_theme,
+    return {m_properties, m_properties.UseCustomColors ? CustomPanelColors(m_properties) : m_theme,
             m_headerFlags, m_footerFlags, m_collapsed};
 }
 

@@ -82,7 +82,7 @@ void xpFrame::WriteProperties(PropertyBag& bag) const {
 
 void xpFrame::ApplyThemeColors() {
     if (m_properties.UseCustomColors) {
-        m_theme = CustomColors(m_properties);
+        m_theme = CustomPanelColors(m_properties);
     } else if (IsTheme(m_properties.Appearence)) {
         m_theme = PanelTheme(m_properties.Appearence);
     }
