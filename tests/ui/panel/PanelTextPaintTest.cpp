@@ -177,6 +177,11 @@ TEST(PanelTextPaint, breaks_into_lines_until_an_alignment_is_set) {
     panel.FooterText(QString());
     const int line = QFontMetrics(SharpFont()).height();
     EXPECT_GT(Ink(panel.grab().toImage(), p).height(), line);
+    const QImage broken = panel.grab().toImage();
+    for (const char* text : {"H\r\nH", "H\rH"}) {
+        panel.HeaderText(QLatin1String(text));
+        EXPECT_EQ(panel.grab().toImage(), broken);
+    }
     panel.HeaderTextAlign(0);
     EXPECT_LT(Ink(panel.grab().toImage(), p).height(), line);
 }
@@ -240,6 +245,24 @@ TEST(PanelTextPaint, of_a_bar_that_is_not_shown_is_not_shown) {
     EXPECT_TRUE(Ink(p).isEmpty());
     p.HeaderVisible = true;
     EXPECT_LT(Ink(p).bottom(), 39);
+}
+
+TEST(PanelTextPaint, in_classic_style_interrupts_the_frame_from_8_on_with_a_gap_of_2) {
+    PanelProperties p = Sharp({});
+    p.ClassicXPStyle = true;
+    p.BackColor = 0x00FF00;
+    p.HeaderText = QLatin1String(sText);
+    PlacedPanel placed(p, width, height);
+    const QImage picture = placed.Picture();
+    const auto at = [&](int x) {
+        return picture.pixel(x * picture.width() / width, 4 * picture.width() / width) & 0xFFFFFF;
+    };
+    const int end = 8 + QFontMetrics(SharpFont()).horizontalAdvance(QLatin1String(sText)) + 2;
+    EXPECT_EQ(at(5), 0xD0D0BFU);
+    EXPECT_EQ(at(6), 0x00FF00U);
+    EXPECT_EQ(at(7), 0x00FF00U);
+    EXPECT_EQ(at(end - 1), 0x00FF00U);
+    EXPECT_EQ(at(end + 1), 0xD0D0BFU);
 }
 
 TEST(PanelTextPaint, in_classic_style_is_the_headers_alone_in_blue) {
