@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace tavel::test {
@@ -234,6 +235,24 @@ TEST(PanelTextPaint, has_its_bars_color) {
         PlacedPanel placed(p, width, height);
         for (const auto& pixel : PanelModel(p, width, height).Differences(placed.Picture()))
             EXPECT_EQ(pixel.color, pixel.y < 40 ? one.header : one.footer);
+        EXPECT_GT(Ink(placed.Picture(), p).height(), 50);
+    }
+}
+
+TEST(PanelTextPaint, has_its_themes_color) {
+    constexpr std::array<PanelModel::Rgb, 12> headers{0xD7E6FB, 0xFFFFFF, 0xD7E6FB, 0x002963,
+                                                      0x649058, 0x777697, 0x6E6D8F, 0xFFDEAD,
+                                                      0xE9FAF8, 0xEBEBEB, 0xFF0000, 0xACBFE3};
+    for (Integer theme = 0; theme < 12; ++theme) {
+        SCOPED_TRACE(theme);
+        PanelProperties p = Sharp({});
+        p.Appearence = theme;
+        p.HeaderText = p.FooterText = QLatin1String(sText);
+        PlacedPanel placed(p, width, height);
+        const PanelModel::Rgb footer = theme == 3 ? 0x002963 : 0xD7E6FB;
+        for (const auto& pixel : PanelModel(p, width, height).Differences(placed.Picture()))
+            EXPECT_EQ(pixel.color,
+                      pixel.y < 40 ? headers[static_cast<std::size_t>(theme)] : footer);
         EXPECT_GT(Ink(placed.Picture(), p).height(), 50);
     }
 }
