@@ -87,10 +87,12 @@ class Disk : public test::OneFileService {
     void DeleteFile(std::string_view name, bool) override {
         Check(m_files.erase(std::string(name)) == 1, "a file is deleted that is not there");
     }
-    void MoveFile(std::string_view from, std::string_view to) override {
+    void ReplaceFile(std::string_view to, std::string_view from) override {
+        DeleteFile(to, false);
         auto file = m_files.extract(std::string(from));
+        Check(!file.empty(), "a file is moved that is not there");
         file.key() = to;
-        Check(m_files.insert(std::move(file)).inserted, "a file is moved over another");
+        m_files.insert(std::move(file));
     }
 
   private:

@@ -21,6 +21,18 @@ constexpr std::size_t locatorSize = 20;
 constexpr std::size_t longestComment = 65535;
 constexpr std::size_t tailSize = locatorSize + endSize + longestComment;
 
+// The one with whose comment the file ends. An archive that was cut off ends otherwise, and then
+// one that is stored in it must not be taken for it.
+std::size_t EndRecord(std::string_view tail) {
+    std::size_t end = tail.rfind(endSignature, tail.size() - endSize);
+    const auto endsTheFile = [&] {
+        return end + endSize + LittleEndianNumber(tail.substr(end + 20, 2)) == tail.size();
+    };
+    while (end != std::string_view::npos && !endsTheFile())
+        end = end == 0 ? std::string_view::npos : tail.rfind(endSignature, end - 1);
+    return end;
+}
+
 // A record of the archive: where it lies, if nothing stands between it and the next, and where it
 // would lie if the archive began with its file.
 struct Record {
@@ -55,13 +67,12 @@ std::int64_t StartOfArchive(FileBytes& file) {
     file.Seek(tailPlace);
     const std::string tail(file.Peek(tailSize));
     if (tail.size() < endSize) return 0;
-    const std::size_t end = tail.rfind(endSignature, tail.size() - endSize);
+    const std::size_t end = EndRecord(tail);
     if (end == std::string::npos) return 0;
     const Record record = RecordBefore(tail, end, tailPlace);
     if (record.Place <= 0 || record.ToldPlace >= static_cast<std::uint64_t>(record.Place)) return 0;
     const auto toldPlace = static_cast<std::int64_t>(record.ToldPlace);
-    const bool isElsewhere = !IsAt(file, toldPlace, record.Signature);
-    return isElsewhere && IsAt(file, record.Place, record.Signature) ? record.Place - toldPlace : 0;
+    return IsAt(file, record.Place, record.Signature) ? record.Place - toldPlace : 0;
 }
 
 }  // namespace tavel

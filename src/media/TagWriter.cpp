@@ -103,8 +103,7 @@ std::string CopyBehindSpace(RawFile& file, const std::string& path, Long size) {
 // can't be brought to the path, and the user has to learn where it lies.
 void Replace(const std::string& path, const std::string& tempPath) {
     const Doing doing("Moving", tempPath, "to", path);
-    oFSO().DeleteFile(path, false);
-    oFSO().MoveFile(tempPath, path);
+    oFSO().ReplaceFile(path, tempPath);
 }
 
 // The file at the path, opened anew with so many zero bytes in front.

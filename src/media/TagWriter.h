@@ -13,7 +13,8 @@ namespace tavel {
 //
 // Growing makes the new file in the folder for temporary files, or beside the program where there
 // is none, deletes the MP3 file, and moves the new one to its path, with the old one's owner and
-// mode. A link becomes a file of its own. What a failure leaves:
+// mode, and with its name where no new file would get the path's. A link becomes a file of its own.
+// What a failure leaves:
 // - up to the deletion, a failed one included: the old file. Where the deletion failed, the
 //   temporary file stays as well, else it is gone.
 // - a move that failed: the temporary file, whole, and no file at the path, or that one too if it

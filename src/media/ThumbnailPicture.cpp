@@ -4,6 +4,7 @@
 #include <tiffio.h>
 
 #include <memory>
+#include <utility>
 
 namespace tavel {
 
@@ -38,7 +39,8 @@ void Silence() {
     TIFFSetWarningHandler(nullptr);
 }
 
-Bitmap Decode(TrustedPicture& picture) {
+// The file's bytes are gone once it returns: they and the pixels may fill much of the memory.
+Bitmap Decode(TrustedPicture picture) {
     Silence();
     const Memory memory(FreeImage_OpenMemory(reinterpret_cast<BYTE*>(picture.Bytes.data()),
                                              static_cast<DWORD>(picture.Bytes.size())));
@@ -57,9 +59,8 @@ std::string Encode(FIBITMAP* bitmap) {
 }  // namespace
 
 std::string ThumbnailPicture(TrustedPicture picture) {
-    Bitmap bitmap = Decode(picture);
+    Bitmap bitmap = Decode(std::move(picture));
     if (!bitmap) return {};
-    picture.Bytes = {};
     const unsigned width = FreeImage_GetWidth(bitmap.get());
     const unsigned height = FreeImage_GetHeight(bitmap.get());
     if (width != ThumbWidth || height != ThumbHeight) {

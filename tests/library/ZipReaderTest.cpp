@@ -365,6 +365,32 @@ TEST_F(ZipReaderTest, Of_two_archives_in_one_file_the_last_is_read) {
     EXPECT_EQ(temp.Read("out/b.jpg"), "b");
 }
 
+TEST_F(ZipReaderTest, Of_two_archives_that_are_alike_the_last_is_read_too) {
+    const std::string bytes =
+        MakeZip({{"a.jpg", "some bytes"}}) + MakeZip({{"b.jpg", "more bytes"}});
+    zip.ZipFile(Write("archive.zip", bytes));
+    ASSERT_EQ(zip.Count(), 1u);
+    EXPECT_EQ(Extract(0), out + "\\b.jpg");
+}
+
+TEST_F(ZipReaderTest, What_is_left_of_an_archive_that_was_cut_off_is_not_an_archive_stored_in_it) {
+    const std::string inner = MakeZip({{"i.jpg", "inside"}});
+    const std::string bytes =
+        MakeZip({{"a.jpg", "some bytes"}, {"in.zip", inner}, {"b.jpg", std::string(100, 'b')}});
+    const std::string cut = bytes.substr(0, bytes.find("bbbb") + 50);
+    EXPECT_EQ(FailureOf([&] { zip.ZipFile(Write("archive.zip", cut)); }),
+              failure::InvalidFileFormat);
+}
+
+TEST_F(ZipReaderTest, A_comment_may_hold_what_looks_like_the_end_of_an_archive) {
+    const std::string bytes =
+        MakeZip({{"a.jpg", "some bytes"}}, "a PK\5\6 in the words of " + std::string(30, 'c'));
+    for (const std::size_t count : {0u, 100u}) {
+        zip.ZipFile(Write("archive.zip", std::string(count, 'x') + bytes));
+        EXPECT_EQ(zip.Count(), 1u) << count;
+    }
+}
+
 TEST_F(ZipReaderTest, A_name_marked_as_UTF_8_that_is_none_keeps_the_archive_from_opening) {
     ZipItem item{"a\x81.jpg", "x"};
     Open({item});

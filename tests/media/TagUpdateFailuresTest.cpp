@@ -356,6 +356,21 @@ TEST_F(TagUpdateOnHost, A_file_in_a_folder_that_cannot_be_changed_stays_with_the
     EXPECT_TRUE(BytesLeft() == moved);
 }
 
+// Who may write it as one of the others owns the new file, and has to write the tag into it.
+TEST_F(TagUpdateOnHost, A_file_that_its_owner_alone_may_not_write_is_updated) {
+    if (geteuid() != 0) GTEST_SKIP() << "needs a file of another user";
+    fs::permissions(folder.HostPath(), fs::perms(0755));
+    for (const char* name : {"stick", "temp"})
+        fs::permissions(folder.HostPath(name), fs::perms(0777));
+    fs::permissions(host, fs::perms(0466));
+    {
+        const PlainUser user;
+        EXPECT_EQ(Update(), 0);
+    }
+    EXPECT_TRUE(Bytes() != moved && Bytes().size() == moved.size());
+    EXPECT_EQ(fs::status(host).permissions(), fs::perms(0666));
+}
+
 TEST_F(TagUpdateOnHost, A_temporary_folder_that_may_not_be_written_leaves_the_old_file) {
     fs::permissions(folder.HostPath(), fs::perms(0755));
     fs::permissions(folder.HostPath("temp"), fs::perms(0555));

@@ -155,6 +155,37 @@ TEST_F(TagUpdatePlaces, A_link_to_a_file_becomes_a_file_of_its_own_when_it_grows
     EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
 }
 
+// Files of the host may have names that Tavel gives to none.
+TEST_F(TagUpdatePlaces, A_file_keeps_a_name_that_no_new_file_would_get) {
+    for (const char* name : {"What?.mp3", "a:b.mp3", "con.mp3", "end.", "caf\xE9.mp3"}) {
+        temp.Write("music/"s + name, audio);
+        SetTitle(temp.DrivePath("music/"s + name), "title");
+        EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "") << name;
+        ASSERT_TRUE(fs::exists(temp.HostPath("music/"s + name))) << name;
+        EXPECT_TRUE(temp.Read("music/"s + name) == WithTag("title")) << name;
+    }
+    EXPECT_EQ(std::distance(fs::directory_iterator(temp.HostPath("music")), {}), 5);
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("temp")));
+}
+
+TEST_F(TagUpdatePlaces, A_file_beside_one_whose_name_differs_in_case_keeps_its_place) {
+    for (const std::string& folder : {"e:\\"s, temp.DrivePath("card\\")}) {
+        temp.Write("card/one.mp3", audio);
+        temp.Write("card/One.mp3", audio + "other");
+        SetTitle(folder + "one.mp3", "title");
+        EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "") << folder;
+        EXPECT_EQ(std::distance(fs::directory_iterator(temp.HostPath("card")), {}), 2);
+        EXPECT_TRUE(temp.Read("card/one.mp3") == WithTag("title"));
+        EXPECT_TRUE(temp.Read("card/One.mp3") == audio + "other");
+    }
+}
+
+TEST_F(TagUpdatePlaces, No_file_is_deleted_for_a_temporary_one_that_has_gone) {
+    const std::string gone = temp.DrivePath("temp\\gone.tmp");
+    EXPECT_EQ(FailureOf([&] { files->ReplaceFile("e:\\one.mp3", gone); }), failure::FileNotFound);
+    EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
 TEST_F(TagUpdateOnExfat, What_was_written_is_on_the_stick_when_the_update_returns) {
     std::ofstream(stick.MountFolder() + "/one.mp3", std::ios::binary) << audio;
     for (const char* title : {"title", "other"}) {
@@ -184,6 +215,19 @@ TEST_F(TagUpdateAcross, A_file_comes_over_whole_with_its_mode) {
         EXPECT_EQ(fs::status(temp.HostPath("card/one.mp3")).permissions(), fs::perms(0640));
         EXPECT_TRUE(fs::is_empty(other.HostPath()));
         EXPECT_EQ(std::distance(fs::directory_iterator(temp.HostPath("card")), {}), 1);
+    }
+}
+
+TEST_F(TagUpdateAcross, A_file_that_comes_over_keeps_a_name_that_no_new_file_would_get) {
+    temp.Write("card/What?.mp3", audio);
+    for (const std::string& path : {"e:\\What?.mp3"s, temp.DrivePath("card/What?.mp3")}) {
+        temp.Write("card/What?.mp3", audio);
+        SetTitle(path, "title");
+        EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "") << path;
+        ASSERT_TRUE(fs::exists(temp.HostPath("card/What?.mp3")));
+        EXPECT_TRUE(temp.Read("card/What?.mp3") == WithTag("title"));
+        EXPECT_TRUE(fs::is_empty(other.HostPath()));
+        EXPECT_EQ(std::distance(fs::directory_iterator(temp.HostPath("card")), {}), 2);
     }
 }
 

@@ -236,6 +236,12 @@ void FaultyFileService::DeleteFile(std::string_view path, bool force) {
     m_real.DeleteFile(MapForChange(path).real, force);
 }
 
+// The two steps, each of which may fail.
+void FaultyFileService::ReplaceFile(std::string_view path, std::string_view source) {
+    DeleteFile(path, false);
+    MoveFile(source, path);
+}
+
 void FaultyFileService::DeleteLinks(std::string_view folder, std::string_view name) {
     Record("DeleteLinks " + PathBelow(folder, name));
     m_real.DeleteLinks(MapForChange(folder).real, name);

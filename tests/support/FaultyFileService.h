@@ -78,6 +78,7 @@ class FaultyFileService : public FileService {
     void MoveFile(std::string_view source, std::string_view target) override;
     void CopyFile(std::string_view source, std::string_view target, bool overwrite) override;
     void DeleteFile(std::string_view path, bool force) override;
+    void ReplaceFile(std::string_view path, std::string_view source) override;
     void DeleteLinks(std::string_view folder, std::string_view name) override;
     void CopyRights(std::string_view source, std::string_view target) override;
     void CreateTextFile(std::string_view path, bool overwrite) override;

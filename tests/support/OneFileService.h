@@ -45,6 +45,7 @@ class OneFileService : public FileService {
         Fail(failure::NoSuchMember);
     }
     void DeleteFile(std::string_view, bool) override { Fail(failure::NoSuchMember); }
+    void ReplaceFile(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
     void DeleteLinks(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
     void CopyRights(std::string_view, std::string_view) override { Fail(failure::NoSuchMember); }
     std::string GetTempFolder() override { Fail(failure::NoSuchMember); }

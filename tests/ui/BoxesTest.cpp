@@ -4,13 +4,13 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CommonDialogs.h"
-#include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/WorkWindow.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
+#include "ui/toolkit/dialogs/FileDialog.h"
 
 #include <gtest/gtest.h>
 
@@ -450,6 +450,19 @@ TEST_F(FileDialogs, the_type_that_was_chosen_comes_back_even_among_types_that_lo
         });
         EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).filterIndex, steps);
     }
+}
+
+TEST_F(FileDialogs, an_owner_may_go_while_a_box_stands_over_the_dialog) {
+    const RealPrompts real;
+    auto* owner = new QWidget;
+    request.owner = owner;
+    WhenModal([owner](QWidget& box) {
+        Find<QLineEdit>(box, "fileNameEdit").setText(QStringLiteral("nowhere.jpg"));
+        WhenModalOver(
+            box, [&box] { static_cast<QDialog&>(box).accept(); },
+            [owner](QWidget&) { delete owner; });
+    });
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
 }
 
 TEST_F(FileDialogs, Escape_cancels) {

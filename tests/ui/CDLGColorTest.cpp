@@ -1,9 +1,9 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/SystemColors.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
@@ -203,6 +203,21 @@ TEST(CustomColor, all_sixteen_come_back_from_the_box) {
     Call call;
     call.Run();
     for (int i = 0; i < 16; ++i) EXPECT_EQ(call.dialog.CustomColor(i), 0x020100 + i);
+}
+
+TEST(CustomColor, the_dialog_of_another_object_over_this_one_leaves_them) {
+    Call below;
+    for (int i = 0; i < 16; ++i) below.dialog.CustomColor(i, 0x111111);
+    WhenModal([](QWidget& box) {
+        Call above;
+        for (int i = 0; i < 16; ++i) above.dialog.CustomColor(i, 0x222222);
+        WhenModal(PressEscape);
+        above.Run();
+        EXPECT_EQ(above.dialog.CustomColor(0), 0x222222);
+        PressEscape(box);
+    });
+    EXPECT_FALSE(below.Run());
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(below.dialog.CustomColor(i), 0x111111) << i;
 }
 
 TEST(CustomColor, what_the_user_adds_is_kept_after_a_cancel_too) {

@@ -2,8 +2,8 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
@@ -12,6 +12,7 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPrinter>
+#include <limits>
 
 namespace tavel::test {
 
@@ -154,6 +155,49 @@ TEST(VBChooseFont, a_size_outside_of_the_limits_is_not_taken) {
         EXPECT_TRUE(call.Run());
         EXPECT_EQ(std::to_string(call.CurFont.pointSize()), one.taken);
     }
+}
+
+TEST(VBChooseFont, a_fraction_counts_against_the_limits) {
+    PromptQueue prompts;
+    Call call;
+    call.CurFont.setPointSizeF(20.4);
+    call.MaxSize = 20;
+    WhenModal([&](QWidget& box) {
+        prompts.ExpectMsgBox(QStringLiteral("The size must be between 1 and 20 points."),
+                             MsgBoxButtons::OK, MsgBoxAnswer::OK, box.windowTitle());
+        QTest::keyClick(&SizeBox(box), Qt::Key_Return);
+        EXPECT_TRUE(box.isVisible());
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run());
+}
+
+TEST(VBChooseFont, limits_that_allow_no_size_fail_without_a_box) {
+    Call call;
+    call.MinSize = 20;
+    call.MaxSize = 10;
+    bool shown = false;
+    WhenModal([&shown](QWidget& box) {
+        shown = true;
+        QTest::keyClick(&box, Qt::Key_Escape);
+    });
+    EXPECT_FALSE(call.Run());
+    EXPECT_FALSE(shown);
+    EXPECT_EQ(call.dialog.ExtendedError(), 0);
+    Call next;  // whose box is the one that was waited for
+    if (!shown) next.Run();
+    EXPECT_TRUE(shown);
+}
+
+TEST(VBChooseFont, a_limit_below_0_is_none) {
+    DialogRecorder dialogs;
+    Call call;
+    call.MinSize = -3;
+    call.MaxSize = std::numeric_limits<Long>::min();
+    call.Run();
+    EXPECT_EQ(dialogs.font.minSize, 0);
+    EXPECT_EQ(dialogs.font.maxSize, 0);
+    EXPECT_EQ(dialogs.font.flags, 0x40 | 0x1);
 }
 
 TEST(VBChooseFont, effects_are_offered_where_the_flags_ask_for_them) {

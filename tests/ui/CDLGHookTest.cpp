@@ -1,13 +1,15 @@
 #include "platform/Failure.h"
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/PromptQueue.h"
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QVariant>
 #include <QWidget>
 #include <functional>
+#include <limits>
+#include <memory>
 
 namespace tavel::test {
 
@@ -55,6 +57,7 @@ TEST(FilterPiece, gives_the_pair_at_the_index) {
     EXPECT_EQ(OpensProtected::FilterPiece(form, 3), nul) << "the end mark";
     EXPECT_EQ(OpensProtected::FilterPiece(form, 4), "");
     EXPECT_EQ(OpensProtected::FilterPiece(form, 0), "");
+    EXPECT_EQ(OpensProtected::FilterPiece(form, std::numeric_limits<Long>::min()), "");
     EXPECT_EQ(OpensProtected::FilterPiece("", 1), "");
     EXPECT_EQ(OpensProtected::FilterPiece("no end", 1), "");
     EXPECT_EQ(OpensProtected::FilterPiece("a" + nul + "to the end", 1), "a" + nul + "to the end");
@@ -119,6 +122,26 @@ TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
     sink.confirms = true;
     EXPECT_EQ(hook.DialogHook(dialog, 78, 0, &header), 0);
     EXPECT_EQ(dialog.property("DialogResult").toInt(), 0);
+}
+
+TEST(DialogHook, a_sink_may_delete_the_dialog_that_it_is_asked_about) {
+    class Deletes : public SinkRecorder {
+      public:
+        explicit Deletes(QWidget* dialog) : m_dialog(dialog) {}
+        bool ConfirmOK() override {
+            m_dialog.reset();
+            return true;
+        }
+
+      private:
+        std::unique_ptr<QWidget> m_dialog;
+    };
+    auto* dialog = new QWidget;
+    Deletes sink(dialog);
+    OpensProtected hook;
+    hook.m_eventSink = &sink;
+    const CDLG::NotifyHeader header{0, 0, -606};
+    EXPECT_EQ(hook.DialogHook(*dialog, 78, 0, &header), 0);
 }
 
 TEST(DialogHook, does_nothing_without_a_sink) {

@@ -1,7 +1,7 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QPrinter>
 #include <QRadioButton>
+#include <limits>
 
 namespace tavel::test {
 
@@ -159,6 +160,67 @@ TEST(VBPageSetupDlg2, no_margin_can_be_set_below_its_minimum) {
         PressEscape(box);
     });
     EXPECT_FALSE(call.Run(dialog));
+}
+
+TEST(VBPageSetupDlg2, each_minimum_is_that_of_its_side_and_none_is_below_0) {
+    DialogRecorder dialogs;
+    Call call;
+    call.MinLeftMargin = 1;
+    call.MinTopMargin = 2;
+    call.MinRightMargin = 3;
+    call.MinBottomMargin = 4;
+    call.Run();
+    EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF(1, 2, 3, 4));
+    call.MinLeftMargin = -5;
+    call.LeftMargin = -3;
+    call.Run();
+    EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF(0, 2, 3, 4));
+    EXPECT_EQ(dialogs.page.printer.layout.margins().left(), 0);
+}
+
+TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_own) {
+    DialogRecorder dialogs;
+    Call call;
+    call.Run();
+    const QMarginsF own = dialogs.page.printer.layout.minimumMargins();
+    for (double Call::*minimum : {&Call::MinLeftMargin, &Call::MinTopMargin}) {
+        for (const double size : {500.0, std::numeric_limits<double>::infinity()}) {
+            Call large;
+            large.*minimum = size;
+            large.Run();
+            EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), own);
+            EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(20, 22, 21, 23));
+        }
+    }
+}
+
+TEST(VBPageSetupDlg2, a_margin_that_is_larger_than_the_page_or_no_number_is_brought_into_it) {
+    DialogRecorder dialogs;
+    Call call;
+    call.LeftMargin = 1e9;
+    call.TopMargin = std::numeric_limits<double>::quiet_NaN();
+    call.MinTopMargin = 7;
+    call.Run();
+    EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(210, 7, 21, 23));
+}
+
+TEST(VBPageSetupDlg2, the_page_begins_as_the_print_dialog_before_it_has_left_the_printer) {
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
+    dialogs.printAnswer.printer.printQuality = 1200;
+    CDLG dialog;
+    CDLG::Range range = CDLG::Range::All;
+    Long from = 1, to = 1;
+    Integer copies = 1;
+    bool toFile = false, collate = false;
+    EXPECT_TRUE(dialog.VBPrintDlg(range, false, from, to, false, copies, false, true, toFile,
+                                  collate, false, nullptr, nullptr));
+    Call call;
+    call.PrintQuality = 0;
+    call.Run(dialog);
+    EXPECT_EQ(dialogs.page.printer.deviceName, QStringLiteral("Laser"));
+    EXPECT_EQ(dialogs.page.printer.printQuality, 1200);
 }
 
 TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
@@ -314,6 +376,48 @@ TEST(VBPageSetupDlg, margins_are_whole_and_rounded_to_nearest_with_halves_to_eve
     call.LeftMargin = 17;
     EXPECT_FALSE(call.Run());
     EXPECT_EQ(call.LeftMargin, 17);
+}
+
+TEST(VBPageSetupDlg, everything_is_passed_on) {
+    DialogRecorder dialogs;
+    QWidget owner;
+    WholeCall call;
+    call.LeftMargin = 1;
+    call.RightMargin = 2;
+    call.TopMargin = 3;
+    call.BottomMargin = 4;
+    call.MinLeftMargin = call.MinTopMargin = call.MinBottomMargin = 1;
+    call.MinRightMargin = 2;
+    call.DisableMargins = call.DisablePaper = true;
+    call.Orientation = 2;
+    call.PrintQuality = 300;
+    call.PaperSize = 8;
+    call.Units = PageUnits::Inches;
+    call.Owner = &owner;
+    call.flags = 0x80;
+    EXPECT_FALSE(call.Run());
+    const QPageLayout& layout = dialogs.page.printer.layout;
+    EXPECT_EQ(dialogs.page.owner, &owner);
+    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x200 | 0x80);
+    EXPECT_EQ(layout.units(), QPageLayout::Inch);
+    EXPECT_EQ(layout.margins(), QMarginsF(1, 3, 2, 4));
+    EXPECT_EQ(layout.minimumMargins(), QMarginsF(1, 1, 2, 1));
+    EXPECT_EQ(layout.pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(layout.orientation(), QPageLayout::Landscape);
+    EXPECT_EQ(dialogs.page.printer.printQuality, 300);
+
+    call.DisableMargins = call.DisablePaper = false;
+    call.DisableOrientation = true;
+    call.Run();
+    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x100 | 0x80);
+
+    QPrinter printer;
+    call.Printer = &printer;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer = dialogs.page.printer;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(printer.resolution(), 300);
+    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
 }
 
 }  // namespace tavel::test

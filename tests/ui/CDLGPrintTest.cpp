@@ -3,13 +3,14 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QPainter>
@@ -280,6 +281,25 @@ TEST_F(PrintDialogs, the_box_belongs_to_its_owner_and_outlives_it) {
         delete owner;
     });
     EXPECT_FALSE(call.Run());
+}
+
+TEST_F(PrintDialogs, an_owner_may_go_while_a_box_stands_over_the_dialog) {
+    folder.Write("taken.pdf", "old");
+    for (const bool browsing : {false, true}) {
+        auto* owner = new QWidget;
+        Call call;
+        call.Owner = owner;
+        WhenModal([&, owner](QWidget& box) {
+            Find<QLineEdit>(box, "filename").setText(File("taken.pdf"));
+            QAbstractButton* button =
+                browsing ? &Find<QAbstractButton>(box, "fileBrowser")
+                         : box.findChild<QDialogButtonBox*>()->button(QDialogButtonBox::Ok);
+            WhenModalOver(
+                box, [button] { button->click(); }, [owner](QWidget&) { delete owner; });
+        });
+        EXPECT_FALSE(call.Run());
+    }
+    EXPECT_EQ(folder.Read("taken.pdf"), "old");
 }
 
 TEST(VBPrintDlg, the_flags_say_what_the_booleans_say_and_never_hook_or_template) {

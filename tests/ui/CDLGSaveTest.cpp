@@ -3,13 +3,14 @@
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -200,6 +201,18 @@ TEST_F(SaveDialogs, the_box_outlives_its_owner) {
     auto* unloaded = new QWidget;
     call.Owner = unloaded;
     WhenModal([unloaded](QWidget&) { delete unloaded; });
+    ExpectNothingChosen(call);
+}
+
+TEST_F(SaveDialogs, an_owner_may_go_while_the_box_asks) {
+    auto* unloaded = new QWidget;
+    call.Owner = unloaded;
+    WhenModal([unloaded](QWidget& box) {
+        NameBox(box).setText(QStringLiteral("taken.txt"));
+        WhenModalOver(
+            box, [&box] { static_cast<QDialog&>(box).accept(); },
+            [unloaded](QWidget&) { delete unloaded; });
+    });
     ExpectNothingChosen(call);
 }
 

@@ -1,12 +1,13 @@
 #include "core/PublicStuff.h"
 #include "support/Support.h"
 #include "ui/support/PromptQueue.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QWidget>
+#include <limits>
 
 namespace tavel::test {
 
@@ -174,8 +175,10 @@ TEST(VBGetOpenFileName, a_name_or_title_beyond_460_characters_fails_with_5) {
     longName.Filename = std::string(461, 'x');
     EXPECT_EQ(FailureOf([&] { longName.Run(); }), 5);
     Call longTitle;
+    longTitle.Filename = "a.jpg";
     longTitle.FileTitle = std::string(461, 'x');
     EXPECT_EQ(FailureOf([&] { longTitle.Run(); }), 5);
+    EXPECT_EQ(longTitle.Filename, "a.jpg") << "nothing is changed";
 
     prompts.ExpectFiles(title, {});
     Call full;
@@ -237,6 +240,17 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     EXPECT_TRUE(asked.Has(PickFileMustExist));
     EXPECT_TRUE(asked.Has(PickMultiSelect));
     EXPECT_TRUE(asked.Has(PickHideReadOnly));
+}
+
+TEST(VBGetOpenFileName, an_index_that_stands_for_no_pair_asks_for_none) {
+    for (const Long index : {0, -1, -7, std::numeric_limits<Long>::min()}) {
+        PromptQueue prompts;
+        prompts.ExpectFiles(title, {});
+        Call call;
+        call.FilterIndex = index;
+        call.Run();
+        EXPECT_EQ(prompts.LastFileRequest().filterIndex, -1) << index;
+    }
 }
 
 TEST(VBGetOpenFileName, an_initial_path_is_asked_for_as_the_hosts_own) {

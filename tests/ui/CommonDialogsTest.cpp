@@ -1,6 +1,6 @@
 #include "ui/support/Modal.h"
-#include "ui/toolkit/CommonDialogs.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <gtest/gtest.h>
 
@@ -62,6 +62,21 @@ bool TakesValues(const QWidget& control) {
            qobject_cast<const QAbstractSpinBox*>(&control) != nullptr;
 }
 
+// A host whose dialogs have no parts that go by a name, for as long as it lives.
+class NamelessParts : public QObject {
+  public:
+    NamelessParts() { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Create) {
+            connect(watched, &QObject::objectNameChanged, watched, [watched](const QString& name) {
+                if (!name.isEmpty()) watched->setObjectName(QString());
+            });
+        }
+        return false;
+    }
+};
+
 }  // namespace
 
 TEST(CommonDialogs, a_screen_reader_has_a_name_for_all_that_takes_a_value) {
@@ -78,6 +93,30 @@ TEST(CommonDialogs, a_screen_reader_has_a_name_for_all_that_takes_a_value) {
         }
     });
     EXPECT_GT(count, 20);
+}
+
+TEST(CommonDialogs, a_part_that_a_dialog_does_not_have_is_passed_over) {
+    const NamelessParts host;
+    auto& dialogs = Service<CommonDialogs>::Get();
+    int seen = 0;
+    const auto lookAndCancel = [&seen](QWidget& box) {
+        ++seen;
+        EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("from")), nullptr);
+        EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("unitCombo")), nullptr);
+        QTest::keyClick(&box, Qt::Key_Escape);
+    };
+    PrintRequest print = DefaultPrint();
+    print.flags = printFlag::ToFile | printFlag::NoPageNumbers;
+    PageRequest page = DefaultPage();
+    page.flags = pageFlag::DisableMargins | pageFlag::DisableOrientation | pageFlag::DisablePaper;
+    const std::function<void()> asks[] = {
+        [&] { dialogs.PickColor({}); }, [&] { dialogs.PickFont({}); },
+        [&] { dialogs.PickPrinter(print); }, [&] { dialogs.SetUpPage(page); }};
+    for (const auto& ask : asks) {
+        WhenModal(lookAndCancel);
+        ask();
+    }
+    EXPECT_EQ(seen, 4);
 }
 
 TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {

@@ -16,8 +16,6 @@
 #include "ui/support/DeviceWindow.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Wizard.h"
-#include "ui/toolkit/CommonDialogs.h"
-#include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/MsgBox.h"
@@ -27,6 +25,8 @@
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/SystemColors.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
+#include "ui/toolkit/dialogs/FileDialog.h"
 
 #include <gmock/gmock.h>
 

@@ -151,6 +151,7 @@ TEST_F(StartWizardTest, keys_alone_lead_through_the_pages_and_back) {
     EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "txtFolderPath"));
     Find(Wizard(), "cmdPrev").setFocus();
     for (int page = 6; page >= 1; --page) {
+        EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "cmdPrev"));
         press(Qt::Key_Space);
         EXPECT_THAT(Shown(), ElementsAre(page));
     }
@@ -163,6 +164,39 @@ TEST_F(StartWizardTest, Tab_goes_through_a_page_then_to_Back_and_Next) {
         EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), name)) << name;
         QTest::keyClick(Wizard().focusWidget(), Qt::Key_Tab);
     }
+}
+
+TEST_F(StartWizardTest, Next_looks_like_the_button_for_Enter_only_while_it_is) {
+    OpenWizard();
+    GoTo(2);
+    const auto& cmdNext = Find<QPushButton>(Wizard(), "cmdNext");
+    EXPECT_TRUE(cmdNext.isDefault()) << "from the text box";
+    QTest::keyClick(Wizard().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "cmdPrev"));
+    EXPECT_FALSE(cmdNext.isDefault());
+    QTest::keyClick(Wizard().focusWidget(), Qt::Key_Tab);
+    EXPECT_TRUE(cmdNext.isDefault());
+}
+
+TEST_F(StartWizardTest, a_click_on_Back_leaves_the_keys_to_the_page) {
+    OpenWizard();
+    GoTo(3);
+    auto& cmdPrev = Find(Wizard(), "cmdPrev");
+    QTest::mouseClick(&cmdPrev, Qt::LeftButton);
+    EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "txtName"));
+    QTest::mouseClick(&cmdPrev, Qt::LeftButton);
+    EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "cmdNext"));
+}
+
+TEST_F(StartWizardTest, the_first_page_keeps_the_focus_off_Back) {
+    OpenWizard();
+    QTest::keyClick(Wizard().focusWidget(), Qt::Key_Tab);
+    EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "cmdNext"));
+    GoTo(2);
+    Find(Wizard(), "cmdPrev").setFocus();
+    QTest::keyClick(&Find(Wizard(), "cmdPrev"), Qt::Key_Space);
+    EXPECT_THAT(Shown(), ElementsAre(1));
+    EXPECT_EQ(Wizard().focusWidget(), &Find(Wizard(), "cmdNext"));
 }
 
 TEST_F(StartWizardTest, Escape_does_not_close_it) {
@@ -224,6 +258,19 @@ TEST_F(StartWizardTest, a_page_without_words_is_not_reached) {
     EXPECT_THAT(Shown(), ElementsAre(2));
     Back();
     EXPECT_THAT(Shown(), ElementsAre(1));
+}
+
+TEST_F(StartWizardTest, back_over_a_page_without_words_leaves_the_page_in_view_and_counts_on) {
+    Words("//1\na\n//2\nb\n//3\nc\n");
+    OpenWizard();
+    GoTo(3);
+    Words("//1\na\n//3\nc\n");
+    Back();
+    EXPECT_THAT(Shown(), ElementsAre(3)) << "as designed";
+    EXPECT_EQ(TextOf(3), "\nc");
+    Words("//1\na\n//2\nb\n//3\nc\n");
+    Next();
+    EXPECT_THAT(Shown(), ElementsAre(2));
 }
 
 TEST_F(StartWizardTest, words_for_a_page_below_the_first_end_the_program) {

@@ -48,10 +48,12 @@ void Descriptor::SetTime(const timespec& modified) const {
     futimens(m_descriptor, times);
 }
 
-// Without the right to give it away it is the user's, who may write it.
+// Without the right to give it away it is the user's, who may write it, as the other one's owner
+// may perhaps not.
 void Descriptor::TakeOwnerAndMode(const struct stat& other) const {
-    [[maybe_unused]] const bool hasOwner = fchown(m_descriptor, other.st_uid, other.st_gid) == 0;
-    [[maybe_unused]] const bool hasMode = fchmod(m_descriptor, other.st_mode & 0777) == 0;
+    const bool hasOwner = fchown(m_descriptor, other.st_uid, other.st_gid) == 0;
+    const mode_t mode = (other.st_mode & 0777) | (hasOwner ? 0 : S_IRUSR | S_IWUSR);
+    [[maybe_unused]] const bool hasMode = fchmod(m_descriptor, mode) == 0;
 }
 
 }  // namespace tavel

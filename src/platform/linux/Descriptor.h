@@ -36,8 +36,8 @@ class Descriptor {
     bool Flush() const { return fsync(m_descriptor) == 0; }
     // Gives the file a modification time; one that its file system can't keep is passed over.
     void SetTime(const timespec& modified) const;
-    // Gives the file to the owner of another, where the user may, with the same mode. A file system
-    // without owners and modes refuses both.
+    // Gives the file to the owner of another, where the user may, with the same mode; else the user
+    // may read and write it, besides. A file system without owners and modes refuses both.
     void TakeOwnerAndMode(const struct stat& other) const;
 
     // False when the host reports a failure; the descriptor is closed all the same.

@@ -135,6 +135,30 @@ void MoveAcross(DriveTable& drives, Place source, Place target) {
     DeleteFileAt(FindPlace(drives, sourcePath), true);
 }
 
+void MoveToFree(DriveTable& drives, Place source, Place target) {
+    RequireFree(target);
+    if (RenameIfFree(source, target)) {
+        Require(!target.isFlushed || FlushMove(source, target));
+    } else {
+        MoveAcross(drives, std::move(source), std::move(target));
+    }
+}
+
+// The host may have had a name there that a new file never gets, or another file whose name differs
+// in case alone: what takes the place of the deleted file then takes that one's own name.
+Place PlaceLeftBy(const Place& deleted, DriveTable& drives, std::string_view path) {
+    const std::string ownName(LastName(deleted.hostPath));
+    Place place = FindPlace(drives, path);
+    const bool isOther = place.failure == 0 && LastName(place.hostPath) != ownName;
+    const bool isRenamed =
+        place.failure == failure::FileNotFound && place.name != place.path.names.back();
+    if (!isOther && !isRenamed) return place;
+    place.failure = failure::FileNotFound;
+    place.hostPath = HostJoin(FolderOf(place.hostPath), ownName);
+    place.name = ownName;
+    return place;
+}
+
 std::string RandomDigits() {
     std::uint32_t number = 0;
     Require(getentropy(&number, sizeof number) == 0);
@@ -225,11 +249,16 @@ void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_vi
     Place to = FindTarget(drives, target, from);
     RequireFree(to);
     if (to.path.endsInSeparator) Fail(failure::PathNotFound);
-    if (RenameIfFree(from, to)) {
-        Require(!to.isFlushed || FlushMove(from, to));
-    } else {
-        MoveAcross(drives, std::move(from), std::move(to));
-    }
+    MoveToFree(drives, std::move(from), std::move(to));
+}
+
+void ReplaceFileBetween(DriveTable& drives, std::string_view path, std::string_view source) {
+    Place from = FindPlace(drives, source);
+    RequireFile(from);
+    const Place former = FindPlace(drives, path);
+    RequireOneDrive(former);
+    DeleteFileAt(former, false);
+    MoveToFree(drives, std::move(from), PlaceLeftBy(former, drives, path));
 }
 
 }  // namespace tavel

@@ -23,5 +23,6 @@ void CopyFileBetween(DriveTable& drives, std::string_view source, std::string_vi
 // To another file system it goes under a name of its own at first, and the source stays until all
 // of it is on the medium.
 void MoveFileBetween(DriveTable& drives, std::string_view source, std::string_view target);
+void ReplaceFileBetween(DriveTable& drives, std::string_view path, std::string_view source);
 
 }  // namespace tavel

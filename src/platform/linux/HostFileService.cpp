@@ -73,6 +73,9 @@ class LinuxFileService : public FileService {
         CopyFileBetween(*m_drives, source, target, overwrite);
     }
     void DeleteFile(std::string_view path, bool force) override { DeleteFileAt(Find(path), force); }
+    void ReplaceFile(std::string_view path, std::string_view source) override {
+        ReplaceFileBetween(*m_drives, path, source);
+    }
     void DeleteLinks(std::string_view folder, std::string_view name) override {
         DeleteLinksIn(Find(folder), name);
     }

@@ -13,7 +13,6 @@
 #include "ui/setup/frmOptions.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/toolkit/BrowseForFolder.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/InputBox.h"
 #include "ui/toolkit/ListView.h"
 #include "ui/toolkit/MsgBox.h"
@@ -21,6 +20,7 @@
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/TreeView.h"
 #include "ui/toolkit/WorkWindow.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 namespace tavel {
 

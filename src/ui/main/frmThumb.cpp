@@ -10,13 +10,13 @@
 #include "ui/main/MediaFilters.h"
 #include "ui/main/ThumbPicture.h"
 #include "ui/main/frmMain.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/SingleWindow.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/StyleApply.h"
 #include "ui/toolkit/Twips.h"
 #include "ui/toolkit/WorkWindow.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <QApplication>
 #include <QLineEdit>

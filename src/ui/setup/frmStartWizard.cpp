@@ -99,7 +99,8 @@ void frmStartWizard::ShowPage(Integer number) {
         page.setVisible(i == number);
         if (i == number) page.move(place);
     }
-    if (!isOnBack) FocusPage(number);
+    cmdPrev->setFocusPolicy(number == 1 ? Qt::NoFocus : Qt::TabFocus);
+    if (!isOnBack || number == 1) FocusPage(number);
 }
 
 // So that a page can be answered and left by keyboard alone.

@@ -2,6 +2,7 @@
 
 #include "core/MessageBoxes.h"
 #include "platform/Activity.h"
+#include "ui/toolkit/BoxStyle.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
@@ -50,6 +51,7 @@ Application::Application(int& argc, char** argv, std::function<void()> end)
     : QApplication(argc, argv), m_end(std::move(end)) {
     setApplicationName(QLatin1String(ProgramTitle));
     setApplicationDisplayName(QString());
+    setStyle(new BoxStyle);
     SetScale(1);
     // Windows come and go: the splash goes before the main window shows, and a hidden log keeps no
     // process alive. The end is ShutDown's.

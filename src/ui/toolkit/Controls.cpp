@@ -1,5 +1,6 @@
 #include "ui/toolkit/Controls.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPushButton>
@@ -51,6 +52,13 @@ void SetEnterButton(QWidget& window, QPushButton& button) {
         (focused != nullptr ? *focused : button).click();
     });
     button.setDefault(true);
+    // No two buttons look as though Enter pressed them. A window that goes has no focus to tell of.
+    QObject::connect(qApp, &QApplication::focusChanged, &button,
+                     [&window, &button](QWidget*, QWidget* now) {
+                         if (now == nullptr || now->window() != &window) return;
+                         const auto* focused = qobject_cast<QPushButton*>(now);
+                         button.setDefault(focused == nullptr || focused == &button);
+                     });
 }
 
 QHBoxLayout* OKAndCancel(QWidget& window, const std::function<void()>& ok,

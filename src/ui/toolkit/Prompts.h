@@ -3,7 +3,7 @@
 #include "core/MessageBoxes.h"
 #include "platform/Numbers.h"
 #include "platform/Service.h"
-#include "ui/toolkit/DialogResult.h"
+#include "ui/toolkit/dialogs/DialogResult.h"
 
 #include <QString>
 #include <QStringList>

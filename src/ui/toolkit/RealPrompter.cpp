@@ -1,10 +1,10 @@
 #include "ui/toolkit/RealPrompter.h"
 
 #include "ui/toolkit/Controls.h"
-#include "ui/toolkit/FileDialog.h"
 #include "ui/toolkit/FolderDialog.h"
 #include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/WorkWindow.h"
+#include "ui/toolkit/dialogs/FileDialog.h"
 
 #include <QDir>
 #include <QFileInfo>

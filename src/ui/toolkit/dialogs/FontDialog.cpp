@@ -1,8 +1,9 @@
-#include "ui/toolkit/FontDialog.h"
+#include "ui/toolkit/dialogs/FontDialog.h"
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QCheckBox>
 #include <QFontInfo>
@@ -34,11 +35,13 @@ FontDialog::FontDialog(const FontRequest& request)
     setOption(ScalableFonts, (request.flags & scalable) != 0);
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
     setCurrentFont(WithStyleName(request.font));
-    findChild<QCheckBox*>()->parentWidget()->setVisible((request.flags & fontFlag::Effects) != 0);
+    const bool effects = (request.flags & fontFlag::Effects) != 0;
+    WithPart<QCheckBox>(*this, nullptr,
+                        [effects](QCheckBox& first) { first.parentWidget()->setVisible(effects); });
     NameLines();
     // Alone it would be as low as its frame.
-    findChild<QLineEdit*>(QStringLiteral("qt_fontDialog_sampleEdit"))
-        ->setMinimumHeight(Pixels(900));
+    WithPart(*this, "qt_fontDialog_sampleEdit",
+             [](QWidget& sample) { sample.setMinimumHeight(Pixels(900)); });
     PlainButtons(*this);
     resize(Pixels(7500), Pixels(5400));
 }
@@ -59,7 +62,7 @@ QFont FontDialog::Font() const {
 }
 
 bool FontDialog::SizeIsAllowed() const {
-    const int size = currentFont().pointSize();
+    const qreal size = Font().pointSizeF();
     return size >= m_minSize && (m_maxSize == 0 || size <= m_maxSize);
 }
 

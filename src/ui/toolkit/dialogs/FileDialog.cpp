@@ -1,10 +1,11 @@
-#include "ui/toolkit/FileDialog.h"
+#include "ui/toolkit/dialogs/FileDialog.h"
 
 #include "core/PublicStuff.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -62,6 +63,8 @@ FileDialog::FileDialog(const FileRequest& request)
     PlainButtons(*this);
     SetSizes();
 }
+
+FileDialog::~FileDialog() { LetBoxesGo(*this); }
 
 void FileDialog::SetSizes() {
     constexpr int places = 2100;

@@ -1,8 +1,10 @@
-#include "ui/toolkit/CDLG.h"
-#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/dialogs/CDLG.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QPageSize>
+#include <QRectF>
 #include <algorithm>
+#include <cmath>
 
 namespace tavel {
 
@@ -26,14 +28,26 @@ void SetOrientation(QPageLayout& layout, Long orientation) {
     if (orientation == across) layout.setOrientation(QPageLayout::Landscape);
 }
 
-// A page can have none that are smaller than its minimum or leave nothing of it.
+// Those that leave nothing of the page are none.
+void SetMinimums(QPageLayout& layout, const QMarginsF& minimums) {
+    const QRectF left = layout.fullRect().marginsRemoved(minimums);
+    if (!minimums.isNull() && left.width() > 0 && left.height() > 0)
+        layout.setMinimumMargins(minimums);
+}
+
+// The lower bound stands for what is no number.
+double Within(double low, double margin, double high) {
+    return std::fmin(std::fmax(margin, low), high);
+}
+
+// A page can have none that is smaller than its minimum or larger than the page.
 void SetMargins(QPageLayout& layout, const QMarginsF& margins) {
     const QMarginsF low = layout.minimumMargins();
     const QMarginsF high = layout.maximumMargins();
-    layout.setMargins({std::clamp(margins.left(), low.left(), high.left()),
-                       std::clamp(margins.top(), low.top(), high.top()),
-                       std::clamp(margins.right(), low.right(), high.right()),
-                       std::clamp(margins.bottom(), low.bottom(), high.bottom())});
+    layout.setMargins({Within(low.left(), margins.left(), high.left()),
+                       Within(low.top(), margins.top(), high.top()),
+                       Within(low.right(), margins.right(), high.right()),
+                       Within(low.bottom(), margins.bottom(), high.bottom())});
 }
 
 }  // namespace
@@ -58,11 +72,12 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     QPageLayout& layout = request.printer.layout;
     layout.setUnits(Units == PageUnits::Inches ? QPageLayout::Inch : QPageLayout::Millimeter);
     const QMarginsF printersOwn = layout.minimumMargins();
-    const QMarginsF smallest(MinLeftMargin, MinTopMargin, MinRightMargin, MinBottomMargin);
+    const QMarginsF smallest(std::fmax(MinLeftMargin, 0), std::fmax(MinTopMargin, 0),
+                             std::fmax(MinRightMargin, 0), std::fmax(MinBottomMargin, 0));
     const QMarginsF margins(LeftMargin, TopMargin, RightMargin, BottomMargin);
     SetPaper(layout, PaperSize);
     SetOrientation(layout, Orientation);
-    if (!smallest.isNull()) layout.setMinimumMargins(smallest);
+    SetMinimums(layout, smallest);
     SetMargins(layout, margins.isNull() ? layout.margins() : margins);
 
     PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);

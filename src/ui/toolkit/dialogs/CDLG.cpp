@@ -1,8 +1,9 @@
-#include "ui/toolkit/CDLG.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include "core/MessageBoxes.h"
 #include "platform/Failure.h"
 
+#include <QPointer>
 #include <QVariant>
 #include <QWidget>
 
@@ -45,8 +46,9 @@ Long CDLG::DialogHook(QWidget& hDlg, Long message, Long, const NotifyHeader* lPa
             m_eventSink->FileChange(hDlg);
             break;
         case confirmOK: {
+            const QPointer<QWidget> alive(&hDlg);
             const Long result = m_eventSink->ConfirmOK() ? 0 : 1;
-            hDlg.setProperty("DialogResult", result);
+            if (!alive.isNull()) alive->setProperty("DialogResult", result);
             return result;
         }
         default:

@@ -1,9 +1,9 @@
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
 #include "platform/Text.h"
-#include "ui/toolkit/CDLG.h"
 #include "ui/toolkit/Prompts.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <QFileInfo>
 #include <algorithm>
@@ -31,18 +31,21 @@ FileRequest RequestOf(Long word, const std::string& dialogFilter, Long filterInd
         request.descriptions << ToQString(pieces[i]);
         request.patterns << ToQString(pieces[i + 1]);
     }
-    request.filterIndex = filterIndex - 1;
+    request.filterIndex = std::max(filterIndex, 0) - 1;
     return request;
 }
 
 // In characters, of which a Cyrillic letter is one as a Latin one is.
 std::size_t Length(std::string_view text) { return Characters(text).size(); }
 
-// The buffer of a dialog: the text and NULs up to its size.
+// What a dialog cannot begin with, because its buffer has no room for it.
+void CheckFits(const std::string& text) {
+    if (Length(text) > CDLG::MaxFile) Fail(failure::InvalidProcedureCall);
+}
+
+// The buffer of a dialog: the text, which fits, and NULs up to its size.
 std::string Buffer(const std::string& text) {
-    const std::size_t length = Length(text);
-    if (length > CDLG::MaxFile) Fail(failure::InvalidProcedureCall);
-    return text + std::string(CDLG::MaxFile - length, '\0');
+    return text + std::string(CDLG::MaxFile - Length(text), '\0');
 }
 
 std::string DrivePath(const QString& hostPath) {
@@ -117,8 +120,8 @@ bool CDLG::AskForFiles(const FileArguments& arguments, bool saving, Long word) {
     Begin();
     word &= ~(flagHook | flagTemplate);
     const std::string dialogFilter = DialogForm(arguments.Filter);
-    arguments.Filename = Buffer(arguments.Filename);
-    arguments.FileTitle = Buffer(arguments.FileTitle);
+    CheckFits(arguments.Filename);
+    CheckFits(arguments.FileTitle);
 
     FileRequest request = RequestOf(word, dialogFilter, arguments.FilterIndex);
     request.saving = saving;
@@ -165,7 +168,7 @@ std::string CDLG::VBGetFileTitle(std::string_view sFile) {
 
 std::string CDLG::FilterPiece(std::string_view text, Long index) {
     std::size_t start = 0;
-    while (true) {
+    while (index > 0) {
         const std::size_t firstNul = text.find('\0', start);
         if (firstNul == std::string_view::npos) return {};
         const std::size_t secondNul = text.find('\0', firstNul + 1);
@@ -174,6 +177,7 @@ std::string CDLG::FilterPiece(std::string_view text, Long index) {
         start = secondNul + 1;
         --index;
     }
+    return {};
 }
 
 std::string CDLG::StrFromZ(std::string_view text) {

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Numbers.h"
-#include "ui/toolkit/DialogResult.h"
-#include "ui/toolkit/PrinterState.h"
+#include "ui/toolkit/dialogs/DialogResult.h"
+#include "ui/toolkit/dialogs/PrinterState.h"
 
 #include <array>
 #include <optional>
@@ -101,7 +101,8 @@ class CDLG {
     void CustomColor(Long iValue, Long color);
 
     // Lets the user choose a font, which CurFont is before and after; it stays as it is after a
-    // cancel. A size outside of MinSize to MaxSize, in points, is not taken; 0 is no limit. With a
+    // cancel. A size outside of MinSize to MaxSize, in points, is not taken; 0 or less is no limit,
+    // and the call fails when MaxSize is below MinSize. With a
     // PrinterDC only fonts that a printer can have at any size are listed. The flag 0x100 lets the
     // user choose underline and strikeout, 0x4000 lists fonts of one width alone.
     bool VBChooseFont(QFont& CurFont, const QPrinter* PrinterDC, QWidget* Owner, Long MinSize = 0,
@@ -128,8 +129,9 @@ class CDLG {
     // then, as Printer has at once (see there). All arguments stay as they are after a cancel.
     //
     // Margins are in Units; with all four 0 the page has those of the last call, or the printer's
-    // own. The Min margins are the smallest that the user can set; with all four 0 they are the
-    // printer's own. A margin below its minimum begins at it. PaperSize and Orientation have the
+    // own. The Min margins are the smallest that the user can set; with all four 0, or leaving
+    // nothing of the page, they are the printer's own, and one below 0 is 0. A margin below its
+    // minimum begins at it, one beyond the page at its edge. PaperSize and Orientation have the
     // setting's numbers (1 Letter, 8 A3, 9 A4, ...; 1 upright, 2 across), PrintQuality is dots per
     // inch; 0, or a number that stands for nothing, is as it was at the last call or the printer's
     // own. Out, a paper of no number is 0. DisablePrinter has no effect: this dialog offers none.

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QColorDialog>
 #include <QList>
@@ -19,6 +19,7 @@ class ColorDialog : public QColorDialog {
 
     // The sixteen colours that Qt keeps, which the user may have changed.
     static CustomColors Custom();
+    static void SetCustom(const CustomColors& custom);
 
   private:
     void FoldUp(bool mayBeOpened);

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "platform/Service.h"
-#include "ui/toolkit/DialogResult.h"
-#include "ui/toolkit/PrinterState.h"
+#include "ui/toolkit/dialogs/DialogResult.h"
+#include "ui/toolkit/dialogs/PrinterState.h"
 
 #include <QColor>
 #include <QFont>
@@ -46,7 +46,9 @@ inline constexpr Long DisableOrientation = 0x100;
 inline constexpr Long DisablePaper = 0x200;
 }  // namespace pageFlag
 
-inline constexpr Long NoDefaultPrinter = 0x1008;  // why a dialog of printers fails
+// Why a dialog fails.
+inline constexpr Long NoDefaultPrinter = 0x1008;
+inline constexpr Long NoSizeAllowed = 0x2002;  // the largest is below the smallest
 
 using CustomColors = std::array<QColor, 16>;
 

@@ -1,6 +1,6 @@
-#include "ui/toolkit/CDLG.h"
-#include "ui/toolkit/CommonDialogs.h"
 #include "ui/toolkit/SystemColors.h"
+#include "ui/toolkit/dialogs/CDLG.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 namespace tavel {
 

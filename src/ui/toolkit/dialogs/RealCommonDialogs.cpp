@@ -1,9 +1,9 @@
-#include "ui/toolkit/ColorDialog.h"
-#include "ui/toolkit/FontDialog.h"
 #include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/MsgBox.h"
-#include "ui/toolkit/PageSetupDialog.h"
-#include "ui/toolkit/PrintDialog.h"
+#include "ui/toolkit/dialogs/ColorDialog.h"
+#include "ui/toolkit/dialogs/FontDialog.h"
+#include "ui/toolkit/dialogs/PageSetupDialog.h"
+#include "ui/toolkit/dialogs/PrintDialog.h"
 
 #include <QObject>
 #include <QPrinter>
@@ -16,6 +16,8 @@ namespace {
 class RealCommonDialogs : public CommonDialogs {
   public:
     ColorAnswer PickColor(const ColorRequest& request) override {
+        // Qt has one set for all its dialogs, one that may stand below this included.
+        const CustomColors before = ColorDialog::Custom();
         Modal<ColorDialog> box(request);
         ColorAnswer answer;
         if (box.Run() == QDialog::Accepted) {
@@ -23,12 +25,17 @@ class RealCommonDialogs : public CommonDialogs {
             answer.color = box->selectedColor();
         }
         answer.custom = ColorDialog::Custom();
+        ColorDialog::SetCustom(before);
         return answer;
     }
 
     FontAnswer PickFont(const FontRequest& request) override {
-        Modal<FontDialog> box(request);
         FontAnswer answer;
+        if (request.maxSize != 0 && request.maxSize < request.minSize) {
+            answer.error = NoSizeAllowed;
+            return answer;
+        }
+        Modal<FontDialog> box(request);
         if (box.Run() != QDialog::Accepted) return answer;
         answer.result = 1;
         answer.font = box->Font();

@@ -1,4 +1,4 @@
-#include "ui/toolkit/ColorDialog.h"
+#include "ui/toolkit/dialogs/ColorDialog.h"
 
 #include "ui/toolkit/Controls.h"
 
@@ -30,8 +30,7 @@ QBoxLayout& ColumnOf(const QDialog& dialog, const QWidget& control) {
 ColorDialog::ColorDialog(const ColorRequest& request) : QColorDialog(request.owner) {
     setObjectName(QStringLiteral("ColorDialog"));
     setOption(DontUseNativeDialog);
-    for (std::size_t i = 0; i < request.custom.size(); ++i)
-        setCustomColor(static_cast<int>(i), request.custom[i]);
+    SetCustom(request.custom);
     setCurrentColor(request.color);
     PlainButtons(*this);
     if ((request.flags & colorFlag::FullOpen) == 0)
@@ -42,6 +41,10 @@ CustomColors ColorDialog::Custom() {
     CustomColors custom;
     for (std::size_t i = 0; i < custom.size(); ++i) custom[i] = customColor(static_cast<int>(i));
     return custom;
+}
+
+void ColorDialog::SetCustom(const CustomColors& custom) {
+    for (std::size_t i = 0; i < custom.size(); ++i) setCustomColor(static_cast<int>(i), custom[i]);
 }
 
 void ColorDialog::FoldUp(bool mayBeOpened) {

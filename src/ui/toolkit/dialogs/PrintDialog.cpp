@@ -1,7 +1,8 @@
-#include "ui/toolkit/PrintDialog.h"
+#include "ui/toolkit/dialogs/PrintDialog.h"
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -38,12 +39,15 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
     ShowAll();
 }
 
+PrintDialog::~PrintDialog() { LetBoxesGo(*this); }
+
 // Qt offers them whatever its option says.
 void PrintDialog::HidePageNumbers() {
-    auto& ranges = *findChild<QWidget*>(QStringLiteral("gbPrintRange"));
-    for (const char* part :
-         {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
-        ranges.findChild<QWidget*>(QLatin1String(part))->hide();
+    WithPart(*this, "gbPrintRange", [](QWidget& ranges) {
+        for (const char* part :
+             {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
+            WithPart(ranges, part, [](QWidget& control) { control.hide(); });
+    });
 }
 
 // Controls without a caption of their own, as a screen reader tells them.
@@ -53,16 +57,20 @@ void PrintDialog::NameControls() {
                                                      {"pagesLineEdit", tr("Pages")},
                                                      {"pageSetCombo", tr("Page Set")},
                                                      {"fileBrowser", tr("Browse")}};
-    for (const auto& [control, name] : names)
-        findChild<QWidget*>(QLatin1String(control))->setAccessibleName(name);
+    for (const auto& named : names) {
+        WithPart(*this, named.first,
+                 [&named](QWidget& control) { control.setAccessibleName(named.second); });
+    }
 }
 
 // Copies and pages, which Qt keeps behind its last button.
 void PrintDialog::ShowAll() {
-    auto* options = findChild<QDialogButtonBox*>()->findChildren<QPushButton*>().back();
-    options->click();
-    options->hide();
-    resize(sizeHint().expandedTo({Pixels(7500), 0}));
+    WithPart<QDialogButtonBox>(*this, nullptr, [this](const QDialogButtonBox& buttons) {
+        QPushButton* options = buttons.findChildren<QPushButton*>().back();
+        options->click();
+        options->hide();
+        resize(sizeHint().expandedTo({Pixels(7500), 0}));
+    });
 }
 
 void PrintDialog::SetRange(const PrintRequest& request) {
@@ -81,11 +89,13 @@ void PrintDialog::SetRange(const PrintRequest& request) {
 }
 
 void PrintDialog::SetFile(const PrintRequest& request) {
-    const QString file = request.printer.file;
-    findChild<QLineEdit*>(QStringLiteral("filename"))
-        ->setText(file.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : file);
-    auto& printers = *findChild<QComboBox*>(QStringLiteral("printers"));
-    if (request.Has(printFlag::ToFile)) printers.setCurrentIndex(printers.count() - 1);
+    const QString last = request.printer.file;
+    const QString file = last.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : last;
+    WithPart<QLineEdit>(*this, "filename", [&file](QLineEdit& name) { name.setText(file); });
+    if (!request.Has(printFlag::ToFile)) return;
+    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
+        printers.setCurrentIndex(printers.count() - 1);
+    });
 }
 
 PrintAnswer PrintDialog::Answer() {

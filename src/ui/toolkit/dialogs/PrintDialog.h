@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QPrintDialog>
 
@@ -13,6 +13,7 @@ class PrintDialog : public QPrintDialog {
   public:
     // The printer takes what the user chooses, and must outlive the dialog.
     PrintDialog(const PrintRequest& request, QPrinter& printer);
+    ~PrintDialog() override;
 
     // What was chosen, after the dialog was accepted.
     PrintAnswer Answer();

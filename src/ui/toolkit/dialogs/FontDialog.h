@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QFontDialog>
 

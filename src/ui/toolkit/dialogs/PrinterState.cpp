@@ -1,4 +1,4 @@
-#include "ui/toolkit/PrinterState.h"
+#include "ui/toolkit/dialogs/PrinterState.h"
 
 #include <QPrinter>
 

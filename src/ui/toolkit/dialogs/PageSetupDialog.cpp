@@ -1,6 +1,7 @@
-#include "ui/toolkit/PageSetupDialog.h"
+#include "ui/toolkit/dialogs/PageSetupDialog.h"
 
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/dialogs/Parts.h"
 
 #include <QComboBox>
 #include <QPointer>
@@ -28,29 +29,32 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
 }
 
 void PageSetupDialog::SetUnits() {
-    auto& list = *findChild<QComboBox*>(QStringLiteral("unitCombo"));
-    list.setAccessibleName(tr("Units"));
-    for (int i = 0; i < list.count(); ++i) {
-        if (list.itemData(i).value<QPageLayout::Unit>() == m_units) list.setCurrentIndex(i);
-    }
+    WithPart<QComboBox>(*this, "unitCombo", [this](QComboBox& list) {
+        list.setAccessibleName(tr("Units"));
+        for (int i = 0; i < list.count(); ++i) {
+            if (list.itemData(i).value<QPageLayout::Unit>() == m_units) list.setCurrentIndex(i);
+        }
+    });
 }
 
 void PageSetupDialog::Disable(const PageRequest& request) {
     const auto disable = [&](Long flag, const char* part) {
-        if (request.Has(flag))
-            findChild<QWidget*>(QLatin1String(part))->parentWidget()->setEnabled(false);
+        if (!request.Has(flag)) return;
+        WithPart(*this, part, [](QWidget& one) { one.parentWidget()->setEnabled(false); });
     };
     disable(pageFlag::DisableMargins, "topMargin");
     disable(pageFlag::DisableOrientation, "portrait");
     disable(pageFlag::DisablePaper, "pageSizeCombo");
     // Several pages on a sheet are the printer's own doing, and a file has none.
-    auto& sheet = *findChild<QWidget*>(QStringLiteral("pagesPerSheetButtonGroup"));
-    sheet.setVisible(sheet.isEnabled());
+    WithPart(*this, "pagesPerSheetButtonGroup",
+             [](QWidget& sheet) { sheet.setVisible(sheet.isEnabled()); });
 }
 
 // Qt's own looks at the dialog after it has run, when it may have gone with its owner. So it is let
-// run, unseen, to hand the printer what was accepted, and no longer.
+// run, unseen, to hand the printer what was accepted, and no longer. A dialog without any
+// part is the system's own, which Qt's alone can show.
 int PageSetupDialog::exec() {
+    if (findChild<QWidget*>() == nullptr) return QPageSetupDialog::exec();
     const QPointer<PageSetupDialog> alive(this);
     if (QDialog::exec() != Accepted || alive.isNull()) return Rejected;
     setAttribute(Qt::WA_DontShowOnScreen);

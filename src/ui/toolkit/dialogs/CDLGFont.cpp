@@ -1,5 +1,5 @@
-#include "ui/toolkit/CDLG.h"
-#include "ui/toolkit/CommonDialogs.h"
+#include "ui/toolkit/dialogs/CDLG.h"
+#include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <algorithm>
 
