@@ -129,6 +129,17 @@ TEST(FrameList, By_position_the_count_at_that_position_goes_whosever_it_is) {
     EXPECT_EQ(FailureOf([&] { list.RemoveFrame("BBBB"); }), failure::InvalidProcedureCall);
 }
 
+TEST(FrameList, By_position_a_place_without_a_count_loses_its_frame_and_keeps_the_texts) {
+    FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});
+    list.RemoveFrame(1);  // BBBB has lost its count
+    EXPECT_EQ(FailureOf([&] { list.AddTag("AAAA", "x"); }), failure::KeyAlreadyThere);
+    list.AddTag("CCCC", "4");  // the third frame has the second count
+    EXPECT_EQ(FailureOf([&] { list.RemoveFrame(3); }), failure::SubscriptOutOfRange);
+    EXPECT_EQ(IdsOf(list), (Texts{"BBBB", "AAAA"}));
+    EXPECT_EQ(list.TagsInFrame("CCCC"), 1);
+    EXPECT_EQ(list.FrameText("CCCC", 1), "4");
+}
+
 TEST(FrameList, Texts_of_a_removed_frame_go_as_far_as_they_are_numbered_without_a_gap) {
     FrameList list({{"AAAA", "1"}, {"BBBB", "2"}, {"AAAA", "3"}});
     list.RemoveTag("AAAA", 2);  // the text of BBBB is lost, its count is not
@@ -178,6 +189,25 @@ TEST(FrameList, A_removed_instance_leaves_the_others_of_its_frame_renumbered_and
     EXPECT_EQ(FailureOf([&] { list.FrameText("TIT2", 3); }), failure::InvalidProcedureCall);
     EXPECT_EQ(list.TagsInFrame("TPE1"), 1);
     EXPECT_EQ(FailureOf([&] { list.FrameText("TPE1", 1); }), failure::InvalidProcedureCall);
+}
+
+TEST(FrameList, A_removed_instance_moves_its_frames_count_to_the_end) {
+    FrameList list({{"AAAA", "1"}, {"AAAA", "2"}, {"AAAA", "3"}, {"BBBB", "4"}});
+    ASSERT_EQ(list.TagsInFrame(1), 3);
+    list.RemoveTag("AAAA", 1);
+    EXPECT_EQ(list.TagsInFrame(1), 1);
+    EXPECT_EQ(list.TagsInFrame(2), 2);
+}
+
+TEST(FrameList, A_removed_instance_leaves_the_number_of_a_missing_text_free) {
+    FrameList list({{"AAAA", "1"}, {"AAAA", "2"}, {"BBBB", "3"}});
+    list.RemoveTag("AAAA", 1);  // the first text of BBBB is lost
+    list.AddTag("BBBB", "x");
+    list.AddTag("BBBB", "y");
+    list.RemoveTag("BBBB", 3);
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 2);
+    EXPECT_EQ(FailureOf([&] { list.FrameText("BBBB", 1); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(list.FrameText("BBBB", 2), "BBBB");
 }
 
 TEST(FrameList, The_first_or_last_instance_can_be_removed_until_none_is_left) {

@@ -263,6 +263,15 @@ TEST_P(FileOperations, MoveFile_renames_and_refuses_a_target_that_is_there) {
     EXPECT_EQ(Bytes("b.bin"), "x");
 }
 
+TEST_P(FileOperations, MoveFile_leaves_a_link_to_nothing_where_it_is) {
+    if (GetParam() != 'c') GTEST_SKIP() << "a stick has no links";
+    Put("a.bin", "x");
+    fs::create_symlink("nothing", Host("b.bin"));
+    EXPECT_NE(FailureOf([&] { files->MoveFile(At("a.bin"), At("b.bin")); }), 0);
+    EXPECT_TRUE(fs::is_symlink(Host("b.bin")));
+    EXPECT_EQ(Bytes("a.bin"), "x");
+}
+
 TEST_P(FileOperations, MoveFile_refuses_the_file_itself_in_any_spelling) {
     Put("a.bin", "x");
     fs::create_hard_link(Host("a.bin"), Host("c.bin"));
@@ -405,6 +414,8 @@ TEST_P(FileOperations, Rights_are_those_of_another_file_where_both_are_there) {
     EXPECT_EQ(Bytes("b.bin"), "y");
     files->CopyRights(At("none"), At("b.bin"));
     files->CopyRights(At("a.bin"), At("none\\b.bin"));
+    ASSERT_EQ(stat(Host("b.bin").c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777, 0640u);
 }
 
 TEST_P(FileOperations, The_folder_for_temporary_files_is_the_users_or_the_hosts) {

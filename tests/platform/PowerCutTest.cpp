@@ -256,6 +256,19 @@ TEST_F(PowerCut, A_move_to_another_file_system_keeps_time_mode_and_long_names) {
     EXPECT_EQ(fs::remove_all(other), 2u);
 }
 
+TEST_F(PowerCut, A_move_to_another_file_system_brings_over_all_of_a_large_file_though_read_only) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    const std::string bytes = std::string(std::size_t{2} << 20, 'a') + "end";
+    temp.Write("card/large.mp3", bytes);
+    fs::permissions(temp.HostPath("card/large.mp3"), fs::perms(0444));
+    files->MoveFile(temp.DrivePath("card/large.mp3"), otherDrivePath);
+    EXPECT_TRUE(files->ReadWhole(otherDrivePath) == bytes);
+    EXPECT_FALSE(fs::exists(temp.HostPath("card/large.mp3")));
+    EXPECT_TRUE(fs::remove(other));
+}
+
 TEST_F(PowerCut, A_file_on_any_drive_is_flushed_when_it_is_closed_where_that_is_asked_for) {
     Long error = 0;
     std::size_t count = 0;

@@ -191,6 +191,20 @@ TEST(CustomColor, what_is_stored_before_the_first_use_stays_and_is_shown) {
     EXPECT_EQ(dialogs.color.custom[0], SystemColor(0));
 }
 
+TEST(CustomColor, all_sixteen_come_back_from_the_box) {
+    class Painter : public DialogRecorder {
+        ColorAnswer PickColor(const ColorRequest& request) override {
+            ColorAnswer answer = DialogRecorder::PickColor(request);
+            for (int i = 0; i < 16; ++i)
+                answer.custom[static_cast<std::size_t>(i)] = QColor(i, 1, 2);
+            return answer;
+        }
+    } painter;
+    Call call;
+    call.Run();
+    for (int i = 0; i < 16; ++i) EXPECT_EQ(call.dialog.CustomColor(i), 0x020100 + i);
+}
+
 TEST(CustomColor, the_dialog_of_another_object_over_this_one_leaves_them) {
     Call below;
     for (int i = 0; i < 16; ++i) below.dialog.CustomColor(i, 0x111111);

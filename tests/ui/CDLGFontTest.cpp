@@ -239,8 +239,10 @@ TEST(VBChooseFont, the_flags_say_what_the_arguments_say_and_never_hook_or_templa
     const QPrinter printer;
     call.PrinterDC = &printer;
     call.MinSize = 8;
-    call.MaxSize = 14;
     call.flags = 0;
+    call.Run();
+    EXPECT_EQ(dialogs.font.flags, 0x40 | 0x2 | 0x2000);
+    call.MaxSize = 14;
     call.Run();
     EXPECT_EQ(dialogs.font.flags, 0x40 | 0x2 | 0x2000);
     EXPECT_EQ(dialogs.font.minSize, 8);

@@ -249,6 +249,35 @@ TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
     EXPECT_EQ(again.Orientation, 2);
 }
 
+TEST(VBPageSetupDlg2, another_paper_keeps_the_smallest_margins_of_the_printer) {
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.printer.layout =
+        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {20, 20, 20, 20},
+                    QPageLayout::Millimeter, {5, 6, 7, 8});
+    CDLG dialog;
+    auto range = CDLG::Range::All;
+    Long from = 1, to = 1;
+    Integer copies = 1;
+    bool toFile = false, collate = false;
+    ASSERT_TRUE(dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile,
+                                  collate, false, nullptr, nullptr));
+    Call call;
+    call.PaperSize = 8;
+    call.Run(dialog);
+    EXPECT_EQ(dialogs.page.printer.layout.pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF(5, 6, 7, 8));
+}
+
+TEST(VBPageSetupDlg2, a_paper_of_no_number_is_0) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer.layout.setPageSize(QPageSize(QPageSize::A10));
+    Call call;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 0);
+}
+
 TEST(VBPageSetupDlg2, a_cancel_leaves_everything_as_it_is) {
     CDLG dialog;
     Call call;

@@ -286,6 +286,7 @@ TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     prompts.ExpectFiles(title, {QStringLiteral("/a")});
     Call bare;
     bare.FileMustExist = bare.MultiSelect = bare.HideReadOnly = false;
+    bare.flags = 0x280000 | 0x400;  // what only a dialog tells
     EXPECT_TRUE(bare.Run());
     EXPECT_FALSE(prompts.LastFileRequest().Has(PickFileMustExist));
     EXPECT_FALSE(prompts.LastFileRequest().Has(PickMultiSelect));

@@ -38,14 +38,37 @@ TEST(SystemColor, is_the_color_that_the_palette_has_for_it) {
         QPalette::ColorGroup group = QPalette::Active;
     };
     const OddPalette odd;
-    for (const Case& one :
-         {Case{4, QPalette::Window}, Case{5, QPalette::Base}, Case{8, QPalette::Text},
-          Case{13, QPalette::Highlight}, Case{14, QPalette::HighlightedText},
-          Case{15, QPalette::Button}, Case{16, QPalette::Dark},
-          Case{17, QPalette::Text, QPalette::Disabled}, Case{18, QPalette::ButtonText},
-          Case{20, QPalette::Light}, Case{21, QPalette::Shadow}, Case{22, QPalette::Midlight},
-          Case{23, QPalette::ToolTipText}, Case{24, QPalette::ToolTipBase},
-          Case{30, QPalette::Window}}) {
+    for (const Case& one : {Case{0, QPalette::Button},
+                            Case{1, QPalette::Dark},
+                            Case{2, QPalette::Highlight},
+                            Case{3, QPalette::Button, QPalette::Inactive},
+                            Case{4, QPalette::Window},
+                            Case{5, QPalette::Base},
+                            Case{6, QPalette::WindowText},
+                            Case{7, QPalette::WindowText},
+                            Case{8, QPalette::Text},
+                            Case{9, QPalette::HighlightedText},
+                            Case{10, QPalette::Button},
+                            Case{11, QPalette::Button, QPalette::Inactive},
+                            Case{12, QPalette::Dark},
+                            Case{13, QPalette::Highlight},
+                            Case{14, QPalette::HighlightedText},
+                            Case{15, QPalette::Button},
+                            Case{16, QPalette::Dark},
+                            Case{17, QPalette::Text, QPalette::Disabled},
+                            Case{18, QPalette::ButtonText},
+                            Case{19, QPalette::WindowText, QPalette::Inactive},
+                            Case{20, QPalette::Light},
+                            Case{21, QPalette::Shadow},
+                            Case{22, QPalette::Midlight},
+                            Case{23, QPalette::ToolTipText},
+                            Case{24, QPalette::ToolTipBase},
+                            Case{25, QPalette::Button},
+                            Case{26, QPalette::Link},
+                            Case{27, QPalette::Highlight},
+                            Case{28, QPalette::Button, QPalette::Inactive},
+                            Case{29, QPalette::Highlight},
+                            Case{30, QPalette::Window}}) {
         EXPECT_EQ(SystemColor(one.index), QColor(one.group, one.role, 200)) << one.index;
     }
 }

@@ -9,7 +9,6 @@
 
 #include <QPointer>
 #include <QPushButton>
-#include <utility>
 
 namespace tavel::test {
 
@@ -41,25 +40,6 @@ class PanelMouse : public PanelUnderHand {
                              moves.push_back({Button, cResize, cMove});
                          });
     }
-};
-
-// Counts how often a widget is painted.
-class PaintCounter : public QObject {
-  public:
-    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
-    int Taken() {
-        RunEvents();
-        return std::exchange(m_count, 0);
-    }
-
-  protected:
-    bool eventFilter(QObject*, QEvent* event) override {
-        m_count += event->type() == QEvent::Paint ? 1 : 0;
-        return false;
-    }
-
-  private:
-    int m_count = 0;
 };
 
 // Acts when a widget gets an event of a kind.
@@ -117,6 +97,29 @@ TEST_F(PanelMouse, moves_tell_all_buttons_that_are_down) {
     EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{6, false, false}));
 }
 
+TEST_F(PanelMouse, second_press_of_another_button_is_a_press_again) {
+    Listen();
+    QTest::mouseDClick(window.windowHandle(), Qt::RightButton, Qt::NoModifier, InWindow({10, 90}));
+    EXPECT_THAT(events, ElementsAre("MouseDown 2 0 10 90", "MouseUp 2 0 10 90",
+                                    "MouseDown 2 0 10 90", "MouseUp 2 0 10 90"));
+}
+
+TEST_F(PanelMouse, press_is_told_before_it_is_seen_what_it_hits) {
+    panel.ContainerResizable(true);
+    QObject::connect(&panel, &xpFrame::MouseDown, [this] { panel.move(150, 40); });
+    Press(Grip());
+    ExpectPointer(Qt::ArrowCursor);
+    Release();
+}
+
+TEST_F(PanelMouse, moves_without_a_button_are_told_through_the_inner_label) {
+    panel.ClassicXPStyle(true);
+    PointAt(InWindow({30, 60}));
+    ListenToMoves();
+    PointAt(InWindow({31, 60}));
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}));
+}
+
 TEST_F(PanelMouse, drag_moves_the_panel_and_tells_left_and_top_crossed) {
     panel.ContainerMoveable(true);
     Listen();
@@ -130,6 +133,28 @@ TEST_F(PanelMouse, drag_moves_the_panel_and_tells_left_and_top_crossed) {
                                     "MouseUp 1 0 30 10", "Click"));
     PointAt({300, 300});
     EXPECT_EQ(panel.pos(), QPoint(105, 61));
+}
+
+TEST_F(PanelMouse, drag_of_a_panel_that_stands_alone_moves_nothing) {
+    xpFrame alone(nullptr, &host);
+    alone.ContainerMoveable(true);
+    alone.resize(300, 200);
+    alone.show();
+    const QPoint before = alone.pos();
+    QTest::mousePress(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 10));
+    QTest::mouseMove(alone.windowHandle(), QPoint(60, 40));
+    QTest::mouseRelease(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
+    EXPECT_EQ(alone.pos(), before);
+}
+
+TEST_F(PanelMouse, drag_that_comes_over_the_grip_does_not_resize) {
+    panel.ContainerResizable(true);
+    Press({30, 90});
+    PointAt(InWindow(Grip()));
+    ExpectPointer(Qt::ArrowCursor);
+    PointAt(InWindow(Grip() + QPoint(1, 1)));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(300, 200));
 }
 
 TEST_F(PanelMouse, drag_of_a_panel_that_is_not_moveable_moves_nothing_and_is_told_as_a_move) {
@@ -356,6 +381,7 @@ TEST_F(PanelMouse, release_of_the_left_button_shows_what_the_host_had_hidden_and
     Click({30, 90});
     EXPECT_TRUE(child.isVisible());
     EXPECT_TRUE(ownWindow.isHidden());
+    EXPECT_TRUE(panel.findChild<InnerLabel*>()->isHidden());
 }
 
 TEST_F(PanelMouse, click_on_the_close_button_hides_the_panel_through_its_host) {
@@ -366,6 +392,18 @@ TEST_F(PanelMouse, click_on_the_close_button_hides_the_panel_through_its_host) {
     panel.showMe();
     EXPECT_THAT(host.calls, ElementsAre("visible false", "visible true"));
     EXPECT_TRUE(panel.isVisible());
+}
+
+TEST_F(PanelMouse, click_on_the_close_button_ends_the_drag_and_shows_the_children_all_the_same) {
+    panel.Closeable(true);
+    panel.ContainerMoveable(true);
+    QPushButton child(&panel);
+    child.hide();
+    Click(Close());
+    EXPECT_FALSE(child.isHidden());
+    panel.showMe();
+    PointAt({300, 300});
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
 }
 
 TEST_F(PanelMouse, buttons_act_on_the_release_wherever_the_press_was) {
@@ -440,6 +478,18 @@ TEST_F(PanelMouse, click_on_the_chevron_returns_to_the_height_that_the_host_set)
     EXPECT_EQ(panel.size(), QSize(300, 333));
 }
 
+TEST_F(PanelMouse, drag_of_the_chevron_has_ended_when_its_click_is_told) {
+    panel.Expandable(true);
+    panel.ContainerMoveable(true);
+    QObject::connect(&panel, &xpFrame::ChevronClick, [this] {
+        QMouseEvent move(QEvent::MouseMove, QPoint(150, 100), panel.mapToGlobal(QPoint(150, 100)),
+                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(&panel, &move);
+    });
+    Click(Chevron());
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
+}
+
 TEST_F(PanelMouse, drag_of_the_chevron_ends_with_its_click) {
     panel.Expandable(true);
     panel.ContainerMoveable(true);
@@ -479,6 +529,14 @@ TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {
     Release(Qt::RightButton);
     EXPECT_EQ(paints.Taken(), 0);
     SendMouse(panel, QEvent::MouseButtonDblClick, {30, 90}, Qt::LeftButton, Qt::LeftButton);
+    EXPECT_EQ(paints.Taken(), 1);
+}
+
+TEST_F(PanelMouse, click_refreshes_the_inner_label_behind_its_event) {
+    panel.ClassicXPStyle(true);
+    PaintCounter paints(*panel.findChild<InnerLabel*>());
+    QObject::connect(&panel, &xpFrame::Click, [&] { paints.Taken(); });
+    Click({30, 90});
     EXPECT_EQ(paints.Taken(), 1);
 }
 

@@ -1,6 +1,6 @@
 #include "ui/panel/PanelUnderHand.h"
-#include "ui/support/Windows.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/panel/InnerLabel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -144,6 +144,7 @@ TEST_F(PanelOperations, hdc_is_set_up_whenever_the_panel_is_shown) {
 TEST_F(PanelOperations, hdc_is_set_up_from_the_start) {
     xpFrame placed(&window);
     EXPECT_EQ(placed.hdc()->Size(), placed.size());
+    EXPECT_EQ(placed.hdc()->Ratio(), placed.devicePixelRatioF());
     EXPECT_EQ(At(*placed.hdc(), 5, 5), QColor(Qt::black));
 }
 
@@ -176,6 +177,30 @@ TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
     EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
 }
 
+TEST_F(PanelOperations, focus_comes_with_a_press) {
+    QLineEdit other(&window);
+    other.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    Click({30, 90});
+    EXPECT_TRUE(panel.hasFocus());
+}
+
+TEST_F(PanelOperations, focus_refreshes_the_inner_label) {
+    QLineEdit other(&window);
+    other.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    panel.ClassicXPStyle(true);
+    PaintCounter paints(*panel.findChild<InnerLabel*>());
+    paints.Taken();
+    ASSERT_EQ(paints.Taken(), 0);
+    panel.setFocus();
+    EXPECT_EQ(paints.Taken(), 1);
+}
+
 TEST_F(PanelKeys, are_told_with_their_characters) {
     QTest::keyClick(window.windowHandle(), 'a');
     QTest::keyClick(window.windowHandle(), Qt::Key_F2, Qt::ControlModifier);
@@ -190,6 +215,21 @@ TEST_F(PanelKeys, of_deletion_is_a_key_and_no_character) {
     QKeyEvent down(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, QStringLiteral("\x7f"));
     QApplication::sendEvent(&panel, &down);
     EXPECT_THAT(events, ElementsAre("KeyDown " + std::to_string(Qt::Key_Delete) + " 0"));
+}
+
+TEST_F(PanelKeys, of_a_character_beyond_16_bits_tell_it_whole) {
+    QKeyEvent down(QEvent::KeyPress, 0, Qt::NoModifier, QString::fromUcs4(U"\U0001F600", 1));
+    QApplication::sendEvent(&panel, &down);
+    EXPECT_THAT(events, ElementsAre("KeyDown 0 0", "KeyPress 128512"));
+}
+
+TEST_F(PanelKeys, go_on_to_the_window) {
+    QKeyEvent down(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&panel, &down);
+    EXPECT_FALSE(down.isAccepted());
+    QKeyEvent up(QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(&panel, &up);
+    EXPECT_FALSE(up.isAccepted());
 }
 
 TEST_F(PanelKeys, that_repeat_come_up_once) {
@@ -237,6 +277,14 @@ TEST(SmoothForm, rounds_a_windows_corners_and_leaves_out_its_last_column_and_row
     EXPECT_TRUE(form.mask().contains(QPoint(198, 50)));
     xpFrame::SmoothForm(form, 0);
     EXPECT_EQ(form.mask(), QRegion(0, 0, 199, 99));
+}
+
+TEST(SmoothForm, hides_all_of_a_window_of_one_pixel) {
+    QWidget form;
+    form.resize(1, 1);
+    xpFrame::SmoothForm(form, 0);
+    EXPECT_FALSE(form.mask().isEmpty());
+    EXPECT_FALSE(form.mask().contains(QPoint(0, 0)));
 }
 
 TEST(SmoothForm, takes_a_curvature_larger_than_the_window) {

@@ -5,6 +5,8 @@
 
 #include <QPixmap>
 #include <functional>
+#include <utility>
+#include <vector>
 
 namespace tavel::test {
 

@@ -268,6 +268,37 @@ TEST_F(PanelPropertiesOf, a_panel_come_back_from_a_store) {
     EXPECT_EQ(ValuesOf(other), values);
 }
 
+TEST_F(PanelPropertiesOf, a_store_keep_a_chevron_and_a_grip_in_classic_style) {
+    MemoryPropertyBag bag;
+    bag.WriteProperty("ClassicXPStyle", true);
+    bag.WriteProperty("Expandable", true);
+    bag.WriteProperty("ContainerResizable", true);
+    panel.ReadProperties(bag);
+    EXPECT_TRUE(panel.ClassicXPStyle() && panel.Expandable() && panel.ContainerResizable());
+}
+
+TEST_F(PanelPropertiesOf, a_store_leave_a_collapsed_panel_collapsed) {
+    panel.Collapse();
+    panel.resize(300, 200);
+    MemoryPropertyBag bag;
+    bag.WriteProperty("ClassicXPStyle", false);
+    bag.WriteProperty("ContainerResizable", true);
+    panel.ReadProperties(bag);
+    EXPECT_FALSE(panel.Areas().grip);
+}
+
+TEST_F(PanelPropertiesOf, a_store_and_a_new_panel_switch_the_widget_as_well) {
+    MemoryPropertyBag bag;
+    bag.WriteProperty("Enabled", false);
+    panel.ReadProperties(bag);
+    EXPECT_FALSE(panel.isEnabled());
+    panel.ReadProperties(MemoryPropertyBag());
+    EXPECT_TRUE(panel.isEnabled());
+    panel.enabled(false);
+    panel.InitProperties();
+    EXPECT_TRUE(panel.isEnabled());
+}
+
 TEST_F(PanelPropertiesOf, a_store_that_are_of_a_wrong_kind_fail_with_13_and_leave_the_panel) {
     MemoryPropertyBag bag;
     bag.WriteProperty("HeaderText", QStringLiteral("Read"));
@@ -297,6 +328,7 @@ TEST(MemoryPropertyBag, writes_nothing_that_equals_the_default) {
     bag.WriteProperty("a", 1, PropertyValue(1));
     EXPECT_THAT(bag.Values(), IsEmpty());
     bag.WriteProperty("a", 2, PropertyValue(1));
+    bag.WriteProperty("b", 3);
     bag.WriteProperty("b", 1);
     EXPECT_EQ(bag.ReadProperty("a", 7), PropertyValue(2));
     EXPECT_EQ(bag.ReadProperty("b", 7), PropertyValue(1));

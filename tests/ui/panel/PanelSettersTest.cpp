@@ -120,11 +120,14 @@ TEST_F(PanelSetter, of_classic_style_shows_the_inner_label_over_the_whole_panel_
     auto* label = panel.findChild<InnerLabel*>();
     ASSERT_NE(label, nullptr);
     EXPECT_FALSE(label->isVisible());
+    const QPushButton child(&panel);
     panel.HeaderText(QStringLiteral("News"));
     panel.ClassicXPStyle(true);
+    EXPECT_EQ(panel.children().last(), label) << "in front of the children";
     EXPECT_TRUE(label->isVisible());
     EXPECT_EQ(label->text(), QStringLiteral("News"));
     EXPECT_EQ(label->font().family(), panel.HeaderTextFont().family());
+    EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_EQ(label->palette().color(QPalette::WindowText), QColor(0, 70, 213));
     panel.resize(120, 90);
     EXPECT_EQ(label->geometry(), panel.rect());
@@ -178,6 +181,15 @@ TEST_F(PanelSetter, of_custom_colours_draws_with_them_whatever_the_order) {
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x60, 0x50, 0x40));
     panel.UseCustomColors(false);
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(142, 179, 231));
+}
+
+TEST_F(PanelSetter, of_custom_colors_leaves_the_last_ones_where_no_theme_takes_their_place) {
+    panel.ContainerBackColor(0x102030);
+    panel.ContainerFadeColor(0x102030);
+    panel.UseCustomColors(true);
+    panel.Appearence(12);
+    panel.UseCustomColors(false);
+    EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
 }
 
 TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {

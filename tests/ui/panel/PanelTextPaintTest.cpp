@@ -5,6 +5,7 @@
 
 #include <QFontMetrics>
 #include <algorithm>
+#include <array>
 #include <vector>
 
 namespace tavel::test {
@@ -304,6 +305,24 @@ TEST(PanelTextPaint, has_its_bars_colour) {
     }
 }
 
+TEST(PanelTextPaint, has_its_themes_color) {
+    constexpr std::array<PanelModel::Rgb, 12> headers{0xD7E6FB, 0xFFFFFF, 0xD7E6FB, 0x002963,
+                                                      0x649058, 0x777697, 0x6E6D8F, 0xFFDEAD,
+                                                      0xE9FAF8, 0xEBEBEB, 0xFF0000, 0xACBFE3};
+    for (Integer theme = 0; theme < 12; ++theme) {
+        SCOPED_TRACE(theme);
+        PanelProperties p = Sharp({});
+        p.Appearence = theme;
+        p.HeaderText = p.FooterText = QLatin1String(sText);
+        PlacedPanel placed(p, width, height);
+        const PanelModel::Rgb footer = theme == 3 ? 0x002963 : 0xD7E6FB;
+        for (const auto& pixel : PanelModel(p, width, height).Differences(placed.Picture()))
+            EXPECT_EQ(pixel.color,
+                      pixel.y < 40 ? headers[static_cast<std::size_t>(theme)] : footer);
+        EXPECT_GT(Ink(placed.Picture(), p).height(), 50);
+    }
+}
+
 TEST(PanelTextPaint, of_a_bar_that_is_not_shown_is_not_shown) {
     PanelProperties p = Sharp({});
     p.HeaderText = p.FooterText = QLatin1String(sText);
@@ -311,6 +330,24 @@ TEST(PanelTextPaint, of_a_bar_that_is_not_shown_is_not_shown) {
     EXPECT_TRUE(Ink(p).isEmpty());
     p.HeaderVisible = true;
     EXPECT_LT(Ink(p).bottom(), 39);
+}
+
+TEST(PanelTextPaint, in_classic_style_interrupts_the_frame_from_8_on_with_a_gap_of_2) {
+    PanelProperties p = Sharp({});
+    p.ClassicXPStyle = true;
+    p.BackColor = 0x00FF00;
+    p.HeaderText = QLatin1String(sText);
+    PlacedPanel placed(p, width, height);
+    const QImage picture = placed.Picture();
+    const auto at = [&](int x) {
+        return picture.pixel(x * picture.width() / width, 4 * picture.width() / width) & 0xFFFFFF;
+    };
+    const int end = 8 + QFontMetrics(SharpFont()).horizontalAdvance(QLatin1String(sText)) + 2;
+    EXPECT_EQ(at(5), 0xD0D0BFU);
+    EXPECT_EQ(at(6), 0x00FF00U);
+    EXPECT_EQ(at(7), 0x00FF00U);
+    EXPECT_EQ(at(end - 1), 0x00FF00U);
+    EXPECT_EQ(at(end + 1), 0xD0D0BFU);
 }
 
 TEST(PanelTextPaint, in_classic_style_is_the_headers_alone_in_blue) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/support/Windows.h"
 #include "ui/toolkit/panel/xpFrame.h"
 
 #include <gtest/gtest.h>
@@ -8,6 +9,7 @@
 #include <QWindow>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace tavel::test {
@@ -35,6 +37,25 @@ inline QImage Square() {
     square.setPixelColor(0, 0, Qt::black);
     return square;
 }
+
+// Counts how often a widget is painted.
+class PaintCounter : public QObject {
+  public:
+    explicit PaintCounter(QWidget& widget) { widget.installEventFilter(this); }
+    int Taken() {
+        RunEvents();
+        return std::exchange(m_count, 0);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        m_count += event->type() == QEvent::Paint ? 1 : 0;
+        return false;
+    }
+
+  private:
+    int m_count = 0;
+};
 
 // A panel at (50, 40) in a window, 300 pixels wide and 200 high, and a pointer over it. Presses go
 // the way of a real mouse's: through the window, to the widget below the pointer.
