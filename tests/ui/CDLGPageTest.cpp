@@ -115,6 +115,7 @@ TEST(VBPageSetupDlg2, margins_are_in_the_given_units) {
     call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 1.25;
     WhenModal([](QWidget& box) {
         EXPECT_EQ(Margin(box, "leftMargin").value(), 1.25);
+        EXPECT_EQ(Margin(box, "leftMargin").suffix(), QStringLiteral("in"));
         EXPECT_EQ(Find<QComboBox>(box, "unitCombo").currentText(), QStringLiteral("Inches (in)"));
         TypeMargin(box, "leftMargin", "0.75");
         PressReturn(box);

@@ -1,6 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
 #include "ui/toolkit/Twips.h"
-#include "ui/toolkit/panel/InnerLabel.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -185,20 +184,6 @@ TEST_F(PanelOperations, focus_comes_with_a_press) {
     other.setFocus();
     Click({30, 90});
     EXPECT_TRUE(panel.hasFocus());
-}
-
-TEST_F(PanelOperations, focus_refreshes_the_inner_label) {
-    QLineEdit other(&window);
-    other.show();
-    window.activateWindow();
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    other.setFocus();
-    panel.ClassicXPStyle(true);
-    PaintCounter paints(*panel.findChild<InnerLabel*>());
-    paints.Taken();
-    ASSERT_EQ(paints.Taken(), 0);
-    panel.setFocus();
-    EXPECT_EQ(paints.Taken(), 1);
 }
 
 TEST_F(PanelKeys, are_told_with_their_characters) {

@@ -183,15 +183,6 @@ TEST_F(PanelSetter, of_custom_colours_draws_with_them_whatever_the_order) {
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(142, 179, 231));
 }
 
-TEST_F(PanelSetter, of_custom_colors_leaves_the_last_ones_where_no_theme_takes_their_place) {
-    panel.ContainerBackColor(0x102030);
-    panel.ContainerFadeColor(0x102030);
-    panel.UseCustomColors(true);
-    panel.Appearence(12);
-    panel.UseCustomColors(false);
-    EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
-}
-
 TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {
     panel.Expandable(true);
     Click(Chevron());

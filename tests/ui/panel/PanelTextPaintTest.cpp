@@ -305,7 +305,7 @@ TEST(PanelTextPaint, has_its_bars_colour) {
     }
 }
 
-TEST(PanelTextPaint, has_its_themes_color) {
+TEST(PanelTextPaint, has_its_themes_colour) {
     constexpr std::array<PanelModel::Rgb, 12> headers{0xD7E6FB, 0xFFFFFF, 0xD7E6FB, 0x002963,
                                                       0x649058, 0x777697, 0x6E6D8F, 0xFFDEAD,
                                                       0xE9FAF8, 0xEBEBEB, 0xFF0000, 0xACBFE3};
