@@ -13,14 +13,15 @@ namespace tavel {
 //
 // Growing makes the new file in the folder for temporary files, or beside the program where there
 // is none, deletes the MP3 file, and moves the new one to its path, with the old one's owner and
-// mode, and with its name where no new file would get the path's. A link becomes a file of its own,
-// and a file with several names is parted from the others. What a failure leaves:
-// - up to the deletion: the old file, and no temporary one.
+// mode, and with its name where no new file would get the path's or another has it. A link becomes
+// a file of its own, and a file with several names is parted from the others. What a failure
+// leaves:
+// - up to the deletion: the old file, and no temporary one, unless that cannot be deleted either.
 // - a deletion that failed: the temporary file, whole, beside the old file; or alone, where the old
 //   one had gone and only that could not be brought to the medium.
-// - a move that failed: the temporary file, whole, and no file at the path, or that one too if it
-//   was whole by then; or the new file at the path alone, where it had been moved and only that
-//   could not be brought to the medium.
+// - a move that failed: the temporary file, whole, and none of it at the path, or all of it there,
+//   too; or the new file at the path alone, where it had been moved and only that could not be
+//   brought to the medium.
 // - behind the move: the new file, its room still empty.
 // - while the tag is laid over the file: the bytes that were there, as far as the disk takes them
 //   back. Of a tag that reaches beyond the file's end, as an old one may tell that it does, the end

@@ -215,6 +215,25 @@ TEST_F(TagUpdatePlaces, A_file_beside_one_whose_name_differs_in_case_keeps_its_p
     }
 }
 
+// A link, which on a stick is nothing, could lead the new file's name elsewhere.
+TEST_F(TagUpdatePlaces, A_file_beside_a_link_whose_name_differs_in_case_keeps_its_place) {
+    temp.Write("card/Song.mp3", audio);
+    fs::create_symlink("/nowhere", temp.HostPath("card/song.mp3"));
+    for (const char* path : {"e:\\Song.mp3", "e:\\SONG.mp3"}) {
+        SetTitle(path, std::string(path == "e:\\Song.mp3"s ? 10 : 3000, 't'));
+        EXPECT_EQ(FullFailureOf([&] { tag.Update(); }), "") << path;
+        EXPECT_TRUE(fs::is_symlink(temp.HostPath("card/song.mp3")));
+    }
+    EXPECT_FALSE(fs::exists(temp.HostPath("card/Song.mp3")));
+    EXPECT_TRUE(fs::exists(temp.HostPath("card/SONG.mp3")));
+}
+
+TEST_F(TagUpdatePlaces, A_file_does_not_take_its_own_place) {
+    EXPECT_EQ(FailureOf([&] { files->ReplaceFile("e:\\one.mp3", "e:\\ONE.mp3"); }),
+              failure::PermissionDenied);
+    EXPECT_TRUE(temp.Read("card/one.mp3") == audio);
+}
+
 TEST_F(TagUpdatePlaces, No_file_is_deleted_for_a_temporary_one_that_has_gone) {
     const std::string gone = temp.DrivePath("temp\\gone.tmp");
     EXPECT_EQ(FailureOf([&] { files->ReplaceFile("e:\\one.mp3", gone); }), failure::FileNotFound);

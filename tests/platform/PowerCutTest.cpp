@@ -222,6 +222,20 @@ TEST_F(PowerCut, A_move_to_another_file_system_keeps_a_source_that_is_cut_short_
     EXPECT_FALSE(fs::remove(SuccessorOf(other)));
 }
 
+TEST_F(PowerCut, A_move_to_another_file_system_removes_no_file_that_took_the_sources_place) {
+    const fs::path other = OnAnotherFileSystem();
+    if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";
+    const std::string otherDrivePath = "c:\\dev\\shm\\" + other.filename().string();
+    HostCalls all("/");
+    all.Before("flush folder dev/shm", [&] {
+        temp.Write("card/new.txt", "another program's");
+        fs::rename(temp.HostPath("card/new.txt"), temp.HostPath("card/old.txt"));
+    });
+    files->MoveFile(temp.DrivePath("card/old.txt"), otherDrivePath);
+    EXPECT_EQ(temp.Read("card/old.txt"), "another program's");
+    EXPECT_TRUE(fs::remove(other));
+}
+
 TEST_F(PowerCut, A_move_to_another_file_system_replaces_no_file_that_comes_meanwhile) {
     const fs::path other = OnAnotherFileSystem();
     if (other.empty()) GTEST_SKIP() << "needs a second file system at /dev/shm";

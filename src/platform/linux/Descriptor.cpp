@@ -49,10 +49,15 @@ void Descriptor::SetTime(const timespec& modified) const {
 }
 
 // Without the right to give it away it is the user's, who may write it, as the other one's owner
-// may perhaps not.
+// may perhaps not. A group that is not the other one's may do no more than everybody.
 void Descriptor::TakeOwnerAndMode(const struct stat& other) const {
-    const bool hasOwner = fchown(m_descriptor, other.st_uid, other.st_gid) == 0;
-    const mode_t mode = (other.st_mode & 0777) | (hasOwner ? 0 : S_IRUSR | S_IWUSR);
+    constexpr uid_t sameOwner = -1;
+    mode_t mode = other.st_mode & 0777;
+    if (fchown(m_descriptor, other.st_uid, other.st_gid) != 0) {
+        mode |= S_IRUSR | S_IWUSR;
+        if (fchown(m_descriptor, sameOwner, other.st_gid) != 0)
+            mode = (mode & ~S_IRWXG) | (mode & S_IRWXO) << 3;
+    }
     [[maybe_unused]] const bool hasMode = fchmod(m_descriptor, mode) == 0;
 }
 

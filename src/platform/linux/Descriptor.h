@@ -36,8 +36,9 @@ class Descriptor {
     bool Flush() const { return fsync(m_descriptor) == 0; }
     // Gives the file a modification time; one that its file system can't keep is passed over.
     void SetTime(const timespec& modified) const;
-    // Gives the file to the owner of another, where the user may, with the same mode; else the user
-    // may read and write it, besides. A file system without owners and modes refuses both.
+    // Gives the file to the owner and the group of another, where the user may, with the same mode;
+    // else the user may read and write it, besides, and a group that is not the other one's has the
+    // rights of everybody. A file system without owners and modes refuses all of it.
     void TakeOwnerAndMode(const struct stat& other) const;
 
     // False when the host reports a failure; the descriptor is closed all the same.

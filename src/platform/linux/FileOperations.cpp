@@ -126,11 +126,18 @@ void CopyWhole(Place source, const Place& target) {
     if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
 }
 
+bool IsSameInode(const struct stat& a, const struct stat& b) {
+    return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
+}
+
+// A copy takes its time. Another file that has come to the source's path meanwhile stays.
 void MoveAcross(DriveTable& drives, Place source, Place target) {
     const std::string sourcePath = source.path.Text();
-    target.status = source.status;
+    const struct stat copied = source.status;
+    target.status = copied;
     CopyWhole(std::move(source), target);
-    DeleteFileAt(FindPlace(drives, sourcePath), true);
+    const Place left = FindPlace(drives, sourcePath);
+    if (left.failure != 0 || IsSameInode(left.status, copied)) DeleteFileAt(left, true);
 }
 
 void MoveToFree(DriveTable& drives, Place source, Place target) {
@@ -142,18 +149,30 @@ void MoveToFree(DriveTable& drives, Place source, Place target) {
     }
 }
 
-// The host may have had a name there that a new file never gets, or another file whose name differs
-// in case alone: what takes the place of the deleted file then takes that one's own name.
-Place PlaceLeftBy(const Place& deleted, DriveTable& drives, std::string_view path) {
-    const std::string ownName(LastName(deleted.hostPath));
-    Place place = FindPlace(drives, path);
-    const bool isOther = place.failure == 0 && LastName(place.hostPath) != ownName;
-    const bool isRenamed =
-        place.failure == failure::FileNotFound && place.name != place.path.names.back();
-    if (!isOther && !isRenamed) return place;
+// What takes a file's place gets the name that its path has. Where a new file would get another, or
+// something else has that name, as one may whose name differs in case alone, it gets the file's.
+std::string NameInPlaceOf(const Place& file, const Descriptor& folder) {
+    std::string ownName(LastName(file.hostPath));
+    const std::string& name = file.path.names.back();
+    struct stat named {};
+    const bool isTaken = fstatat(folder.Get(), name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
+                         !IsSameInode(named, file.status);
+    return NameToCreate(name) == name && !isTaken ? name : ownName;
+}
+
+// Where a file lies, as a free place; to be asked for while it lies there.
+Place PlaceOfItsOwn(const Place& file) {
+    Place place;
     place.failure = failure::FileNotFound;
-    place.hostPath = HostJoin(FolderOf(place.hostPath), ownName);
-    place.name = ownName;
+    place.path = file.path;
+    place.isOnRemovable = file.isOnRemovable;
+    place.isFlushed = file.isFlushed;
+    constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
+    place.folder = Descriptor(file.folder.IsOpen() ? openat(file.Parent(), ".", flags)
+                                                   : open(FolderOf(file.hostPath).c_str(), flags));
+    Require(place.folder.IsOpen());
+    place.name = NameInPlaceOf(file, place.folder);
+    place.hostPath = HostJoin(FolderOf(file.hostPath), place.name);
     return place;
 }
 
@@ -255,8 +274,11 @@ void ReplaceFileBetween(DriveTable& drives, std::string_view path, std::string_v
     RequireFile(from);
     const Place former = FindPlace(drives, path);
     RequireOneDrive(former);
+    RequireFile(former);
+    if (IsSameFile(from, former)) Fail(failure::PermissionDenied);
+    Place freed = PlaceOfItsOwn(former);
     DeleteFileAt(former, false);
-    MoveToFree(drives, std::move(from), PlaceLeftBy(former, drives, path));
+    MoveToFree(drives, std::move(from), std::move(freed));
 }
 
 }  // namespace tavel

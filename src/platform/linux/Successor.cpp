@@ -27,8 +27,11 @@ std::string NameBeside(std::string_view name) {
 
 bool RenameIfFree(int from, const char* old, int to, const char* name) {
     if (renameat2(from, old, to, name, RENAME_NOREPLACE) == 0) return true;
-    // Not every file system knows the flag; that the place is free has been seen just now.
-    return (errno == EINVAL || errno == ENOSYS) && renameat(from, old, to, name) == 0;
+    if (errno != EINVAL && errno != ENOSYS) return false;
+    // Not every file system knows the flag.
+    struct stat taken {};
+    if (fstatat(to, name, &taken, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
+    return errno != EEXIST && renameat(from, old, to, name) == 0;
 }
 
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link

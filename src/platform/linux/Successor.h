@@ -11,8 +11,8 @@ bool RenameIfFree(int from, const char* old, int to, const char* name);
 // A new file beside another, which can take that one's place in one step: whoever looks, after a
 // kill or a power cut too, finds the old bytes or the new ones. Where there is no other one it
 // takes the free place, whole. Its name is always the same, so that one which a kill has left
-// behind is gone with the next. It belongs to whom the other one belongs to, where the user may
-// give it away, and has the same mode.
+// behind is gone with the next. It has the other one's owner and mode, as far as
+// the user may give it away (Descriptor.h).
 class Successor {
   public:
     // `former` is a file, or a free place with the status that the file is to have; its folder is
