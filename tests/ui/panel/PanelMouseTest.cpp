@@ -359,6 +359,17 @@ TEST_F(PanelMouse, children_may_delete_their_neighbours_when_they_are_hidden) {
     EXPECT_TRUE(child.isVisible());
 }
 
+TEST_F(PanelMouse, children_may_take_their_neighbours_elsewhere_when_they_are_shown) {
+    QPushButton child(&panel);
+    QPushButton neighbour(&panel);
+    child.hide();
+    neighbour.hide();
+    const On takes(QEvent::Show, child, [&] { neighbour.setParent(nullptr); });
+    Click({30, 90});
+    EXPECT_TRUE(child.isVisible());
+    EXPECT_TRUE(neighbour.isHidden());
+}
+
 TEST_F(PanelMouse, drag_of_the_grip_at_the_present_size_hides_no_children) {
     panel.ContainerResizable(true);
     QPushButton child(&panel);

@@ -57,8 +57,9 @@ class CDLG {
     Long APIReturn() const { return m_apiReturn; }
     Long ExtendedError() const { return m_extendedError; }
 
-    // Lets the user choose one or more existing files. False on cancel and on failure, which look
-    // alike: Filename, FileTitle and Filter empty, flags 0, FilterIndex -1.
+    // Lets the user choose a file, or more with MultiSelect, which with either flag is there. False
+    // on cancel and on failure, which look alike: Filename, FileTitle and Filter empty, flags 0,
+    // FilterIndex -1.
     //
     // Filename: in, the initial name or path; out, all MaxFile characters: the path, or the folder
     // and the names with a NUL behind each, and NULs to the end. FileTitle: the chosen name without
@@ -102,9 +103,9 @@ class CDLG {
 
     // Lets the user choose a font, which CurFont is before and after; it stays as it is after a
     // cancel. A size outside of MinSize to MaxSize, in points, is not taken; 0 or less is no limit,
-    // and the call fails when MaxSize is below MinSize. With a
-    // PrinterDC only fonts that a printer can have at any size are listed. The flag 0x100 lets the
-    // user choose underline and strikeout, 0x4000 lists fonts of one width alone.
+    // and the call fails when MaxSize is below MinSize. With a PrinterDC only fonts that a printer
+    // can have at any size are listed. The flag 0x100 lets the user choose underline and strikeout,
+    // 0x4000 lists fonts of one width alone.
     bool VBChooseFont(QFont& CurFont, const QPrinter* PrinterDC, QWidget* Owner, Long MinSize = 0,
                       Long MaxSize = 0, Long flags = 0, bool Hook = false,
                       EventSink* Sink = nullptr);

@@ -131,7 +131,7 @@ void DeviceContext::DrawText(const QString& text, const Edges& edges, unsigned f
 
 void DeviceContext::DrawIcon(const QIcon& icon, QPoint place, int side) {
     if (m_surface.isNull() || side < 0) return;
-    // Beyond that an icon has no more to show, and a drawn one would be made in full.
+    // The setting's icons are no larger, and a drawn one would be made in full.
     constexpr QSize largest(256, 256);
     const QSize size = side == 0 ? icon.actualSize(largest) : QSize(side, side);
     QPainter painter(&m_surface);

@@ -33,7 +33,8 @@ QColor GradientStep(const QColor& start, const QColor& end, int step, int steps)
 
 // A drawing surface with what is selected into it. Coordinates are logical pixels; on a screen of
 // ratio 2 each is two device pixels wide and high, for lines and gradients too, while text and
-// pictures use the device's own. Nothing is smoothed but text. What falls outside is cut off.
+// pictures use the device's own. Nothing is smoothed but text, and icons that are drawn smaller
+// than they are. What falls outside is cut off.
 class DeviceContext {
   public:
     // A black surface. Without a size it takes all calls and shows nothing.
@@ -67,8 +68,9 @@ class DeviceContext {
     // in the text break the line.
     void DrawText(const QString& text, const Edges& edges, unsigned flags);
 
-    // A picture stretched to that side, or with a side of 0 as large as it is; below that nothing.
-    // Of a bitmap, what has the key's colour is left out; it has no other transparency.
+    // A picture stretched to that side, or with a side of 0 as large as it is (an icon up to 256);
+    // below that nothing. Of a bitmap, what has the key's colour is left out; it has no other
+    // transparency.
     void DrawIcon(const QIcon& icon, QPoint place, int side);
     void DrawBitmap(const QImage& bitmap, QRgb key, QPoint place, int side);
 

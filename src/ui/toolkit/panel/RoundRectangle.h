@@ -9,7 +9,8 @@
 namespace tavel {
 
 // Rectangles whose corners are quarters of an ellipse of a given width and height, as far as the
-// rectangle has room for it. An ellipse below two pixels leaves the corners square.
+// rectangle has room for it. An ellipse of less than two pixels either way, whose sign does not
+// count, leaves the corners square.
 
 // The points at which the outline turns, clockwise and back to the first.
 std::vector<QPoint> RoundRectOutline(const Edges& edges, int ellipseWidth, int ellipseHeight);

@@ -147,14 +147,14 @@ PanelLook xpFrame::Look() const {
             m_headerFlags, m_footerFlags, m_collapsed};
 }
 
-// What is done to one child may be the end of another.
+// What is done to one child may be the end of another, or take it away.
 void xpFrame::ForEachChild(const std::function<void(QWidget&)>& act) {
     QList<QPointer<QWidget>> children;
     for (QWidget* child : findChildren<QWidget*>(Qt::FindDirectChildrenOnly)) {
         if (child != m_label && !child->isWindow()) children.append(child);
     }
     for (const QPointer<QWidget>& child : children) {
-        if (child) act(*child);
+        if (child && child->parentWidget() == this && !child->isWindow()) act(*child);
     }
 }
 

@@ -22,7 +22,8 @@ struct PanelLook;
 // widgets. It can be closed, collapsed to its header, moved and resized by the mouse.
 //
 // A panel starts as a newly placed one. A stored one is read with ReadProperties, which takes any
-// earlier property back. Nothing fails, but for ReadProperties.
+// earlier property back; children that were disabled stay so until enabled(true). Nothing fails,
+// but for ReadProperties.
 //
 // A receiver of an event does not delete the panel; deleteLater does no harm.
 //
