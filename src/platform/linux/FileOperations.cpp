@@ -149,15 +149,22 @@ void MoveToFree(DriveTable& drives, Place source, Place target) {
     }
 }
 
-// What takes a file's place gets the name that its path has. Where a new file would get another, or
-// something else has that name, as one may whose name differs in case alone, it gets the file's.
+bool IsLink(const Descriptor& folder, const std::string& name) {
+    struct stat status {};
+    return fstatat(folder.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
+           S_ISLNK(status.st_mode);
+}
+
+// What takes a file's place gets the name that its path has. Where a new file would get another,
+// the host has no such name, or something else has it, as one may whose name differs in case alone,
+// it gets the file's.
 std::string NameInPlaceOf(const Place& file, const Descriptor& folder) {
     std::string ownName(LastName(file.hostPath));
     const std::string& name = file.path.names.back();
     struct stat named {};
-    const bool isTaken = fstatat(folder.Get(), name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0 &&
-                         !IsSameInode(named, file.status);
-    return NameToCreate(name) == name && !isTaken ? name : ownName;
+    const bool isThere = fstatat(folder.Get(), name.c_str(), &named, AT_SYMLINK_NOFOLLOW) == 0;
+    const bool isUsable = isThere ? IsSameInode(named, file.status) : errno == ENOENT;
+    return NameToCreate(name) == name && isUsable ? name : ownName;
 }
 
 // Where a file lies, as a free place; to be asked for while it lies there.
@@ -166,11 +173,12 @@ Place PlaceOfItsOwn(const Place& file) {
     place.failure = failure::FileNotFound;
     place.path = file.path;
     place.isOnRemovable = file.isOnRemovable;
-    place.isFlushed = file.isFlushed;
     constexpr int flags = O_PATH | O_DIRECTORY | O_CLOEXEC;
     place.folder = Descriptor(file.folder.IsOpen() ? openat(file.Parent(), ".", flags)
                                                    : open(FolderOf(file.hostPath).c_str(), flags));
     Require(place.folder.IsOpen());
+    // A link may lie on a stick, and what it leads to elsewhere.
+    place.isFlushed = file.isFlushed || IsLink(place.folder, std::string(LastName(file.hostPath)));
     place.name = NameInPlaceOf(file, place.folder);
     place.hostPath = HostJoin(FolderOf(file.hostPath), place.name);
     return place;
@@ -182,12 +190,6 @@ std::string RandomDigits() {
     std::array<char, 9> text{};
     std::snprintf(text.data(), text.size(), "%08x", number);
     return text.data();
-}
-
-bool IsLink(const Descriptor& folder, const std::string& name) {
-    struct stat status {};
-    return fstatat(folder.Get(), name.c_str(), &status, AT_SYMLINK_NOFOLLOW) == 0 &&
-           S_ISLNK(status.st_mode);
 }
 
 }  // namespace

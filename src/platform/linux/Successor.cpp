@@ -31,7 +31,7 @@ bool RenameIfFree(int from, const char* old, int to, const char* name) {
     // Not every file system knows the flag.
     struct stat taken {};
     if (fstatat(to, name, &taken, AT_SYMLINK_NOFOLLOW) == 0) errno = EEXIST;
-    return errno != EEXIST && renameat(from, old, to, name) == 0;
+    return errno == ENOENT && renameat(from, old, to, name) == 0;
 }
 
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link
