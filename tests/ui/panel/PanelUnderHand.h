@@ -57,6 +57,25 @@ class PaintCounter : public QObject {
     int m_count = 0;
 };
 
+// Acts when a widget gets an event of a kind.
+class On : public QObject {
+  public:
+    On(QEvent::Type type, QWidget& widget, std::function<void()> act)
+        : m_type(type), m_act(std::move(act)) {
+        widget.installEventFilter(this);
+    }
+
+  protected:
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == m_type) m_act();
+        return false;
+    }
+
+  private:
+    QEvent::Type m_type;
+    std::function<void()> m_act;
+};
+
 // A panel at (50, 40) in a window, 300 pixels wide and 200 high, and a pointer over it. Presses go
 // the way of a real mouse's: through the window, to the widget below the pointer.
 class PanelUnderHand : public testing::Test {
@@ -129,6 +148,20 @@ class PanelUnderHand : public testing::Test {
             Note("Move", {cTop, cLeft});
         });
     }
+    // What the panel tells while it is moved and resized, with the two switches as they come.
+    struct Switches {
+        int Button;
+        bool cResize;
+        bool cMove;
+        bool operator==(const Switches&) const = default;
+    };
+    void ListenToMoves() {
+        QObject::connect(&panel, &xpFrame::MouseMove,
+                         [this](int Button, int, float, float, bool& cResize, bool& cMove) {
+                             moves.push_back({Button, cResize, cMove});
+                         });
+    }
+    void ExpectPointer(Qt::CursorShape shape) const { EXPECT_EQ(panel.cursor().shape(), shape); }
     void Note(std::string line, std::initializer_list<int> numbers = {}) {
         for (const int number : numbers) line += ' ' + std::to_string(number);
         events.push_back(line);
@@ -138,6 +171,7 @@ class PanelUnderHand : public testing::Test {
     QWidget window;
     xpFrame panel;
     std::vector<std::string> events;
+    std::vector<Switches> moves;
 
   private:
     QPoint m_pointer;

@@ -1,0 +1,107 @@
+#include "ui/panel/PanelUnderHand.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tavel::test {
+
+namespace {
+
+using testing::ElementsAre;
+
+using PanelDrag = PanelUnderHand;
+
+}  // namespace
+
+TEST_F(PanelDrag, drag_moves_the_panel_and_tells_left_and_top_crossed) {
+    panel.ContainerMoveable(true);
+    Listen();
+    Press({30, 10});
+    PointAt({130, 70});
+    EXPECT_EQ(panel.geometry(), QRect(100, 60, 300, 200));
+    PointAt({135, 71});
+    EXPECT_EQ(panel.pos(), QPoint(105, 61));
+    Release();
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 10", "Move 100 60", "Move 105 61",
+                                    "MouseUp 1 0 30 10", "Click"));
+    PointAt({300, 300});
+    EXPECT_EQ(panel.pos(), QPoint(105, 61));
+}
+
+TEST_F(PanelDrag, drag_of_a_panel_that_stands_alone_moves_nothing) {
+    xpFrame alone(nullptr, &host);
+    alone.ContainerMoveable(true);
+    alone.resize(300, 200);
+    alone.show();
+    const QPoint before = alone.pos();
+    QTest::mousePress(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 10));
+    QTest::mouseMove(alone.windowHandle(), QPoint(60, 40));
+    QTest::mouseRelease(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
+    EXPECT_EQ(alone.pos(), before);
+}
+
+TEST_F(PanelDrag, drag_of_a_panel_that_is_not_moveable_moves_nothing_and_is_told_as_a_move) {
+    Listen();
+    ListenToMoves();
+    Drag({30, 10}, {130, 70});
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, true}));
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 10", "MouseUp 1 0 80 30", "Click"));
+}
+
+TEST_F(PanelDrag, drag_in_classic_style_neither_moves_nor_resizes) {
+    panel.ContainerMoveable(true);
+    panel.ContainerResizable(true);
+    panel.ClassicXPStyle(true);
+    Drag({30, 10}, {130, 70});
+    Drag(Grip(), {500, 400});
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+}
+
+TEST_F(PanelDrag, drag_with_another_button_does_nothing) {
+    panel.ContainerMoveable(true);
+    panel.ContainerResizable(true);
+    for (const QPoint start : {QPoint(30, 10), Grip()}) {
+        Press(start, Qt::RightButton);
+        PointAt({400, 300});
+        Release(Qt::RightButton);
+        EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+    }
+}
+
+TEST_F(PanelDrag, drag_goes_on_when_another_button_comes_and_goes) {
+    panel.ContainerMoveable(true);
+    Press({30, 10});
+    panel.ContainerMoveable(false);
+    Click({60, 50}, Qt::RightButton);
+    panel.ContainerMoveable(true);
+    PointAt({130, 70});
+    EXPECT_EQ(panel.pos(), QPoint(100, 60));
+    Release();
+}
+
+TEST_F(PanelDrag, drag_can_be_started_and_stopped_by_the_host) {
+    panel.ContainerMoveable(true);
+    bool moving = true;
+    Press({30, 10});
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [&](int, int, float, float, bool&, bool& cMove) { cMove = moving; });
+    PointAt({130, 70});
+    moving = false;
+    PointAt({230, 170});
+    EXPECT_EQ(panel.pos(), QPoint(100, 60));
+    moving = true;
+    PointAt({240, 170});
+    EXPECT_EQ(panel.pos(), QPoint(210, 160));
+    Release();
+}
+
+TEST_F(PanelDrag, drag_has_moved_the_panel_when_it_is_told) {
+    panel.ContainerMoveable(true);
+    QPoint told;
+    QObject::connect(&panel, &xpFrame::Move, [&] { told = panel.pos(); });
+    Drag({30, 10}, {130, 70});
+    EXPECT_EQ(told, QPoint(100, 60));
+}
+
+}  // namespace tavel::test

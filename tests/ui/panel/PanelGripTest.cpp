@@ -1,0 +1,210 @@
+#include "ui/panel/PanelUnderHand.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QPointer>
+#include <QPushButton>
+
+namespace tavel::test {
+
+namespace {
+
+using testing::ElementsAre;
+
+using PanelGrip = PanelUnderHand;
+
+}  // namespace
+
+TEST_F(PanelGrip, drag_that_comes_over_the_grip_does_not_resize) {
+    panel.ContainerResizable(true);
+    Press({30, 90});
+    PointAt(InWindow(Grip()));
+    ExpectPointer(Qt::ArrowCursor);
+    PointAt(InWindow(Grip() + QPoint(1, 1)));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(300, 200));
+}
+
+TEST_F(PanelGrip, pointer_is_an_arrow_over_the_grip_alone) {
+    panel.ContainerResizable(true);
+    PointAt(InWindow({30, 90}));
+    ExpectPointer(Qt::ArrowCursor);
+    PointAt(InWindow(Grip()));
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Press(Grip());
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Release();
+    PointAt(InWindow({30, 90}));
+    ExpectPointer(Qt::ArrowCursor);
+    Press({30, 90});
+    ExpectPointer(Qt::ArrowCursor);
+    Release();
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pointer) {
+    panel.ContainerResizable(true);
+    panel.ContainerMoveable(true);
+    PointAt(InWindow(Grip()));
+    Listen();
+    ListenToMoves();
+    PressGrip();
+    EXPECT_EQ(panel.size(), QSize(291, 191));
+    PointAt(InWindow({400, 250}));
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 400, 250));
+    Release();
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 290 190", "Resize 291 191", "Resize 400 250",
+                                    "MouseUp 1 0 400 250"));
+    EXPECT_THAT(moves, ElementsAre(Switches{1, false, false}, Switches{1, true, false}));
+    PointAt(InWindow({300, 150}));
+    EXPECT_EQ(panel.size(), QSize(400, 250));
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_tells_every_step_and_stops_at_the_smallest_size) {
+    panel.ContainerResizable(true);
+    Listen();
+    PressGrip();
+    PointAt(InWindow({10, 10}));
+    PointAt(InWindow({9, 9}));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(64, 45));
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 290 190", "Resize 291 191", "Resize 64 45",
+                                    "Resize 64 45", "MouseUp 1 0 9 9", "Click"));
+}
+
+TEST_F(PanelGrip, smallest_size_leaves_room_for_what_the_panel_shows) {
+    struct Case {
+        std::function<void()> change;
+        QSize smallest;
+    };
+    panel.ContainerResizable(true);
+    const std::vector<Case> cases{
+        {[this] { panel.HeaderSize(2); }, {64, 60}},
+        {[this] { panel.FooterSize(1); }, {64, 74}},
+        {[this] { panel.Expandable(true); }, {86, 74}},
+        {[this] { panel.Closeable(true); }, {108, 74}},
+        {[this] { panel.ContainerPictureBufferTop(7); }, {108, 74}},
+        {[this] { panel.ContainerPicture(PanelPicture(Square())); }, {140, 117}},
+        {[this] { panel.ContainerPictureBufferLeft(5); }, {145, 117}},
+        {[this] { panel.ContainerPictureVisible(false); }, {108, 74}},
+        {[this] { panel.HeaderVisible(false); }, {108, 34}},
+    };
+    for (const Case& one : cases) {
+        one.change();
+        panel.resize(300, 200);
+        PressGrip();
+        PointAt({1, 1});
+        EXPECT_EQ(panel.size(), one.smallest);
+        Release();
+    }
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_needs_a_footer_to_have_been_shown) {
+    panel.FooterVisible(false);
+    panel.ContainerResizable(true);
+    PressGrip();
+    PointAt(InWindow({250, 150}));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(300, 200));
+    panel.FooterVisible(true);
+    panel.FooterVisible(false);
+    PressGrip();
+    PointAt(InWindow({250, 150}));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(250, 150));
+}
+
+TEST_F(PanelGrip, drag_of_a_grip_that_is_gone_neither_moves_nor_resizes) {
+    panel.ContainerResizable(true);
+    panel.ContainerMoveable(true);
+    panel.ContainerResizable(false);
+    PressGrip();
+    PointAt(InWindow({250, 150}));
+    Release();
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_is_not_started_again_by_the_same_event) {
+    panel.ContainerResizable(true);
+    PressGrip();
+    ASSERT_EQ(panel.size(), QSize(291, 191));
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [&](int, int, float, float, bool& cResize, bool&) { cResize = false; });
+    ASSERT_TRUE(panel.Areas().grip->contains(288, 188));
+    PointAt(InWindow({288, 188}));
+    EXPECT_EQ(panel.size(), QSize(291, 191));
+    Release();
+}
+
+TEST_F(PanelGrip, drag_that_the_host_turns_into_a_resize_moves_no_longer) {
+    panel.ContainerResizable(true);
+    panel.ContainerMoveable(true);
+    Press({30, 90});
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [&](int, int, float, float, bool& cResize, bool&) { cResize = true; });
+    PointAt(InWindow({220, 140}));
+    Release();
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 220, 140));
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {
+    panel.ContainerResizable(true);
+    QPushButton shown(&panel);
+    QPushButton hidden(&panel);
+    shown.show();
+    PressGrip();
+    PointAt(InWindow({320, 220}));
+    EXPECT_TRUE(shown.isHidden());
+    Release();
+    EXPECT_FALSE(shown.isHidden());
+    EXPECT_FALSE(hidden.isHidden());
+}
+
+TEST_F(PanelGrip, children_may_delete_their_neighbours_when_they_are_hidden) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    QPointer<QPushButton> neighbour(new QPushButton(&panel));
+    child.show();
+    const On deletes(QEvent::Hide, child, [&] { delete neighbour; });
+    PressGrip();
+    Release();
+    EXPECT_TRUE(neighbour.isNull());
+    EXPECT_TRUE(child.isVisible());
+}
+
+TEST_F(PanelGrip, children_may_take_their_neighbours_elsewhere_when_they_are_shown) {
+    QPushButton child(&panel);
+    QPushButton neighbour(&panel);
+    child.hide();
+    neighbour.hide();
+    const On takes(QEvent::Show, child, [&] { neighbour.setParent(nullptr); });
+    Click({30, 90});
+    EXPECT_TRUE(child.isVisible());
+    EXPECT_TRUE(neighbour.isHidden());
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_at_the_present_size_hides_no_children) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.show();
+    panel.resize(64, 45);
+    Listen();
+    PressGrip();
+    PointAt(InWindow({20, 20}));
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 54 35", "Resize 64 45", "Resize 64 45"));
+    EXPECT_FALSE(child.isHidden());
+    Release();
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_repaints_the_parent_with_every_step) {
+    panel.ContainerResizable(true);
+    PressGrip();
+    PointAt(InWindow({10, 10}));
+    PaintCounter paints(window);
+    paints.Taken();
+    PointAt(InWindow({9, 9}));
+    EXPECT_EQ(paints.Taken(), 1);
+    Release();
+}
+
+}  // namespace tavel::test
