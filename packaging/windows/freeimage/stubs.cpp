@@ -1,7 +1,6 @@
 // Formats that are left out keep their places, so that the numbers of the others stay right.
 
 #include "FreeImage.h"
-
 #include "Plugin.h"
 #include "Utilities.h"
 
