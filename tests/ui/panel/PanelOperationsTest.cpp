@@ -306,19 +306,32 @@ TEST(UtilDrawBackground, goes_from_colour_to_colour_across_for_0_and_down_for_an
 }
 
 TEST(UtilDrawBackground, of_edges_the_wrong_way_round_exchanges_them_with_their_colours) {
-    DeviceContext right(QSize(40, 30), 1);
-    DeviceContext wrong(QSize(40, 30), 1);
-    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
-    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 30, 5, 10, 25, 0);
-    EXPECT_EQ(right.Surface(), wrong.Surface());
+    for (const bool across : {true, false}) {
+        const QRect wrong =
+            across ? QRect(QPoint(30, 5), QPoint(10, 25)) : QRect(QPoint(10, 25), QPoint(30, 5));
+        const Long horizontal = across ? 0 : 1;
+        DeviceContext expected(QSize(40, 30), 1);
+        DeviceContext context(QSize(40, 30), 1);
+        xpFrame::UtilDrawBackground(expected, 0x0000FF, 0xFF0000, 10, 5, 30, 25, horizontal);
+        xpFrame::UtilDrawBackground(context, 0xFF0000, 0x0000FF, wrong.left(), wrong.top(),
+                                    wrong.right(), wrong.bottom(), horizontal);
+        EXPECT_EQ(context.Surface(), expected.Surface()) << across;
+    }
 }
 
-TEST(UtilDrawBackground, of_edges_upside_down_exchanges_them_with_their_colours) {
-    DeviceContext right(QSize(40, 30), 1);
-    DeviceContext wrong(QSize(40, 30), 1);
-    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 1);
-    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 10, 25, 30, 5, 1);
-    EXPECT_EQ(right.Surface(), wrong.Surface());
+TEST(UtilDrawShapeStyle, takes_any_two_opposite_corners) {
+    DeviceContext expected(QSize(40, 30), 1);
+    expected.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(expected, 5, 4, 25, 14, 7);
+    for (const QRect& edges :
+         {QRect(QPoint(25, 4), QPoint(5, 14)), QRect(QPoint(5, 14), QPoint(25, 4)),
+          QRect(QPoint(25, 14), QPoint(5, 4))}) {
+        DeviceContext context(QSize(40, 30), 1);
+        context.pen = expected.pen;
+        xpFrame::UtilDrawShapeStyle(context, edges.left(), edges.top(), edges.right(),
+                                    edges.bottom(), 7);
+        EXPECT_EQ(context.Surface(), expected.Surface());
+    }
 }
 
 TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
