@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -93,6 +94,15 @@ TEST_F(PanelDrag, drag_can_be_started_and_stopped_by_the_host) {
     moving = true;
     PointAt({240, 170});
     EXPECT_EQ(panel.pos(), QPoint(210, 160));
+    Release();
+}
+
+TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {
+    panel.ContainerMoveable(true);
+    Press({30, 10});
+    Listen();
+    SendMouse(panel, QEvent::MouseMove, {30, 10}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_THAT(events, ElementsAre("Move 50 40"));
     Release();
 }
 

@@ -136,6 +136,31 @@ TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_is_not_started_again_by_t
     Release();
 }
 
+TEST_F(PanelGrip, drag_of_the_grip_goes_on_as_it_was_when_another_button_comes_and_goes) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.show();
+    PressGrip();
+    PointAt(InWindow({320, 220}));
+    const QImage whileResized = panel.Surface();
+    Click({320, 220}, Qt::RightButton);
+    EXPECT_EQ(panel.Surface(), whileResized);
+    EXPECT_TRUE(child.isHidden());
+    PointAt(InWindow({330, 230}));
+    EXPECT_EQ(panel.size(), QSize(330, 230));
+    Release();
+}
+
+TEST_F(PanelGrip, press_is_taken_by_a_grip_that_is_gone_in_classic_style) {
+    panel.ContainerResizable(true);
+    panel.ClassicXPStyle(true);
+    ListenToMoves();
+    PressGrip();
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Release();
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false}));
+}
+
 TEST_F(PanelGrip, drag_that_the_host_turns_into_a_resize_moves_no_longer) {
     panel.ContainerResizable(true);
     panel.ContainerMoveable(true);

@@ -63,6 +63,15 @@ TEST(PanelStatesPaint, a_collapsed_panel_that_is_made_higher_has_no_grip) {
     ExpectModel(placed, p, true);
 }
 
+TEST(PanelStatesPaint, a_panel_of_its_headers_height_shows_that_it_is_collapsed_and_expanded) {
+    const PanelProperties p = WithEverything();
+    PlacedPanel placed(p, 120, 25);
+    placed.panel.Collapse();
+    ExpectModel(placed, p, true);
+    placed.panel.Expand();
+    ExpectModel(placed, p);
+}
+
 TEST(PanelStatesPaint, of_any_size_is_as_the_numbers_have_it) {
     constexpr std::array sizes{0, 1, 2, 3, 5, 17, 22, 24, 26, 40, 45};
     for (const bool classic : {false, true}) {
