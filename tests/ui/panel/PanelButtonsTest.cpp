@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 #include "ui/toolkit/Twips.h"
 
 #include <gmock/gmock.h>
@@ -107,6 +108,15 @@ TEST_F(PanelButtons, click_on_the_chevron_is_told_before_the_collapse_and_after_
     EXPECT_THAT(heights, ElementsAre(200, 200));
 }
 
+TEST_F(PanelButtons, click_on_the_chevron_tells_the_height_in_twips_whatever_the_scale) {
+    panel.Expandable(true);
+    Listen();
+    SetScale(1.5);
+    Click(Chevron());
+    SetScale(1);
+    EXPECT_THAT(events, testing::Contains(testing::EndsWith(" 1 20 25 2000")));
+}
+
 TEST_F(PanelButtons, click_on_the_chevron_returns_to_the_height_that_the_host_set) {
     panel.Expandable(true);
     panel.resize(300, 333);
@@ -120,9 +130,7 @@ TEST_F(PanelButtons, drag_of_the_chevron_has_ended_when_its_click_is_told) {
     panel.Expandable(true);
     panel.ContainerMoveable(true);
     QObject::connect(&panel, &xpFrame::ChevronClick, [this] {
-        QMouseEvent move(QEvent::MouseMove, QPoint(150, 100), panel.mapToGlobal(QPoint(150, 100)),
-                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&panel, &move);
+        SendMouse(panel, QEvent::MouseMove, {150, 100}, Qt::NoButton, Qt::LeftButton);
     });
     Click(Chevron());
     EXPECT_EQ(panel.pos(), QPoint(50, 40));

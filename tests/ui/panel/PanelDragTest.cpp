@@ -54,7 +54,9 @@ TEST_F(PanelDrag, drag_in_classic_style_neither_moves_nor_resizes) {
     panel.ContainerMoveable(true);
     panel.ContainerResizable(true);
     panel.ClassicXPStyle(true);
+    ListenToMoves();
     Drag({30, 10}, {130, 70});
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, true}));
     Drag(Grip(), {500, 400});
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
 }

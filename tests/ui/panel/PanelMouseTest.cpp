@@ -113,9 +113,12 @@ TEST_F(PanelMouse, is_not_heard_while_the_panel_is_disabled) {
 TEST_F(PanelMouse, hits_what_is_below_the_pointer_when_a_receiver_has_moved_the_panel) {
     panel.Closeable(true);
     const QPoint close = Close();
+    Listen();
     QObject::connect(&panel, &xpFrame::MouseUp, [this] { panel.move(0, 0); });
     Click(close);
     EXPECT_TRUE(panel.isVisible());
+    EXPECT_THAT(events,
+                ElementsAre(testing::StartsWith("MouseDown"), testing::StartsWith("MouseUp")));
 }
 
 TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {

@@ -84,10 +84,13 @@ TEST_F(PanelOperations, Expand_of_a_panel_that_never_was_another_height_does_not
 }
 
 TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of_then) {
-    panel.ReadProperties(MemoryPropertyBag());
-    panel.resize(300, 90);
-    panel.Expand();
-    EXPECT_EQ(panel.height(), 200);
+    for (const int height : {200, 150}) {
+        panel.resize(300, height);
+        panel.ReadProperties(MemoryPropertyBag());
+        panel.resize(300, 90);
+        panel.Expand();
+        EXPECT_EQ(panel.height(), height);
+    }
 }
 
 TEST_F(PanelOperations, Collapse_at_another_scale_leaves_the_headers_pixels) {
@@ -176,13 +179,16 @@ TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
     EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
 }
 
-TEST_F(PanelOperations, focus_comes_with_a_press) {
+TEST_F(PanelOperations, focus_comes_with_a_press_and_with_tab) {
     QLineEdit other(&window);
     other.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     other.setFocus();
     Click({30, 90});
+    EXPECT_TRUE(panel.hasFocus());
+    other.setFocus();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
     EXPECT_TRUE(panel.hasFocus());
 }
 
@@ -342,6 +348,19 @@ TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
         EXPECT_EQ(At(context, outside.x(), outside.y()), QColor(Qt::black));
     for (const QPoint line : {QPoint(7, 4), QPoint(6, 5), QPoint(5, 6)})
         EXPECT_EQ(At(context, line.x(), line.y()), QColor(Qt::red));
+}
+
+TEST(UtilDrawShapeStyle, keeps_to_the_shape_where_neighbouring_rows_begin_alike) {
+    DeviceContext context(QSize(60, 50), 1);
+    context.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(context, 5, 4, 55, 44, 20);
+    int y = 4;
+    for (const int inset : {7, 5, 4, 3, 2, 1, 1, 0, 0}) {
+        int x = 0;
+        while (At(context, x, y) != QColor(Qt::red)) ++x;
+        EXPECT_EQ(x, 5 + inset) << y;
+        ++y;
+    }
 }
 
 }  // namespace tavel::test

@@ -226,8 +226,8 @@ TEST_F(PanelPaint, with_a_headers_picture_below_the_buttons_and_a_containers_abo
     });
     CheckBoth([](PanelProperties& p) {
         p.ContainerPicture = Blank();
-        p.ContainerPictureSize = 200;
-        p.ContainerPictureBufferLeft = -110;
+        p.ContainerPictureSize = 300;
+        p.ContainerPictureBufferLeft = -160;
         p.ContainerPictureBufferTop = -60;
     });
 }

@@ -106,6 +106,23 @@ TEST(PanelStatesPaint, with_corners_larger_than_itself_is_an_ellipse) {
     }
 }
 
+TEST(PanelStatesPaint, of_a_narrow_shape_has_rows_that_only_grow_toward_the_middle) {
+    PanelProperties p = WithCustomColors();
+    p.ContainerShapeStyle = 1;
+    p.ContainerCornerRadius = 80;
+    PlacedPanel placed(p, 60, 50);
+    for (const int width : {4, 5, 6, 9}) {
+        placed.panel.resize(width, 60);
+        int last = 0;
+        for (int y = 0; y < 30; ++y) {
+            const int row = (placed.Window() & QRect(0, y, width, 1)).boundingRect().width();
+            EXPECT_GE(row, last) << width << ": " << y;
+            last = row;
+        }
+        EXPECT_EQ(last, width - 1);
+    }
+}
+
 TEST(PanelStatesPaint, of_any_size_and_any_radius_does_not_fail) {
     PanelProperties p = WithEverything();
     p.ContainerShapeStyle = 1;
