@@ -54,6 +54,18 @@ TEST_F(PanelButtons, buttons_act_on_the_release_wherever_the_press_was) {
     EXPECT_TRUE(panel.isHidden());
 }
 
+TEST_F(PanelButtons, buttons_reach_to_the_end_of_their_last_pixels) {
+    panel.Closeable(true);
+    const QRectF area(panel.Areas().close.value());
+    for (const QPointF out : {QPointF(0.1, -1), QPointF(-1, 0.1)}) {
+        SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() + out, Qt::LeftButton);
+        EXPECT_TRUE(panel.isVisible());
+    }
+    SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() - QPointF(0.1, 0.1),
+              Qt::LeftButton);
+    EXPECT_TRUE(panel.isHidden());
+}
+
 TEST_F(PanelButtons, buttons_hear_the_left_button_alone) {
     panel.Closeable(true);
     panel.Expandable(true);

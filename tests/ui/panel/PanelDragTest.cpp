@@ -108,6 +108,15 @@ TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {
     Release();
 }
 
+TEST_F(PanelDrag, drag_by_fractions_of_a_pixel_moves_to_the_nearest_one) {
+    panel.ContainerMoveable(true);
+    Listen();
+    SendMouse(panel, QEvent::MouseButtonPress, {30.5, 10.25}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {41.25, 22}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {41.25, 22}, Qt::LeftButton);
+    EXPECT_EQ(panel.pos(), QPoint(61, 52));
+}
+
 TEST_F(PanelDrag, drag_has_moved_the_panel_when_it_is_told) {
     panel.ContainerMoveable(true);
     QPoint told;
