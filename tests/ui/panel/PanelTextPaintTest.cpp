@@ -350,6 +350,17 @@ TEST(PanelTextPaint, in_classic_style_interrupts_the_frame_from_8_on_with_a_gap_
     EXPECT_EQ(at(end + 1), 0xD0D0BFU);
 }
 
+TEST(PanelTextPaint, in_classic_style_has_an_ampersand_as_a_letter) {
+    PanelProperties p = Sharp({});
+    p.ClassicXPStyle = true;
+    p.HeaderText = QStringLiteral("HH");
+    const QRect plain = Ink(p);
+    p.HeaderText = QStringLiteral("H&H");
+    const QRect longer = Ink(p);
+    EXPECT_GT(longer.right(), plain.right() + 3);
+    EXPECT_LT(longer.bottom(), plain.bottom() + 2);
+}
+
 TEST(PanelTextPaint, in_classic_style_is_the_headers_alone_in_blue) {
     PanelProperties p = Sharp({});
     p.ClassicXPStyle = true;
