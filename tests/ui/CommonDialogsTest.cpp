@@ -1,4 +1,5 @@
 #include "ui/support/Modal.h"
+#include "ui/support/PromptQueue.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/dialogs/CommonDialogs.h"
 
@@ -103,20 +104,23 @@ TEST(CommonDialogs, a_part_that_a_dialog_does_not_have_is_passed_over) {
         ++seen;
         EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("from")), nullptr);
         EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("unitCombo")), nullptr);
+        EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("treeView")), nullptr);
         QTest::keyClick(&box, Qt::Key_Escape);
     };
     PrintRequest print = DefaultPrint();
     print.flags = printFlag::ToFile | printFlag::NoPageNumbers;
     PageRequest page = DefaultPage();
     page.flags = pageFlag::DisableMargins | pageFlag::DisableOrientation | pageFlag::DisablePaper;
+    const RealPrompts real;
     const std::function<void()> asks[] = {
         [&] { dialogs.PickColor({}); }, [&] { dialogs.PickFont({}); },
-        [&] { dialogs.PickPrinter(print); }, [&] { dialogs.SetUpPage(page); }};
+        [&] { dialogs.PickPrinter(print); }, [&] { dialogs.SetUpPage(page); },
+        [] { Service<Prompter>::Get().PickFiles({}); }};
     for (const auto& ask : asks) {
         WhenModal(lookAndCancel);
         ask();
     }
-    EXPECT_EQ(seen, 4);
+    EXPECT_EQ(seen, 5);
 }
 
 TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {
