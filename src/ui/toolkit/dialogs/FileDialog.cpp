@@ -92,9 +92,15 @@ void FileDialog::SetFilters(const FileRequest& request) {
         selectNameFilter(filters[request.filterIndex]);
 }
 
-// Qt tells the chosen filter by its text; two may look alike.
+// Qt tells the chosen filter by its text, whole or cut short as it is shown; two may look alike.
 int FileDialog::FilterIndex() const {
-    auto index = static_cast<int>(nameFilters().indexOf(selectedNameFilter()));
+    const QString chosen = selectedNameFilter();
+    const QStringList filters = nameFilters();
+    const auto isChosen = [&chosen](const QString& filter) {
+        return filter == chosen || filter.startsWith(chosen + QLatin1String(" ("));
+    };
+    const auto found = std::find_if(filters.begin(), filters.end(), isChosen);
+    auto index = found == filters.end() ? -1 : static_cast<int>(found - filters.begin());
     WithPart<QComboBox>(*this, "fileTypeCombo",
                         [&index](const QComboBox& types) { index = types.currentIndex(); });
     return index;
