@@ -1,5 +1,6 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Printers.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/dialogs/CDLG.h"
 
@@ -298,6 +299,7 @@ TEST(VBPageSetupDlg2, a_quality_beyond_32767_is_brought_down_to_it) {
 }
 
 TEST(VBPageSetupDlg2, several_pages_on_a_sheet_are_not_offered) {
+    const Printers printers({QStringLiteral("Ink")});
     Call call;
     CancelNext(
         [](QWidget& box) { EXPECT_FALSE(Find(box, "pagesPerSheetButtonGroup").isVisible()); });

@@ -1,6 +1,7 @@
 #include "support/Support.h"
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Strings.h"
@@ -260,8 +261,10 @@ TEST_F(PrintDialogs, a_disabled_range_is_not_offered) {
 }
 
 TEST_F(PrintDialogs, no_pages_are_offered_that_the_answer_has_no_room_for) {
+    const Printers printers({QStringLiteral("Ink")});
     Call call;
     CancelNext([](QWidget& box) {
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Home);
         for (const char* part :
              {"pagesRadioButton", "pagesLineEdit", "pageSetCombo", "printCurrentPage"})
             EXPECT_FALSE(Find(box, part).isVisible()) << part;
@@ -320,7 +323,78 @@ TEST_F(PrintDialogs, the_file_of_the_last_call_is_proposed_again) {
     EXPECT_FALSE(call.Run(dialog));
 }
 
-// The machine that tests run on has no printer.
+TEST_F(PrintDialogs, the_printer_becomes_the_device_that_is_chosen) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        auto& devices = Find<QComboBox>(box, "printers");
+        EXPECT_EQ(devices.currentText(), QStringLiteral("Ink"));
+        QTest::keyClick(&devices, Qt::Key_Down);
+        Press(box, "duplexLong");
+    });
+    CDLG dialog;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(printer.outputFileName(), QString());
+    EXPECT_EQ(printer.duplex(), QPrinter::DuplexLongSide);
+    CancelNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "printers").currentText(), QStringLiteral("Laser"));
+    });
+    EXPECT_FALSE(call.Run(dialog));
+}
+
+TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
+    const Printers printers({QStringLiteral("Ink")});
+    CDLG dialog;
+    Call call;
+    call.Printer = &printer;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_TRUE(Find(box, "filename").isEnabled()) << "begins with the file";
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Home);
+        EXPECT_FALSE(Find(box, "filename").isEnabled());
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Ink"));
+
+    WhenModal([this](QWidget& box) {
+        EXPECT_FALSE(Find(box, "filename").isEnabled()) << "begins with the printer";
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_End);
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_TRUE(call.PrintToFile);
+    EXPECT_EQ(printer.outputFileName(), File("a.pdf"));
+
+    call.PrintToFile = false;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.outputFileName(), QString()) << "the file of the call before is left";
+}
+
+TEST_F(PrintDialogs, a_file_is_offered_beside_the_printers_only_where_it_is_asked_for) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    for (const bool shown : {false, true}) {
+        for (const bool disabled : {false, true}) {
+            Call call;
+            call.ShowPrintToFile = shown;
+            call.DisablePrintToFile = disabled;
+            CancelNext([&](QWidget& box) {
+                const bool offered = shown && !disabled;
+                auto& devices = Find<QComboBox>(box, "printers");
+                EXPECT_EQ(devices.itemText(1), QStringLiteral("Laser"));
+                EXPECT_EQ(devices.count() > 2, offered);
+                EXPECT_EQ(Find(box, "filename").isVisible(), offered);
+            });
+            EXPECT_FALSE(call.Run());
+        }
+    }
+}
+
 TEST_F(PrintDialogs, without_a_printer_and_a_file_the_call_fails_and_says_so_unless_it_must_not) {
     for (const bool shown : {false, true}) {
         PromptQueue prompts;

@@ -10,7 +10,7 @@
 #include <QDir>
 #include <QLineEdit>
 #include <QPrinter>
-#include <QSpinBox>
+#include <utility>
 
 namespace tavel {
 
@@ -41,11 +41,15 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
 
 PrintDialog::~PrintDialog() { LetBoxesGo(*this); }
 
-// What no answer has room for, and no printer picks out by itself. Qt's dialog brings it up again
-// whenever it shows.
+// Not until it shows does Qt's dialog list the file, and it brings up what no answer has room for
+// and no printer picks out by itself.
 void PrintDialog::showEvent(QShowEvent* event) {
     QPrintDialog::showEvent(event);
     HideRanges({"pagesRadioButton", "pagesLineEdit", "pageSetLabel", "pageSetCombo"});
+    if (!std::exchange(m_beginsWithFile, false)) return;
+    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
+        printers.setCurrentIndex(printers.count() - 1);
+    });
 }
 
 void PrintDialog::HideRanges(std::initializer_list<const char*> parts) {
@@ -97,10 +101,7 @@ void PrintDialog::SetFile(const PrintRequest& request) {
     const QString last = request.printer.file;
     const QString file = last.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : last;
     WithPart<QLineEdit>(*this, "filename", [&file](QLineEdit& name) { name.setText(file); });
-    if (!request.Has(printFlag::ToFile)) return;
-    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
-        printers.setCurrentIndex(printers.count() - 1);
-    });
+    m_beginsWithFile = request.Has(printFlag::ToFile);
 }
 
 PrintAnswer PrintDialog::Answer() {

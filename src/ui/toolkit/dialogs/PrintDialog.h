@@ -28,6 +28,8 @@ class PrintDialog : public QPrintDialog {
     void HideRanges(std::initializer_list<const char*> parts);
     void NameControls();
     void ShowAll();
+
+    bool m_beginsWithFile = false;
 };
 
 }  // namespace tavel
