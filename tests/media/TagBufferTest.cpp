@@ -119,6 +119,15 @@ TEST(TagBuffer, An_id_of_fewer_than_four_characters_fails) {
     }
 }
 
+TEST(TagBuffer, The_first_thing_that_is_wrong_is_the_one_that_fails) {
+    const std::string large(65535, 'x');
+    for (const auto& [id, number] :
+         {std::pair{"TT2", failure::InvalidProcedureCall}, std::pair{"TIT2", failure::Overflow}}) {
+        const FrameList list({{id, large}, {"TPE", ""}, {"TALB", large}});
+        EXPECT_EQ(FailureOf([&] { TagBuffer(list); }), number) << id;
+    }
+}
+
 TEST(TagBuffer, A_frame_that_lacks_its_texts_or_its_count_fails) {
     FrameList lost({{"TIT2", "a"}, {"TPE1", "b"}, {"TIT2", "c"}});
     lost.RemoveTag("TIT2", 1);
