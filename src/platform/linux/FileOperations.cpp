@@ -82,6 +82,7 @@ Long ReadPieces(HostFile& file, const struct stat& found, Take&& take) {
     return left > 0 ? failure::DeviceIO : 0;
 }
 
+// Closing tells of a write that has failed.
 void CopyBetween(Place source, DriveTable& drives, Place target) {
     const struct stat status = source.status;
     const std::string targetPath = target.path.Text();
@@ -89,7 +90,6 @@ void CopyBetween(Place source, DriveTable& drives, Place target) {
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
     std::size_t written = 0;
     Long error = ReadPieces(*from, status, [&](auto piece) { return to->Write(piece, written); });
-    if (error == 0) error = to->Error();
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
