@@ -17,13 +17,14 @@ class TempPath {
         if (m_former) {
             Use(*m_former);
         } else {
-            unsetenv("TMPDIR");
+            Unset();
         }
     }
     TempPath(const TempPath&) = delete;
     TempPath& operator=(const TempPath&) = delete;
 
     void Use(const std::string& hostFolder) { setenv("TMPDIR", hostFolder.c_str(), 1); }
+    void Unset() { unsetenv("TMPDIR"); }
 
   private:
     std::optional<std::string> m_former;
