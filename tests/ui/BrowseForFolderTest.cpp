@@ -1,7 +1,7 @@
 #include "core/PublicStuff.h"
 #include "platform/linux/HostFileService.h"
 #include "support/FaultyFileService.h"
-#include "support/HostDrives.h"
+#include "support/linux/MountedDrives.h"
 #include "support/Support.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"

@@ -1,7 +1,7 @@
 #include "core/PublicStuff.h"
 #include "device/ProgressBarFileCopy.h"
 #include "support/DeviceRecorders.h"
-#include "support/ExfatStick.h"
+#include "support/linux/ExfatStick.h"
 #include "support/HostDrives.h"
 
 #include <gmock/gmock.h>

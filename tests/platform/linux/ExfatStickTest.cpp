@@ -1,6 +1,6 @@
 #include "platform/ProfileService.h"
 #include "platform/linux/HostFileService.h"
-#include "support/ExfatStick.h"
+#include "support/linux/ExfatStick.h"
 #include "support/HostDrives.h"
 
 #include <gmock/gmock.h>
