@@ -1,7 +1,7 @@
 #include "support/FaultyFileService.h"
 
 #include "platform/Failure.h"
-#include "platform/linux/HostDrive.h"
+#include "platform/linux/HostPaths.h"
 #include "support/FaultyFile.h"
 #include "support/HostPlaces.h"
 
@@ -103,7 +103,7 @@ bool FaultyFileService::Touch(char letter) {
 
 FaultyFileService::Mapped FaultyFileService::Map(std::string_view path) {
     Mapped mapped;
-    const std::optional<DrivePath> parsed = ParseDrivePath(path, "/");
+    const std::optional<DrivePath> parsed = ParseDrivePath(path, "c:\\");
     if (!parsed) {
         mapped.failure = failure::PathNotFound;
         return mapped;

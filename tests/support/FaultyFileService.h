@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/DrivePath.h"
 #include "platform/FileService.h"
-#include "platform/linux/DrivePath.h"
 
 #include <cstdint>
 #include <functional>

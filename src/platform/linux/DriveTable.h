@@ -19,10 +19,10 @@ namespace tavel {
 // that went since the last look: whoever watches the letter could not tell the two apart.
 class DriveTable {
   public:
-    DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
+    DriveTable(const std::string& programFolder, std::unique_ptr<MountSource> mounts);
 
-    // Of the host. It is the current folder of c:, wherever the program was started from.
-    const std::string& ProgramFolder() const { return m_programFolder; }
+    // The program's folder as a drive path: the current one, wherever the program was started from.
+    const std::string& CurrentFolder() const { return m_currentFolder; }
 
     struct Entry {
         char letter = 0;
@@ -71,7 +71,7 @@ class DriveTable {
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
 
-    std::string m_programFolder;
+    std::string m_currentFolder;
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;

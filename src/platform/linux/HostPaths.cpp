@@ -1,5 +1,7 @@
 #include "platform/linux/HostPaths.h"
 
+#include "platform/DrivePath.h"
+
 #include <stdlib.h>
 
 #include <filesystem>
@@ -36,6 +38,13 @@ std::string_view LastName(std::string_view hostPath) {
 bool IsBelow(std::string_view hostPath, std::string_view root) {
     return hostPath.substr(0, root.size()) == root &&
            (hostPath.size() == root.size() || hostPath[root.size()] == '/');
+}
+
+std::string FixedDrivePath(std::string_view hostPath) {
+    DrivePath path;
+    path.drive = "c:";
+    path.Descend(hostPath, '/');
+    return path.Text();
 }
 
 std::string RealPath(const std::string& hostPath) {

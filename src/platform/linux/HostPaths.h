@@ -16,6 +16,9 @@ std::string_view LastName(std::string_view hostPath);
 // True when the path is the root or lies beneath it, by its names alone.
 bool IsBelow(std::string_view hostPath, std::string_view root);
 
+// A host path as a path of c:.
+std::string FixedDrivePath(std::string_view hostPath);
+
 // The path of what is there, behind all symbolic links; empty when it leads nowhere.
 std::string RealPath(const std::string& hostPath);
 // The same of what is open, if only to be looked at; and of the program.

@@ -1,4 +1,4 @@
-#include "platform/linux/DrivePath.h"
+#include "platform/DrivePath.h"
 
 #include "platform/Text.h"
 
@@ -6,9 +6,26 @@
 
 namespace tavel {
 
-namespace {
+char DriveLetter(char c) {
+    const char letter = AsciiLower(c);
+    return letter >= 'a' && letter <= 'z' ? letter : '\0';
+}
 
-void Descend(std::vector<std::string>& names, std::string_view rest, char separator) {
+char DriveLetterOf(std::string_view name) {
+    if (name.empty() || (name.size() > 1 && name[1] != ':')) return 0;
+    return DriveLetter(name[0]);
+}
+
+std::string DrivePath::Text() const {
+    std::string text = drive + '\\';
+    for (std::size_t i = 0; i < names.size(); ++i) {
+        if (i > 0) text += '\\';
+        text += names[i];
+    }
+    return text;
+}
+
+void DrivePath::Descend(std::string_view rest, char separator) {
     while (!rest.empty()) {
         const std::size_t end = std::min(rest.find(separator), rest.size());
         const std::string_view name = rest.substr(0, end);
@@ -22,22 +39,6 @@ void Descend(std::vector<std::string>& names, std::string_view rest, char separa
     }
 }
 
-}  // namespace
-
-char DriveLetter(char c) {
-    const char letter = AsciiLower(c);
-    return letter >= 'a' && letter <= 'z' ? letter : '\0';
-}
-
-std::string DrivePath::Text() const {
-    std::string text = drive + '\\';
-    for (std::size_t i = 0; i < names.size(); ++i) {
-        if (i > 0) text += '\\';
-        text += names[i];
-    }
-    return text;
-}
-
 bool DrivePath::HasSecondDrive() const {
     return std::any_of(names.begin(), names.end(), [](const std::string& name) {
         return name.size() == 2 && DriveLetter(name[0]) != 0 && name[1] == ':';
@@ -47,16 +48,16 @@ bool DrivePath::HasSecondDrive() const {
 std::optional<DrivePath> ParseDrivePath(std::string_view text, std::string_view currentFolder) {
     if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
     DrivePath path;
-    path.drive = "c:";
     path.endsInSeparator = text.back() == '\\';
-    if (text.size() >= 2 && DriveLetter(text[0]) != 0 && text[1] == ':') {
+    if (text.size() < 2 || DriveLetter(text[0]) == 0 || text[1] != ':') {
+        path.drive = currentFolder.substr(0, 2);
+        if (text.front() != '\\') path.Descend(currentFolder.substr(2));
+    } else {
         path.drive = text.substr(0, 2);
-        path.letter = DriveLetter(text[0]);
         text.remove_prefix(2);
-    } else if (text.front() != '\\') {
-        Descend(path.names, currentFolder, '/');
     }
-    Descend(path.names, text, '\\');
+    path.letter = DriveLetter(path.drive.front());
+    path.Descend(text);
     return path;
 }
 
@@ -64,13 +65,6 @@ std::string PathBelow(std::string_view folder, std::string_view name) {
     std::string path(folder);
     if (path.empty() || path.back() != '\\') path += '\\';
     return path.append(name);
-}
-
-std::string FixedDrivePath(std::string_view hostPath) {
-    DrivePath path;
-    path.drive = "c:";
-    Descend(path.names, hostPath, '/');
-    return path.Text();
 }
 
 }  // namespace tavel

@@ -1,4 +1,4 @@
-#include "platform/linux/HostNames.h"
+#include "platform/HostNames.h"
 
 #include "platform/Text.h"
 
