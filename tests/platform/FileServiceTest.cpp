@@ -1,6 +1,5 @@
 #include "platform/OnEachDrive.h"
 
-
 namespace tavel::test {
 
 namespace {

@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <array>
-#include <optional>
 
 namespace tavel {
 
@@ -21,6 +20,16 @@ int TypeOf(char letter) {
     return type == DRIVE_REMOVABLE ? DriveRemovable : DriveFixed;
 }
 
+// Empty where the medium has none, or can't be asked.
+std::string LabelOf(char letter) {
+    const QuietErrors quiet;
+    std::array<wchar_t, MAX_PATH + 1> label{};
+    if (::GetVolumeInformationW(ToWide(RootOf(letter)).c_str(), label.data(), label.size(), nullptr,
+                                nullptr, nullptr, nullptr, 0) == 0)
+        return {};
+    return FromWide(label.data());
+}
+
 class HostDriveSource : public DriveSource {
   public:
     bool Has(char letter) override { return (::GetLogicalDrives() >> (letter - 'a') & 1) != 0; }
@@ -30,7 +39,7 @@ class HostDriveSource : public DriveSource {
         for (char letter = 'a'; letter <= 'z'; ++letter) {
             if (!Has(letter)) continue;
             entries.push_back(Entry(letter));
-            entries.back().label = LabelOf(letter).value_or(std::string());
+            if (HasMedium(letter)) entries.back().label = LabelOf(letter);
         }
         return entries;
     }
@@ -39,17 +48,10 @@ class HostDriveSource : public DriveSource {
         return {letter, TypeOf(letter), {}, RootOf(letter)};
     }
 
-    bool HasMedium(char letter) override { return LabelOf(letter).has_value(); }
-
-  private:
-    // Nothing where there is no medium, or one without a file system.
-    static std::optional<std::string> LabelOf(char letter) {
+    bool HasMedium(char letter) override {
         const QuietErrors quiet;
-        std::array<wchar_t, MAX_PATH + 1> label{};
-        if (::GetVolumeInformationW(ToWide(RootOf(letter)).c_str(), label.data(), label.size(),
-                                    nullptr, nullptr, nullptr, nullptr, 0) == 0)
-            return std::nullopt;
-        return FromWide(label.data());
+        const DWORD attributes = ::GetFileAttributesW(ToWide(RootOf(letter)).c_str());
+        return attributes != INVALID_FILE_ATTRIBUTES;
     }
 };
 

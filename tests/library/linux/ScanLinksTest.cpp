@@ -44,7 +44,8 @@ TEST_F(ScanLinks, A_folder_is_walked_by_itself_and_by_a_link_and_never_round) {
 }
 
 // On each way through them it would take hundreds of thousands of walks with ten of them.
-TEST_F(ScanLinks, Folders_that_all_link_to_each_other_are_walked_once_themselves_and_once_by_a_link) {
+TEST_F(ScanLinks,
+       Folders_that_all_link_to_each_other_are_walked_once_themselves_and_once_by_a_link) {
     const std::vector<std::string> names{"one", "two", "three", "four", "five", "six", "seven"};
     for (const std::string& name : names) {
         Write("m/" + name + "/a.jpg", "x");

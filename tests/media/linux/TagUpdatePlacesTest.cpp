@@ -1,9 +1,9 @@
 #include "core/PublicStuff.h"
 #include "media/TagMaker.h"
 #include "media/cMP3ID3v2.h"
+#include "support/HostDrives.h"
 #include "support/linux/ExfatStick.h"
 #include "support/linux/HostCalls.h"
-#include "support/HostDrives.h"
 #include "support/linux/Mounted.h"
 #include "support/linux/TempPath.h"
 

@@ -204,7 +204,8 @@ TEST_F(DriveTables, A_mounted_drive_whose_device_was_taken_out_is_gone) {
     EXPECT_FALSE(files->FolderExists("d:\\"));
 }
 
-TEST_F(DriveTables, What_the_host_remembers_of_a_stick_that_was_taken_out_is_gone_by_a_path_that_lasts) {
+TEST_F(DriveTables,
+       What_the_host_remembers_of_a_stick_that_was_taken_out_is_gone_by_a_path_that_lasts) {
     Mount("stick");
     temp.Write("stick/a.txt", "x");
     fs::create_directory_symlink(temp.HostPath("stick"), temp.HostPath("link"));

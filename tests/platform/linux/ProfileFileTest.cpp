@@ -1,8 +1,8 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
+#include "support/Support.h"
 #include "support/linux/FileSizeLimit.h"
 #include "support/linux/PlainUser.h"
-#include "support/Support.h"
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
@@ -134,7 +134,8 @@ TEST_F(ProfileFileOnLinux, Nothing_that_lies_under_the_name_of_the_temporary_fil
     EXPECT_EQ(Names(), m_alone);
 }
 
-TEST_F(ProfileFileOnLinux, Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
+TEST_F(ProfileFileOnLinux,
+       Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
     m_folder.Write(".db.txt.new/a.txt", "own");
     const auto before = Status("db.txt").st_ino;
     ASSERT_TRUE(Put("new"));

@@ -39,9 +39,7 @@ class FolderDrives : public DriveSource {
     bool HasMedium(char letter) override { return letter == 'c' || fs::exists(Folder(letter)); }
 
   private:
-    std::string Folder(char letter) const {
-        return m_temp.Read(std::string("drives/") + letter);
-    }
+    std::string Folder(char letter) const { return m_temp.Read(std::string("drives/") + letter); }
 
     std::string LabelOf(char letter) const {
         return Folder(letter).substr(Folder(letter).rfind('\\') + 1);
