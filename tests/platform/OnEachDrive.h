@@ -24,7 +24,9 @@ class OnEachDrive : public HostDrives, public ::testing::WithParamInterface<char
     }
 
     std::string At(const std::string& path) const { return root + "\\" + path; }
-    std::string Host(const std::string& path) const { return temp.HostPath("card/" + path); }
+    fs::path Host(const std::string& path) const {
+        return AsHostPath(temp.HostPath("card/" + path));
+    }
     void Put(const std::string& path, const std::string& bytes) const {
         temp.Write("card/" + path, bytes);
     }

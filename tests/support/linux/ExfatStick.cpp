@@ -1,4 +1,4 @@
-#include "support/ExfatStick.h"
+#include "support/linux/ExfatStick.h"
 
 #include <cstdlib>
 #include <filesystem>

@@ -1,11 +1,11 @@
 #include "core/PublicStuff.h"
 #include "media/TagMaker.h"
 #include "media/cMP3ID3v2.h"
-#include "support/ExfatStick.h"
-#include "support/HostCalls.h"
 #include "support/HostDrives.h"
-#include "support/Mounted.h"
-#include "support/TempPath.h"
+#include "support/linux/ExfatStick.h"
+#include "support/linux/HostCalls.h"
+#include "support/linux/Mounted.h"
+#include "support/linux/TempPath.h"
 
 #include <gmock/gmock.h>
 #include <stdlib.h>

@@ -1,4 +1,4 @@
-#include "support/FoldersRead.h"
+#include "support/linux/FoldersRead.h"
 
 #include <dirent.h>
 #include <dlfcn.h>

@@ -1,5 +1,5 @@
 #include "support/HostDrives.h"
-#include "support/Mounted.h"
+#include "support/linux/Mounted.h"
 
 #include <gmock/gmock.h>
 #include <sys/statvfs.h>

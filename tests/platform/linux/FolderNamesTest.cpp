@@ -1,6 +1,6 @@
 #include "platform/OnEachDrive.h"
-#include "support/FoldersRead.h"
-#include "support/PlainUser.h"
+#include "support/linux/FoldersRead.h"
+#include "support/linux/PlainUser.h"
 
 #include <unistd.h>
 
@@ -36,51 +36,6 @@ TEST_P(FolderNames, Many_new_names_in_a_folder_cost_one_reading_of_it) {
         files->DeleteFile(At("b\\MADE" + number(i)), false);
     }
     EXPECT_LE(FoldersRead() - before, 1);
-}
-
-TEST_P(FolderNames, What_others_do_in_a_folder_is_seen_at_once) {
-    EXPECT_FALSE(files->FileExists(At("a.txt")));
-    for (int i = 0; i < 20; ++i) {
-        Put("A.txt", "x");
-        ASSERT_EQ(FailureOf([&] { files->CreateTextFile(At("a.TXT"), false); }), 58);
-        fs::rename(Host("A.txt"), Host("b.txt"));
-        ASSERT_FALSE(files->FileExists(At("a.TXT")));
-        ASSERT_TRUE(files->FileExists(At("B.TXT")));
-        fs::remove(Host("b.txt"));
-        ASSERT_FALSE(files->FileExists(At("B.TXT")));
-        fs::create_directory(Host("A.txt"));
-        ASSERT_TRUE(files->FolderExists(At("a.TXT")));
-        fs::remove(Host("A.txt"));
-        fs::create_symlink("none", Host("a.txt"));
-        fs::remove(Host("a.txt"));
-    }
-}
-
-TEST_P(FolderNames, A_folder_that_was_replaced_or_moved_is_another_one) {
-    Put("a/One.txt", "x");
-    Put("b/Two.txt", "x");
-    EXPECT_TRUE(files->FileExists(At("a\\one.txt")));
-    EXPECT_TRUE(files->FileExists(At("b\\two.txt")));
-    fs::rename(Host("a"), Host("c"));
-    fs::rename(Host("b"), Host("a"));
-    EXPECT_FALSE(files->FileExists(At("a\\one.txt")));
-    EXPECT_TRUE(files->FileExists(At("a\\two.txt")));
-    EXPECT_TRUE(files->FileExists(At("c\\one.txt")));
-    fs::remove_all(Host("a"));
-    Put("a/Three.txt", "x");
-    EXPECT_FALSE(files->FileExists(At("a\\two.txt")));
-    EXPECT_TRUE(files->FileExists(At("a\\three.txt")));
-}
-
-TEST_P(FolderNames, More_folders_than_are_remembered_are_told_apart) {
-    for (int round = 0; round < 2; ++round) {
-        for (int i = 0; i < 40; ++i) {
-            const std::string folder = std::to_string(i);
-            if (round == 0) Put(folder + "/A" + folder + ".txt", "x");
-            ASSERT_TRUE(files->FileExists(At(folder + "\\a" + folder + ".txt")));
-            ASSERT_FALSE(files->FileExists(At(folder + "\\a" + std::to_string(i + 1) + ".txt")));
-        }
-    }
 }
 
 // The kernel keeps so many news and drops what comes later.

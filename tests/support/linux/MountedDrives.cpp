@@ -1,4 +1,4 @@
-#include "support/HostDrives.h"
+#include "support/linux/MountedDrives.h"
 
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/HostFileService.h"
@@ -7,7 +7,6 @@
 #include <fcntl.h>
 
 #include <algorithm>
-#include <filesystem>
 
 namespace tavel::test {
 
@@ -64,18 +63,8 @@ std::unique_ptr<MountSource> MakeMountSource(MountTable& table) {
     return std::make_unique<TableSource>(table);
 }
 
-HostDrives::HostDrives()
-    : files(MakeHostFileService(temp.HostPath("program"), MakeMountSource(mounts))) {}
-
-void HostDrives::Link(char letter, const std::string& folder) {
-    std::filesystem::create_directories(temp.HostPath("program/drives"));
-    std::filesystem::create_directories(temp.HostPath(folder));
-    std::filesystem::create_directory_symlink(temp.HostPath(folder),
-                                              temp.HostPath("program/drives/") + letter);
-}
-
-void HostDrives::Unlink(char letter) {
-    std::filesystem::remove(temp.HostPath("program/drives/") + letter);
+MountedDrives::MountedDrives() {
+    files = MakeHostFileService(temp.HostPath("program"), MakeMountSource(mounts));
 }
 
 }  // namespace tavel::test

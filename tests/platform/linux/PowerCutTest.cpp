@@ -1,9 +1,9 @@
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
-#include "support/FileSizeLimit.h"
-#include "support/HostCalls.h"
-#include "support/HostDrives.h"
-#include "support/PlainUser.h"
+#include "support/linux/FileSizeLimit.h"
+#include "support/linux/HostCalls.h"
+#include "support/linux/MountedDrives.h"
+#include "support/linux/PlainUser.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
@@ -24,7 +24,7 @@ namespace fs = std::filesystem;
 using ::testing::Contains;
 using ::testing::ElementsAre;
 
-class PowerCut : public HostDrives {
+class PowerCut : public MountedDrives {
   protected:
     void SetUp() override {
         Link('e', "card");

@@ -1,7 +1,7 @@
 #include "platform/ProfileService.h"
 #include "platform/linux/HostFileService.h"
-#include "support/ExfatStick.h"
 #include "support/HostDrives.h"
+#include "support/linux/ExfatStick.h"
 
 #include <gmock/gmock.h>
 

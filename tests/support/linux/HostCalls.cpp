@@ -1,4 +1,4 @@
-#include "support/HostCalls.h"
+#include "support/linux/HostCalls.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

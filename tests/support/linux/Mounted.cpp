@@ -1,4 +1,4 @@
-#include "support/Mounted.h"
+#include "support/linux/Mounted.h"
 
 #include <cstdlib>
 

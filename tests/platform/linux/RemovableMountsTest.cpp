@@ -1,4 +1,4 @@
-#include "support/HostDrives.h"
+#include "support/linux/MountedDrives.h"
 
 #include <gmock/gmock.h>
 #include <sys/sysmacros.h>

@@ -4,7 +4,7 @@
 #include "device/Naming.h"
 #include "library/Records.h"
 #include "support/DeviceRecorders.h"
-#include "support/HostDrives.h"
+#include "support/linux/MountedDrives.h"
 
 #include <gmock/gmock.h>
 
@@ -19,7 +19,7 @@ namespace {
 
 using ::testing::ElementsAre;
 
-class MountedPSP : public HostDrives {
+class MountedPSP : public MountedDrives {
   protected:
     MountedPSP() {
         ResetPublicStuff();

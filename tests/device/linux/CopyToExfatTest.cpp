@@ -1,8 +1,8 @@
 #include "core/PublicStuff.h"
 #include "device/ProgressBarFileCopy.h"
 #include "support/DeviceRecorders.h"
-#include "support/ExfatStick.h"
 #include "support/HostDrives.h"
+#include "support/linux/ExfatStick.h"
 
 #include <gmock/gmock.h>
 
