@@ -1,8 +1,7 @@
 #include "platform/HostLocale.h"
 
 #include "platform/windows/Wide.h"
-
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 #include <array>
 #include <cstdint>
