@@ -16,7 +16,8 @@ constexpr std::time_t afternoon = 1'234'567'890;  // 13 February 2009, 23:31:30 
 class UserSetting {
   public:
     UserSetting(LCTYPE setting, const wchar_t* value) : m_setting(setting) {
-        ::GetLocaleInfoW(LOCALE_USER_DEFAULT, setting, m_former.data(), m_former.size());
+        ::GetLocaleInfoW(LOCALE_USER_DEFAULT, setting, m_former.data(),
+                         static_cast<int>(m_former.size()));
         EXPECT_NE(::SetLocaleInfoW(LOCALE_USER_DEFAULT, setting, value), 0);
     }
     ~UserSetting() { ::SetLocaleInfoW(LOCALE_USER_DEFAULT, m_setting, m_former.data()); }
