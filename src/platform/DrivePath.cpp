@@ -45,18 +45,19 @@ bool DrivePath::HasSecondDrive() const {
     });
 }
 
-std::optional<DrivePath> ParseDrivePath(std::string_view text, std::string_view currentFolder) {
+std::optional<DrivePath> ParseDrivePath(std::string_view text, const DrivePath& currentFolder) {
     if (text.empty() || text.find('\0') != std::string_view::npos) return std::nullopt;
+    const bool endsInSeparator = text.back() == '\\';
     DrivePath path;
-    path.endsInSeparator = text.back() == '\\';
-    if (text.size() < 2 || DriveLetter(text[0]) == 0 || text[1] != ':') {
-        path.drive = currentFolder.substr(0, 2);
-        if (text.front() != '\\') path.Descend(currentFolder.substr(2));
-    } else {
+    if (text.size() >= 2 && DriveLetter(text[0]) != 0 && text[1] == ':') {
+        path.letter = DriveLetter(text[0]);
         path.drive = text.substr(0, 2);
         text.remove_prefix(2);
+    } else {
+        path = currentFolder;
+        if (text.front() == '\\') path.names.clear();
     }
-    path.letter = DriveLetter(path.drive.front());
+    path.endsInSeparator = endsInSeparator;
     path.Descend(text);
     return path;
 }

@@ -18,7 +18,7 @@ char DriveLetterOf(std::string_view name);
 // resolved.
 struct DrivePath {
     char letter = 'c';               // lower case
-    std::string drive;               // letter and colon as they were written
+    std::string drive = "c:";        // letter and colon as they were written
     std::vector<std::string> names;  // empty: the root
     bool endsInSeparator = false;
 
@@ -34,8 +34,8 @@ struct DrivePath {
 };
 
 // Nothing for a text that can be no path: the empty one, and one with a NUL. A path without a drive
-// starts at the current folder, itself a drive path, or at the root of its drive.
-std::optional<DrivePath> ParseDrivePath(std::string_view text, std::string_view currentFolder);
+// starts at the current folder, or at the root of its drive.
+std::optional<DrivePath> ParseDrivePath(std::string_view text, const DrivePath& currentFolder);
 
 // The text of an entry of the folder that `folder` names.
 std::string PathBelow(std::string_view folder, std::string_view name);

@@ -30,6 +30,10 @@ bool IsDeviceName(std::string_view name) {
 
 }  // namespace
 
+bool HasRefusedCharacter(std::string_view name) {
+    return std::any_of(name.begin(), name.end(), IsRefusedCharacter);
+}
+
 std::string_view WithoutDroppedEnd(std::string_view name) {
     const std::size_t last = name.find_last_not_of(" .");
     return name.substr(0, last == std::string_view::npos ? 0 : last + 1);
@@ -37,7 +41,7 @@ std::string_view WithoutDroppedEnd(std::string_view name) {
 
 std::string NameToCreate(std::string_view name) {
     std::string kept = ToUtf8(WithoutDroppedEnd(name));
-    if (std::any_of(kept.begin(), kept.end(), IsRefusedCharacter) || IsDeviceName(kept)) return {};
+    if (HasRefusedCharacter(kept) || IsDeviceName(kept)) return {};
     return kept;
 }
 

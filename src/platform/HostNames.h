@@ -8,6 +8,9 @@ namespace tavel {
 // The rules for names of files and folders, the same on every drive: those of the file systems
 // that a memory stick may carry.
 
+// One of the characters that those file systems refuse.
+bool HasRefusedCharacter(std::string_view name);
+
 // What a new entry asked for as `name` is called on the host: valid UTF-8, without the blanks and
 // dots at its end that those file systems drop. Empty when they refuse the name.
 std::string NameToCreate(std::string_view name);

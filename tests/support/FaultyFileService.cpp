@@ -103,7 +103,7 @@ bool FaultyFileService::Touch(char letter) {
 
 FaultyFileService::Mapped FaultyFileService::Map(std::string_view path) {
     Mapped mapped;
-    const std::optional<DrivePath> parsed = ParseDrivePath(path, "c:\\");
+    const std::optional<DrivePath> parsed = ParseDrivePath(path, DrivePath());
     if (!parsed) {
         mapped.failure = failure::PathNotFound;
         return mapped;

@@ -35,7 +35,7 @@ dev_t FileSystemOf(const MountEntry& mount) {
 }  // namespace
 
 DriveTable::DriveTable(const std::string& programFolder, std::unique_ptr<MountSource> mounts)
-    : m_currentFolder(FixedDrivePath(programFolder)),
+    : m_currentFolder(OnFixedDrive(programFolder)),
       m_links(programFolder + "/drives"),
       m_source(std::move(mounts)),
       m_letters("defghijklmnopqrstuvwxyz") {}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DrivePath.h"
 #include "platform/Numbers.h"
 #include "platform/linux/DriveLinks.h"
 #include "platform/linux/MountSource.h"
@@ -21,8 +22,8 @@ class DriveTable {
   public:
     DriveTable(const std::string& programFolder, std::unique_ptr<MountSource> mounts);
 
-    // The program's folder as a drive path: the current one, wherever the program was started from.
-    const std::string& CurrentFolder() const { return m_currentFolder; }
+    // The program's folder, wherever the program was started from.
+    const DrivePath& CurrentFolder() const { return m_currentFolder; }
 
     struct Entry {
         char letter = 0;
@@ -71,7 +72,7 @@ class DriveTable {
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
 
-    std::string m_currentFolder;
+    DrivePath m_currentFolder;
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;

@@ -1,7 +1,5 @@
 #include "platform/linux/HostPaths.h"
 
-#include "platform/DrivePath.h"
-
 #include <stdlib.h>
 
 #include <filesystem>
@@ -40,12 +38,13 @@ bool IsBelow(std::string_view hostPath, std::string_view root) {
            (hostPath.size() == root.size() || hostPath[root.size()] == '/');
 }
 
-std::string FixedDrivePath(std::string_view hostPath) {
+DrivePath OnFixedDrive(std::string_view hostPath) {
     DrivePath path;
-    path.drive = "c:";
     path.Descend(hostPath, '/');
-    return path.Text();
+    return path;
 }
+
+std::string FixedDrivePath(std::string_view hostPath) { return OnFixedDrive(hostPath).Text(); }
 
 std::string RealPath(const std::string& hostPath) {
     const std::unique_ptr<char, void (*)(void*)> path(realpath(hostPath.c_str(), nullptr), free);

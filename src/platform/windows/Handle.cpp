@@ -1,6 +1,7 @@
 #include "platform/windows/Handle.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace tavel {
 
@@ -49,6 +50,26 @@ bool Handle::Write(std::span<const char> buffer, std::size_t& bytesWritten) cons
 
 void Handle::SetTime(const FILETIME& modified) const {
     SetFileTime(m_handle, nullptr, nullptr, &modified);
+}
+
+// A time of 0 leaves what is there.
+void Handle::SetTraits(const HostStatus& other) const {
+    constexpr DWORD copied =
+        FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
+    FILE_BASIC_INFO traits{};
+    traits.LastWriteTime.LowPart = other.modified.dwLowDateTime;
+    traits.LastWriteTime.HighPart = static_cast<LONG>(other.modified.dwHighDateTime);
+    traits.FileAttributes = FILE_ATTRIBUTE_ARCHIVE | (other.attributes & copied);
+    SetFileInformationByHandle(m_handle, FileBasicInfo, &traits, sizeof traits);
+}
+
+std::optional<FILETIME> HostTime(std::int64_t seconds) {
+    constexpr std::int64_t ticks = 10'000'000;               // in a second
+    constexpr std::int64_t from1601To1970 = 11'644'473'600;  // seconds
+    constexpr std::int64_t latest = std::numeric_limits<std::int64_t>::max() / ticks;
+    if (seconds <= -from1601To1970 || seconds > latest - from1601To1970) return std::nullopt;
+    const auto count = static_cast<std::uint64_t>((seconds + from1601To1970) * ticks);
+    return FILETIME{static_cast<DWORD>(count), static_cast<DWORD>(count >> 32)};
 }
 
 Handle OpenToLook(const std::wstring& path, bool followsLinks) {

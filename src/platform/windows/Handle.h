@@ -1,9 +1,11 @@
 #pragma once
 
-#include <windows.h>
+#include "platform/windows/HostStatus.h"
+#include "platform/windows/WindowsApi.h"
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -37,12 +39,17 @@ class Handle {
     bool Flush() const { return FlushFileBuffers(m_handle) != 0; }
     // Gives the file a modification time; one that its file system can't keep is passed over.
     void SetTime(const FILETIME& modified) const;
+    // Gives the file the modification time and the attributes of another, as a copy has them.
+    void SetTraits(const HostStatus& other) const;
     // False when the host reports a failure; the handle is closed all the same.
     bool Close() { return !IsOpen() || CloseHandle(Release()) != 0; }
 
   private:
     HANDLE m_handle = INVALID_HANDLE_VALUE;
 };
+
+// Seconds from 1970 on (UTC) as the host counts; nothing for what it can't count.
+std::optional<FILETIME> HostTime(std::int64_t seconds);
 
 // Opens what is there, a file or a folder, to ask about it, which no other program can prevent by
 // having it open. Links are followed, or opened themselves.

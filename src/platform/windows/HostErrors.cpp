@@ -1,10 +1,18 @@
 #include "platform/windows/HostErrors.h"
 
 #include "platform/Failure.h"
-
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 namespace tavel {
+
+namespace {
+
+// The compiler's headers don't have these.
+constexpr DWORD virusInfected = 225;
+constexpr DWORD noSuchDevice = 433;
+constexpr DWORD diskQuotaExceeded = 1295;
+
+}  // namespace
 
 Long FailureOfHostError(unsigned long error) {
     switch (error) {
@@ -35,18 +43,18 @@ Long FailureOfHostError(unsigned long error) {
         case ERROR_USER_MAPPED_FILE:
         case ERROR_DELETE_PENDING:
         case ERROR_BUSY:
-        case ERROR_VIRUS_INFECTED:
+        case virusInfected:
         case ERROR_FILE_READ_ONLY:
             return failure::PermissionDenied;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
+        case diskQuotaExceeded:
         case ERROR_FILE_TOO_LARGE:  // the 4 GiB limit of a memory stick's file system
             return failure::DiskFull;
         case ERROR_NOT_READY:
         case ERROR_BAD_UNIT:
         case ERROR_DEV_NOT_EXIST:
-        case ERROR_NO_SUCH_DEVICE:
+        case noSuchDevice:
         case ERROR_NO_MEDIA_IN_DRIVE:
         case ERROR_MEDIA_CHANGED:
         case ERROR_WRONG_DISK:

@@ -1,9 +1,9 @@
 #include "platform/windows/HostPaths.h"
 
 #include "platform/HostNames.h"
+#include "platform/Text.h"
 #include "platform/windows/Wide.h"
-
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 #include <algorithm>
 
@@ -59,7 +59,7 @@ std::optional<DrivePath> ParseHostPath(std::string_view text) {
     std::replace(path.begin(), path.end(), '/', '\\');
     path = WithoutPrefix(path);
     if (path.size() >= 2 && DriveLetter(path[0]) != 0 && path[1] == ':')
-        return ParseDrivePath(path, {});
+        return ParseDrivePath(path, DrivePath());
     return ParseSharePath(path);
 }
 
