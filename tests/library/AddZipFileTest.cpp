@@ -1,6 +1,5 @@
 #include "library/ZipFixture.h"
-#include "platform/linux/HostFileService.h"
-#include "platform/linux/MountSource.h"
+#include "support/HostDrives.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -163,7 +162,7 @@ TEST_F(AddZipFileTest, The_options_of_the_moment_decide_about_the_group) {
 }
 
 TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
-    const auto belowTheProgram = MakeHostFileService(temp.HostPath(), MakeHostMounts());
+    const auto belowTheProgram = HostFilesBelow(temp.HostPath());
     Service<FileService>::Use(belowTheProgram.get());
     sDefaultDBPath = "0";
     EXPECT_EQ(FailureOf([&] { Import({{"a.jpg", "1"}}); }), failure::PathNotFound);

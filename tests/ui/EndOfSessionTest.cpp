@@ -12,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include <QDeadlineTimer>
 #include <csignal>
 #include <cstddef>
 
@@ -28,6 +29,11 @@ class EndOfSessionTest : public MainWindowTest {
   protected:
     EndOfSessionTest() { bDBChanged = true; }
 
+    // A request comes from a thread of its own.
+    void WaitForCalls() {
+        (void)QTest::qWaitFor([this] { return !calls.empty(); });
+    }
+
     static const Calls saved;
 
     EndOfSession m_endOfSession;
@@ -43,7 +49,7 @@ TEST_F(EndOfSessionTest, a_signal_is_the_same_as_Exit) {
     SingleWindow<frmLog>::Get();
     std::raise(SIGTERM);
     EXPECT_THAT(calls, testing::IsEmpty()) << "it is heard in the event loop";
-    RunEvents();
+    WaitForCalls();
     EXPECT_EQ(calls, saved);
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
 }
@@ -75,7 +81,7 @@ TEST_F(EndOfSessionTest, boxes_that_ask_are_cancelled_first_and_their_callers_go
     answers.push_back(MsgBox(QStringLiteral("another"), MsgBoxButtons::OK));
     EXPECT_THAT(answers, ElementsAre(MsgBoxAnswer::Cancel, MsgBoxAnswer::No, MsgBoxAnswer::OK));
     EXPECT_THAT(calls, testing::IsEmpty());
-    RunEvents();
+    WaitForCalls();
     EXPECT_EQ(calls, saved);
 }
 
@@ -97,7 +103,7 @@ TEST_F(EndOfSessionTest, a_request_waits_while_a_window_is_shown) {
     QWidget dialog(nullptr, Qt::Dialog);
     ShowNow(dialog);
     EXPECT_THAT(calls, testing::IsEmpty());
-    (void)QTest::qWaitFor([&] { return !calls.empty(); });
+    WaitForCalls();
     EXPECT_EQ(calls, saved);
 }
 
@@ -106,7 +112,7 @@ TEST_F(EndOfSessionTest, before_there_is_a_main_window_a_request_waits_for_it) {
     RunEvents();
     EXPECT_THAT(calls, testing::IsEmpty());
     SingleWindow<frmMain>::Get().show();
-    RunEvents();
+    WaitForCalls();
     EXPECT_EQ(calls, saved);
 }
 
@@ -117,7 +123,9 @@ TEST_F(EndOfSessionTest, a_yield_while_files_are_added_hears_it) {
     Yielding yielding([now = std::int64_t{0}]() mutable { return now += 1000; });
     Service<EventLoop>::Use(&yielding);
     std::raise(SIGTERM);
-    AddFolder(temp.DrivePath(""), false, false, true, true);
+    const QDeadlineTimer deadline(10'000);
+    while (calls.empty() && !deadline.hasExpired())
+        AddFolder(temp.DrivePath(""), false, false, true, true);
     EXPECT_THAT(calls, Contains("SaveDB"));
 }
 

@@ -6,7 +6,10 @@
 #include <unistd.h>
 
 #include <array>
+#include <cerrno>
 #include <csignal>
+#include <thread>
+#include <utility>
 
 namespace tavel {
 
@@ -17,41 +20,40 @@ constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
 // A signal's handler may do little more than write to a descriptor.
 volatile std::sig_atomic_t s_writer = -1;
 
-void WriteOne(int descriptor) {
-    const char request = 0;
-    // A pipe that is full says what there is to say.
-    (void)!::write(descriptor, &request, sizeof request);
-}
-
 void HearSignal(int) {
     const int error = errno;
-    WriteOne(s_writer);
+    const char request = 0;
+    // A pipe that is full says what there is to say.
+    (void)!::write(s_writer, &request, sizeof request);
     errno = error;
 }
 
 }  // namespace
 
-class EndRequests::Pipe {
+// A pipe from the signals' handler to the thread that tells of them.
+class EndRequests::Listener {
   public:
-    Pipe() {
+    explicit Listener(std::function<void()> heard) {
         std::array<int, 2> ends{-1, -1};
         // Without a pipe the signals keep their usual meaning.
-        if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
+        if (::pipe2(ends.data(), O_CLOEXEC) != 0) return;
         m_reader = Descriptor(ends[0]);
         m_writer = Descriptor(ends[1]);
+        ::fcntl(m_writer.Get(), F_SETFL, O_NONBLOCK);
         s_writer = m_writer.Get();
+        m_thread = std::thread([this, heard = std::move(heard)] { Listen(heard); });
         for (std::size_t i = 0; i < signals.size(); ++i) Hear(signals[i], m_former[i]);
     }
-    ~Pipe() {
+    ~Listener() {
         if (!m_writer.IsOpen()) return;
         for (std::size_t i = 0; i < signals.size(); ++i)
             ::sigaction(signals[i], &m_former[i], nullptr);
+        s_writer = -1;
+        m_writer.Close();  // the end of the pipe, and of the thread
+        m_thread.join();
     }
-    Pipe(const Pipe&) = delete;
-    Pipe& operator=(const Pipe&) = delete;
-
-    int Reader() const { return m_reader.Get(); }
-    int Writer() const { return m_writer.Get(); }
+    Listener(const Listener&) = delete;
+    Listener& operator=(const Listener&) = delete;
 
   private:
     static void Hear(int signal, struct sigaction& former) {
@@ -63,17 +65,25 @@ class EndRequests::Pipe {
         ::sigaction(signal, &hear, nullptr);
     }
 
+    void Listen(const std::function<void()>& heard) const {
+        std::array<char, 64> requests{};
+        for (;;) {
+            const ssize_t count = ::read(m_reader.Get(), requests.data(), requests.size());
+            if (count == 0) return;
+            if (count > 0) heard();
+            if (count < 0 && errno != EINTR) return;
+        }
+    }
+
     Descriptor m_reader;
     Descriptor m_writer;
+    std::thread m_thread;
     std::array<struct sigaction, signals.size()> m_former{};
 };
 
-EndRequests::EndRequests() : m_pipe(std::make_unique<Pipe>()) {}
+EndRequests::EndRequests(std::function<void()> heard)
+    : m_listener(std::make_unique<Listener>(std::move(heard))) {}
 
 EndRequests::~EndRequests() = default;
-
-int EndRequests::Handle() const { return m_pipe->Reader(); }
-
-void EndRequests::Add() { WriteOne(m_pipe->Writer()); }
 
 }  // namespace tavel
