@@ -1,6 +1,6 @@
 #include "platform/EndRequests.h"
 
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 #include <mutex>
 #include <utility>

@@ -2,8 +2,7 @@
 #include "platform/windows/DriveSource.h"
 #include "platform/windows/QuietErrors.h"
 #include "platform/windows/Wide.h"
-
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 #include <array>
 
