@@ -17,7 +17,8 @@ Long WhyNotToOpen(const Place& place, RawMode mode) {
         return place.name.empty() ? failure::BadFileName : 0;
     }
     if (place.failure != 0) return place.failure;
-    return place.IsFile() ? 0 : failure::PermissionDenied;
+    const bool isProtected = mode != RawMode::Read && place.IsReadOnly();
+    return place.IsFile() && !isProtected ? 0 : failure::PermissionDenied;
 }
 
 DWORD AccessFor(RawMode mode) {

@@ -58,14 +58,17 @@ std::string ReadToEnd(HostFile& file) {
 // Else the host would ask the user, in a box of its own, to put a medium into an empty drive.
 void KeepHostFromAsking() { SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS); }
 
-DrivePath CurrentFolder(const std::string& programFolder) {
-    return ParseHostPath(programFolder).value_or(DrivePath());
+// Letters of drives are small ones in the paths that this tells.
+std::optional<DrivePath> AsDrivePath(std::string_view hostPath) {
+    std::optional<DrivePath> path = ParseHostPath(hostPath);
+    if (path && path->letter != 0) path->drive.front() = path->letter;
+    return path;
 }
 
 class WindowsFileService : public FileService {
   public:
     WindowsFileService(const std::string& programFolder, std::unique_ptr<DriveSource> drives)
-        : m_tree{std::move(drives), CurrentFolder(programFolder)} {
+        : m_tree{std::move(drives), AsDrivePath(programFolder).value_or(DrivePath())} {
         KeepHostFromAsking();
     }
 
@@ -139,15 +142,14 @@ class WindowsFileService : public FileService {
     std::string HostPath(std::string_view path) override {
         const Place place = Find(path);
         const bool canBeCreated = place.failure == failure::FileNotFound && !place.name.empty();
-        return place.failure == 0 || canBeCreated ? HostPathOf(place.callPath) : std::string();
+        if (place.failure != 0) return canBeCreated ? HostPathOf(place.callPath) : std::string();
+        return HostPathOf(InOwnSpelling(place.callPath));
     }
 
     // The host's drives have the letters of the paths, and keep them.
     std::string FromHostPath(std::string_view hostPath) override {
-        std::optional<DrivePath> path = ParseHostPath(hostPath);
-        if (!path) return std::string(hostPath);
-        if (path->letter != 0) path->drive.front() = path->letter;
-        return path->Text();
+        const std::optional<DrivePath> path = AsDrivePath(hostPath);
+        return path ? path->Text() : std::string(hostPath);
     }
 
   private:

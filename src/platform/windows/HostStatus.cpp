@@ -41,6 +41,13 @@ std::wstring FinalPath(const std::wstring& callPath) {
     }
 }
 
+std::wstring InOwnSpelling(const std::wstring& callPath) {
+    std::wstring path = FinalPath(callPath);
+    const bool isSame =
+        CompareStringOrdinal(path.c_str(), -1, callPath.c_str(), -1, TRUE) == CSTR_EQUAL;
+    return isSame ? path : callPath;
+}
+
 bool IsLinkTag(DWORD attributes, DWORD reparseTag) {
     return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            IsReparseTagNameSurrogate(reparseTag);

@@ -26,6 +26,9 @@ DWORD LookBehind(const std::wstring& callPath, HostStatus& status);
 
 // The path of what is there, behind all links; empty when it leads nowhere.
 std::wstring FinalPath(const std::wstring& callPath);
+// The path of what is there with its names spelt as their folders spell them; as it is when a link
+// or a short name is on the way.
+std::wstring InOwnSpelling(const std::wstring& callPath);
 
 // True for what stands for something elsewhere: a symbolic link, or a folder that another folder or
 // a volume is mounted on. Other reparse points are files and folders as any, whatever the host does

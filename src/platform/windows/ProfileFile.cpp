@@ -1,7 +1,7 @@
 #include "platform/ProfileFile.h"
 
 #include "platform/windows/Handle.h"
-#include "platform/windows/Wide.h"
+#include "platform/windows/HostPaths.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -42,7 +42,7 @@ std::optional<FileStamp> StampFrom(const Handle& file) {
 // A file alone: a device or a pipe would never answer.
 Handle OpenToRead(const std::string& hostPath) {
     constexpr DWORD sharesAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    Handle file(::CreateFileW(ToWide(hostPath).c_str(), GENERIC_READ, sharesAll, nullptr,
+    Handle file(::CreateFileW(CallPath(hostPath).c_str(), GENERIC_READ, sharesAll, nullptr,
                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
     if (file.IsOpen() && ::GetFileType(file.Get()) != FILE_TYPE_DISK) file.Close();
     return file;
@@ -51,7 +51,7 @@ Handle OpenToRead(const std::string& hostPath) {
 }  // namespace
 
 std::optional<FileStamp> StampOf(const std::string& hostPath) {
-    const Handle file = OpenToLook(ToWide(hostPath), true);
+    const Handle file = OpenToLook(CallPath(hostPath), true);
     return file.IsOpen() ? StampFrom(file) : std::nullopt;
 }
 
