@@ -12,7 +12,6 @@
 
 #include <gmock/gmock.h>
 
-#include <QDeadlineTimer>
 #include <csignal>
 #include <cstddef>
 
@@ -29,11 +28,6 @@ class EndOfSessionTest : public MainWindowTest {
   protected:
     EndOfSessionTest() { bDBChanged = true; }
 
-    // A request comes from a thread of its own.
-    void WaitForCalls() {
-        (void)QTest::qWaitFor([this] { return !calls.empty(); });
-    }
-
     static const Calls saved;
 
     EndOfSession m_endOfSession;
@@ -49,7 +43,7 @@ TEST_F(EndOfSessionTest, a_signal_is_the_same_as_Exit) {
     SingleWindow<frmLog>::Get();
     std::raise(SIGTERM);
     EXPECT_THAT(calls, testing::IsEmpty()) << "it is heard in the event loop";
-    WaitForCalls();
+    RunEvents();
     EXPECT_EQ(calls, saved);
     EXPECT_FALSE(SingleWindow<frmLog>::Loaded());
 }
@@ -81,7 +75,7 @@ TEST_F(EndOfSessionTest, boxes_that_ask_are_cancelled_first_and_their_callers_go
     answers.push_back(MsgBox(QStringLiteral("another"), MsgBoxButtons::OK));
     EXPECT_THAT(answers, ElementsAre(MsgBoxAnswer::Cancel, MsgBoxAnswer::No, MsgBoxAnswer::OK));
     EXPECT_THAT(calls, testing::IsEmpty());
-    WaitForCalls();
+    RunEvents();
     EXPECT_EQ(calls, saved);
 }
 
@@ -103,7 +97,7 @@ TEST_F(EndOfSessionTest, a_request_waits_while_a_window_is_shown) {
     QWidget dialog(nullptr, Qt::Dialog);
     ShowNow(dialog);
     EXPECT_THAT(calls, testing::IsEmpty());
-    WaitForCalls();
+    (void)QTest::qWaitFor([&] { return !calls.empty(); });
     EXPECT_EQ(calls, saved);
 }
 
@@ -112,7 +106,7 @@ TEST_F(EndOfSessionTest, before_there_is_a_main_window_a_request_waits_for_it) {
     RunEvents();
     EXPECT_THAT(calls, testing::IsEmpty());
     SingleWindow<frmMain>::Get().show();
-    WaitForCalls();
+    RunEvents();
     EXPECT_EQ(calls, saved);
 }
 
@@ -123,9 +117,7 @@ TEST_F(EndOfSessionTest, a_yield_while_files_are_added_hears_it) {
     Yielding yielding([now = std::int64_t{0}]() mutable { return now += 1000; });
     Service<EventLoop>::Use(&yielding);
     std::raise(SIGTERM);
-    const QDeadlineTimer deadline(10'000);
-    while (calls.empty() && !deadline.hasExpired())
-        AddFolder(temp.DrivePath(""), false, false, true, true);
+    AddFolder(temp.DrivePath(""), false, false, true, true);
     EXPECT_THAT(calls, Contains("SaveDB"));
 }
 

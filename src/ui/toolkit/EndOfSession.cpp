@@ -9,11 +9,11 @@
 
 namespace tavel {
 
-EndOfSession::EndOfSession()
-    : m_requests([this] {
-          QMetaObject::invokeMethod(
-              this, [this] { m_next.start(0, this); }, Qt::QueuedConnection);
-      }) {
+EndOfSession::EndOfSession() {
+    if (m_requests.Handle() >= 0) {
+        m_notifier = std::make_unique<QSocketNotifier>(m_requests.Handle(), QSocketNotifier::Read);
+        connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { Ask(); });
+    }
     connect(
         qApp, &QGuiApplication::commitDataRequest, this, [this] { Ask(); }, Qt::DirectConnection);
     qApp->installEventFilter(this);
@@ -28,6 +28,7 @@ bool EndOfSession::eventFilter(QObject* watched, QEvent* event) {
 
 // The session may be gone as soon as this returns; so it does not wait for the event loop.
 void EndOfSession::Ask() {
+    if (m_notifier) m_notifier->setEnabled(false);
     m_next.start(0, this);
     CloseFront();
 }

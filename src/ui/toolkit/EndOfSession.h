@@ -4,6 +4,8 @@
 
 #include <QBasicTimer>
 #include <QObject>
+#include <QSocketNotifier>
+#include <memory>
 
 namespace tavel {
 
@@ -27,8 +29,9 @@ class EndOfSession : public QObject {
     void Ask();
     void CloseFront();
 
-    QBasicTimer m_next;
     EndRequests m_requests;
+    std::unique_ptr<QSocketNotifier> m_notifier;
+    QBasicTimer m_next;
 };
 
 }  // namespace tavel
