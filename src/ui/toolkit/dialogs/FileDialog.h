@@ -27,6 +27,7 @@ class FileDialog : public QFileDialog {
   private:
     const QComboBox& TypeBox() const;
     QStringList Picked() const;
+    bool IsCountRight() const;
     bool CanAnswer() const;
     bool CanSave(const std::string& path) const;
     bool MayReplace() const;
