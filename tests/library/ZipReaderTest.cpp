@@ -213,7 +213,7 @@ TEST_F(ZipReaderTest, An_offset_that_leads_nowhere_is_a_failure) {
 TEST_F(ZipReaderTest, Damaged_packed_bytes_are_a_failure) {
     std::string bytes = MakeZip({{"a.jpg", std::string(5000, 'x') + "tail", true}});
     bytes[45] ^= 0x55;
-    zip.ZipFile(Write("archive.zip", bytes));
+    OpenBytes(bytes);
     EXPECT_EQ(FailureOf([&] { Extract(0); }), failure::InvalidFileFormat);
 }
 
@@ -222,15 +222,13 @@ TEST_F(ZipReaderTest, What_is_no_archive_does_not_open) {
     for (const std::string& bytes :
          {std::string(), std::string("PK"), std::string(100'000, 'x'), good.substr(0, 60),
           good.substr(0, good.size() - 3), good.substr(30)}) {
-        EXPECT_EQ(FailureOf([&] { zip.ZipFile(Write("archive.zip", bytes)); }),
-                  failure::InvalidFileFormat)
-            << bytes.size();
+        EXPECT_EQ(FailureOf([&] { OpenBytes(bytes); }), failure::InvalidFileFormat) << bytes.size();
     }
 }
 
 TEST_F(ZipReaderTest, An_archive_with_a_comment_opens_unless_it_is_cut_off) {
     const std::string bytes = MakeZip({{"a.jpg", "some bytes"}}, "taken at the sea");
-    zip.ZipFile(Write("archive.zip", bytes));
+    OpenBytes(bytes);
     EXPECT_EQ(Extract(0), out + "\\a.jpg");
     zip.Close();
     for (const std::size_t cut : {1u, 8u, 16u}) {
@@ -244,7 +242,7 @@ TEST_F(ZipReaderTest, Bytes_in_front_that_the_offsets_do_not_count_do_no_harm) {
         for (const std::size_t count : {1u, 14u, 5000u, 100'000u}) {
             const std::string bytes = MakeZip({{"in/a.jpg", "some bytes", true}, {"b.jpg", "b"}},
                                               std::string(comment, 'c'));
-            zip.ZipFile(Write("archive.zip", std::string(count, 'x') + bytes));
+            OpenBytes(std::string(count, 'x') + bytes);
             ASSERT_EQ(zip.Count(), 2u);
             Extract(0);
             Extract(1);
@@ -257,7 +255,7 @@ TEST_F(ZipReaderTest, Bytes_in_front_that_the_offsets_do_not_count_do_no_harm) {
 
 TEST_F(ZipReaderTest, Of_two_archives_in_one_file_the_last_is_read) {
     const std::string bytes = MakeZip({{"a.jpg", "some bytes"}}) + MakeZip({{"b.jpg", "b"}});
-    zip.ZipFile(Write("archive.zip", bytes));
+    OpenBytes(bytes);
     ASSERT_EQ(zip.Count(), 1u);
     EXPECT_EQ(Extract(0), out + "\\b.jpg");
     EXPECT_EQ(temp.Read("out/b.jpg"), "b");
@@ -266,7 +264,7 @@ TEST_F(ZipReaderTest, Of_two_archives_in_one_file_the_last_is_read) {
 TEST_F(ZipReaderTest, Of_two_archives_that_are_alike_the_last_is_read_too) {
     const std::string bytes =
         MakeZip({{"a.jpg", "some bytes"}}) + MakeZip({{"b.jpg", "more bytes"}});
-    zip.ZipFile(Write("archive.zip", bytes));
+    OpenBytes(bytes);
     ASSERT_EQ(zip.Count(), 1u);
     EXPECT_EQ(Extract(0), out + "\\b.jpg");
 }
@@ -276,15 +274,14 @@ TEST_F(ZipReaderTest, What_is_left_of_an_archive_that_was_cut_off_is_not_an_arch
     const std::string bytes =
         MakeZip({{"a.jpg", "some bytes"}, {"in.zip", inner}, {"b.jpg", std::string(100, 'b')}});
     const std::string cut = bytes.substr(0, bytes.find("bbbb") + 50);
-    EXPECT_EQ(FailureOf([&] { zip.ZipFile(Write("archive.zip", cut)); }),
-              failure::InvalidFileFormat);
+    EXPECT_EQ(FailureOf([&] { OpenBytes(cut); }), failure::InvalidFileFormat);
 }
 
 TEST_F(ZipReaderTest, A_comment_may_hold_what_looks_like_the_end_of_an_archive) {
     const std::string bytes =
         MakeZip({{"a.jpg", "some bytes"}}, "a PK\5\6 in the words of " + std::string(30, 'c'));
     for (const std::size_t count : {0u, 100u}) {
-        zip.ZipFile(Write("archive.zip", std::string(count, 'x') + bytes));
+        OpenBytes(std::string(count, 'x') + bytes);
         EXPECT_EQ(zip.Count(), 1u) << count;
     }
 }

@@ -2,6 +2,7 @@
 
 #include "platform/windows/WindowsApi.h"
 
+#include <condition_variable>
 #include <mutex>
 #include <utility>
 
@@ -11,14 +12,8 @@ namespace {
 
 // The host calls the handler on a thread that it makes for each event.
 std::mutex s_mutex;
+std::condition_variable s_changed;
 const std::function<void()>* s_heard = nullptr;
-
-bool Tell() {
-    const std::lock_guard lock(s_mutex);
-    if (s_heard == nullptr) return false;
-    (*s_heard)();
-    return true;
-}
 
 // Behind these the host ends the process as soon as the handler returns, or after some seconds.
 bool IsEndOfAll(DWORD event) {
@@ -26,14 +21,16 @@ bool IsEndOfAll(DWORD event) {
 }
 
 BOOL WINAPI HearEvent(DWORD event) {
-    if (!Tell()) return FALSE;
-    if (IsEndOfAll(event)) ::Sleep(INFINITE);
+    std::unique_lock lock(s_mutex);
+    if (s_heard == nullptr) return FALSE;
+    (*s_heard)();
+    if (IsEndOfAll(event)) s_changed.wait(lock, [] { return s_heard == nullptr; });
     return TRUE;
 }
 
 }  // namespace
 
-// A Ctrl+C that is ignored for this process does not get to its handlers.
+// A Ctrl+C that the process was started to ignore does not get to its handlers.
 class EndRequests::Listener {
   public:
     explicit Listener(std::function<void()> heard) : m_heard(std::move(heard)) {
@@ -41,18 +38,19 @@ class EndRequests::Listener {
         // Where that fails the events keep their usual meaning.
         ::SetConsoleCtrlHandler(HearEvent, TRUE);
     }
+    // A handler that waits has to go on first: the host takes none away while one runs.
     ~Listener() {
-        ::SetConsoleCtrlHandler(HearEvent, FALSE);
         Use(nullptr);
+        ::SetConsoleCtrlHandler(HearEvent, FALSE);
     }
     Listener(const Listener&) = delete;
     Listener& operator=(const Listener&) = delete;
 
   private:
-    // Waits for a handler that is telling of a request.
     static void Use(const std::function<void()>* heard) {
         const std::lock_guard lock(s_mutex);
         s_heard = heard;
+        s_changed.notify_all();
     }
 
     std::function<void()> m_heard;
