@@ -76,7 +76,8 @@ TEST_F(TagSetters, Each_sets_its_property_and_one_frame_of_its_own) {
         EXPECT_EQ(tag.TagsInFrame(setter.Id), 1);
         EXPECT_EQ(FramesWritten(), Frame3(setter.Id, setter.Before + "value")) << setter.Id;
         for (const Setter& other : setters) {
-            if (other.Id != setter.Id) EXPECT_EQ((tag.*other.Get)(), "") << other.Id;
+            if (other.Id == setter.Id) continue;
+            EXPECT_EQ((tag.*other.Get)(), "") << other.Id;
         }
     }
 }
@@ -111,7 +112,9 @@ TEST_F(TagSetters, The_last_frame_of_a_tag_that_leaves_little_room_is_not_read_b
         ASSERT_EQ(folder.Read("one.mp3").size(), 2048 + audio.size());
         tag.MP3File(folder.DrivePath("one.mp3"));
         EXPECT_EQ(tag.FrameCount() == 17, bytes == 1960) << bytes;
-        if (bytes == 1961) EXPECT_EQ(tag.FrameCount(), 16);
+        if (bytes == 1961) {
+            EXPECT_EQ(tag.FrameCount(), 16);
+        }
         EXPECT_EQ(tag.TagsInFrame("TRCK"), bytes == 1960 ? 1 : 0);
         EXPECT_EQ(tag.ArtistURL().size(), bytes - rest);
     }

@@ -46,13 +46,13 @@ std::string HostDecimalMark() {
                                           text.size()));
 }
 
-// By the rules for summer time that held at that moment.
+// Summer time counts by the date that is told, and not by the present one.
 std::string HostDateTimeText(std::time_t when) {
     const FILETIME time = FileTimeOf(when);
     SYSTEMTIME utc{};
     SYSTEMTIME local{};
     if (::FileTimeToSystemTime(&time, &utc) == 0 ||
-        ::SystemTimeToTzSpecificLocalTimeEx(nullptr, &utc, &local) == 0)
+        ::SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local) == 0)
         return {};
     return DateText(local) + ' ' + TimeText(local);
 }

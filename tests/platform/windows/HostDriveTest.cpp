@@ -1,10 +1,10 @@
 #include "platform/Failure.h"
 #include "platform/windows/DriveSource.h"
 #include "platform/windows/HostDrive.h"
+#include "platform/windows/WindowsApi.h"
 #include "support/HostDrives.h"
 
 #include <gmock/gmock.h>
-#include <windows.h>
 
 #include <algorithm>
 

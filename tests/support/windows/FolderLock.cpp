@@ -1,8 +1,7 @@
 #include "support/FolderLock.h"
 
+#include "platform/windows/WindowsApi.h"
 #include "support/HostPlaces.h"
-
-#include <windows.h>
 
 #include <stdexcept>
 

@@ -2,8 +2,7 @@
 
 #include "platform/Text.h"
 #include "platform/windows/Wide.h"
-
-#include <windows.h>
+#include "platform/windows/WindowsApi.h"
 
 #include <algorithm>
 #include <stdexcept>
