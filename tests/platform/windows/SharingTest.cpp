@@ -39,7 +39,7 @@ TEST_P(Sharing, What_others_write_is_not_read_meanwhile) {
     const Handle writer = Open("a.bin", GENERIC_WRITE, anything);
     ASSERT_TRUE(writer.IsOpen());
     Long error = 0;
-    for (const RawMode mode : {RawMode::Read, RawMode::ReadWrite, RawMode::Create}) {
+    for (const RawMode mode : {RawMode::Read, RawMode::ReadWrite}) {
         EXPECT_FALSE(files->OpenRaw(At("a.bin"), mode, error));
         EXPECT_EQ(error, 70);
     }
@@ -47,6 +47,17 @@ TEST_P(Sharing, What_others_write_is_not_read_meanwhile) {
     EXPECT_EQ(FailureOf([&] { files->CopyFile(At("a.bin"), At("b.bin"), true); }), 70);
     EXPECT_FALSE(Has("b.bin"));
     EXPECT_EQ(files->GetFile(At("a.bin")).Size, 1);
+}
+
+TEST_P(Sharing, What_is_written_may_be_read_and_written_by_others) {
+    Put("a.bin", "x");
+    Long error = 0;
+    const auto file = files->OpenRaw(At("a.bin"), RawMode::Create, error);
+    ASSERT_TRUE(file);
+    EXPECT_TRUE(Open("a.bin", GENERIC_READ, anything).IsOpen());
+    EXPECT_TRUE(Open("a.bin", GENERIC_WRITE, anything).IsOpen());
+    EXPECT_TRUE(files->OpenRaw(At("a.bin"), RawMode::Create, error));
+    EXPECT_FALSE(Open("a.bin", DELETE, anything).IsOpen());
 }
 
 TEST_P(Sharing, What_others_have_open_alone_is_neither_moved_nor_replaced_nor_deleted) {
