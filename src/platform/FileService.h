@@ -164,13 +164,8 @@ FileService* OwnService<FileService>();
 // The one file service of the program. The profile service stands on it too.
 inline FileService& oFSO() { return Service<FileService>::Get(); }
 
-// The program folder as a drive path, without a separator at its end unless it is the root of a
-// drive: where the running program lies or, when the system has installed it for all its users, a
-// folder of this user's own.
+// The program folder (platform/ProgramFolder.h tells which that is) as a drive path, without a
+// separator at its end unless it is the root of a drive.
 std::string ProgramFolder();
-
-// To be called once, at the start and before the folder is used: where the folder is the user's
-// own, makes it and whatever is missing in it of what was installed. Fails as file operations do.
-void FillProgramFolder();
 
 }  // namespace tavel

@@ -1,4 +1,5 @@
 #include "platform/FileService.h"
+#include "platform/ProgramFolder.h"
 #include "platform/linux/ProgramFolder.h"
 #include "support/HostVariable.h"
 #include "support/Support.h"

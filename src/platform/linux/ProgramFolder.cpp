@@ -1,6 +1,7 @@
 #include "platform/linux/ProgramFolder.h"
 
 #include "platform/FileService.h"
+#include "platform/ProgramFolder.h"
 #include "platform/linux/FillFolder.h"
 #include "platform/linux/HostPaths.h"
 
