@@ -28,7 +28,7 @@ class Desk:
         os.environ["DISPLAY"] = ":" + self._answer(
             ["Xvfb", "-displayfd", "{}", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer(
-            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}"])
+            ["dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:dir={runtime}", "--print-address={}"])
         self._start(["openbox"])
         wait_for("the window manager", self._is_managed)
 
