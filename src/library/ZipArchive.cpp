@@ -3,8 +3,6 @@
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <new>
 
@@ -58,7 +56,10 @@ bool ZipArchive::IsLink(std::uint64_t number) const {
     zip_uint8_t system = 0;
     zip_uint32_t attributes = 0;
     zip_file_get_external_attributes(m_zip.get(), number, 0, &system, &attributes);
-    return S_ISLNK(attributes >> 16);
+    // The mode that makers on Unix put there, by their numbers on every host.
+    constexpr zip_uint32_t kind = 0170000;
+    constexpr zip_uint32_t link = 0120000;
+    return ((attributes >> 16) & kind) == link;
 }
 
 // The common date has no time zone and counts in steps of two seconds. Many makers put the exact

@@ -25,7 +25,7 @@ std::string SizeBytes(Long value) {
 
 // A list of one frame whose body has so many bytes.
 FrameList WithBodyOf(std::size_t bytes) {
-    return FrameList({{"TIT2", std::string(bytes - 1, 'x')}});
+    return FrameList({TagFrame{"TIT2", std::string(bytes - 1, 'x')}});
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ TEST(TagBuffer, A_list_without_frames_is_a_header_and_four_zero_bytes) {
 }
 
 TEST(TagBuffer, A_frame_is_id_length_flags_and_a_zero_byte_in_front_of_the_text) {
-    EXPECT_EQ(TagBuffer(FrameList({{"TIT2", "Title"}})),
+    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"TIT2", "Title"}})),
               "ID3\3\0\0\0\0\0\x1E"
               "TIT2\0\0\0\6\0\0\0Title"
               "\0\0\0\0"s);
@@ -77,13 +77,14 @@ TEST(TagBuffer, Every_frame_has_the_zero_byte_urls_and_counters_too) {
 }
 
 TEST(TagBuffer, An_empty_text_is_a_frame_all_the_same) {
-    EXPECT_EQ(TagBuffer(FrameList({{"TALB", ""}})), WholeTag(Frame3("TALB", "\0"s)));
+    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"TALB", ""}})), WholeTag(Frame3("TALB", "\0"s)));
 }
 
 TEST(TagBuffer, Texts_are_written_byte_by_byte) {
     std::string text;
     for (int byte = 0; byte < 256; ++byte) text += static_cast<char>(byte);
-    EXPECT_EQ(TagBuffer(FrameList({{"TIT2", text}})), WholeTag(Frame3("TIT2", "\0"s + text)));
+    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"TIT2", text}})),
+              WholeTag(Frame3("TIT2", "\0"s + text)));
 }
 
 TEST(TagBuffer, Instances_stand_together_in_the_order_of_their_ids) {
@@ -94,7 +95,7 @@ TEST(TagBuffer, Instances_stand_together_in_the_order_of_their_ids) {
 TEST(TagBuffer, A_frame_with_ID3_in_its_id_is_left_out) {
     const FrameList list({{"TID3", "a"}, {"TIT2", "b"}, {"ID3x", "c"}, {"xID3", "d"}, {"ID3", ""}});
     EXPECT_EQ(TagBuffer(list), WholeTag(Frame3("TIT2", "\0b"s)));
-    EXPECT_EQ(TagBuffer(FrameList({{"tid3", "a"}})), WholeTag(Frame3("tid3", "\0a"s)));
+    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"tid3", "a"}})), WholeTag(Frame3("tid3", "\0a"s)));
 }
 
 TEST(TagBuffer, A_frame_with_ID3_in_its_id_may_be_too_large_or_lack_its_text) {
@@ -115,6 +116,15 @@ TEST(TagBuffer, An_id_of_fewer_than_four_characters_fails) {
     for (const char* id : {"", "T", "TT2"}) {
         const FrameList list({{"TIT2", "a"}, {id, "b"}});
         EXPECT_EQ(FailureOf([&] { TagBuffer(list); }), failure::InvalidProcedureCall) << id;
+    }
+}
+
+TEST(TagBuffer, The_first_thing_that_is_wrong_is_the_one_that_fails) {
+    const std::string large(65535, 'x');
+    for (const auto& [id, number] :
+         {std::pair{"TT2", failure::InvalidProcedureCall}, std::pair{"TIT2", failure::Overflow}}) {
+        const FrameList list({{id, large}, {"TPE", ""}, {"TALB", large}});
+        EXPECT_EQ(FailureOf([&] { TagBuffer(list); }), number) << id;
     }
 }
 

@@ -74,9 +74,11 @@ TEST_F(TagSetters, Each_sets_its_property_and_one_frame_of_its_own) {
         EXPECT_EQ(tag.FrameCount(), 1) << setter.Id;
         EXPECT_EQ(tag.Frame(1), setter.Id);
         EXPECT_EQ(tag.TagsInFrame(setter.Id), 1);
+        EXPECT_TRUE(folder.Read("one.mp3") == audio);
         EXPECT_EQ(FramesWritten(), Frame3(setter.Id, setter.Before + "value")) << setter.Id;
         for (const Setter& other : setters) {
-            if (other.Id != setter.Id) EXPECT_EQ((tag.*other.Get)(), "") << other.Id;
+            const bool isSet = other.Id == setter.Id;
+            EXPECT_EQ((tag.*other.Get)(), isSet ? "value" : "") << other.Id;
         }
     }
 }
@@ -111,7 +113,7 @@ TEST_F(TagSetters, The_last_frame_of_a_tag_that_leaves_little_room_is_not_read_b
         ASSERT_EQ(folder.Read("one.mp3").size(), 2048 + audio.size());
         tag.MP3File(folder.DrivePath("one.mp3"));
         EXPECT_EQ(tag.FrameCount() == 17, bytes == 1960) << bytes;
-        if (bytes == 1961) EXPECT_EQ(tag.FrameCount(), 16);
+        EXPECT_TRUE(tag.FrameCount() == 16 || bytes != 1961);
         EXPECT_EQ(tag.TagsInFrame("TRCK"), bytes == 1960 ? 1 : 0);
         EXPECT_EQ(tag.ArtistURL().size(), bytes - rest);
     }
@@ -183,9 +185,11 @@ TEST_F(TagSetters, Frames_are_added_and_removed_and_fail_under_the_class_label) 
     tag.AddTag("TPE2", "lost");
     EXPECT_EQ(FramesWritten(),
               Frame3("TIT2", "\0title"s) + Frame3("TPE2", "\0band"s) + Frame3("TPE2", "\0TPE2"s));
+    const std::string written = folder.Read("one.mp3");
     tag.RemoveFrame(1);
     EXPECT_EQ(tag.Title(), "title");
     tag.RemoveTag("TPE2", 1);
+    EXPECT_TRUE(folder.Read("one.mp3") == written);
     EXPECT_EQ(FramesWritten(), Frame3("TPE2", "\0TPE2"s));
 
     const std::string noKey = "5 Invalid procedure call or argument Tavel.cMP3ID3v2";

@@ -111,6 +111,7 @@ TEST_F(TagUpdateFailures, An_update_that_grows_the_file_makes_these_calls) {
     files->onCall = [&](const std::string& call) { all.push_back(call); };
     EXPECT_EQ(Update(), 0);
     const std::string temp = all.at(5).substr(all.at(5).find("t:"));
+    EXPECT_THAT(temp, ::testing::MatchesRegex("t:\\\\[0-9a-f]{8}\\.tmp"));
     EXPECT_THAT(
         all, ElementsAre("OpenRaw ReadWrite e:\\one.mp3", "Read e:\\one.mp3 4096",
                          "Read e:\\one.mp3 907", "GetTempFolder", "CreateTempFile t:\\",

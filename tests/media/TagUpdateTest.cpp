@@ -268,6 +268,18 @@ TEST_F(TagUpdate, The_new_file_belongs_to_whom_the_old_one_belonged_and_has_its_
     EXPECT_EQ(static_cast<std::size_t>(status.st_size), 2048 + audio.size());
 }
 
+TEST_F(TagUpdate, An_update_that_fails_leaves_the_file_closed_and_the_object_as_it_is) {
+    const std::string old = TagOfSize(4, 65536, Frame3("TIT2", "x") + Zeros(979));
+    for (const std::size_t tagBytes : {30u, 65535u}) {  // the old size, the new one
+        EXPECT_EQ(FailureOf([&] { Updated(old + audio, tagBytes); }), failure::Overflow);
+        Long error = 0;
+        EXPECT_TRUE(oFSO().OpenRaw(path, RawMode::ReadWrite, error));
+        EXPECT_EQ(tag.ID3v2TagVersion(), 4);
+        EXPECT_EQ(tag.Title().size(), tagBytes - 25);
+        EXPECT_EQ(tag.TagsInFrame("TIT2"), 1);
+    }
+}
+
 TEST_F(TagUpdate, No_file_is_left_over_or_open) {
     Load(audio);
     tag.Title("title");

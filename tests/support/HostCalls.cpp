@@ -19,6 +19,7 @@ struct Notes {
     std::vector<std::string> calls;
     int flushesToFailure = 0;
     int flushError = 0;
+    int flagsError = 0;
     std::string awaited;
     std::function<void()> action;
 };
@@ -95,9 +96,18 @@ int syncfs(int file) noexcept {
     return Answer(syscall(SYS_syncfs, file));
 }
 
+int sync_file_range(int file, off_t from, off_t bytes, unsigned flags) {
+    if (Running()) Announce("pace " + NameOf(PathOf(file)));
+    return Answer(syscall(SYS_sync_file_range, file, from, bytes, flags));
+}
+
 int renameat2(int from, const char* old, int to, const char* name, unsigned flags) noexcept {
     const std::string call = RenameCall(from, old, to, name);
     if (!call.empty()) Announce(call);
+    if (!call.empty() && flags != 0 && Running()->flagsError != 0) {
+        errno = Running()->flagsError;
+        return -1;
+    }
     const int result = Answer(syscall(SYS_renameat2, from, old, to, name, flags));
     if (result == 0 && !call.empty()) Note(call);
     return result;
@@ -130,6 +140,8 @@ void HostCalls::FailFlush(int nth, int error) {
     Running()->flushesToFailure = nth;
     Running()->flushError = error;
 }
+
+void HostCalls::RefuseRenameFlags(int error) { Running()->flagsError = error; }
 
 void HostCalls::Before(const std::string& callStart, std::function<void()> action) {
     Running()->awaited = callStart;

@@ -23,8 +23,13 @@ class HostCalls {
     // Lets the nth flush from here on, of a file or a folder, fail with an error of the host.
     void FailFlush(int nth, int error);
 
+    // Lets a rename that is told how to go about it fail with an error of the host, as on file
+    // systems that can't be told.
+    void RefuseRenameFlags(int error);
+
     // Runs an action, once, before the first flush or rename whose note begins so, be it made or
-    // refused: another program does something at that moment.
+    // refused: another program does something at that moment. One that only hurries what is being
+    // written to a stick ("pace card/a.bin") counts as well, though it is not noted.
     void Before(const std::string& callStart, std::function<void()> action);
 };
 

@@ -314,6 +314,12 @@ TEST_F(FileDialogs, a_file_that_has_no_drive_path_is_not_picked) {
     EXPECT_EQ(TypeInVain(QStringLiteral("/dev/null")).result, 0);
 }
 
+TEST_F(FileDialogs, a_new_name_that_no_drive_has_is_not_picked) {
+    request.flags = PickHideReadOnly;
+    for (const char* name : {"a\\b.txt", "a*b.txt", "a:b.txt"})
+        EXPECT_EQ(TypeInVain(QString::fromLatin1(name)).result, 0);
+}
+
 TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
     const std::string fits(MaxPathCharacters - folder.DrivePath("").size() - 1, 'x');
     folder.Write(fits, "");
@@ -477,6 +483,13 @@ TEST_F(FileDialogs, the_filters_list_what_they_match_without_regard_to_case) {
     EXPECT_EQ(Listed(), QStringList({QStringLiteral("a.JPG"), QStringLiteral("b.jpg")}));
     request.filterIndex = 2;
     EXPECT_EQ(Listed().size(), 4) << "a name without a dot too";
+}
+
+TEST_F(FileDialogs, an_index_beyond_the_filters_is_the_first_one) {
+    for (const int index : {-1, 3}) {
+        request.filterIndex = index;
+        EXPECT_EQ(Type(QStringLiteral("b.jpg")).filterIndex, 0);
+    }
 }
 
 TEST_F(FileDialogs, the_descriptions_are_shown_as_they_are_given) {

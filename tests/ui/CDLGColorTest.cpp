@@ -8,7 +8,9 @@
 #include <gtest/gtest.h>
 
 #include <QDir>
+#include <QLabel>
 #include <QLineEdit>
+#include <QPalette>
 #include <QPushButton>
 
 namespace tavel::test {
@@ -46,13 +48,26 @@ QPushButton& ButtonNamed(QWidget& box, const char* caption) {
     throw std::runtime_error(std::string("no button ") + caption);
 }
 
+// They stand in two rows, the second one below the first.
+void PickCustom(QWidget& box, int index) {
+    for (const QLabel* label : box.findChildren<QLabel*>()) {
+        QWidget* wells = label->buddy();
+        if (wells == nullptr ||
+            !label->text().remove(QLatin1Char('&')).startsWith(QLatin1String("Custom colors")))
+            continue;
+        for (int row = 0; row < index % 2; ++row) QTest::keyClick(wells, Qt::Key_Down);
+        for (int column = 0; column < index / 2; ++column) QTest::keyClick(wells, Qt::Key_Right);
+        QTest::keyClick(wells, Qt::Key_Space);
+        return;
+    }
+    throw std::runtime_error("no custom colours");
+}
+
 void TypeColor(QWidget& box, const char* color) {
     Html(box).setFocus();
     Html(box).selectAll();
     QTest::keyClicks(&Html(box), QLatin1String(color));
 }
-
-void PressEscape(QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }
 
 }  // namespace
 
@@ -71,7 +86,7 @@ TEST(VBChooseColor, a_typed_color_comes_back_with_blue_in_front) {
 
 TEST(VBChooseColor, a_cancel_gives_minus_1) {
     Call call;
-    WhenModal(PressEscape);
+    CancelNext();
     EXPECT_FALSE(call.Run());
     EXPECT_EQ(call.Color, -1);
     EXPECT_EQ(call.dialog.APIReturn(), 0);
@@ -81,9 +96,8 @@ TEST(VBChooseColor, begins_with_white_after_a_cancel_and_takes_system_colors) {
     for (const Long color : {-1, static_cast<Long>(0x8000000D)}) {
         Call call;
         call.Color = color;
-        WhenModal([color](QWidget& box) {
+        CancelNext([color](QWidget& box) {
             EXPECT_EQ(QColor(Html(box).text()), color == -1 ? QColor(Qt::white) : SystemColor(13));
-            PressEscape(box);
         });
         call.Run();
     }
@@ -133,34 +147,26 @@ TEST(VBChooseColor, the_box_opens_up_by_its_button_unless_it_must_not) {
     EXPECT_EQ(call.Color, 0x030201);
 
     call.DisableFullOpen = true;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         QPushButton& define = ButtonNamed(box, "Define Custom Colors");
         EXPECT_FALSE(define.isEnabled());
         QTest::keyClick(&define, Qt::Key_Space);
         EXPECT_FALSE(Html(box).isVisible());
-        QTest::keyClick(&box, Qt::Key_Return);
     });
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.Color, 0x030201) << "the colour that it began with";
 }
 
 TEST(VBChooseColor, the_box_belongs_to_its_owner_and_outlives_it) {
-    auto* owner = new QWidget;
     Call call;
-    call.Owner = owner;
-    WhenModal([owner](QWidget& box) {
-        EXPECT_EQ(box.parentWidget(), owner);
-        delete owner;
-    });
-    EXPECT_FALSE(call.Run());
+    ExpectCancelWithItsOwner(call);
     EXPECT_EQ(call.Color, -1);
 }
 
 TEST(VBChooseColor, nothing_is_kept_in_the_file_that_Qt_programs_share) {
     Call call;
-    WhenModal([](QWidget& box) {
+    CancelNext([](QWidget& box) {
         QTest::keyClick(&ButtonNamed(box, "Add to Custom Colors"), Qt::Key_Space);
-        PressEscape(box);
     });
     call.Run();
     EXPECT_EQ(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).entryList(QDir::Files), QStringList());
@@ -169,6 +175,22 @@ TEST(VBChooseColor, nothing_is_kept_in_the_file_that_Qt_programs_share) {
 TEST(CustomColor, the_sixteen_begin_as_the_system_colors_0_to_15) {
     CDLG dialog;
     for (int i = 0; i < 16; ++i) EXPECT_EQ(dialog.CustomColor(i), ToOleColor(SystemColor(i))) << i;
+}
+
+TEST(CustomColor, the_sixteen_are_those_of_the_first_use) {
+    const QPalette before = QApplication::palette();
+    const auto windows = [](Qt::GlobalColor color) {
+        QPalette palette = QApplication::palette();
+        palette.setColor(QPalette::Base, color);
+        QApplication::setPalette(palette);
+    };
+    constexpr int window = 5;
+    CDLG dialog;
+    windows(Qt::red);
+    EXPECT_EQ(dialog.CustomColor(window), 0x0000FF);
+    windows(Qt::blue);
+    EXPECT_EQ(dialog.CustomColor(window), 0x0000FF);
+    QApplication::setPalette(before);
 }
 
 TEST(CustomColor, another_index_gives_minus_1_and_stores_nothing) {
@@ -191,6 +213,18 @@ TEST(CustomColor, what_is_stored_before_the_first_use_stays_and_is_shown) {
     EXPECT_EQ(dialogs.color.custom[0], SystemColor(0));
 }
 
+TEST(CustomColor, each_of_the_sixteen_can_be_picked_in_the_box) {
+    for (int i = 0; i < 16; ++i) {
+        Call call;
+        for (int other = 0; other < 16; ++other) call.dialog.CustomColor(other, 0x010203 + other);
+        ConfirmNext([i](QWidget& box) { PickCustom(box, i); });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.Color, 0x010203 + i);
+        for (int other = 0; other < 16; ++other)
+            EXPECT_EQ(call.dialog.CustomColor(other), 0x010203 + other);
+    }
+}
+
 TEST(CustomColor, all_sixteen_come_back_from_the_box) {
     class Painter : public DialogRecorder {
         ColorAnswer PickColor(const ColorRequest& request) override {
@@ -208,13 +242,12 @@ TEST(CustomColor, all_sixteen_come_back_from_the_box) {
 TEST(CustomColor, the_dialog_of_another_object_over_this_one_leaves_them) {
     Call below;
     for (int i = 0; i < 16; ++i) below.dialog.CustomColor(i, 0x111111);
-    WhenModal([](QWidget& box) {
+    CancelNext([](QWidget&) {
         Call above;
         for (int i = 0; i < 16; ++i) above.dialog.CustomColor(i, 0x222222);
-        WhenModal(PressEscape);
+        CancelNext();
         above.Run();
         EXPECT_EQ(above.dialog.CustomColor(0), 0x222222);
-        PressEscape(box);
     });
     EXPECT_FALSE(below.Run());
     for (int i = 0; i < 16; ++i) EXPECT_EQ(below.dialog.CustomColor(i), 0x111111) << i;
@@ -223,10 +256,9 @@ TEST(CustomColor, the_dialog_of_another_object_over_this_one_leaves_them) {
 TEST(CustomColor, what_the_user_adds_is_kept_after_a_cancel_too) {
     Call call;
     for (int i = 0; i < 16; ++i) call.dialog.CustomColor(i, 0);
-    WhenModal([](QWidget& box) {
+    CancelNext([](QWidget& box) {
         TypeColor(box, "#0a0b0c");
         QTest::keyClick(&ButtonNamed(box, "Add to Custom Colors"), Qt::Key_Space);
-        PressEscape(box);
     });
     EXPECT_FALSE(call.Run());
     int added = 0;

@@ -1,3 +1,4 @@
+#include "support/Support.h"
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
@@ -8,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -59,13 +61,39 @@ QStringList Families(const QWidget& box) {
 
 QStringList FamiliesOf(Call call) {
     QStringList names;
-    WhenModal([&names](QWidget& box) {
-        names = Families(box);
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
+    CancelNext([&names](QWidget& box) { names = Families(box); });
     call.Run();
     return names;
 }
+
+// A font of one letter and one size.
+const char* const dots = R"(STARTFONT 2.1
+FONT -tavel-dots-medium-r-normal--16-160-75-75-c-80-iso10646-1
+SIZE 16 75 75
+FONTBOUNDINGBOX 8 8 0 0
+STARTPROPERTIES 3
+FAMILY_NAME "Dots"
+FONT_ASCENT 8
+FONT_DESCENT 0
+ENDPROPERTIES
+CHARS 1
+STARTCHAR A
+ENCODING 65
+SWIDTH 500 0
+DWIDTH 8 0
+BBX 8 8 0 0
+BITMAP
+AA
+55
+AA
+55
+AA
+55
+AA
+55
+ENDCHAR
+ENDFONT
+)";
 
 }  // namespace
 
@@ -97,10 +125,7 @@ TEST(VBChooseFont, another_font_is_chosen_by_the_beginning_of_its_name) {
 TEST(VBChooseFont, a_cancel_leaves_the_font_as_it_is) {
     Call call;
     const QFont before = call.CurFont;
-    WhenModal([](QWidget& box) {
-        SizeBox(box).setText(QStringLiteral("30"));
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
+    CancelNext([](QWidget& box) { SizeBox(box).setText(QStringLiteral("30")); });
     EXPECT_FALSE(call.Run());
     EXPECT_EQ(call.CurFont, before);
     EXPECT_EQ(call.dialog.APIReturn(), 0);
@@ -112,11 +137,15 @@ TEST(VBChooseFont, what_nobody_touches_comes_back_as_it_was) {
             Call call;
             call.CurFont.setItalic(italic);
             call.CurFont.setBold(bold);
-            WhenModal([](QWidget& box) { QTest::keyClick(&SizeBox(box), Qt::Key_Return); });
+            call.CurFont.setUnderline(italic);
+            call.CurFont.setStrikeOut(bold);
+            ConfirmNext();
             EXPECT_TRUE(call.Run());
             EXPECT_EQ(FromQString(call.CurFont.family()), "DejaVu Sans");
             EXPECT_EQ(call.CurFont.italic(), italic);
             EXPECT_EQ(call.CurFont.bold(), bold);
+            EXPECT_EQ(call.CurFont.underline(), italic) << "though it is not offered";
+            EXPECT_EQ(call.CurFont.strikeOut(), bold);
         }
     }
 }
@@ -124,7 +153,7 @@ TEST(VBChooseFont, what_nobody_touches_comes_back_as_it_was) {
 TEST(VBChooseFont, a_size_that_nobody_touches_keeps_its_fraction) {
     Call call;
     call.CurFont.setPointSizeF(8.25);
-    WhenModal([](QWidget& box) { QTest::keyClick(&SizeBox(box), Qt::Key_Return); });
+    ConfirmNext();
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.CurFont.pointSizeF(), 8.25);
 }
@@ -177,10 +206,7 @@ TEST(VBChooseFont, limits_that_allow_no_size_fail_without_a_box) {
     call.MinSize = 20;
     call.MaxSize = 10;
     bool shown = false;
-    WhenModal([&shown](QWidget& box) {
-        shown = true;
-        QTest::keyClick(&box, Qt::Key_Escape);
-    });
+    CancelNext([&shown](QWidget&) { shown = true; });
     EXPECT_FALSE(call.Run());
     EXPECT_FALSE(shown);
     EXPECT_EQ(call.dialog.ExtendedError(), 0);
@@ -204,14 +230,13 @@ TEST(VBChooseFont, effects_are_offered_where_the_flags_ask_for_them) {
     for (const bool offered : {false, true}) {
         Call call;
         call.flags = offered ? 0x100 : 0;
-        WhenModal([offered](QWidget& box) {
+        ConfirmNext([offered](QWidget& box) {
             const auto ticks = box.findChildren<QCheckBox*>();
             EXPECT_EQ(ticks.size(), 2);
             for (QCheckBox* tick : ticks) {
                 EXPECT_EQ(tick->isVisible(), offered);
                 if (offered) QTest::keyClick(tick, Qt::Key_Space);
             }
-            QTest::keyClick(&SizeBox(box), Qt::Key_Return);
         });
         EXPECT_TRUE(call.Run());
         EXPECT_EQ(call.CurFont.underline(), offered);
@@ -228,6 +253,27 @@ TEST(VBChooseFont, the_list_holds_the_fonts_that_are_asked_for) {
     const QStringList mono = FamiliesOf(oneWidth);
     EXPECT_FALSE(mono.contains(QStringLiteral("DejaVu Sans")));
     EXPECT_TRUE(mono.contains(QStringLiteral("DejaVu Sans Mono")));
+}
+
+TEST(VBChooseFont, a_font_of_one_size_is_left_out_where_the_flags_or_a_printer_ask_for_any_size) {
+    const TempFolder folder;
+    folder.Write("dots.bdf", dots);
+    const int id = QFontDatabase::addApplicationFont(ToQString(folder.HostPath("dots.bdf")));
+    ASSERT_EQ(QFontDatabase::applicationFontFamilies(id), QStringList(QStringLiteral("Dots")));
+    const QPrinter printer;
+    const auto isListed = [](Long flags, const QPrinter* PrinterDC) {
+        Call call;
+        call.flags = flags;
+        call.PrinterDC = PrinterDC;
+        const QStringList names = FamiliesOf(call);
+        EXPECT_TRUE(names.contains(QStringLiteral("DejaVu Sans")));
+        return names.contains(QStringLiteral("Dots"));
+    };
+    EXPECT_TRUE(isListed(0, nullptr));
+    EXPECT_FALSE(isListed(0x20000, nullptr));
+    EXPECT_FALSE(isListed(0x40000, nullptr));
+    EXPECT_FALSE(isListed(0, &printer));
+    QFontDatabase::removeApplicationFont(id);
 }
 
 TEST(VBChooseFont, the_flags_say_what_the_arguments_say_and_never_hook_or_template) {
@@ -261,14 +307,8 @@ TEST(VBChooseFont, a_failure_leaves_the_font_as_it_is) {
 }
 
 TEST(VBChooseFont, the_box_belongs_to_its_owner_and_outlives_it) {
-    auto* owner = new QWidget;
     Call call;
-    call.Owner = owner;
-    WhenModal([owner](QWidget& box) {
-        EXPECT_EQ(box.parentWidget(), owner);
-        delete owner;
-    });
-    EXPECT_FALSE(call.Run());
+    ExpectCancelWithItsOwner(call);
 }
 
 }  // namespace tavel::test

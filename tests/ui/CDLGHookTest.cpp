@@ -152,47 +152,87 @@ TEST(DialogHook, does_nothing_without_a_sink) {
     EXPECT_FALSE(dialog.property("DialogResult").isValid());
 }
 
-TEST(DialogHook, every_call_of_a_dialog_takes_the_sink_away) {
+namespace {
+
+// Every call that brings a dialog up, each of which is cancelled unless a test says more.
+class EveryCall : public ::testing::Test {
+  protected:
     PromptQueue prompts;
-    const DialogRecorder dialogs;
+    DialogRecorder dialogs;
+    FileAnswer fileAnswer;
     SinkRecorder sink;
     OpensProtected dialog;
+    const std::function<void()> calls[7] = {
+        [this] {
+            prompts.ExpectFileAnswer(QString(), fileAnswer);
+            dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index,
+                                     "", "", "", nullptr, flags, true, &sink);
+        },
+        [this] {
+            prompts.ExpectFileAnswer(QString(), fileAnswer);
+            dialog.VBGetSaveFileName(name, fileTitle, true, filter, index, "", "", "", nullptr,
+                                     flags, true, &sink);
+        },
+        [this] { dialog.VBChooseColor(color, false, false, false, nullptr, 0, true, &sink); },
+        [this] { dialog.VBChooseFont(font, nullptr, nullptr, 0, 0, 0, true, &sink); },
+        [this] {
+            dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile, collate,
+                              false, nullptr, nullptr, 0, true, &sink);
+        },
+        [this] {
+            dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0, bottom, 0,
+                                   paper, across, quality, CDLG::PageUnits::Inches, nullptr,
+                                   nullptr, 0, true, &sink);
+        },
+        [this] {
+            dialog.VBPageSetupDlg(false, false, false, false, whole, 0, whole, 0, whole, 0, whole,
+                                  0, paper, across, quality, CDLG::PageUnits::Inches, nullptr,
+                                  nullptr, 0, true, &sink);
+        }};
+
+    void Answer(const DialogResult& answer) {
+        for (DialogResult* each : std::initializer_list<DialogResult*>{
+                 &fileAnswer, &dialogs.colorAnswer, &dialogs.fontAnswer, &dialogs.printAnswer,
+                 &dialogs.pageAnswer})
+            *each = answer;
+    }
+
+  private:
     std::string name, fileTitle, filter;
     bool readOnly = false, toFile = false, collate = false;
     Long index = 1, flags = 0, color = 0, from = 1, to = 1, paper = 0, across = 0, quality = 0;
+    Long whole = 0;
     Integer copies = 1;
     double left = 0, right = 0, top = 0, bottom = 0;
     QFont font;
     CDLG::Range range = CDLG::Range::All;
-    const std::function<void()> calls[] = {
-        [&] {
-            prompts.ExpectFiles(QString(), {});
-            dialog.VBGetOpenFileName(name, fileTitle, true, false, readOnly, true, filter, index,
-                                     "", "", "", nullptr, flags, true, &sink);
-        },
-        [&] {
-            prompts.ExpectFiles(QString(), {});
-            dialog.VBGetSaveFileName(name, fileTitle, true, filter, index, "", "", "", nullptr,
-                                     flags, true, &sink);
-        },
-        [&] { dialog.VBChooseColor(color, false, false, false, nullptr, 0, true, &sink); },
-        [&] { dialog.VBChooseFont(font, nullptr, nullptr, 0, 0, 0, true, &sink); },
-        [&] {
-            dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile, collate,
-                              false, nullptr, nullptr, 0, true, &sink);
-        },
-        [&] {
-            dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0, bottom, 0,
-                                   paper, across, quality, CDLG::PageUnits::Inches, nullptr,
-                                   nullptr, 0, true, &sink);
-        }};
+};
+
+}  // namespace
+
+TEST_F(EveryCall, takes_the_sink_away) {
     for (const auto& call : calls) {
         dialog.m_eventSink = &sink;
         call();
         EXPECT_EQ(dialog.m_eventSink, nullptr);
         EXPECT_EQ(sink.told, "");
     }
-    EXPECT_EQ(CDLG::VBGetFileTitle("c:\\a.jpg"), "a.jpg") << "is no dialog";
+    dialog.m_eventSink = &sink;
+    EXPECT_EQ(CDLG::VBGetFileTitle("c:\\a.jpg"), "a.jpg");
+    EXPECT_EQ(dialog.m_eventSink, &sink) << "is no dialog";
+}
+
+TEST_F(EveryCall, begins_with_the_results_of_the_last_one_cleared) {
+    for (const auto& call : calls) {
+        Answer({2, 0x3002});
+        call();
+        EXPECT_EQ(dialog.APIReturn(), 2);
+        EXPECT_EQ(dialog.ExtendedError(), 0x3002);
+        Answer({0, 0x3002});
+        call();
+        EXPECT_EQ(dialog.APIReturn(), 0);
+        EXPECT_EQ(dialog.ExtendedError(), 0);
+    }
 }
 
 }  // namespace tavel::test

@@ -1,5 +1,6 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Printers.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/dialogs/CDLG.h"
 
@@ -24,6 +25,7 @@ struct CallWith {
     bool DisableMargins = false;
     bool DisableOrientation = false;
     bool DisablePaper = false;
+    bool DisablePrinter = false;
     Margin LeftMargin = 20, MinLeftMargin = 0;
     Margin RightMargin = 21, MinRightMargin = 0;
     Margin TopMargin = 22, MinTopMargin = 0;
@@ -40,9 +42,9 @@ struct CallWith {
 struct Call : CallWith<double> {
     bool Run(CDLG& dialog) {
         return dialog.VBPageSetupDlg2(
-            DisableMargins, DisableOrientation, DisablePaper, false, LeftMargin, MinLeftMargin,
-            RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin, MinBottomMargin,
-            PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
+            DisableMargins, DisableOrientation, DisablePaper, DisablePrinter, LeftMargin,
+            MinLeftMargin, RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin,
+            MinBottomMargin, PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
     }
     bool Run() {
         CDLG dialog;
@@ -53,9 +55,9 @@ struct Call : CallWith<double> {
 struct WholeCall : CallWith<Long> {
     bool Run() {
         return CDLG().VBPageSetupDlg(
-            DisableMargins, DisableOrientation, DisablePaper, false, LeftMargin, MinLeftMargin,
-            RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin, MinBottomMargin,
-            PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
+            DisableMargins, DisableOrientation, DisablePaper, DisablePrinter, LeftMargin,
+            MinLeftMargin, RightMargin, MinRightMargin, TopMargin, MinTopMargin, BottomMargin,
+            MinBottomMargin, PaperSize, Orientation, PrintQuality, Units, Printer, Owner, flags);
     }
 };
 
@@ -68,8 +70,17 @@ void TypeMargin(QWidget& box, const char* name, const char* value) {
     QTest::keyClick(&edit, Qt::Key_Tab);
 }
 
-void PressReturn(QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); }
-void PressEscape(QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); }
+// Prints with a dialog that leaves the printer so.
+void PrintBefore(CDLG& dialog, DialogRecorder& dialogs, const PrinterState& printer) {
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.printer = printer;
+    auto range = CDLG::Range::All;
+    Long from = 1, to = 1;
+    Integer copies = 1;
+    bool toFile = false, collate = false;
+    ASSERT_TRUE(dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile,
+                                  collate, false, nullptr, nullptr));
+}
 
 }  // namespace
 
@@ -77,7 +88,7 @@ TEST(VBPageSetupDlg2, what_the_user_sets_comes_back) {
     Call call;
     QPrinter printer;
     call.Printer = &printer;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         EXPECT_EQ(Margin(box, "leftMargin").value(), 20);
         EXPECT_EQ(Margin(box, "rightMargin").value(), 21);
         EXPECT_EQ(Margin(box, "topMargin").value(), 22);
@@ -90,7 +101,6 @@ TEST(VBPageSetupDlg2, what_the_user_sets_comes_back) {
         for (int i = 0; i < paper.count() && paper.currentText() != QLatin1String("A3"); ++i)
             QTest::keyClick(&paper, i == 0 ? Qt::Key_Home : Qt::Key_Down);
         QTest::keyClick(&Find(box, "landscape"), Qt::Key_Space);
-        PressReturn(box);
     });
     CDLG dialog;
     EXPECT_TRUE(call.Run(dialog));
@@ -113,12 +123,11 @@ TEST(VBPageSetupDlg2, margins_are_in_the_given_units) {
     Call call;
     call.Units = PageUnits::Inches;
     call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 1.25;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         EXPECT_EQ(Margin(box, "leftMargin").value(), 1.25);
         EXPECT_EQ(Margin(box, "leftMargin").suffix(), QStringLiteral("in"));
         EXPECT_EQ(Find<QComboBox>(box, "unitCombo").currentText(), QStringLiteral("Inches (in)"));
         TypeMargin(box, "leftMargin", "0.75");
-        PressReturn(box);
     });
     EXPECT_TRUE(call.Run());
     EXPECT_DOUBLE_EQ(call.LeftMargin, 0.75);
@@ -127,11 +136,10 @@ TEST(VBPageSetupDlg2, margins_are_in_the_given_units) {
 
 TEST(VBPageSetupDlg2, margins_come_back_in_the_given_units_whatever_the_user_looks_at) {
     Call call;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         auto& units = Find<QComboBox>(box, "unitCombo");
         QTest::keyClicks(&units, QStringLiteral("Inches"));
         TypeMargin(box, "leftMargin", "1");
-        PressReturn(box);
     });
     EXPECT_TRUE(call.Run());
     EXPECT_NEAR(call.LeftMargin, 25.4, 0.01);
@@ -142,12 +150,11 @@ TEST(VBPageSetupDlg2, no_margin_can_be_set_below_its_minimum) {
     call.LeftMargin = 5;
     call.MinLeftMargin = 10;
     call.MinTopMargin = 15;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         EXPECT_EQ(Margin(box, "leftMargin").value(), 10) << "begins at it";
         TypeMargin(box, "topMargin", "3");
         EXPECT_GE(Margin(box, "topMargin").value(), 15);
         TypeMargin(box, "leftMargin", "11");
-        PressReturn(box);
     });
     CDLG dialog;
     EXPECT_TRUE(call.Run(dialog));
@@ -156,9 +163,8 @@ TEST(VBPageSetupDlg2, no_margin_can_be_set_below_its_minimum) {
 
     call.MinLeftMargin = call.MinTopMargin = 0;
     call.LeftMargin = 1;
-    WhenModal([](QWidget& box) {
+    CancelNext([](QWidget& box) {
         EXPECT_EQ(Margin(box, "leftMargin").value(), 1) << "minimums are of one call";
-        PressEscape(box);
     });
     EXPECT_FALSE(call.Run(dialog));
 }
@@ -207,16 +213,11 @@ TEST(VBPageSetupDlg2, a_margin_that_is_larger_than_the_page_or_no_number_is_brou
 
 TEST(VBPageSetupDlg2, the_page_begins_as_the_print_dialog_before_it_has_left_the_printer) {
     DialogRecorder dialogs;
-    dialogs.printAnswer.result = 1;
-    dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
-    dialogs.printAnswer.printer.printQuality = 1200;
+    PrinterState printer;
+    printer.deviceName = QStringLiteral("Laser");
+    printer.printQuality = 1200;
     CDLG dialog;
-    CDLG::Range range = CDLG::Range::All;
-    Long from = 1, to = 1;
-    Integer copies = 1;
-    bool toFile = false, collate = false;
-    EXPECT_TRUE(dialog.VBPrintDlg(range, false, from, to, false, copies, false, true, toFile,
-                                  collate, false, nullptr, nullptr));
+    PrintBefore(dialog, dialogs, printer);
     Call call;
     call.PrintQuality = 0;
     call.Run(dialog);
@@ -229,12 +230,12 @@ TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
     Call call;
     call.PaperSize = 8;
     call.Orientation = 2;
-    WhenModal(PressReturn);
+    ConfirmNext();
     EXPECT_TRUE(call.Run(dialog));
     Call again;
     again.PaperSize = again.Orientation = again.PrintQuality = 0;
     again.LeftMargin = again.RightMargin = again.TopMargin = again.BottomMargin = 0;
-    WhenModal(PressReturn);
+    ConfirmNext();
     EXPECT_TRUE(again.Run(dialog));
     EXPECT_EQ(again.PaperSize, 8);
     EXPECT_EQ(again.Orientation, 2);
@@ -244,25 +245,74 @@ TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
 
     again.PaperSize = 100000;
     again.Orientation = 7;
-    WhenModal(PressReturn);
+    again.PrintQuality = -4;
+    ConfirmNext();
     EXPECT_TRUE(again.Run(dialog)) << "numbers that stand for nothing";
     EXPECT_EQ(again.PaperSize, 8);
     EXPECT_EQ(again.Orientation, 2);
+    EXPECT_EQ(again.PrintQuality, 600);
+}
+
+TEST(VBPageSetupDlg2, margins_of_the_last_call_come_in_the_units_of_this_one) {
+    CDLG dialog;
+    Call call;
+    call.LeftMargin = 25.4;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 0;
+    call.Units = PageUnits::Inches;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_NEAR(call.LeftMargin, 1, 0.01);
+}
+
+TEST(VBPageSetupDlg2, a_cancelled_call_leaves_nothing_to_the_next_one) {
+    CDLG dialog;
+    Call call;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    call.PaperSize = 8;
+    call.Orientation = 2;
+    call.PrintQuality = 1200;
+    CancelNext();
+    EXPECT_FALSE(call.Run(dialog));
+    call.PaperSize = call.Orientation = call.PrintQuality = 0;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(call.PaperSize, 9);
+    EXPECT_EQ(call.Orientation, 1);
+    EXPECT_EQ(call.PrintQuality, 600);
+}
+
+TEST(VBPageSetupDlg2, a_quality_beyond_32767_is_brought_down_to_it) {
+    for (const Long quality : {32767, 32768, std::numeric_limits<Long>::max()}) {
+        Call call;
+        QPrinter printer;
+        call.Printer = &printer;
+        call.PrintQuality = quality;
+        ConfirmNext();
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.PrintQuality, 32767);
+        EXPECT_NEAR(printer.pageLayout().fullRectPixels(printer.resolution()).width(),
+                    32767 * 210 / 25.4, 32767);
+    }
+}
+
+TEST(VBPageSetupDlg2, several_pages_on_a_sheet_are_not_offered) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    CancelNext(
+        [](QWidget& box) { EXPECT_FALSE(Find(box, "pagesPerSheetButtonGroup").isVisible()); });
+    EXPECT_FALSE(call.Run());
 }
 
 TEST(VBPageSetupDlg2, another_paper_keeps_the_smallest_margins_of_the_printer) {
     DialogRecorder dialogs;
-    dialogs.printAnswer.result = 1;
-    dialogs.printAnswer.printer.layout =
-        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {20, 20, 20, 20},
-                    QPageLayout::Millimeter, {5, 6, 7, 8});
+    PrinterState printer;
+    printer.layout = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {20, 20, 20, 20},
+                                 QPageLayout::Millimeter, {5, 6, 7, 8});
     CDLG dialog;
-    auto range = CDLG::Range::All;
-    Long from = 1, to = 1;
-    Integer copies = 1;
-    bool toFile = false, collate = false;
-    ASSERT_TRUE(dialog.VBPrintDlg(range, false, from, to, false, copies, true, false, toFile,
-                                  collate, false, nullptr, nullptr));
+    PrintBefore(dialog, dialogs, printer);
     Call call;
     call.PaperSize = 8;
     call.Run(dialog);
@@ -285,10 +335,9 @@ TEST(VBPageSetupDlg2, a_cancel_leaves_everything_as_it_is) {
     QPrinter printer;
     call.Printer = &printer;
     const QPageLayout before = printer.pageLayout();
-    WhenModal([](QWidget& box) {
+    CancelNext([](QWidget& box) {
         TypeMargin(box, "leftMargin", "30");
         QTest::keyClick(&Find(box, "landscape"), Qt::Key_Space);
-        PressEscape(box);
     });
     EXPECT_FALSE(call.Run(dialog));
     EXPECT_EQ(call.LeftMargin, 20);
@@ -308,12 +357,11 @@ TEST(VBPageSetupDlg2, what_is_disabled_cannot_be_set) {
           Case{&Call::DisablePaper, "pageSizeCombo"}}) {
         Call call;
         call.*one.disable = true;
-        WhenModal([&one](QWidget& box) {
+        ConfirmNext([&one](QWidget& box) {
             for (const char* control : {"leftMargin", "landscape", "pageSizeCombo"}) {
                 EXPECT_EQ(Find(box, control).isEnabled(), control != std::string(one.control))
                     << control;
             }
-            PressReturn(box);
         });
         EXPECT_TRUE(call.Run());
         EXPECT_EQ(call.LeftMargin, 20);
@@ -332,6 +380,9 @@ TEST(VBPageSetupDlg2, the_flags_say_what_the_arguments_say_and_never_hook_or_tem
     call.Units = PageUnits::Inches;
     call.Run();
     EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x100 | 0x200);
+    call.DisablePrinter = true;
+    call.Run();
+    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x20 | 0x100 | 0x200);
 }
 
 TEST(VBPageSetupDlg2, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {
@@ -346,26 +397,19 @@ TEST(VBPageSetupDlg2, a_failure_tells_its_reason_where_the_result_is_neither_0_n
 }
 
 TEST(VBPageSetupDlg2, the_box_belongs_to_its_owner_and_outlives_it) {
-    auto* owner = new QWidget;
     Call call;
-    call.Owner = owner;
-    WhenModal([owner](QWidget& box) {
-        EXPECT_EQ(box.parentWidget(), owner);
-        delete owner;
-    });
-    EXPECT_FALSE(call.Run());
+    ExpectCancelWithItsOwner(call);
 }
 
 TEST(VBPageSetupDlg, margins_are_whole_and_rounded_to_nearest_with_halves_to_even) {
     WholeCall call;
     call.MinTopMargin = 10;
-    WhenModal([](QWidget& box) {
+    ConfirmNext([](QWidget& box) {
         EXPECT_EQ(Margin(box, "topMargin").value(), 22);
         TypeMargin(box, "leftMargin", "30.5");
         TypeMargin(box, "rightMargin", "31.5");
         TypeMargin(box, "bottomMargin", "12.7");
         TypeMargin(box, "topMargin", "3");
-        PressReturn(box);
     });
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.LeftMargin, 30);
@@ -373,7 +417,7 @@ TEST(VBPageSetupDlg, margins_are_whole_and_rounded_to_nearest_with_halves_to_eve
     EXPECT_EQ(call.BottomMargin, 13);
     EXPECT_GE(call.TopMargin, 10);
     EXPECT_EQ(call.PaperSize, 9);
-    WhenModal(PressEscape);
+    CancelNext();
     call.LeftMargin = 17;
     EXPECT_FALSE(call.Run());
     EXPECT_EQ(call.LeftMargin, 17);
@@ -408,9 +452,9 @@ TEST(VBPageSetupDlg, everything_is_passed_on) {
     EXPECT_EQ(dialogs.page.printer.printQuality, 300);
 
     call.DisableMargins = call.DisablePaper = false;
-    call.DisableOrientation = true;
+    call.DisableOrientation = call.DisablePrinter = true;
     call.Run();
-    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x100 | 0x80);
+    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x100 | 0x20 | 0x80);
 
     QPrinter printer;
     call.Printer = &printer;

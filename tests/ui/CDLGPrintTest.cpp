@@ -1,6 +1,7 @@
 #include "support/Support.h"
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Strings.h"
@@ -117,7 +118,7 @@ TEST_F(PrintDialogs, a_page_has_the_paper_of_the_page_setup_before_it) {
     Long paper = 8;  // A3
     Long across = 2;
     Long quality = 300;
-    WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Return); });
+    ConfirmNext();
     EXPECT_TRUE(dialog.VBPageSetupDlg2(false, false, false, false, left, 0, right, 0, top, 0,
                                        bottom, 0, paper, across, quality,
                                        CDLG::PageUnits::Millimeters, nullptr));
@@ -188,18 +189,89 @@ TEST_F(PrintDialogs, the_dialog_begins_with_what_it_is_given) {
     EXPECT_EQ(call.FromPage, 5) << "pages are told of a range of pages alone";
 }
 
-TEST_F(PrintDialogs, a_disabled_range_is_not_offered) {
+TEST_F(PrintDialogs, pages_beyond_those_of_Qts_own_dialog_come_in_and_out) {
     Call call;
-    call.DisablePageNumbers = call.DisableSelection = true;
-    call.PrintRange = Range::Selection;
+    call.PrintRange = Range::PageNumbers;
+    call.FromPage = 10000;
+    call.ToPage = 65535;
     WhenModal([this](QWidget& box) {
-        EXPECT_FALSE(Find(box, "printRange").isEnabled() && Find(box, "printRange").isVisible());
-        EXPECT_FALSE(Find(box, "printSelection").isEnabled() &&
-                     Find(box, "printSelection").isVisible());
+        EXPECT_EQ(Find<QSpinBox>(box, "from").value(), 10000);
+        EXPECT_EQ(Find<QSpinBox>(box, "to").value(), 65535);
+        Type(box, "from", 12345);
+        Type(box, "to", 65534);
         PrintInto(box, File("a.pdf"));
     });
     EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.PrintRange, Range::All);
+    EXPECT_EQ(call.FromPage, 12345);
+    EXPECT_EQ(call.ToPage, 65534);
+}
+
+TEST_F(PrintDialogs, collating_comes_in_and_out_off_as_well) {
+    Call call;
+    call.Copies = 2;
+    for (const bool collate : {false, true}) {
+        call.Collate = collate;
+        WhenModal([&](QWidget& box) {
+            EXPECT_EQ(Find<QCheckBox>(box, "collate").isChecked(), collate);
+            if (collate) Press(box, "collate");
+            PrintInto(box, File(collate ? "a.pdf" : "b.pdf"));
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_FALSE(call.Collate);
+    }
+}
+
+TEST_F(PrintDialogs, a_page_without_colors_has_none) {
+    Call call;
+    call.Printer = &printer;
+    WhenModal([this](QWidget& box) {
+        Press(box, "grayscale");
+        Press(box, "reverse");
+        PrintInto(box, File("gray.pdf"));
+    });
+    CDLG dialog;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.colorMode(), QPrinter::GrayScale);
+    EXPECT_EQ(printer.pageOrder(), QPrinter::LastPageFirst);
+    CancelNext([](QWidget& box) {
+        EXPECT_TRUE(Find<QRadioButton>(box, "grayscale").isChecked()) << "as it was left";
+    });
+    EXPECT_FALSE(call.Run(dialog));
+}
+
+TEST_F(PrintDialogs, a_disabled_range_is_not_offered) {
+    for (const Range range : {Range::Selection, Range::PageNumbers}) {
+        Call call;
+        call.DisablePageNumbers = call.DisableSelection = true;
+        call.PrintRange = range;
+        CancelNext([](QWidget& box) {
+            auto& ranges = Find(box, "gbPrintRange");
+            EXPECT_TRUE(Find<QRadioButton>(ranges, "printAll").isChecked());
+            for (const QWidget* one : ranges.findChildren<QWidget*>())
+                EXPECT_EQ(one->isVisible(), one->objectName() == QLatin1String("printAll"))
+                    << FromQString(one->objectName());
+        });
+        EXPECT_FALSE(call.Run());
+        WhenModal([&](QWidget& box) {
+            PrintInto(box, File(range == Range::Selection ? "a.pdf" : "b.pdf"));
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.PrintRange, Range::All);
+    }
+}
+
+TEST_F(PrintDialogs, no_pages_are_offered_that_the_answer_has_no_room_for) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    CancelNext([](QWidget& box) {
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Home);
+        for (const char* part :
+             {"pagesRadioButton", "pagesLineEdit", "pageSetCombo", "printCurrentPage"})
+            EXPECT_FALSE(Find(box, part).isVisible()) << part;
+        for (const char* part : {"printAll", "printRange", "from", "to", "printSelection"})
+            EXPECT_TRUE(Find(box, part).isVisible()) << part;
+    });
+    EXPECT_FALSE(call.Run());
 }
 
 TEST_F(PrintDialogs, a_cancel_leaves_everything_as_it_is) {
@@ -251,7 +323,78 @@ TEST_F(PrintDialogs, the_file_of_the_last_call_is_proposed_again) {
     EXPECT_FALSE(call.Run(dialog));
 }
 
-// The machine that tests run on has no printer.
+TEST_F(PrintDialogs, the_printer_becomes_the_device_that_is_chosen) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        auto& devices = Find<QComboBox>(box, "printers");
+        EXPECT_EQ(devices.currentText(), QStringLiteral("Ink"));
+        QTest::keyClick(&devices, Qt::Key_Down);
+        Press(box, "duplexLong");
+    });
+    CDLG dialog;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(printer.outputFileName(), QString());
+    EXPECT_EQ(printer.duplex(), QPrinter::DuplexLongSide);
+    CancelNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "printers").currentText(), QStringLiteral("Laser"));
+    });
+    EXPECT_FALSE(call.Run(dialog));
+}
+
+TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
+    const Printers printers({QStringLiteral("Ink")});
+    CDLG dialog;
+    Call call;
+    call.Printer = &printer;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_TRUE(Find(box, "filename").isEnabled()) << "begins with the file";
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Home);
+        EXPECT_FALSE(Find(box, "filename").isEnabled());
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Ink"));
+
+    WhenModal([this](QWidget& box) {
+        EXPECT_FALSE(Find(box, "filename").isEnabled()) << "begins with the printer";
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_End);
+        PrintInto(box, File("a.pdf"));
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_TRUE(call.PrintToFile);
+    EXPECT_EQ(printer.outputFileName(), File("a.pdf"));
+
+    call.PrintToFile = false;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_FALSE(call.PrintToFile);
+    EXPECT_EQ(printer.outputFileName(), QString()) << "the file of the call before is left";
+}
+
+TEST_F(PrintDialogs, a_file_is_offered_beside_the_printers_only_where_it_is_asked_for) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    for (const bool shown : {false, true}) {
+        for (const bool disabled : {false, true}) {
+            Call call;
+            call.ShowPrintToFile = shown;
+            call.DisablePrintToFile = disabled;
+            CancelNext([&](QWidget& box) {
+                const bool offered = shown && !disabled;
+                auto& devices = Find<QComboBox>(box, "printers");
+                EXPECT_EQ(devices.itemText(1), QStringLiteral("Laser"));
+                EXPECT_EQ(devices.count() > 2, offered);
+                EXPECT_EQ(Find(box, "filename").isVisible(), offered);
+            });
+            EXPECT_FALSE(call.Run());
+        }
+    }
+}
+
 TEST_F(PrintDialogs, without_a_printer_and_a_file_the_call_fails_and_says_so_unless_it_must_not) {
     for (const bool shown : {false, true}) {
         PromptQueue prompts;
@@ -273,14 +416,8 @@ TEST_F(PrintDialogs, without_a_printer_and_a_file_the_call_fails_and_says_so_unl
 }
 
 TEST_F(PrintDialogs, the_box_belongs_to_its_owner_and_outlives_it) {
-    auto* owner = new QWidget;
     Call call;
-    call.Owner = owner;
-    WhenModal([owner](QWidget& box) {
-        EXPECT_EQ(box.parentWidget(), owner);
-        delete owner;
-    });
-    EXPECT_FALSE(call.Run());
+    ExpectCancelWithItsOwner(call);
 }
 
 TEST_F(PrintDialogs, an_owner_may_go_while_a_box_stands_over_the_dialog) {

@@ -153,14 +153,18 @@ TEST_F(SaveDialogs, without_the_prompt_nothing_is_asked) {
 
 TEST_F(SaveDialogs, a_name_without_an_extension_gets_the_default_one) {
     struct Case {
+        const char* ext;
         const char* typed;
         const char* title;
         Long flags;
     };
-    for (const Case& one : {Case{"list", "list.m3u", 2}, Case{"list.M3U", "list.M3U", 2},
-                            Case{"list.txt", "list.txt", 0x402}}) {
+    for (const Case& one :
+         {Case{"m3u", "list", "list.m3u", 2}, Case{"m3u", "list.M3U", "list.M3U", 2},
+          Case{"m3u", "list.txt", "list.txt", 0x402}, Case{".m3u", "list", "list.m3u", 2},
+          Case{".m3u", "list.M3U", "list.M3U", 2}, Case{".m3u", "list.txt", "list.txt", 0x402},
+          Case{".", "list", "list", 2}}) {
         Call named = call;
-        named.DefaultExt = "m3u";
+        named.DefaultExt = one.ext;
         WhenModal([&one](QWidget& box) { Type(box, one.typed); });
         EXPECT_TRUE(named.Run());
         EXPECT_EQ(named.FileTitle, one.title);

@@ -27,13 +27,14 @@ struct Call {
     Long FilterIndex = 1;
     std::string InitDir;
     std::string DefaultExt;
+    QWidget* Owner = nullptr;
     Long flags = 0x280000;
     CDLG dialog;
 
     bool Run() {
         return dialog.VBGetOpenFileName(Filename, FileTitle, FileMustExist, MultiSelect, ReadOnly,
                                         HideReadOnly, Filter, FilterIndex, InitDir,
-                                        "Select file(s) to add", DefaultExt, nullptr, flags);
+                                        "Select file(s) to add", DefaultExt, Owner, flags);
     }
 };
 
@@ -225,13 +226,17 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     PromptQueue prompts;
     prompts.ExpectFiles(title, {});
     const TempFolder folder;
+    QWidget owner;
     Call call;
+    call.Owner = &owner;
     call.Filename = "start.jpg";
     call.FilterIndex = 2;
     call.InitDir = folder.DrivePath("");
     call.DefaultExt = "jpg";
     call.Run();
     const FileRequest& asked = prompts.LastFileRequest();
+    EXPECT_EQ(asked.owner, &owner);
+    EXPECT_FALSE(asked.saving);
     EXPECT_EQ(FromQString(asked.startName), "start.jpg");
     EXPECT_EQ(FromQString(asked.startFolder), folder.HostPath());
     EXPECT_EQ(FromQString(asked.defaultSuffix), "jpg");
@@ -240,6 +245,30 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     EXPECT_TRUE(asked.Has(PickFileMustExist));
     EXPECT_TRUE(asked.Has(PickMultiSelect));
     EXPECT_TRUE(asked.Has(PickHideReadOnly));
+}
+
+TEST(VBGetOpenFileName, asks_for_nothing_that_it_was_not_given) {
+    PromptQueue prompts;
+    prompts.ExpectFiles(title, {});
+    Call call;
+    call.Run();
+    const FileRequest& asked = prompts.LastFileRequest();
+    EXPECT_EQ(asked.owner, nullptr);
+    EXPECT_EQ(asked.startName, QString());
+    EXPECT_EQ(asked.startFolder, QString());
+    EXPECT_EQ(asked.defaultSuffix, QString());
+}
+
+TEST(VBGetOpenFileName, another_extension_than_the_default_one_is_told) {
+    for (const char* ext : {"jpg", "JPG", ".jpg", ".png", "jpeg"}) {
+        PromptQueue prompts;
+        prompts.ExpectFiles(title, {QStringLiteral("/a.jpg")});
+        Call call;
+        call.DefaultExt = ext;
+        EXPECT_TRUE(call.Run());
+        const std::string given = ext;
+        EXPECT_EQ((call.flags & 0x400) != 0, given == ".png" || given == "jpeg") << ext;
+    }
 }
 
 TEST(VBGetOpenFileName, an_index_that_stands_for_no_pair_asks_for_none) {

@@ -1,4 +1,6 @@
+#include "support/Support.h"
 #include "ui/support/Modal.h"
+#include "ui/support/PromptQueue.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/dialogs/CommonDialogs.h"
 
@@ -103,20 +105,40 @@ TEST(CommonDialogs, a_part_that_a_dialog_does_not_have_is_passed_over) {
         ++seen;
         EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("from")), nullptr);
         EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("unitCombo")), nullptr);
+        EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("treeView")), nullptr);
         QTest::keyClick(&box, Qt::Key_Escape);
     };
     PrintRequest print = DefaultPrint();
     print.flags = printFlag::ToFile | printFlag::NoPageNumbers;
     PageRequest page = DefaultPage();
     page.flags = pageFlag::DisableMargins | pageFlag::DisableOrientation | pageFlag::DisablePaper;
+    const RealPrompts real;
     const std::function<void()> asks[] = {
         [&] { dialogs.PickColor({}); }, [&] { dialogs.PickFont({}); },
-        [&] { dialogs.PickPrinter(print); }, [&] { dialogs.SetUpPage(page); }};
+        [&] { dialogs.PickPrinter(print); }, [&] { dialogs.SetUpPage(page); },
+        [] { Service<Prompter>::Get().PickFiles({}); }};
     for (const auto& ask : asks) {
         WhenModal(lookAndCancel);
         ask();
     }
-    EXPECT_EQ(seen, 4);
+    EXPECT_EQ(seen, 5);
+}
+
+TEST(CommonDialogs, a_file_is_picked_and_its_type_told_where_no_part_has_a_name) {
+    const NamelessParts host;
+    const RealPrompts real;
+    const TempFolder folder;
+    folder.Write("a.zip", "");
+    FileRequest request;
+    request.startFolder = ToQString(folder.HostPath());
+    request.descriptions = QStringList{QStringLiteral("Photos"), QStringLiteral("Zip")};
+    request.patterns = QStringList{QStringLiteral("*.jpg"), QStringLiteral("*.zip")};
+    request.filterIndex = 1;
+    ConfirmNext(
+        [](QWidget& box) { box.findChild<QLineEdit*>()->setText(QStringLiteral("a.zip")); });
+    const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
+    EXPECT_EQ(answer.files, QStringList(ToQString(folder.HostPath("a.zip"))));
+    EXPECT_EQ(answer.filterIndex, 1);
 }
 
 TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QPalette>
+#include <vector>
 
 namespace tavel::test {
 
@@ -32,44 +33,29 @@ class OddPalette {
 }  // namespace
 
 TEST(SystemColor, is_the_color_that_the_palette_has_for_it) {
-    struct Case {
-        int index;
+    struct Place {
         QPalette::ColorRole role;
-        QPalette::ColorGroup group = QPalette::Active;
+        std::vector<int> active, inactive, disabled;
     };
     const OddPalette odd;
-    for (const Case& one : {Case{0, QPalette::Button},
-                            Case{1, QPalette::Dark},
-                            Case{2, QPalette::Highlight},
-                            Case{3, QPalette::Button, QPalette::Inactive},
-                            Case{4, QPalette::Window},
-                            Case{5, QPalette::Base},
-                            Case{6, QPalette::WindowText},
-                            Case{7, QPalette::WindowText},
-                            Case{8, QPalette::Text},
-                            Case{9, QPalette::HighlightedText},
-                            Case{10, QPalette::Button},
-                            Case{11, QPalette::Button, QPalette::Inactive},
-                            Case{12, QPalette::Dark},
-                            Case{13, QPalette::Highlight},
-                            Case{14, QPalette::HighlightedText},
-                            Case{15, QPalette::Button},
-                            Case{16, QPalette::Dark},
-                            Case{17, QPalette::Text, QPalette::Disabled},
-                            Case{18, QPalette::ButtonText},
-                            Case{19, QPalette::WindowText, QPalette::Inactive},
-                            Case{20, QPalette::Light},
-                            Case{21, QPalette::Shadow},
-                            Case{22, QPalette::Midlight},
-                            Case{23, QPalette::ToolTipText},
-                            Case{24, QPalette::ToolTipBase},
-                            Case{25, QPalette::Button},
-                            Case{26, QPalette::Link},
-                            Case{27, QPalette::Highlight},
-                            Case{28, QPalette::Button, QPalette::Inactive},
-                            Case{29, QPalette::Highlight},
-                            Case{30, QPalette::Window}}) {
-        EXPECT_EQ(SystemColor(one.index), QColor(one.group, one.role, 200)) << one.index;
+    for (const Place& place :
+         {Place{QPalette::Button, {0, 10, 15, 25}, {3, 11, 28}, {}},
+          Place{QPalette::Dark, {1, 12, 16}, {}, {}},
+          Place{QPalette::Highlight, {2, 13, 27, 29}, {}, {}},
+          Place{QPalette::Window, {4, 30}, {}, {}}, Place{QPalette::Base, {5}, {}, {}},
+          Place{QPalette::WindowText, {6, 7}, {19}, {}}, Place{QPalette::Text, {8}, {}, {17}},
+          Place{QPalette::HighlightedText, {9, 14}, {}, {}},
+          Place{QPalette::ButtonText, {18}, {}, {}}, Place{QPalette::Light, {20}, {}, {}},
+          Place{QPalette::Shadow, {21}, {}, {}}, Place{QPalette::Midlight, {22}, {}, {}},
+          Place{QPalette::ToolTipText, {23}, {}, {}}, Place{QPalette::ToolTipBase, {24}, {}, {}},
+          Place{QPalette::Link, {26}, {}, {}}}) {
+        const auto expectAll = [&](const std::vector<int>& indices, QPalette::ColorGroup group) {
+            for (const int index : indices)
+                EXPECT_EQ(SystemColor(index), QColor(group, place.role, 200)) << index;
+        };
+        expectAll(place.active, QPalette::Active);
+        expectAll(place.inactive, QPalette::Inactive);
+        expectAll(place.disabled, QPalette::Disabled);
     }
 }
 

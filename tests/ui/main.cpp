@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QCoreApplication>
 #include <QTemporaryDir>
 
 namespace {
@@ -36,6 +37,9 @@ int main(int argc, char** argv) {
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
     const tavel::Application application(argc, argv, tavel::test::EndOfTheProcess);
+    // Whatever printers the machine has.
+    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() +
+                                     QStringLiteral("/plugins"));
     // gtest owns its listeners.
     testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);
     return RUN_ALL_TESTS();

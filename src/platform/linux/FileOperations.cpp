@@ -67,24 +67,29 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
     return file;
 }
 
-// 0, or the run-time's number of what went wrong.
-Long CopyBytes(HostFile& source, HostFile& target) {
+// Hands over a file piece by piece for as long as the pieces are taken. 0, or the run-time's number
+// of why it can't be read; what has been cut short since it was found has no whole copy.
+template <class Take>
+Long ReadPieces(HostFile& file, const struct stat& found, Take&& take) {
     const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    off_t left = found.st_size;
     std::size_t count = 0;
-    std::size_t written = 0;
     do {
-        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
-        if (!target.Write({piece.get(), count}, written)) return target.Error();
+        if (!file.Read({piece.get(), pieceSize}, count)) return file.Error();
+        if (!take(std::string_view(piece.get(), count))) return 0;
+        left -= static_cast<off_t>(count);
     } while (count == pieceSize);
-    return 0;
+    return left > 0 ? failure::DeviceIO : 0;
 }
 
+// Closing tells of a write that has failed.
 void CopyBetween(Place source, DriveTable& drives, Place target) {
     const struct stat status = source.status;
     const std::string targetPath = target.path.Text();
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
-    Long error = CopyBytes(*from, *to);
+    std::size_t written = 0;
+    Long error = ReadPieces(*from, status, [&](auto piece) { return to->Write(piece, written); });
     if (error == 0) to->CopyTimeOf(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
@@ -108,21 +113,16 @@ bool FlushMove(const Place& source, const Place& target) {
            (!leavesFolder || FlushEntriesOf(source));
 }
 
-// What has been cut short since it was found has no whole copy.
 void CopyWhole(Place source, const Place& target) {
-    const timespec modified = source.status.st_mtim;
-    off_t left = source.status.st_size;
+    const struct stat status = source.status;
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     Successor copy(target);
-    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
-    std::size_t count = 0;
-    do {
-        if (!from->Read({piece.get(), pieceSize}, count)) Fail(from->Error());
-        copy.Write({piece.get(), count});
-        left -= static_cast<off_t>(count);
-    } while (count == pieceSize && copy.Error() == 0);
-    if (left > 0 && copy.Error() == 0) Fail(failure::DeviceIO);
-    copy.SetTime(modified);
+    const Long error = ReadPieces(*from, status, [&](auto piece) {
+        copy.Write(piece);
+        return copy.Error() == 0;
+    });
+    if (error != 0) Fail(error);
+    copy.SetTime(status.st_mtim);
     if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
 }
 
@@ -130,18 +130,21 @@ bool IsSameInode(const struct stat& a, const struct stat& b) {
     return a.st_dev == b.st_dev && a.st_ino == b.st_ino;
 }
 
-// A copy takes its time. Another file that has come to the source's path meanwhile stays.
+// A copy takes its time. Another file that has come to the source's path meanwhile stays. The
+// source is held, since a file system may make up another number for a file that nobody holds.
 void MoveAcross(DriveTable& drives, Place source, Place target) {
     const std::string sourcePath = source.path.Text();
-    const struct stat copied = source.status;
-    target.status = copied;
+    const Descriptor held(
+        openat(source.Parent(), source.name.c_str(), O_PATH | source.OpenFlags()));
+    struct stat copied {};
+    Require(held.IsOpen() && fstat(held.Get(), &copied) == 0);
+    target.status = source.status;
     CopyWhole(std::move(source), target);
     const Place left = FindPlace(drives, sourcePath);
     if (left.failure != 0 || IsSameInode(left.status, copied)) DeleteFileAt(left, true);
 }
 
 void MoveToFree(DriveTable& drives, Place source, Place target) {
-    RequireFree(target);
     if (RenameWithin(source, target)) {
         Require(!target.isFlushed || FlushMove(source, target));
     } else {

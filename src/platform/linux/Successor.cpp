@@ -77,8 +77,11 @@ void Successor::Write(std::string_view bytes) {
 
 bool Successor::TakePlace() {
     if (m_error != 0 || !Check(m_file.Flush())) return false;
-    errno = ESTALE;
-    m_hasTakenPlace = Check(IsUnderItsName() && Rename());
+    if (!IsUnderItsName()) {
+        m_error = ESTALE;
+        return false;
+    }
+    m_hasTakenPlace = Check(Rename());
     return m_hasTakenPlace && Check(m_file.Flush() && FlushFolderOf(m_former));
 }
 

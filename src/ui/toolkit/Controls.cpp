@@ -25,20 +25,25 @@ class UnwantedKeys : public QObject {
 
     bool eventFilter(QObject*, QEvent* event) override {
         if (event->type() != QEvent::KeyPress) return false;
-        if (!IsOneOfThem(*static_cast<QKeyEvent*>(event))) return false;
-        m_act();
+        const auto& press = *static_cast<QKeyEvent*>(event);
+        if (std::find(m_keys.begin(), m_keys.end(), press.key()) == m_keys.end()) return false;
+        const bool isPlain = (press.modifiers() & ~Qt::KeypadModifier) == 0;
+        if (isPlain && !press.isAutoRepeat()) m_act();
         return true;
     }
 
   private:
-    bool IsOneOfThem(const QKeyEvent& event) const {
-        if (event.isAutoRepeat() || (event.modifiers() & ~Qt::KeypadModifier) != 0) return false;
-        return std::find(m_keys.begin(), m_keys.end(), event.key()) != m_keys.end();
-    }
-
     std::vector<Qt::Key> m_keys;
     std::function<void()> m_act;
 };
+
+// Exactly one button of a window looks as though Enter pressed it. A focus that came by mouse shows
+// in nothing else. Boxes over the window have buttons of their own.
+void LookLikeEnters(const QWidget& window, const QPushButton& button) {
+    for (QPushButton* one : window.findChildren<QPushButton*>()) {
+        if (one->window() == &window) one->setDefault(one == &button);
+    }
+}
 
 }  // namespace
 
@@ -47,17 +52,19 @@ void SetEscapeButton(QWidget& window, QPushButton& button) {
 }
 
 void SetEnterButton(QWidget& window, QPushButton& button) {
-    new UnwantedKeys(window, {Qt::Key_Return, Qt::Key_Enter}, [&window, &button] {
+    auto* keys = new UnwantedKeys(window, {Qt::Key_Return, Qt::Key_Enter}, [&window, &button] {
         auto* focused = qobject_cast<QPushButton*>(window.focusWidget());
         (focused != nullptr ? *focused : button).click();
     });
     button.setDefault(true);
-    // No two buttons look as though Enter pressed them. A window that goes has no focus to tell of.
+    // A window that goes has no focus to tell of.
     QObject::connect(qApp, &QApplication::focusChanged, &button,
-                     [&window, &button](QWidget*, QWidget* now) {
+                     [&window, &button, keys](QWidget*, QWidget* now) {
                          if (now == nullptr || now->window() != &window) return;
-                         const auto* focused = qobject_cast<QPushButton*>(now);
-                         button.setDefault(focused == nullptr || focused == &button);
+                         auto* focused = qobject_cast<QPushButton*>(now);
+                         LookLikeEnters(window, focused != nullptr ? *focused : button);
+                         // A button that looks so would take the keys, held down ones too.
+                         if (focused != nullptr) focused->installEventFilter(keys);
                      });
 }
 

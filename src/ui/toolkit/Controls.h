@@ -25,8 +25,8 @@ Control* Named(const char* name, Arguments&&... arguments) {
 // with Control and its like, it does nothing.
 void SetEscapeButton(QWidget& window, QPushButton& button);
 
-// The Enter keys likewise click the button that has the focus, or else this one. This one
-// looks so, unless another button has the focus.
+// The Enter keys likewise click the button that has the focus, or else this one. The one that
+// they would click looks so.
 void SetEnterButton(QWidget& window, QPushButton& button);
 
 // The row below a dialog's controls, with cmdOK and cmdCancel at its right. Enter and Escape click

@@ -1,10 +1,12 @@
 #include "ui/toolkit/RealPrompter.h"
 
+#include "platform/HostBoxes.h"
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/FolderDialog.h"
 #include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/WorkWindow.h"
 #include "ui/toolkit/dialogs/FileDialog.h"
+#include "ui/toolkit/dialogs/HostPrompts.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -67,6 +69,12 @@ void LeaveNoRoomForAnIcon(const QMessageBox& box) {
     grid.setColumnStretch(grid.columnCount() - 1, 1);
 }
 
+FileAnswer Ask(const FileRequest& request) {
+    if (Service<HostBoxes>::Get().AreThere()) return PickFilesByHost(request);
+    Modal<FileDialog> box(request);
+    return box.Run() == QDialog::Accepted ? box->Answer() : FileAnswer();
+}
+
 }  // namespace
 
 MsgBoxAnswer RealPrompter::MsgBox(const QString& text, MsgBoxButtons buttons,
@@ -99,14 +107,13 @@ FileAnswer RealPrompter::PickFiles(const FileRequest& request) {
     if (m_lastFolder.isEmpty()) m_lastFolder = QDir::homePath();
     FileRequest asked = request;
     if (asked.startFolder.isEmpty()) asked.startFolder = m_lastFolder;
-    Modal<FileDialog> box(asked);
-    if (box.Run() != QDialog::Accepted) return {};
-    FileAnswer answer = box->Answer();
+    FileAnswer answer = Ask(asked);
     if (!answer.files.isEmpty()) m_lastFolder = QFileInfo(answer.files.front()).absolutePath();
     return answer;
 }
 
 std::string RealPrompter::PickFolder(const FolderRequest& request) {
+    if (Service<HostBoxes>::Get().AreThere()) return PickFolderByHost(request);
     Modal<FolderDialog> box(request);
     return box.Run() == QDialog::Accepted ? box->StablePath() : std::string();
 }

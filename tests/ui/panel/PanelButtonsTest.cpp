@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 #include "ui/toolkit/Twips.h"
 
 #include <gmock/gmock.h>
@@ -50,6 +51,18 @@ TEST_F(PanelButtons, buttons_act_on_the_release_wherever_the_press_was) {
     Drag({30, 90}, InWindow(Chevron()));
     EXPECT_EQ(panel.height(), 25);
     Drag({30, 10}, InWindow(Close()));
+    EXPECT_TRUE(panel.isHidden());
+}
+
+TEST_F(PanelButtons, buttons_reach_to_the_end_of_their_last_pixels) {
+    panel.Closeable(true);
+    const QRectF area(panel.Areas().close.value());
+    for (const QPointF out : {QPointF(0.1, -1), QPointF(-1, 0.1)}) {
+        SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() + out, Qt::LeftButton);
+        EXPECT_TRUE(panel.isVisible());
+    }
+    SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() - QPointF(0.1, 0.1),
+              Qt::LeftButton);
     EXPECT_TRUE(panel.isHidden());
 }
 
@@ -107,6 +120,15 @@ TEST_F(PanelButtons, click_on_the_chevron_is_told_before_the_collapse_and_after_
     EXPECT_THAT(heights, ElementsAre(200, 200));
 }
 
+TEST_F(PanelButtons, click_on_the_chevron_tells_the_height_in_twips_whatever_the_scale) {
+    panel.Expandable(true);
+    Listen();
+    SetScale(1.5);
+    Click(Chevron());
+    SetScale(1);
+    EXPECT_THAT(events, testing::Contains(testing::EndsWith(" 1 20 25 2000")));
+}
+
 TEST_F(PanelButtons, click_on_the_chevron_returns_to_the_height_that_the_host_set) {
     panel.Expandable(true);
     panel.resize(300, 333);
@@ -120,9 +142,7 @@ TEST_F(PanelButtons, drag_of_the_chevron_has_ended_when_its_click_is_told) {
     panel.Expandable(true);
     panel.ContainerMoveable(true);
     QObject::connect(&panel, &xpFrame::ChevronClick, [this] {
-        QMouseEvent move(QEvent::MouseMove, QPoint(150, 100), panel.mapToGlobal(QPoint(150, 100)),
-                         Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
-        QApplication::sendEvent(&panel, &move);
+        SendMouse(panel, QEvent::MouseMove, {150, 100}, Qt::NoButton, Qt::LeftButton);
     });
     Click(Chevron());
     EXPECT_EQ(panel.pos(), QPoint(50, 40));

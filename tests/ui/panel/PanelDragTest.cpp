@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -53,7 +54,9 @@ TEST_F(PanelDrag, drag_in_classic_style_neither_moves_nor_resizes) {
     panel.ContainerMoveable(true);
     panel.ContainerResizable(true);
     panel.ClassicXPStyle(true);
+    ListenToMoves();
     Drag({30, 10}, {130, 70});
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, true}));
     Drag(Grip(), {500, 400});
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
 }
@@ -94,6 +97,24 @@ TEST_F(PanelDrag, drag_can_be_started_and_stopped_by_the_host) {
     PointAt({240, 170});
     EXPECT_EQ(panel.pos(), QPoint(210, 160));
     Release();
+}
+
+TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {
+    panel.ContainerMoveable(true);
+    Press({30, 10});
+    Listen();
+    SendMouse(panel, QEvent::MouseMove, {30, 10}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_THAT(events, ElementsAre("Move 50 40"));
+    Release();
+}
+
+TEST_F(PanelDrag, drag_by_fractions_of_a_pixel_moves_to_the_nearest_one) {
+    panel.ContainerMoveable(true);
+    Listen();
+    SendMouse(panel, QEvent::MouseButtonPress, {30.5, 10.25}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {41.25, 22}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {41.25, 22}, Qt::LeftButton);
+    EXPECT_EQ(panel.pos(), QPoint(61, 52));
 }
 
 TEST_F(PanelDrag, drag_has_moved_the_panel_when_it_is_told) {

@@ -118,10 +118,13 @@ TEST_F(PanelGrip, drag_of_a_grip_that_is_gone_neither_moves_nor_resizes) {
     panel.ContainerResizable(true);
     panel.ContainerMoveable(true);
     panel.ContainerResizable(false);
+    ListenToMoves();
     PressGrip();
     PointAt(InWindow({250, 150}));
     Release();
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false},
+                                   Switches{1, true, false}));
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_is_not_started_again_by_the_same_event) {
@@ -134,6 +137,31 @@ TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_is_not_started_again_by_t
     PointAt(InWindow({288, 188}));
     EXPECT_EQ(panel.size(), QSize(291, 191));
     Release();
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_goes_on_as_it_was_when_another_button_comes_and_goes) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.show();
+    PressGrip();
+    PointAt(InWindow({320, 220}));
+    const QImage whileResized = panel.Surface();
+    Click({320, 220}, Qt::RightButton);
+    EXPECT_EQ(panel.Surface(), whileResized);
+    EXPECT_TRUE(child.isHidden());
+    PointAt(InWindow({330, 230}));
+    EXPECT_EQ(panel.size(), QSize(330, 230));
+    Release();
+}
+
+TEST_F(PanelGrip, press_is_taken_by_a_grip_that_is_gone_in_classic_style) {
+    panel.ContainerResizable(true);
+    panel.ClassicXPStyle(true);
+    ListenToMoves();
+    PressGrip();
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Release();
+    EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false}));
 }
 
 TEST_F(PanelGrip, drag_that_the_host_turns_into_a_resize_moves_no_longer) {
@@ -173,14 +201,16 @@ TEST_F(PanelGrip, children_may_delete_their_neighbours_when_they_are_hidden) {
 }
 
 TEST_F(PanelGrip, children_may_take_their_neighbours_elsewhere_when_they_are_shown) {
-    QPushButton child(&panel);
-    QPushButton neighbour(&panel);
-    child.hide();
-    neighbour.hide();
-    const On takes(QEvent::Show, child, [&] { neighbour.setParent(nullptr); });
-    Click({30, 90});
-    EXPECT_TRUE(child.isVisible());
-    EXPECT_TRUE(neighbour.isHidden());
+    for (QWidget* elsewhere : {static_cast<QWidget*>(nullptr), &window}) {
+        QPushButton child(&panel);
+        QPushButton neighbour(&panel);
+        child.hide();
+        neighbour.hide();
+        const On takes(QEvent::Show, child, [&] { neighbour.setParent(elsewhere); });
+        Click({30, 90});
+        EXPECT_TRUE(child.isVisible());
+        EXPECT_TRUE(neighbour.isHidden());
+    }
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_at_the_present_size_hides_no_children) {

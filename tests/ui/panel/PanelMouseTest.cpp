@@ -87,6 +87,17 @@ TEST_F(PanelMouse, release_of_the_left_button_shows_what_the_host_had_hidden_and
     EXPECT_TRUE(panel.findChild<InnerLabel*>()->isHidden());
 }
 
+TEST_F(PanelMouse, release_and_disabling_leave_the_children_of_children_alone) {
+    QWidget child(&panel);
+    QPushButton inner(&child);
+    inner.hide();
+    Click({30, 90});
+    EXPECT_TRUE(child.isVisible());
+    EXPECT_TRUE(inner.isHidden());
+    panel.enabled(false);
+    EXPECT_FALSE(inner.testAttribute(Qt::WA_ForceDisabled));
+}
+
 TEST_F(PanelMouse, is_not_heard_while_the_panel_is_disabled) {
     panel.Closeable(true);
     panel.enabled(false);
@@ -102,9 +113,12 @@ TEST_F(PanelMouse, is_not_heard_while_the_panel_is_disabled) {
 TEST_F(PanelMouse, hits_what_is_below_the_pointer_when_a_receiver_has_moved_the_panel) {
     panel.Closeable(true);
     const QPoint close = Close();
+    Listen();
     QObject::connect(&panel, &xpFrame::MouseUp, [this] { panel.move(0, 0); });
     Click(close);
     EXPECT_TRUE(panel.isVisible());
+    EXPECT_THAT(events,
+                ElementsAre(testing::StartsWith("MouseDown"), testing::StartsWith("MouseUp")));
 }
 
 TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {

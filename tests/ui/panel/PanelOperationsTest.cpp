@@ -84,10 +84,13 @@ TEST_F(PanelOperations, Expand_of_a_panel_that_never_was_another_height_does_not
 }
 
 TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of_then) {
-    panel.ReadProperties(MemoryPropertyBag());
-    panel.resize(300, 90);
-    panel.Expand();
-    EXPECT_EQ(panel.height(), 200);
+    for (const int height : {200, 150}) {
+        panel.resize(300, height);
+        panel.ReadProperties(MemoryPropertyBag());
+        panel.resize(300, 90);
+        panel.Expand();
+        EXPECT_EQ(panel.height(), height);
+    }
 }
 
 TEST_F(PanelOperations, Collapse_at_another_scale_leaves_the_headers_pixels) {
@@ -176,13 +179,16 @@ TEST_F(PanelOperations, focus_brings_the_panel_to_the_front_when_that_is_on) {
     EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
 }
 
-TEST_F(PanelOperations, focus_comes_with_a_press) {
+TEST_F(PanelOperations, focus_comes_with_a_press_and_with_tab) {
     QLineEdit other(&window);
     other.show();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     other.setFocus();
     Click({30, 90});
+    EXPECT_TRUE(panel.hasFocus());
+    other.setFocus();
+    QTest::keyClick(window.windowHandle(), Qt::Key_Tab);
     EXPECT_TRUE(panel.hasFocus());
 }
 
@@ -306,19 +312,32 @@ TEST(UtilDrawBackground, goes_from_colour_to_colour_across_for_0_and_down_for_an
 }
 
 TEST(UtilDrawBackground, of_edges_the_wrong_way_round_exchanges_them_with_their_colours) {
-    DeviceContext right(QSize(40, 30), 1);
-    DeviceContext wrong(QSize(40, 30), 1);
-    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 0);
-    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 30, 5, 10, 25, 0);
-    EXPECT_EQ(right.Surface(), wrong.Surface());
+    for (const bool across : {true, false}) {
+        const QRect wrong =
+            across ? QRect(QPoint(30, 5), QPoint(10, 25)) : QRect(QPoint(10, 25), QPoint(30, 5));
+        const Long horizontal = across ? 0 : 1;
+        DeviceContext expected(QSize(40, 30), 1);
+        DeviceContext context(QSize(40, 30), 1);
+        xpFrame::UtilDrawBackground(expected, 0x0000FF, 0xFF0000, 10, 5, 30, 25, horizontal);
+        xpFrame::UtilDrawBackground(context, 0xFF0000, 0x0000FF, wrong.left(), wrong.top(),
+                                    wrong.right(), wrong.bottom(), horizontal);
+        EXPECT_EQ(context.Surface(), expected.Surface()) << across;
+    }
 }
 
-TEST(UtilDrawBackground, of_edges_upside_down_exchanges_them_with_their_colours) {
-    DeviceContext right(QSize(40, 30), 1);
-    DeviceContext wrong(QSize(40, 30), 1);
-    xpFrame::UtilDrawBackground(right, 0x0000FF, 0xFF0000, 10, 5, 30, 25, 1);
-    xpFrame::UtilDrawBackground(wrong, 0xFF0000, 0x0000FF, 10, 25, 30, 5, 1);
-    EXPECT_EQ(right.Surface(), wrong.Surface());
+TEST(UtilDrawShapeStyle, takes_any_two_opposite_corners) {
+    DeviceContext expected(QSize(40, 30), 1);
+    expected.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(expected, 5, 4, 25, 14, 7);
+    for (const QRect& edges :
+         {QRect(QPoint(25, 4), QPoint(5, 14)), QRect(QPoint(5, 14), QPoint(25, 4)),
+          QRect(QPoint(25, 14), QPoint(5, 4))}) {
+        DeviceContext context(QSize(40, 30), 1);
+        context.pen = expected.pen;
+        xpFrame::UtilDrawShapeStyle(context, edges.left(), edges.top(), edges.right(),
+                                    edges.bottom(), 7);
+        EXPECT_EQ(context.Surface(), expected.Surface());
+    }
 }
 
 TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
@@ -329,6 +348,19 @@ TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
         EXPECT_EQ(At(context, outside.x(), outside.y()), QColor(Qt::black));
     for (const QPoint line : {QPoint(7, 4), QPoint(6, 5), QPoint(5, 6)})
         EXPECT_EQ(At(context, line.x(), line.y()), QColor(Qt::red));
+}
+
+TEST(UtilDrawShapeStyle, keeps_to_the_shape_where_neighbouring_rows_begin_alike) {
+    DeviceContext context(QSize(60, 50), 1);
+    context.pen = {PS_SOLID, Qt::red};
+    xpFrame::UtilDrawShapeStyle(context, 5, 4, 55, 44, 20);
+    int y = 4;
+    for (const int inset : {7, 5, 4, 3, 2, 1, 1, 0, 0}) {
+        int x = 0;
+        while (At(context, x, y) != QColor(Qt::red)) ++x;
+        EXPECT_EQ(x, 5 + inset) << y;
+        ++y;
+    }
 }
 
 }  // namespace tavel::test

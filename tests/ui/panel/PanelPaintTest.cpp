@@ -34,6 +34,14 @@ PanelPicture Icon(int side) {
     return PanelPicture(QIcon(QPixmap::fromImage(image)));
 }
 
+// Its right half is all of one colour, however large it is drawn.
+PanelPicture Blank() {
+    QImage image(2, 2, QImage::Format_RGB32);
+    image.fill(qRgb(30, 60, 90));
+    image.setPixel(0, 0, qRgb(255, 0, 255));
+    return PanelPicture(image);
+}
+
 PanelProperties WithEverything(PanelProperties p) {
     p.Closeable = p.Expandable = p.ContainerResizable = true;
     p.HeaderPicture = Bitmap(16);
@@ -156,8 +164,13 @@ TEST_F(PanelPaint, is_square_in_every_other_shape) {
     }
 }
 
-TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps_of_its_pens_lengths) {
+TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps_of_its_pens_lengths_all_round) {
     using Runs = std::vector<int>;
+    std::vector<QPoint> outline;
+    for (int x = 0; x < 398; ++x) outline.emplace_back(x, 0);
+    for (int y = 0; y < 88; ++y) outline.emplace_back(398, y);
+    for (int x = 398; x > 0; --x) outline.emplace_back(x, 88);
+    for (int y = 88; y > 0; --y) outline.emplace_back(0, y);
     const std::vector<std::pair<Integer, Runs>> pens{
         {1, {18, 6}}, {2, {3, 3}}, {3, {9, 6, 3, 6}}, {4, {9, 3, 3, 3, 3, 3}}};
     for (const auto& [style, lengths] : pens) {
@@ -167,15 +180,13 @@ TEST_F(PanelPaint, a_broken_outline_has_strokes_and_gaps_of_its_pens_lengths) {
         PlacedPanel placed(p, 400, 90);
         const QImage picture = placed.Picture();
         const int ratio = picture.width() / 400;
-        const auto drawn = [&](int x) {
-            return (picture.pixel(x * ratio, 0) & 0xFFFFFF) ==
-                   PanelModel::Shown(p.ContainerBorderColor);
-        };
-        int x = 0;
-        for (std::size_t run = 0; run < 12; ++run) {
-            int length = 0;
-            for (; drawn(x) == (run % 2 == 0); ++x) ++length;
-            EXPECT_EQ(length, lengths[run % lengths.size()]) << style;
+        std::size_t run = 0;
+        int left = lengths[0];
+        for (const QPoint& pixel : outline) {
+            const bool drawn = (picture.pixel(pixel * ratio) & 0xFFFFFF) ==
+                               PanelModel::Shown(p.ContainerBorderColor);
+            EXPECT_EQ(drawn, run % 2 == 0) << style << ": " << pixel.x() << ", " << pixel.y();
+            if (--left == 0) left = lengths[++run % lengths.size()];
         }
     }
 }
@@ -206,6 +217,19 @@ TEST_F(PanelPaint, with_bitmaps_of_other_formats) {
         SCOPED_TRACE(image.format());
         CheckBoth([&](PanelProperties& p) { p.HeaderPicture = PanelPicture(image); });
     }
+}
+
+TEST_F(PanelPaint, with_a_headers_picture_below_the_buttons_and_a_containers_above) {
+    CheckBoth([](PanelProperties& p) {
+        p.HeaderPicture = Blank();
+        p.HeaderPictureSize = 112;
+    });
+    CheckBoth([](PanelProperties& p) {
+        p.ContainerPicture = Blank();
+        p.ContainerPictureSize = 300;
+        p.ContainerPictureBufferLeft = -160;
+        p.ContainerPictureBufferTop = -60;
+    });
 }
 
 TEST_F(PanelPaint, with_pictures_that_are_drawn_larger_or_smaller_than_they_are) {

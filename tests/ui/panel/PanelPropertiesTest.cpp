@@ -335,14 +335,6 @@ TEST(MemoryPropertyBag, writes_nothing_that_equals_the_default) {
     EXPECT_EQ(bag.ReadProperty("c", 7), PropertyValue(7));
 }
 
-TEST_F(PanelPropertiesOf, a_store_leave_chevron_and_grip_on_in_classic_style) {
-    MemoryPropertyBag bag;
-    for (const char* key : {"ClassicXPStyle", "Expandable", "ContainerResizable"})
-        bag.WriteProperty(key, true);
-    panel.ReadProperties(bag);
-    EXPECT_TRUE(panel.ClassicXPStyle() && panel.Expandable() && panel.ContainerResizable());
-}
-
 TEST_F(PanelPropertiesOf, a_new_panel_have_the_first_themes_colours_again) {
     panel.Appearence(7);
     panel.InitProperties();

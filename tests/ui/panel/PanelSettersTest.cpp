@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QPushButton>
+#include <vector>
 
 namespace tavel::test {
 
@@ -12,77 +13,102 @@ namespace {
 
 using testing::ElementsAre;
 
-class PanelSetter : public PanelUnderHand {};
+// A property of a panel and the name under which the host hears of it.
+template <class Argument>
+struct Property {
+    Argument (xpFrame::*get)() const;
+    void (xpFrame::*set)(Argument);
+    const char* name;
+};
 
-// Sets the property to the value and asks for it again.
-template <class Getter, class Setter, class Value>
-void ExpectKept(const xpFrame& panel, RecordingHost& host, Getter get, Setter set, Value value,
-                const char* name) {
-    host.changes.clear();
-    set(value);
-    EXPECT_EQ((panel.*get)(), value) << name;
-    EXPECT_THAT(host.changes, ElementsAre(name));
-}
+#define OF(property) \
+    { &xpFrame::property, &xpFrame::property, #property }
+
+const std::vector<Property<bool>> switches{
+    {&xpFrame::Closeable, &xpFrame::Closeable, "closeable"},
+    OF(HeaderVisible),
+    OF(FooterVisible),
+    OF(HeaderPictureVisible),
+    OF(ZOrderOnFocus),
+    OF(ContainerPictureVisible),
+    OF(ContainerMoveable),
+    OF(ContainerResizable),
+    OF(UseCustomColors),
+    {&xpFrame::enabled, &xpFrame::enabled, "Enabled"},
+    OF(Expandable),
+    OF(ClassicXPStyle),
+};
+const std::vector<Property<Integer>> numbers{
+    OF(HeaderTextAlign),
+    OF(HeaderSize),
+    OF(HeaderFillStyle),
+    OF(HeaderPictureSize),
+    OF(FooterTextAlign),
+    OF(FooterSize),
+    OF(FooterFillStyle),
+    OF(ContainerFillStyle),
+    OF(ContainerBorderStyle),
+    OF(ContainerCornerRadius),
+    OF(ContainerPictureSize),
+    OF(ContainerPictureBufferTop),
+    OF(ContainerPictureBufferLeft),
+    OF(Appearence),
+};
+const std::vector<Property<OleColor>> colors{
+    OF(HeaderTextColor),      OF(HeaderBackColor),     OF(HeaderFadeColor),
+    OF(FooterTextColor),      OF(FooterBackColor),     OF(FooterFadeColor),
+    OF(ContainerBackColor),   OF(ContainerFadeColor),  OF(ContainerForeColor),
+    OF(ContainerBorderColor), OF(CollapseButtonColor), OF(BackColor),
+};
+const std::vector<Property<const QString&>> texts{OF(HeaderText), OF(FooterText)};
+const std::vector<Property<const QFont&>> fonts{
+    OF(HeaderTextFont),
+    {&xpFrame::FooterTextFont, &xpFrame::FooterTextFont, "footerTextFont"},
+    OF(ContainerTextFont),
+};
+const std::vector<Property<const PanelPicture&>> pictures{OF(HeaderPicture), OF(ContainerPicture)};
+const std::vector<Property<Long>> longNumbers{OF(ContainerShapeStyle)};
+
+#undef OF
+
+class PanelSetter : public PanelUnderHand {
+  protected:
+    // Sets each property to what the function makes of its value, and asks for it again.
+    template <class Argument, class Change>
+    void ExpectKept(const std::vector<Property<Argument>>& properties, Change change) {
+        for (const Property<Argument>& property : properties) {
+            const std::decay_t<Argument> before = (panel.*property.get)();
+            const std::decay_t<Argument> value = change(before);
+            ASSERT_NE(value, before) << property.name;
+            host.changes.clear();
+            (panel.*property.set)(value);
+            EXPECT_EQ((panel.*property.get)(), value) << property.name;
+            EXPECT_THAT(host.changes, ElementsAre(property.name));
+        }
+    }
+};
 
 }  // namespace
 
-#define EXPECT_SET(type, property, value, name)                                        \
-    ExpectKept<type (xpFrame::*)() const>(                                             \
-        panel, host, &xpFrame::property, [this](const auto& v) { panel.property(v); }, \
-        std::decay_t<type>(value), name)
-
 TEST_F(PanelSetter, keeps_the_value_and_tells_the_host_under_the_propertys_name) {
-    const QFont font(QStringLiteral("Times"), 31);
-    const PanelPicture picture(Square());
-    EXPECT_SET(const QString&, HeaderText, QStringLiteral("News"), "HeaderText");
-    EXPECT_SET(const QFont&, HeaderTextFont, font, "HeaderTextFont");
-    EXPECT_SET(Integer, HeaderTextAlign, 4, "HeaderTextAlign");
-    EXPECT_SET(OleColor, HeaderTextColor, 1, "HeaderTextColor");
-    EXPECT_SET(Integer, HeaderSize, 2, "HeaderSize");
-    EXPECT_SET(bool, Closeable, true, "closeable");
-    EXPECT_SET(bool, HeaderVisible, false, "HeaderVisible");
-    EXPECT_SET(OleColor, HeaderBackColor, 2, "HeaderBackColor");
-    EXPECT_SET(OleColor, HeaderFadeColor, 3, "HeaderFadeColor");
-    EXPECT_SET(Integer, HeaderFillStyle, 0, "HeaderFillStyle");
-    EXPECT_SET(const PanelPicture&, HeaderPicture, picture, "HeaderPicture");
-    EXPECT_SET(Integer, HeaderPictureSize, 24, "HeaderPictureSize");
-    EXPECT_SET(const QString&, FooterText, QStringLiteral("Old"), "FooterText");
-    EXPECT_SET(const QFont&, FooterTextFont, font, "footerTextFont");
-    EXPECT_SET(Integer, FooterTextAlign, 8, "FooterTextAlign");
-    EXPECT_SET(OleColor, FooterTextColor, 4, "FooterTextColor");
-    EXPECT_SET(Integer, FooterSize, 1, "FooterSize");
-    EXPECT_SET(bool, FooterVisible, false, "FooterVisible");
-    EXPECT_SET(bool, HeaderPictureVisible, false, "HeaderPictureVisible");
-    EXPECT_SET(bool, ZOrderOnFocus, true, "ZOrderOnFocus");
-    EXPECT_SET(bool, ContainerPictureVisible, false, "ContainerPictureVisible");
-    EXPECT_SET(bool, ContainerMoveable, true, "ContainerMoveable");
-    EXPECT_SET(bool, ContainerResizable, true, "ContainerResizable");
-    EXPECT_SET(OleColor, FooterBackColor, 5, "FooterBackColor");
-    EXPECT_SET(OleColor, FooterFadeColor, 6, "FooterFadeColor");
-    EXPECT_SET(Integer, FooterFillStyle, 0, "FooterFillStyle");
-    EXPECT_SET(const QFont&, ContainerTextFont, font, "ContainerTextFont");
-    EXPECT_SET(OleColor, ContainerBackColor, 7, "ContainerBackColor");
-    EXPECT_SET(OleColor, ContainerFadeColor, 8, "ContainerFadeColor");
-    EXPECT_SET(Integer, ContainerFillStyle, 0, "ContainerFillStyle");
-    EXPECT_SET(OleColor, ContainerForeColor, 9, "ContainerForeColor");
-    EXPECT_SET(OleColor, ContainerBorderColor, 10, "ContainerBorderColor");
-    EXPECT_SET(Integer, ContainerBorderStyle, 2, "ContainerBorderStyle");
-    EXPECT_SET(Long, ContainerShapeStyle, 70000, "ContainerShapeStyle");
-    EXPECT_SET(Integer, ContainerCornerRadius, 30, "ContainerCornerRadius");
-    EXPECT_SET(const PanelPicture&, ContainerPicture, picture, "ContainerPicture");
-    EXPECT_SET(Integer, ContainerPictureSize, 48, "ContainerPictureSize");
-    EXPECT_SET(Integer, ContainerPictureBufferTop, 11, "ContainerPictureBufferTop");
-    EXPECT_SET(Integer, ContainerPictureBufferLeft, 12, "ContainerPictureBufferLeft");
-    EXPECT_SET(bool, UseCustomColors, true, "UseCustomColors");
-    EXPECT_SET(Integer, Appearence, 12, "Appearence");
-    EXPECT_SET(bool, enabled, false, "Enabled");
-    EXPECT_SET(bool, Expandable, true, "Expandable");
-    EXPECT_SET(OleColor, CollapseButtonColor, 13, "CollapseButtonColor");
-    EXPECT_SET(OleColor, BackColor, 14, "BackColor");
-    EXPECT_SET(bool, ClassicXPStyle, true, "ClassicXPStyle");
+    ExpectKept(texts, [](const QString& text) { return text + QStringLiteral("News"); });
+    ExpectKept(fonts, [](const QFont&) { return QFont(QStringLiteral("Times"), 31); });
+    ExpectKept(pictures, [](const PanelPicture&) { return PanelPicture(Square()); });
+    ExpectKept(numbers, [](Integer number) { return static_cast<Integer>(number + 1); });
+    ExpectKept(longNumbers, [](Long) { return 70000; });
+    ExpectKept(colors, [](OleColor color) { return color + 1; });
+    ExpectKept(switches, [](bool isOn) { return !isOn; });
 }
 
-#undef EXPECT_SET
+TEST_F(PanelSetter, and_Refresh_paint_the_panel_anew) {
+    PaintCounter paints(panel);
+    paints.Taken();
+    ASSERT_EQ(paints.Taken(), 0);
+    panel.HeaderFillStyle(0);
+    EXPECT_EQ(paints.Taken(), 1);
+    panel.Refresh();
+    EXPECT_EQ(paints.Taken(), 1);
+}
 
 TEST_F(PanelSetter, of_the_headers_text_names_the_panel_for_screen_readers) {
     EXPECT_EQ(panel.accessibleName(), QStringLiteral("xpFrame3"));
@@ -200,6 +226,7 @@ TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_custom_colours_too) {
     panel.ContainerFadeColor(0x102030);
     panel.UseCustomColors(true);
     panel.Appearence(12);
+    EXPECT_EQ(panel.Appearence(), 12);
     panel.UseCustomColors(false);
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
 }

@@ -63,6 +63,15 @@ TEST(PanelStatesPaint, a_collapsed_panel_that_is_made_higher_has_no_grip) {
     ExpectModel(placed, p, true);
 }
 
+TEST(PanelStatesPaint, a_panel_of_its_headers_height_shows_that_it_is_collapsed_and_expanded) {
+    const PanelProperties p = WithEverything();
+    PlacedPanel placed(p, 120, 25);
+    placed.panel.Collapse();
+    ExpectModel(placed, p, true);
+    placed.panel.Expand();
+    ExpectModel(placed, p);
+}
+
 TEST(PanelStatesPaint, of_any_size_is_as_the_numbers_have_it) {
     constexpr std::array sizes{0, 1, 2, 3, 5, 17, 22, 24, 26, 40, 45};
     for (const bool classic : {false, true}) {
@@ -94,6 +103,23 @@ TEST(PanelStatesPaint, with_corners_larger_than_itself_is_an_ellipse) {
         for (int x = 0; x < 40; ++x)
             EXPECT_EQ(placed.Window().contains(QPoint(x, y)), x >= inset && x < 39 - inset)
                 << x << ", " << y;
+    }
+}
+
+TEST(PanelStatesPaint, of_a_narrow_shape_has_rows_that_only_grow_toward_the_middle) {
+    PanelProperties p = WithCustomColors();
+    p.ContainerShapeStyle = 1;
+    p.ContainerCornerRadius = 80;
+    PlacedPanel placed(p, 60, 50);
+    for (const int width : {4, 5, 6, 9}) {
+        placed.panel.resize(width, 60);
+        int last = 0;
+        for (int y = 0; y < 30; ++y) {
+            const int row = (placed.Window() & QRect(0, y, width, 1)).boundingRect().width();
+            EXPECT_GE(row, last) << width << ": " << y;
+            last = row;
+        }
+        EXPECT_EQ(last, width - 1);
     }
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTest>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
@@ -18,6 +19,32 @@ inline void WhenModal(const std::function<void(QWidget&)>& act) {
         else
             WhenModal(act);
     });
+}
+
+// Ends the next modal box by a key, once a test has done with it.
+inline void EndNext(Qt::Key key, const std::function<void(QWidget&)>& before) {
+    WhenModal([key, before](QWidget& box) {
+        if (before) before(box);
+        QTest::keyClick(&box, key);
+    });
+}
+inline void ConfirmNext(const std::function<void(QWidget&)>& before = {}) {
+    EndNext(Qt::Key_Return, before);
+}
+inline void CancelNext(const std::function<void(QWidget&)>& before = {}) {
+    EndNext(Qt::Key_Escape, before);
+}
+
+// A dialog's call whose owner goes while the box stands over it: a cancel.
+template <class Call>
+void ExpectCancelWithItsOwner(Call& call) {
+    auto* owner = new QWidget;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        EXPECT_EQ(box.parentWidget(), owner);
+        delete owner;
+    });
+    EXPECT_FALSE(call.Run());
 }
 
 // The same on a box that stands over another, as soon as `opens`, which is posted, has brought it

@@ -119,7 +119,8 @@ class CDLG {
     // unless PreventWarning is set.
     //
     // Printer may be null. On success it gets the device or the file, the copies, and the paper,
-    // orientation, margins and quality of the page. Painting on it then prints.
+    // orientation, margins and quality of the page, its colours, sides and order. Painting on it
+    // then prints.
     bool VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage, Long& ToPage,
                     bool DisableSelection, Integer& Copies, bool ShowPrintToFile,
                     bool DisablePrintToFile, bool& PrintToFile, bool& Collate, bool PreventWarning,
@@ -134,8 +135,9 @@ class CDLG {
     // nothing of the page, they are the printer's own, and one below 0 is 0. A margin below its
     // minimum begins at it, one beyond the page at its edge. PaperSize and Orientation have the
     // setting's numbers (1 Letter, 8 A3, 9 A4, ...; 1 upright, 2 across), PrintQuality is dots per
-    // inch; 0, or a number that stands for nothing, is as it was at the last call or the printer's
-    // own. Out, a paper of no number is 0. DisablePrinter has no effect: this dialog offers none.
+    // inch, no more than 32767; 0, or a number that stands for nothing, is as it was at the last
+    // call or the printer's own. Out, a paper of no number is 0. DisablePrinter takes the choice of
+    // a printer away where the dialog offers one, as Qt's does not.
     bool VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
                          bool DisablePrinter, double& LeftMargin, double MinLeftMargin,
                          double& RightMargin, double MinRightMargin, double& TopMargin,

@@ -71,10 +71,14 @@ bool FitsBuffer(const std::string& selection, bool several) {
     return Length(selection) + (several ? 2 : 1) <= CDLG::MaxFile;
 }
 
-// The extension of a chosen name is not the one that names without any get.
-bool ExtensionDiffers(const FileAnswer& answer, const std::string& defaultExt) {
-    const QString suffix = QFileInfo(answer.files.front()).suffix();
-    return !defaultExt.empty() && suffix.compare(ToQString(defaultExt), Qt::CaseInsensitive) != 0;
+// The extension that names without any get; callers write it with its dot, too.
+QString Suffix(const std::string& defaultExt) {
+    return ToQString(defaultExt.substr(defaultExt.starts_with('.') ? 1 : 0));
+}
+
+bool ExtensionDiffers(const FileAnswer& answer, const QString& suffix) {
+    return !suffix.isEmpty() &&
+           suffix.compare(QFileInfo(answer.files.front()).suffix(), Qt::CaseInsensitive) != 0;
 }
 
 }  // namespace
@@ -130,7 +134,7 @@ bool CDLG::AskForFiles(const FileArguments& arguments, bool saving, Long word) {
     if (!arguments.InitDir.empty())
         request.startFolder = ToQString(oFSO().HostPath(arguments.InitDir));
     request.startName = InitialName(StrFromZ(arguments.Filename));
-    request.defaultSuffix = ToQString(arguments.DefaultExt);
+    request.defaultSuffix = Suffix(arguments.DefaultExt);
 
     FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     const std::string selection = answer.result == 1 ? Selection(answer.files) : std::string();
@@ -149,9 +153,9 @@ bool CDLG::AskForFiles(const FileArguments& arguments, bool saving, Long word) {
     arguments.FileTitle = answer.files.size() > 1
                               ? std::string()
                               : StrFromZ(FromQString(QFileInfo(answer.files.front()).fileName()));
-    arguments.flags = (word & ~(PickReadOnly | PickExtensionDifferent)) |
-                      (answer.readOnly ? PickReadOnly : 0) |
-                      (ExtensionDiffers(answer, arguments.DefaultExt) ? PickExtensionDifferent : 0);
+    arguments.flags =
+        (word & ~(PickReadOnly | PickExtensionDifferent)) | (answer.readOnly ? PickReadOnly : 0) |
+        (ExtensionDiffers(answer, request.defaultSuffix) ? PickExtensionDifferent : 0);
     arguments.FilterIndex = answer.filterIndex + 1;
     arguments.Filter = FilterPiece(dialogFilter, arguments.FilterIndex);
     return true;

@@ -12,7 +12,11 @@ namespace {
 
 constexpr Long thousandthsOfInches = 0x4;
 constexpr Long hundredthsOfMillimeters = 0x8;
+constexpr Long disablePrinter = 0x20;
 constexpr Long hooksAndTemplates = 0x6A000;
+
+// The most that a device's settings have room for.
+constexpr Long finestQuality = 32767;
 
 constexpr Long upright = 1;
 constexpr Long across = 2;
@@ -52,11 +56,11 @@ void SetMargins(QPageLayout& layout, const QMarginsF& margins) {
 
 }  // namespace
 
-bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper, bool,
-                           double& LeftMargin, double MinLeftMargin, double& RightMargin,
-                           double MinRightMargin, double& TopMargin, double MinTopMargin,
-                           double& BottomMargin, double MinBottomMargin, Long& PaperSize,
-                           Long& Orientation, Long& PrintQuality, PageUnits Units,
+bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
+                           bool DisablePrinter, double& LeftMargin, double MinLeftMargin,
+                           double& RightMargin, double MinRightMargin, double& TopMargin,
+                           double MinTopMargin, double& BottomMargin, double MinBottomMargin,
+                           Long& PaperSize, Long& Orientation, Long& PrintQuality, PageUnits Units,
                            QPrinter* Printer, QWidget* Owner, Long flags, bool, EventSink*) {
     Begin();
     PageRequest request;
@@ -66,8 +70,9 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
                     (Units == PageUnits::Inches ? thousandthsOfInches : hundredthsOfMillimeters) |
                     (DisableMargins ? pageFlag::DisableMargins : 0) |
                     (DisableOrientation ? pageFlag::DisableOrientation : 0) |
-                    (DisablePaper ? pageFlag::DisablePaper : 0);
-    if (PrintQuality > 0) request.printer.printQuality = PrintQuality;
+                    (DisablePaper ? pageFlag::DisablePaper : 0) |
+                    (DisablePrinter ? disablePrinter : 0);
+    if (PrintQuality > 0) request.printer.printQuality = std::min(PrintQuality, finestQuality);
 
     QPageLayout& layout = request.printer.layout;
     layout.setUnits(Units == PageUnits::Inches ? QPageLayout::Inch : QPageLayout::Millimeter);

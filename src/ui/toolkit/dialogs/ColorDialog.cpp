@@ -18,11 +18,11 @@ bool IsForPicking(const QWidget& control) {
            qobject_cast<const QDialogButtonBox*>(&control) != nullptr;
 }
 
-QBoxLayout& ColumnOf(const QDialog& dialog, const QWidget& control) {
+QLayout* ColumnOf(const QDialog& dialog, const QWidget& control) {
     for (QBoxLayout* column : dialog.findChildren<QBoxLayout*>()) {
-        if (column->indexOf(&control) >= 0) return *column;
+        if (column->indexOf(&control) >= 0) return column;
     }
-    return static_cast<QBoxLayout&>(*dialog.layout());
+    return dialog.layout();
 }
 
 }  // namespace
@@ -60,7 +60,7 @@ void ColorDialog::FoldUp(bool mayBeOpened) {
     cmdDefine->setAutoDefault(false);
     cmdDefine->setEnabled(mayBeOpened);
     connect(cmdDefine, &QPushButton::clicked, this, [this] { OpenUp(); });
-    ColumnOf(*this, *buttons.back()).addWidget(cmdDefine);
+    ColumnOf(*this, *buttons.back())->addWidget(cmdDefine);
 }
 
 void ColorDialog::OpenUp() {

@@ -70,12 +70,16 @@ void FileDialog::SetSizes() {
     constexpr int places = 2100;
     constexpr int listing = 9600;
     resize(Pixels(places + listing), Pixels(7200));
-    findChild<QSplitter*>()->setSizes({Pixels(places), Pixels(listing)});
-    QHeaderView* columns = findChild<QTreeView*>(QStringLiteral("treeView"))->header();
-    columns->resizeSection(0, Pixels(3600));  // name
-    columns->resizeSection(1, Pixels(1200));  // size
-    columns->resizeSection(2, Pixels(2100));  // type
-    columns->setStretchLastSection(true);
+    WithPart<QSplitter>(*this, nullptr, [](QSplitter& both) {
+        both.setSizes({Pixels(places), Pixels(listing)});
+    });
+    WithPart<QTreeView>(*this, "treeView", [](const QTreeView& list) {
+        QHeaderView* columns = list.header();
+        columns->resizeSection(0, Pixels(3600));  // name
+        columns->resizeSection(1, Pixels(1200));  // size
+        columns->resizeSection(2, Pixels(2100));  // type
+        columns->setStretchLastSection(true);
+    });
 }
 
 void FileDialog::SetFilters(const FileRequest& request) {
@@ -88,9 +92,18 @@ void FileDialog::SetFilters(const FileRequest& request) {
         selectNameFilter(filters[request.filterIndex]);
 }
 
-// Qt tells the chosen filter by its text, cut short as it is shown; two may look alike.
-const QComboBox& FileDialog::TypeBox() const {
-    return *findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+// Qt tells the chosen filter by its text, whole or cut short as it is shown; two may look alike.
+int FileDialog::FilterIndex() const {
+    const QString chosen = selectedNameFilter();
+    const QStringList filters = nameFilters();
+    const auto isChosen = [&chosen](const QString& filter) {
+        return filter == chosen || filter.startsWith(chosen + QLatin1String(" ("));
+    };
+    const auto found = std::find_if(filters.begin(), filters.end(), isChosen);
+    auto index = found == filters.end() ? -1 : static_cast<int>(found - filters.begin());
+    WithPart<QComboBox>(*this, "fileTypeCombo",
+                        [&index](const QComboBox& types) { index = types.currentIndex(); });
+    return index;
 }
 
 void FileDialog::ListDrives() {
@@ -103,6 +116,7 @@ void FileDialog::ListDrives() {
 }
 
 void FileDialog::AddReadOnlyBox(bool checked) {
+    if (layout() == nullptr) return;  // the dialog is the system's own
     chkReadOnly = new QCheckBox(tr("Open as &read-only"), this);
     chkReadOnly->setObjectName(QStringLiteral("chkReadOnly"));
     chkReadOnly->setChecked(checked);
@@ -124,8 +138,14 @@ bool FileDialog::CanAnswer() const {
     return std::all_of(files.begin(), files.end(), [&](const QString& file) {
         const std::string path = oFSO().FromHostPath(FromQString(file));
         return QFileInfo(file).path() == QFileInfo(files.front()).path() && !IsPathTooLong(path) &&
-               (!m_mustExist || oFSO().FileExists(path)) && (!m_saving || CanSave(path));
+               (m_saving ? CanSave(path) : CanOpen(file));
     });
+}
+
+// The host's name counts: a backslash in it would part the drive path.
+bool FileDialog::CanOpen(const QString& file) const {
+    return oFSO().FileExists(oFSO().FromHostPath(FromQString(file))) ||
+           (!m_mustExist && IsNameAllowed(FromQString(QFileInfo(file).fileName())));
 }
 
 bool FileDialog::CanSave(const std::string& path) const {
@@ -152,7 +172,7 @@ FileAnswer FileDialog::Answer() const {
     FileAnswer answer;
     answer.files = Picked();
     answer.result = answer.files.isEmpty() ? 0 : 1;
-    answer.filterIndex = TypeBox().currentIndex();
+    answer.filterIndex = FilterIndex();
     answer.readOnly = chkReadOnly != nullptr && chkReadOnly->isChecked();
     return answer;
 }

@@ -5,7 +5,6 @@
 #include <QFileDialog>
 
 class QCheckBox;
-class QComboBox;
 
 namespace tavel {
 
@@ -25,9 +24,10 @@ class FileDialog : public QFileDialog {
     void done(int result) override;
 
   private:
-    const QComboBox& TypeBox() const;
+    int FilterIndex() const;
     QStringList Picked() const;
     bool CanAnswer() const;
+    bool CanOpen(const QString& file) const;
     bool CanSave(const std::string& path) const;
     bool MayReplace() const;
     void SetSizes();

@@ -45,9 +45,8 @@ void PageSetupDialog::Disable(const PageRequest& request) {
     disable(pageFlag::DisableMargins, "topMargin");
     disable(pageFlag::DisableOrientation, "portrait");
     disable(pageFlag::DisablePaper, "pageSizeCombo");
-    // Several pages on a sheet are the printer's own doing, and a file has none.
-    WithPart(*this, "pagesPerSheetButtonGroup",
-             [](QWidget& sheet) { sheet.setVisible(sheet.isEnabled()); });
+    // Several pages on a sheet: no answer has room for them, and a file has none.
+    WithPart(*this, "pagesPerSheetButtonGroup", [](QWidget& sheet) { sheet.hide(); });
 }
 
 // Qt's own looks at the dialog after it has run, when it may have gone with its owner. So it is let

@@ -4,13 +4,13 @@
 #include "ui/toolkit/Twips.h"
 #include "ui/toolkit/dialogs/Parts.h"
 
+#include <QAbstractButton>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QPrinter>
-#include <QPushButton>
-#include <QSpinBox>
+#include <utility>
 
 namespace tavel {
 
@@ -41,34 +41,42 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
 
 PrintDialog::~PrintDialog() { LetBoxesGo(*this); }
 
-// Qt offers them whatever its option says.
-void PrintDialog::HidePageNumbers() {
-    WithPart(*this, "gbPrintRange", [](QWidget& ranges) {
-        for (const char* part :
-             {"printRange", "from", "label_3", "to", "pagesRadioButton", "pagesLineEdit"})
+// Not until it shows does Qt's dialog list the file, and it brings up what no answer has room for
+// and no printer picks out by itself.
+void PrintDialog::showEvent(QShowEvent* event) {
+    QPrintDialog::showEvent(event);
+    HideRanges({"pagesRadioButton", "pagesLineEdit", "pageSetLabel", "pageSetCombo"});
+    if (!std::exchange(m_beginsWithFile, false)) return;
+    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
+        printers.setCurrentIndex(printers.count() - 1);
+    });
+}
+
+void PrintDialog::HideRanges(std::initializer_list<const char*> parts) {
+    WithPart(*this, "gbPrintRange", [parts](const QWidget& ranges) {
+        for (const char* part : parts)
             WithPart(ranges, part, [](QWidget& control) { control.hide(); });
     });
 }
 
 // Controls without a caption of their own, as a screen reader tells them.
 void PrintDialog::NameControls() {
-    const std::pair<const char*, QString> names[] = {{"from", tr("From page")},
-                                                     {"to", tr("To page")},
-                                                     {"pagesLineEdit", tr("Pages")},
-                                                     {"pageSetCombo", tr("Page Set")},
-                                                     {"fileBrowser", tr("Browse")}};
+    const std::pair<const char*, QString> names[] = {
+        {"from", tr("From page")}, {"to", tr("To page")}, {"fileBrowser", tr("Browse")}};
     for (const auto& named : names) {
         WithPart(*this, named.first,
                  [&named](QWidget& control) { control.setAccessibleName(named.second); });
     }
 }
 
-// Copies and pages, which Qt keeps behind its last button.
+// Copies and pages, which Qt keeps behind a button that is neither Print nor Cancel.
 void PrintDialog::ShowAll() {
     WithPart<QDialogButtonBox>(*this, nullptr, [this](const QDialogButtonBox& buttons) {
-        QPushButton* options = buttons.findChildren<QPushButton*>().back();
-        options->click();
-        options->hide();
+        for (QAbstractButton* button : buttons.buttons()) {
+            if (buttons.buttonRole(button) != QDialogButtonBox::ResetRole) continue;
+            button->click();
+            button->hide();
+        }
         resize(sizeHint().expandedTo({Pixels(7500), 0}));
     });
 }
@@ -79,7 +87,8 @@ void PrintDialog::SetRange(const PrintRequest& request) {
     // Not before: pages that are told are offered.
     setOption(PrintPageRange, !request.Has(printFlag::NoPageNumbers));
     setOption(PrintSelection, !request.Has(printFlag::NoSelection));
-    if (request.Has(printFlag::NoPageNumbers)) HidePageNumbers();
+    // Qt offers these whatever its option says.
+    if (request.Has(printFlag::NoPageNumbers)) HideRanges({"printRange", "from", "label_3", "to"});
     if (request.Has(printFlag::PageNumbers) && !request.Has(printFlag::NoPageNumbers))
         setPrintRange(PageRange);
     else if (request.Has(printFlag::Selection) && !request.Has(printFlag::NoSelection))
@@ -92,10 +101,7 @@ void PrintDialog::SetFile(const PrintRequest& request) {
     const QString last = request.printer.file;
     const QString file = last.isEmpty() ? QDir::home().filePath(QStringLiteral("print.pdf")) : last;
     WithPart<QLineEdit>(*this, "filename", [&file](QLineEdit& name) { name.setText(file); });
-    if (!request.Has(printFlag::ToFile)) return;
-    WithPart<QComboBox>(*this, "printers", [](QComboBox& printers) {
-        printers.setCurrentIndex(printers.count() - 1);
-    });
+    m_beginsWithFile = request.Has(printFlag::ToFile);
 }
 
 PrintAnswer PrintDialog::Answer() {

@@ -3,6 +3,7 @@
 #include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QPrintDialog>
+#include <initializer_list>
 
 namespace tavel {
 
@@ -18,12 +19,17 @@ class PrintDialog : public QPrintDialog {
     // What was chosen, after the dialog was accepted.
     PrintAnswer Answer();
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     void SetRange(const PrintRequest& request);
     void SetFile(const PrintRequest& request);
-    void HidePageNumbers();
+    void HideRanges(std::initializer_list<const char*> parts);
     void NameControls();
     void ShowAll();
+
+    bool m_beginsWithFile = false;
 };
 
 }  // namespace tavel

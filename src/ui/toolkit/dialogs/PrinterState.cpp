@@ -1,7 +1,5 @@
 #include "ui/toolkit/dialogs/PrinterState.h"
 
-#include <QPrinter>
-
 namespace tavel {
 
 PrinterState DefaultPrinter() { return StateOf(QPrinter(QPrinter::HighResolution)); }
@@ -13,6 +11,9 @@ PrinterState StateOf(const QPrinter& printer) {
     state.copies = printer.copyCount();
     state.layout = printer.pageLayout();
     state.printQuality = printer.resolution();
+    state.colors = printer.colorMode();
+    state.sides = printer.duplex();
+    state.order = printer.pageOrder();
     return state;
 }
 
@@ -26,6 +27,9 @@ void Apply(const PrinterState& state, QPrinter& printer) {
     printer.setCopyCount(state.copies);
     printer.setResolution(state.printQuality);
     printer.setPageLayout(state.layout);
+    printer.setColorMode(state.colors);
+    printer.setDuplex(state.sides);
+    printer.setPageOrder(state.order);
 }
 
 }  // namespace tavel

@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QPageLayout>
+#include <QPrinter>
 #include <QString>
-
-class QPrinter;
 
 namespace tavel {
 
@@ -14,6 +13,9 @@ struct PrinterState {
     int copies = 1;        // from 1
     QPageLayout layout;    // paper, orientation, margins
     int printQuality = 0;  // dots per inch
+    QPrinter::ColorMode colors = QPrinter::Color;
+    QPrinter::DuplexMode sides = QPrinter::DuplexNone;
+    QPrinter::PageOrder order = QPrinter::FirstPageFirst;
 };
 
 // The default printer as it comes, or a PDF where there is none.

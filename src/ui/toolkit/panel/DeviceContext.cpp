@@ -94,13 +94,13 @@ void DeviceContext::Polyline(std::span<const QPoint> points) {
 }
 
 void DeviceContext::RoundRect(const Edges& edges, int ellipseWidth, int ellipseHeight) {
-    Polyline(RoundRectOutline(edges, ellipseWidth, ellipseHeight));
+    Polyline(RoundRectOutline(edges.Sorted(), ellipseWidth, ellipseHeight));
 }
 
 void DeviceContext::GradientFill(const Edges& edges, const QColor& start, const QColor& end,
                                  Qt::Orientation orientation) {
     if (m_surface.isNull()) return;
-    const QRect area = edges.ToQRect().normalized();
+    const QRect area = edges.Sorted().ToQRect();
     const bool across = orientation == Qt::Horizontal;
     const bool turned = across ? edges.Width() < 0 : edges.Height() < 0;
     const int steps = across ? area.width() : area.height();

@@ -54,7 +54,7 @@ class DeviceContext {
     void Polyline(std::span<const QPoint> points);
 
     // The outline of a rectangle whose corners are quarters of an ellipse of that width and height,
-    // with the pen. The inside is left alone.
+    // with the pen. The inside is left alone. Edges may stand the wrong way round.
     void RoundRect(const Edges& edges, int ellipseWidth, int ellipseHeight);
 
     // Two colours in steps of a pixel, from left to right or from top to bottom. Edges that stand

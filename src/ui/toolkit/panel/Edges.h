@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QRect>
+#include <algorithm>
 
 namespace tavel {
 
@@ -13,6 +14,11 @@ struct Edges {
 
     int Width() const { return right - left; }
     int Height() const { return bottom - top; }
+    // The same, whichever way round they stand.
+    Edges Sorted() const {
+        return {std::min(left, right), std::min(top, bottom), std::max(left, right),
+                std::max(top, bottom)};
+    }
     QRect ToQRect() const { return {left, top, Width(), Height()}; }
 };
 

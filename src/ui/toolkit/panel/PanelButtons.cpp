@@ -33,7 +33,7 @@ void DrawMark(DeviceContext& hdc, const Edges& box, const Mark& mark) {
 // area of the grip reaches below the panel, where nothing is pressed.
 QRect AreaOf(const Edges& box) {
     const Edges area{box.left + 1, box.top + 1, box.right - 2, box.bottom + box.top - 3};
-    return area.ToQRect().normalized();
+    return area.Sorted().ToQRect();
 }
 
 }  // namespace

@@ -239,11 +239,11 @@ class xpFrame : public QWidget {
 
     void SetExpanded(int direction);
     void ShowChildControls();
-    bool IsIn(const std::optional<QRect>& area, const QMouseEvent& event) const;
+    bool IsIn(const std::optional<QRect>& area, const QPointF& cursor) const;
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;
-    void ReleaseLeft(const QMouseEvent& event);
+    void ReleaseLeft(const QMouseEvent& event, const QPointF& cursor);
     void ClickChevron(const QMouseEvent& event);
 
     PanelProperties m_properties;

@@ -49,20 +49,21 @@ QPoint PixelOf(const QPointF& position) {
 
 }  // namespace
 
-// A receiver of an event may have moved the panel, so that what counts is where on the screen the
-// pointer is.
-bool xpFrame::IsIn(const std::optional<QRect>& area, const QMouseEvent& event) const {
-    return area && area->contains(PixelOf(mapFromGlobal(event.globalPosition())));
+// A receiver of an event may move the panel, so that what counts is where on the screen the pointer
+// was before. The event's own place there has lost its fractions.
+bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) const {
+    return area && area->contains(PixelOf(mapFromGlobal(cursor)));
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
+    const QPointF cursor = mapToGlobal(event->position());
     Q_EMIT MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event));
     if (event->button() == Qt::LeftButton) {
         m_isClick = true;
         m_mouseX = XOf(*event);
         m_mouseY = YOf(*event);
-        if (IsIn(m_areas.grip, *event)) {
+        if (IsIn(m_areas.grip, cursor)) {
             setCursor(Qt::SizeFDiagCursor);
         } else {
             m_moving = true;
@@ -73,20 +74,21 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
 }
 
 void xpFrame::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF cursor = mapToGlobal(event->position());
     const bool wasResizing = m_resizing;
     Q_EMIT MouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event), m_resizing, m_moving);
     const bool isStopped = wasResizing && !m_resizing;
     if (m_resizing) m_moving = false;
-    if (!m_moving && IsIn(m_areas.grip, *event)) {
+    if (!m_moving && IsIn(m_areas.grip, cursor)) {
         setCursor(Qt::SizeFDiagCursor);
         if (event->buttons().testFlag(Qt::LeftButton) && !isStopped) m_resizing = true;
     } else {
         unsetCursor();
     }
     if (m_properties.ClassicXPStyle) return;
-    if (m_moving && m_properties.ContainerMoveable) MoveTo(event->globalPosition());
-    if (m_resizing && m_properties.ContainerResizable) ResizeTo(event->globalPosition());
+    if (m_moving && m_properties.ContainerMoveable) MoveTo(cursor);
+    if (m_resizing && m_properties.ContainerResizable) ResizeTo(cursor);
 }
 
 void xpFrame::MoveTo(const QPointF& cursor) {
@@ -125,11 +127,12 @@ QSize xpFrame::SmallestSize() const {
 }
 
 void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
+    const QPointF cursor = mapToGlobal(event->position());
     Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                    YOf(*event));
     if (event->button() != Qt::LeftButton) return;
-    const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), *event);
-    ReleaseLeft(*event);
+    const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), cursor);
+    ReleaseLeft(*event, cursor);
     if (!isClick) return;
     Q_EMIT Click();
     m_label->update();
@@ -145,9 +148,9 @@ void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
     m_label->update();
 }
 
-void xpFrame::ReleaseLeft(const QMouseEvent& event) {
-    if (m_properties.Closeable && IsIn(m_areas.close, event)) closeMe();
-    if (m_properties.Expandable && IsIn(m_areas.chevron, event)) ClickChevron(event);
+void xpFrame::ReleaseLeft(const QMouseEvent& event, const QPointF& cursor) {
+    if (m_properties.Closeable && IsIn(m_areas.close, cursor)) closeMe();
+    if (m_properties.Expandable && IsIn(m_areas.chevron, cursor)) ClickChevron(event);
     Redraw();
     m_moving = false;
     m_resizing = false;

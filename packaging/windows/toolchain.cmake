@@ -1,0 +1,25 @@
+# From Debian to Windows by mingw-w64: nothing of the build machine's own libraries or headers is seen, only
+# what packaging/windows/libraries has built.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(mingw x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${mingw}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${mingw}-g++-posix)
+set(CMAKE_RC_COMPILER ${mingw}-windres)
+
+set(TAVEL_WINDOWS_LIBRARIES "$ENV{TAVEL_WINDOWS_LIBRARIES}" CACHE PATH "What packaging/windows/libraries has built")
+if(NOT TAVEL_WINDOWS_LIBRARIES)
+    message(FATAL_ERROR "TAVEL_WINDOWS_LIBRARIES is not set; packaging/windows/build sets it")
+endif()
+list(APPEND CMAKE_TRY_COMPILE_PLATFORM_VARIABLES TAVEL_WINDOWS_LIBRARIES)
+set(CMAKE_FIND_ROOT_PATH ${TAVEL_WINDOWS_LIBRARIES}/sysroot /usr/${mingw})
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+find_program(CCACHE ccache)
+if(CCACHE)
+    set(CMAKE_C_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+endif()

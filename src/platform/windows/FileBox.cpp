@@ -1,0 +1,74 @@
+#include "platform/windows/FileBox.h"
+
+#include "platform/FileService.h"
+#include "platform/windows/Wide.h"
+
+#include <windows.h>
+#include <commdlg.h>
+
+#include <algorithm>
+
+namespace tavel {
+
+namespace {
+
+constexpr std::size_t room = 65'536;  // characters, for what a user may pick at once
+
+// What belongs to the box itself, and what needs more than words from its caller.
+constexpr DWORD always = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
+constexpr DWORD never = OFN_ENABLEHOOK | OFN_ENABLETEMPLATE | OFN_ENABLETEMPLATEHANDLE;
+
+// Words and patterns by turns, each with a NUL behind it; the last NUL is the text's own.
+std::wstring FilterText(const HostFileRequest& request) {
+    std::wstring text;
+    for (const auto& [words, patterns] : request.filters)
+        text += ToWide(words) + L'\0' + ToWide(patterns) + L'\0';
+    return text;
+}
+
+// A single path; or the folder and behind it the names, each with a NUL behind it.
+std::vector<std::string> Picked(const std::wstring& buffer) {
+    std::vector<std::string> pieces;
+    for (std::size_t start = 0; start < buffer.size() && buffer[start] != 0;) {
+        const std::size_t end = buffer.find(L'\0', start);
+        pieces.push_back(oFSO().FromHostPath(FromWide(buffer.substr(start, end - start))));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+}  // namespace
+
+HostFileAnswer RunFileBox(const HostFileRequest& request) {
+    std::wstring buffer = ToWide(request.startName);
+    buffer.resize(std::max(room, buffer.size() + 1));
+    const std::wstring filter = FilterText(request);
+    const std::wstring title = ToWide(request.title);
+    const std::wstring folder = ToWide(request.startFolder);
+    const std::wstring extension = ToWide(request.defaultExtension);
+
+    OPENFILENAMEW box{};
+    box.lStructSize = sizeof box;
+    box.hwndOwner = reinterpret_cast<HWND>(request.owner);
+    box.lpstrFilter = filter.empty() ? nullptr : filter.c_str();
+    box.nFilterIndex = static_cast<DWORD>(request.filterIndex + 1);
+    box.lpstrFile = buffer.data();
+    box.nMaxFile = static_cast<DWORD>(buffer.size());
+    box.lpstrInitialDir = folder.empty() ? nullptr : folder.c_str();
+    box.lpstrTitle = title.empty() ? nullptr : title.c_str();
+    box.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
+    box.Flags = (static_cast<DWORD>(request.flags) & ~never) | always;
+
+    HostFileAnswer answer;
+    answer.isChosen = (request.saving ? GetSaveFileNameW(&box) : GetOpenFileNameW(&box)) != FALSE;
+    if (!answer.isChosen) {
+        answer.error = static_cast<Long>(CommDlgExtendedError());
+        return answer;
+    }
+    answer.files = Picked(buffer);
+    answer.filterIndex = static_cast<int>(box.nFilterIndex) - 1;
+    answer.readOnly = (box.Flags & OFN_READONLY) != 0;
+    return answer;
+}
+
+}  // namespace tavel
