@@ -209,6 +209,13 @@ TEST_F(FillFolders, A_full_folder_needs_no_right_to_write) {
     EXPECT_EQ(FailureOf([this] { Fill(); }), 0);
 }
 
+TEST_F(FillFolders, A_program_folder_on_a_disk_that_is_not_mounted_is_told) {
+    fs::create_directories(fs::path(folder).parent_path());
+    fs::create_directory_symlink(temp.HostPath("disk/Tavel"), folder);
+    EXPECT_EQ(FailureOf([this] { Fill(); }), failure::FileNotFound);
+    EXPECT_FALSE(fs::exists(temp.HostPath("disk")));
+}
+
 TEST_F(FillFolders, A_file_in_the_place_of_the_program_folder_is_told) {
     temp.Write("home/.local/share/Tavel", "a file");
     EXPECT_EQ(FailureOf([this] { Fill(); }), failure::PathNotFound);
