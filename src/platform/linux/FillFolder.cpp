@@ -2,7 +2,6 @@
 
 #include "platform/Activity.h"
 #include "platform/Failure.h"
-#include "platform/linux/DrivePath.h"
 #include "platform/linux/FolderNames.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostPaths.h"
