@@ -169,8 +169,8 @@ FileService* OwnService<FileService>();
 // The one file service of the program. The profile service stands on it too.
 inline FileService& oFSO() { return Service<FileService>::Get(); }
 
-// The folder of the running program as a drive path, without a separator at its end unless it is
-// the root of a drive.
+// The program folder (platform/ProgramFolder.h tells which that is) as a drive path, without a
+// separator at its end unless it is the root of a drive.
 std::string ProgramFolder();
 
 }  // namespace tavel
