@@ -46,7 +46,9 @@ TEST(EndRequests, a_signal_that_the_program_was_started_to_ignore_stays_ignored)
 
 TEST(EndRequestsDeathTest, afterwards_a_signal_ends_the_program_again) {
     const auto end = [] {
-        { const EndRequests requests([] {}); }
+        {
+            const EndRequests requests([] {});
+        }
         std::raise(SIGTERM);
     };
     EXPECT_EXIT(end(), testing::KilledBySignal(SIGTERM), "");
