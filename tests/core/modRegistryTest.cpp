@@ -1,6 +1,7 @@
 #include "core/modRegistry.h"
 #include "platform/ProfileText.h"
 #include "support/FaultyFileService.h"
+#include "support/HostPlaces.h"
 #include "support/Support.h"
 
 #include <filesystem>
@@ -37,6 +38,7 @@ TEST_F(Registry, GetRootKey_knows_the_roots_in_any_case) {
 TEST_F(Registry, GetRootKey_takes_an_ordinary_file_and_nothing_else_for_a_profile) {
     Contain("");
     temp.Write(".hidden", "");
+    Hide(AsHostPath(temp.HostPath(".hidden")));
     std::filesystem::create_directory(temp.HostPath("folder"));
     EXPECT_EQ(GetRootKey(db), 1);
     EXPECT_EQ(GetRootKey(temp.DrivePath(".hidden")), 0);

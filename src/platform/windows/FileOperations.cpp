@@ -82,24 +82,29 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
     return file;
 }
 
-// 0, or the run-time's number of what went wrong.
-Long CopyBytes(HostFile& source, HostFile& target) {
+// Hands over a file piece by piece for as long as the pieces are taken. 0, or the run-time's number
+// of why it can't be read; what has been cut short since it was found has no whole copy.
+template <class Take>
+Long ReadPieces(HostFile& file, const HostStatus& found, Take&& take) {
     const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    std::int64_t left = found.size;
     std::size_t count = 0;
-    std::size_t written = 0;
     do {
-        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
-        if (!target.Write({piece.get(), count}, written)) return target.Error();
+        if (!file.Read({piece.get(), pieceSize}, count)) return file.Error();
+        if (!take(std::string_view(piece.get(), count))) return 0;
+        left -= static_cast<std::int64_t>(count);
     } while (count == pieceSize);
-    return 0;
+    return left > 0 ? failure::DeviceIO : 0;
 }
 
+// Closing tells of a write that has failed.
 void CopyBetween(Place source, const HostTree& tree, Place target) {
     const HostStatus status = source.status;
     const std::string targetPath = target.path.Text();
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
-    Long error = CopyBytes(*from, *to);
+    std::size_t written = 0;
+    Long error = ReadPieces(*from, status, [&](auto piece) { return to->Write(piece, written); });
     if (error == 0) to->CopyTraits(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
@@ -120,19 +125,14 @@ bool RenameWithin(const Place& source, const Place& target, DWORD flags) {
     return false;
 }
 
-// What has been cut short since it was found has no whole copy.
 void CopyWhole(const Place& source, const Place& target) {
-    std::int64_t left = source.status.size;
     const std::unique_ptr<HostFile> from = OpenOrFail(source, RawMode::Read);
     Successor copy(target);
-    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
-    std::size_t count = 0;
-    do {
-        if (!from->Read({piece.get(), pieceSize}, count)) Fail(from->Error());
-        copy.Write({piece.get(), count});
-        left -= static_cast<std::int64_t>(count);
-    } while (count == pieceSize && copy.Error() == 0);
-    if (left > 0 && copy.Error() == 0) Fail(failure::DeviceIO);
+    const Long error = ReadPieces(*from, source.status, [&](auto piece) {
+        copy.Write(piece);
+        return copy.Error() == 0;
+    });
+    if (error != 0) Fail(error);
     copy.CopyTraits(source.status);
     if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
 }

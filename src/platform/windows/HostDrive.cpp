@@ -2,8 +2,8 @@
 
 #include "platform/Failure.h"
 #include "platform/windows/HostErrors.h"
-#include "platform/windows/QuietErrors.h"
 #include "platform/windows/Wide.h"
+#include "platform/windows/WindowsApi.h"
 
 #include <utility>
 
@@ -25,7 +25,6 @@ HostDrive::Figures HostDrive::Ask() const {
     if (!m_drives->Has(m_entry.letter)) Fail(failure::DeviceUnavailable);
     if (!m_drives->HasMedium(m_entry.letter)) Fail(failure::DiskNotReady);
     const std::string root = m_drives->Entry(m_entry.letter).root;
-    const QuietErrors quiet;
     ULARGE_INTEGER free{};
     ULARGE_INTEGER total{};
     if (::GetDiskFreeSpaceExW(ToWide(root).c_str(), &free, &total, nullptr) == 0)

@@ -1,6 +1,5 @@
 #include "platform/FileService.h"
 #include "platform/windows/DriveSource.h"
-#include "platform/windows/QuietErrors.h"
 #include "platform/windows/Wide.h"
 #include "platform/windows/WindowsApi.h"
 
@@ -21,7 +20,6 @@ int TypeOf(char letter) {
 
 // Empty where the medium has none, or can't be asked.
 std::string LabelOf(char letter) {
-    const QuietErrors quiet;
     std::array<wchar_t, MAX_PATH + 1> label{};
     if (::GetVolumeInformationW(ToWide(RootOf(letter)).c_str(), label.data(), label.size(), nullptr,
                                 nullptr, nullptr, nullptr, 0) == 0)
@@ -48,7 +46,6 @@ class HostDriveSource : public DriveSource {
     }
 
     bool HasMedium(char letter) override {
-        const QuietErrors quiet;
         const DWORD attributes = ::GetFileAttributesW(ToWide(RootOf(letter)).c_str());
         return attributes != INVALID_FILE_ATTRIBUTES;
     }

