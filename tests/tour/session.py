@@ -24,9 +24,12 @@ class Session:
         self.home = place / HOME
         self.pictures = pictures
         self.stage = 0
-        self.program = Program(place, binary)
+        self.program = self.install(binary)
         self.stick = sticks.make(place, self.program.drive("E"))
         print(f"The stick is {self.stick.kind}.", flush=True)
+
+    def install(self, binary):
+        return Program(self.place, binary)
 
     def picture(self, name, text):
         self.stage += 1
