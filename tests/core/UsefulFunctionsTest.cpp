@@ -126,12 +126,12 @@ TEST(UsefulFunctions, GetAppPath_is_the_programs_folder_with_one_backslash) {
     const std::string path = GetAppPath();
     EXPECT_EQ(path.back(), '\\');
     EXPECT_NE(path[path.size() - 2], '\\');
-    EXPECT_TRUE(oFSO().FileExists(path + "test_core"));
+    EXPECT_TRUE(oFSO().FileExists(path + ProgramHostName()));
 }
 
 TEST(UsefulFunctions, GetAppPath_of_a_program_in_the_root_of_a_drive_has_one_backslash) {
     FaultyFileService files;
-    files.Plug('e', std::filesystem::read_symlink("/proc/self/exe").parent_path().string());
+    files.Plug('e', ProgramHostFolder());
     Service<FileService>::Use(&files);
     EXPECT_EQ(GetAppPath(), "e:\\");
     Service<FileService>::Use(nullptr);

@@ -3,8 +3,6 @@
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
 
-#include <sys/stat.h>
-
 #include <filesystem>
 
 namespace tavel::test {

@@ -169,11 +169,9 @@ TEST_F(CopyWithProgressTest, Reads_the_whole_source_for_a_destination_that_canno
 }
 
 TEST_F(CopyWithProgressTest, Never_empties_a_source_that_is_its_own_destination) {
-    fs::create_directory_symlink(HostOf('e', ""), temp.HostPath("way round"));
     Put('e', "a.bin", Pattern(1500));
     for (const std::string& sSource :
-         {std::string("e:\\a.bin"), std::string("E:\\A.bin"), temp.DrivePath("stick-e/a.bin"),
-          temp.DrivePath("way round/a.bin")}) {
+         {std::string("e:\\a.bin"), std::string("E:\\A.bin"), temp.DrivePath("stick-e/a.bin")}) {
         values.clear();
         CopyWithProgress(sSource, "e:\\a.bin", bar);
         EXPECT_EQ(BytesOn('e', "a.bin"), Pattern(1500)) << sSource;

@@ -230,7 +230,7 @@ class NamesThatClimbTest : public HostDrives {
     std::set<std::string> OutsideTheStick() const {
         std::set<std::string> found;
         for (const auto& entry : fs::recursive_directory_iterator(temp.HostPath())) {
-            const std::string path = fs::relative(entry.path(), temp.HostPath()).string();
+            const std::string path = fs::relative(entry.path(), temp.HostPath()).generic_string();
             if (path.rfind("stick/", 0) == 0) continue;
             found.insert(entry.is_regular_file() ? path + "=" + temp.Read(path) : path);
         }

@@ -28,7 +28,7 @@ class AddZipFailures : public ZipImportTest {
         std::set<std::string> names;
         for (const auto& entry : fs::recursive_directory_iterator(temp.HostPath())) {
             if (!entry.is_directory())
-                names.insert(fs::relative(entry.path(), temp.HostPath()).string());
+                names.insert(fs::relative(entry.path(), temp.HostPath()).generic_string());
         }
         return names;
     }

@@ -1,6 +1,5 @@
 #include "library/ZipFixture.h"
-#include "platform/linux/HostFileService.h"
-#include "platform/linux/MountSource.h"
+#include "support/HostDrives.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -91,7 +90,8 @@ TEST_F(AddZipFileTest, A_group_is_made_before_its_files_are_moved) {
 TEST_F(AddZipFileTest, A_path_is_shown_once_its_file_has_its_record) {
     Long shown = 0;
     windows.add.onSetPath = [&](const std::string& sText) {
-        if (sText != "UNZIPPING") EXPECT_EQ(colPhoto.Count(), ++shown);
+        if (sText == "UNZIPPING") return;
+        EXPECT_EQ(colPhoto.Count(), ++shown);
     };
     Import({{"a.jpg"}, {"b.jpg"}});
     EXPECT_EQ(shown, 2);
@@ -163,7 +163,7 @@ TEST_F(AddZipFileTest, The_options_of_the_moment_decide_about_the_group) {
 }
 
 TEST_F(AddZipFileTest, The_folder_is_taken_as_it_stands_at_the_time) {
-    const auto belowTheProgram = MakeHostFileService(temp.HostPath(), MakeHostMounts());
+    const auto belowTheProgram = HostFilesBelow(temp.HostPath());
     Service<FileService>::Use(belowTheProgram.get());
     sDefaultDBPath = "0";
     EXPECT_EQ(FailureOf([&] { Import({{"a.jpg", "1"}}); }), failure::PathNotFound);

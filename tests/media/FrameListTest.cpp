@@ -153,7 +153,7 @@ TEST(FrameList, Texts_of_a_removed_frame_go_as_far_as_they_are_numbered_without_
 }
 
 TEST(FrameList, A_tag_of_a_new_id_is_its_frames_first_instance) {
-    FrameList list({TagFrame{"TIT2", "a"}});
+    FrameList list(std::vector<TagFrame>{{"TIT2", "a"}});
     list.AddTag("TPE1", "b");
     EXPECT_EQ(IdsOf(list), (Texts{"TIT2", "TPE1"}));
     EXPECT_EQ(list.TagsInFrame("TPE1"), 1);

@@ -23,6 +23,9 @@ std::string SizeBytes(Long value) {
     return buffer.substr(1, 4);
 }
 
+// A list of one frame.
+FrameList ListOf(TagFrame frame) { return FrameList(std::vector{std::move(frame)}); }
+
 // A list of one frame whose body has so many bytes.
 FrameList WithBodyOf(std::size_t bytes) {
     return FrameList({TagFrame{"TIT2", std::string(bytes - 1, 'x')}});
@@ -60,7 +63,7 @@ TEST(TagBuffer, A_list_without_frames_is_a_header_and_four_zero_bytes) {
 }
 
 TEST(TagBuffer, A_frame_is_id_length_flags_and_a_zero_byte_in_front_of_the_text) {
-    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"TIT2", "Title"}})),
+    EXPECT_EQ(TagBuffer(ListOf({"TIT2", "Title"})),
               "ID3\3\0\0\0\0\0\x1E"
               "TIT2\0\0\0\6\0\0\0Title"
               "\0\0\0\0"s);
@@ -77,7 +80,7 @@ TEST(TagBuffer, Every_frame_has_the_zero_byte_urls_and_counters_too) {
 }
 
 TEST(TagBuffer, An_empty_text_is_a_frame_all_the_same) {
-    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"TALB", ""}})), WholeTag(Frame3("TALB", "\0"s)));
+    EXPECT_EQ(TagBuffer(ListOf({"TALB", ""})), WholeTag(Frame3("TALB", "\0"s)));
 }
 
 TEST(TagBuffer, Texts_are_written_byte_by_byte) {
@@ -95,7 +98,7 @@ TEST(TagBuffer, Instances_stand_together_in_the_order_of_their_ids) {
 TEST(TagBuffer, A_frame_with_ID3_in_its_id_is_left_out) {
     const FrameList list({{"TID3", "a"}, {"TIT2", "b"}, {"ID3x", "c"}, {"xID3", "d"}, {"ID3", ""}});
     EXPECT_EQ(TagBuffer(list), WholeTag(Frame3("TIT2", "\0b"s)));
-    EXPECT_EQ(TagBuffer(FrameList({TagFrame{"tid3", "a"}})), WholeTag(Frame3("tid3", "\0a"s)));
+    EXPECT_EQ(TagBuffer(ListOf({"tid3", "a"})), WholeTag(Frame3("tid3", "\0a"s)));
 }
 
 TEST(TagBuffer, A_frame_with_ID3_in_its_id_may_be_too_large_or_lack_its_text) {

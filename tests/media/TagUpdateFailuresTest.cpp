@@ -1,17 +1,5 @@
 #include "core/PublicStuff.h"
-#include "media/TagMaker.h"
-#include "media/cMP3ID3v2.h"
-#include "support/FaultyFileService.h"
-#include "support/HostCalls.h"
-#include "support/PlainUser.h"
-#include "support/Support.h"
-#include "support/TempPath.h"
-
-#include <gmock/gmock.h>
-#include <sys/stat.h>
-
-#include <cerrno>
-#include <filesystem>
+#include "media/TagUpdateFixture.h"
 
 // What a failure leaves of an update: the old file, or the new one whole in the folder for
 // temporary files, or the new one whole at its path. Each call that an update makes is the failing
@@ -23,66 +11,8 @@ namespace {
 
 using namespace std::string_literals;
 using ::testing::ElementsAre;
-namespace fs = std::filesystem;
 
-const std::string audio = "\xFF\xFB" + std::string(10000, 'a') + "end";
 const std::string oldTag = TagOfSize(3, 1000, Frame3("TIT2", "\0old"s) + std::string(976, '\0'));
-
-class TagUpdateFailures : public ::testing::Test {
-  protected:
-    void SetUp() override {
-        for (const char* name : {"stick", "temp"}) fs::create_directory(folder.HostPath(name));
-        Service<FileService>::Use(nullptr);
-    }
-    void TearDown() override { Service<FileService>::Use(nullptr); }
-
-    // A stick with a loaded file, and a title to be written that needs so many bytes.
-    void Begin(const std::string& bytes, std::size_t tagBytes) {
-        for (const fs::path& path : Left()) fs::remove(path);
-        fs::remove(host);
-        folder.Write("stick/one.mp3", bytes);
-        files.emplace(realFiles);
-        files->Plug('e', folder.HostPath("stick"));
-        files->Plug('t', folder.HostPath("temp"));
-        files->tempFolder = "t:\\";
-        Service<FileService>::Use(&*files);
-        tag = cMP3ID3v2();
-        tag.MP3File("e:\\one.mp3");
-        while (tag.FrameCount() > 0) tag.RemoveFrame(1);
-        tag.Title(std::string(tagBytes - 25, 't'));
-        files->calls.clear();
-        files->rawCalls.clear();
-    }
-
-    Long Update() {
-        const std::string failure = FullFailureOf([&] { tag.Update(); });
-        if (failure.empty()) return 0;
-        EXPECT_THAT(failure, ::testing::EndsWith(" Tavel.cMP3ID3v2"));
-        return std::stoi(failure);
-    }
-
-    bool IsThere() const { return fs::exists(host); }
-    std::string Bytes() const { return folder.Read("stick/one.mp3"); }
-
-    // The temporary files.
-    std::vector<fs::path> Left() const {
-        std::vector<fs::path> left;
-        for (const auto& entry : fs::directory_iterator(folder.HostPath("temp")))
-            left.push_back(entry.path());
-        return left;
-    }
-    std::string BytesLeft() const {
-        const auto left = Left();
-        EXPECT_EQ(left.size(), 1u);
-        return left.empty() ? "" : folder.Read("temp/" + left.front().filename().string());
-    }
-
-    TempFolder folder;
-    const std::string host = folder.HostPath("stick/one.mp3");
-    FileService& realFiles = oFSO();
-    std::optional<FaultyFileService> files;
-    cMP3ID3v2 tag;
-};
 
 std::string WholeTag(std::size_t bytes, std::uint32_t size) {
     const std::string text(bytes - 25, 't');
@@ -345,83 +275,6 @@ TEST_F(TagUpdateFailures, A_file_that_is_cut_short_while_it_is_copied_is_not_rep
     };
     EXPECT_EQ(Update(), failure::DeviceIO);
     EXPECT_TRUE(Bytes() == audio.substr(0, 5000));
-    EXPECT_TRUE(Left().empty());
-}
-
-// What a full disk or a pulled stick makes of the host's own calls.
-class TagUpdateOnHost : public TagUpdateFailures {
-  protected:
-    void SetUp() override {
-        TagUpdateFailures::SetUp();
-        tempPath.Use(folder.HostPath("temp"));
-        folder.Write("stick/one.mp3", audio);
-        tag.MP3File(folder.DrivePath("stick/one.mp3"));
-        tag.Title("title");
-    }
-
-    TempPath tempPath;
-    const std::string moved = std::string(2048, '\0') + audio;
-};
-
-TEST_F(TagUpdateOnHost, What_replaces_the_file_is_on_the_disk_before_the_file_is_deleted) {
-    HostCalls calls(folder.HostPath());
-    EXPECT_EQ(Update(), 0);
-    const std::vector<std::string> made = calls.Take();
-    ASSERT_EQ(made.size(), 4u);
-    EXPECT_THAT(made[0], ::testing::MatchesRegex("flush temp/[0-9a-f]+\\.tmp 12053"));
-    EXPECT_EQ(made[1], "flush folder temp");
-    EXPECT_EQ(made[2], "remove stick/one.mp3");
-    EXPECT_THAT(made[3], ::testing::MatchesRegex("rename temp/[0-9a-f]+\\.tmp -> stick/one.mp3"));
-}
-
-TEST_F(TagUpdateOnHost, A_temporary_file_that_does_not_reach_the_disk_replaces_nothing) {
-    HostCalls calls(folder.HostPath());
-    for (const int flush : {1, 2}) {  // the file, its entry
-        calls.FailFlush(flush, EIO);
-        EXPECT_EQ(Update(), failure::DeviceIO);
-        EXPECT_TRUE(Bytes() == audio);
-        EXPECT_TRUE(Left().empty());
-    }
-}
-
-TEST_F(TagUpdateOnHost, A_file_in_a_folder_that_cannot_be_changed_stays_with_the_temporary_file) {
-    fs::permissions(folder.HostPath(), fs::perms(0755));
-    fs::permissions(folder.HostPath("stick"), fs::perms(0555));
-    fs::permissions(folder.HostPath("temp"), fs::perms(0777));
-    fs::permissions(host, fs::perms(0666));
-    {
-        const PlainUser user;
-        EXPECT_EQ(Update(), failure::PermissionDenied);
-    }
-    EXPECT_TRUE(Bytes() == audio);
-    EXPECT_TRUE(BytesLeft() == moved);
-}
-
-// Who may write it as one of the others owns the new file, and has to write the tag into it.
-TEST_F(TagUpdateOnHost, A_file_that_its_owner_alone_may_not_write_is_updated) {
-    if (geteuid() != 0) GTEST_SKIP() << "needs a file of another user";
-    fs::permissions(folder.HostPath(), fs::perms(0755));
-    for (const char* name : {"stick", "temp"})
-        fs::permissions(folder.HostPath(name), fs::perms(0777));
-    fs::permissions(host, fs::perms(0466));
-    {
-        const PlainUser user;
-        EXPECT_EQ(Update(), 0);
-    }
-    EXPECT_TRUE(Bytes() != moved && Bytes().size() == moved.size());
-    EXPECT_EQ(fs::status(host).permissions(), fs::perms(0666));
-}
-
-TEST_F(TagUpdateOnHost, A_temporary_folder_that_may_not_be_written_leaves_the_old_file) {
-    fs::permissions(folder.HostPath(), fs::perms(0755));
-    fs::permissions(folder.HostPath("temp"), fs::perms(0555));
-    fs::permissions(folder.HostPath("stick"), fs::perms(0777));
-    fs::permissions(host, fs::perms(0666));
-    {
-        const PlainUser user;
-        EXPECT_EQ(Update(), failure::PermissionDenied);
-    }
-    EXPECT_TRUE(Bytes() == audio);
     EXPECT_TRUE(Left().empty());
 }
 

@@ -1,10 +1,10 @@
 #include "media/TagMaker.h"
 #include "media/cMP3ID3v2.h"
+#include "platform/FileService.h"
+#include "platform/ProfileFile.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <filesystem>
 
@@ -108,15 +108,10 @@ TEST_F(TagUpdate, Room_that_was_made_is_used_without_copying) {
     Load(audio);
     tag.Title("one");
     tag.Update();
-    const auto inode = [&] {
-        struct stat status {};
-        EXPECT_EQ(stat(folder.HostPath("one.mp3").c_str(), &status), 0);
-        return status.st_ino;
-    };
-    const auto before = inode();
+    const auto before = StampOf(oFSO().HostPath(path))->inode;
     tag.Album(std::string(1500, 'a'));
     tag.Update();
-    EXPECT_EQ(inode(), before);
+    EXPECT_EQ(StampOf(oFSO().HostPath(path))->inode, before);
     EXPECT_EQ(folder.Read("one.mp3").size(), 2048 + audio.size());
     tag.MP3File(path);
     EXPECT_EQ(tag.Title(), "one");
@@ -251,21 +246,6 @@ TEST_F(TagUpdate, A_read_only_file_and_one_that_is_open_stay_as_they_are) {
     fs::permissions(folder.HostPath("one.mp3"), fs::perms(0444));
     EXPECT_EQ(WhyNotUpdated(), "70 Permission denied Tavel.cMP3ID3v2");
     EXPECT_TRUE(folder.Read("one.mp3") == audio);
-}
-
-TEST_F(TagUpdate, The_new_file_belongs_to_whom_the_old_one_belonged_and_has_its_mode) {
-    Load(audio);
-    tag.Title("title");
-    const std::string host = folder.HostPath("one.mp3");
-    const uid_t owner = geteuid() == 0 ? 65534 : geteuid();
-    ASSERT_EQ(chown(host.c_str(), owner, getegid()), 0);
-    fs::permissions(host, fs::perms(0664));
-    tag.Update();
-    struct stat status {};
-    ASSERT_EQ(stat(host.c_str(), &status), 0);
-    EXPECT_EQ(status.st_uid, owner);
-    EXPECT_EQ(status.st_mode & 0777, 0664u);
-    EXPECT_EQ(static_cast<std::size_t>(status.st_size), 2048 + audio.size());
 }
 
 TEST_F(TagUpdate, An_update_that_fails_leaves_the_file_closed_and_the_object_as_it_is) {

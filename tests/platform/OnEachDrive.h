@@ -4,6 +4,7 @@
 #include "support/HostDrives.h"
 #include "support/Support.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -24,12 +25,22 @@ class OnEachDrive : public HostDrives, public ::testing::WithParamInterface<char
     }
 
     std::string At(const std::string& path) const { return root + "\\" + path; }
-    std::string Host(const std::string& path) const { return temp.HostPath("card/" + path); }
+    fs::path Host(const std::string& path) const {
+        return AsHostPath(temp.HostPath("card/" + path));
+    }
     void Put(const std::string& path, const std::string& bytes) const {
         temp.Write("card/" + path, bytes);
     }
     std::string Bytes(const std::string& path) const { return temp.Read("card/" + path); }
-    bool Has(const std::string& path) const { return fs::exists(Host(path)); }
+    // Under this very spelling, also where the host ignores case.
+    bool Has(const std::string& path) const {
+        const fs::path wanted = Host(path);
+        if (!fs::exists(wanted)) return false;
+        const fs::directory_iterator entries(wanted.parent_path());
+        return std::any_of(begin(entries), end(entries), [&](const fs::directory_entry& entry) {
+            return entry.path().filename() == wanted.filename();
+        });
+    }
 
     std::string root;
 };

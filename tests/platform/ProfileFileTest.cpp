@@ -1,17 +1,13 @@
+#include "platform/FileService.h"
 #include "platform/ProfileFile.h"
 #include "platform/ProfileService.h"
-#include "support/FileSizeLimit.h"
-#include "support/PlainUser.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
 #include <filesystem>
-#include <fstream>
 #include <string>
 #include <vector>
 
@@ -20,113 +16,40 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// How many bytes the process has read so far.
-unsigned long long BytesRead() {
-    std::ifstream counters("/proc/self/io");
-    std::string name;
-    unsigned long long value = 0;
-    counters >> name >> value;
-    EXPECT_EQ(name, "rchar:");
-    return value;
-}
-
 class ProfileFile : public ::testing::Test {
   protected:
-    void SetUp() override {
-        chmod(m_folder.HostPath().c_str(), 0755);
-        m_folder.Write("db.txt", m_old);
-    }
+    void SetUp() override { m_folder.Write("db.txt", m_old); }
 
-    struct stat Status(const std::string& name) const {
-        struct stat status {};
-        EXPECT_EQ(lstat(m_folder.HostPath(name).c_str(), &status), 0);
-        return status;
-    }
     std::vector<std::string> Names() const {
         std::vector<std::string> names;
         for (const auto& entry : fs::directory_iterator(m_folder.HostPath())) {
-            names.push_back(entry.path().filename());
+            names.push_back(entry.path().filename().string());
         }
         std::sort(names.begin(), names.end());
         return names;
     }
-    bool Put(const std::string& value, const std::string& name = "db.txt") const {
-        return WritePrivateProfileString("s", "k", value, m_folder.DrivePath(name));
+    bool Put(const std::string& value) const {
+        return WritePrivateProfileString("s", "k", value, m_folder.DrivePath("db.txt"));
     }
-    std::string Get(const std::string& name = "db.txt") const {
-        return GetPrivateProfileString("s", "k", "(none)", 255, m_folder.DrivePath(name));
+    std::string Get() const {
+        return GetPrivateProfileString("s", "k", "(none)", 255, m_folder.DrivePath("db.txt"));
     }
 
     TempFolder m_folder;
+    const std::string m_path = oFSO().HostPath(m_folder.DrivePath("db.txt"));
     const std::string m_old = "[s]\r\nk=old\r\n";
     const std::string m_new = "[s]\r\nk=new\r\n";
     const std::vector<std::string> m_alone{"db.txt"};
 };
 
-TEST_F(ProfileFile, Another_file_takes_the_place_of_the_old_one) {
-    const std::string path = m_folder.HostPath("db.txt");
-    std::ifstream reader(path);
-    const auto before = Status("db.txt").st_ino;
-    ASSERT_TRUE(Put("new"));
-    EXPECT_NE(Status("db.txt").st_ino, before);
-    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
-    EXPECT_EQ(Names(), m_alone);
-    const std::string seen{std::istreambuf_iterator<char>(reader), {}};
-    EXPECT_EQ(seen, m_old) << "who has the file open still sees all of the old bytes";
-}
-
 TEST_F(ProfileFile, An_unchanged_value_writes_nothing) {
-    const auto before = StampOf(m_folder.HostPath("db.txt"));
+    const auto before = StampOf(m_path);
     EXPECT_TRUE(Put("old"));
     {
         const ProfileBatch batch(m_folder.DrivePath("db.txt"));
         EXPECT_TRUE(Put("old"));
     }
-    EXPECT_EQ(StampOf(m_folder.HostPath("db.txt")), before);
-}
-
-TEST_F(ProfileFile, Mode_and_owner_are_kept) {
-    const std::string path = m_folder.HostPath("db.txt");
-    if (geteuid() == 0) {
-        ASSERT_EQ(chown(path.c_str(), 1234, 2345), 0);
-    }
-    ASSERT_EQ(chmod(path.c_str(), 0646), 0);
-    const struct stat before = Status("db.txt");
-    ASSERT_TRUE(Put("new"));
-    const struct stat after = Status("db.txt");
-    EXPECT_EQ(after.st_mode, before.st_mode);
-    EXPECT_EQ(after.st_uid, before.st_uid);
-    EXPECT_EQ(after.st_gid, before.st_gid);
-}
-
-TEST_F(ProfileFile, A_link_stays_a_link_and_its_file_is_written) {
-    fs::create_directory(m_folder.HostPath("kept"));
-    fs::rename(m_folder.HostPath("db.txt"), m_folder.HostPath("kept/real.txt"));
-    fs::create_symlink("kept/real.txt", m_folder.HostPath("db.txt"));
-    ASSERT_TRUE(Put("new"));
-    EXPECT_TRUE(S_ISLNK(Status("db.txt").st_mode));
-    EXPECT_EQ(m_folder.Read("kept/real.txt"), m_new);
-    EXPECT_EQ(Get(), "new");
-}
-
-TEST_F(ProfileFile, Where_the_folder_cannot_be_written_the_file_is_written_in_place) {
-    for (const mode_t mode : {mode_t{0555}, mode_t{01777}}) {
-        m_folder.Write("db.txt", "[s]\r\nk=a value longer than the new one\r\n");
-        chmod(m_folder.HostPath("db.txt").c_str(), 0666);
-        chmod(m_folder.HostPath().c_str(), mode);
-        const auto before = Status("db.txt").st_ino;
-        {
-            const PlainUser nobody;
-            EXPECT_TRUE(Put("new"));
-        }
-        chmod(m_folder.HostPath().c_str(), 0755);
-        EXPECT_EQ(m_folder.Read("db.txt"), m_new);
-        EXPECT_EQ(Names(), m_alone);
-        // In a folder like /tmp the owner may replace a file, and nobody else.
-        if (geteuid() == 0 || mode == 0555) {
-            EXPECT_EQ(Status("db.txt").st_ino, before);
-        }
-    }
+    EXPECT_EQ(StampOf(m_path), before);
 }
 
 TEST_F(ProfileFile, What_a_killed_save_has_left_is_gone_with_the_next) {
@@ -138,124 +61,12 @@ TEST_F(ProfileFile, What_a_killed_save_has_left_is_gone_with_the_next) {
     EXPECT_EQ(Names(), m_alone);
 }
 
-TEST_F(ProfileFile, Nothing_that_lies_under_the_name_of_the_temporary_file_is_written) {
-    const TempFolder outside;
-    outside.Write("own.txt", "own");
-    fs::create_symlink(outside.HostPath("own.txt"), m_folder.HostPath(".db.txt.new"));
-    ASSERT_TRUE(Put("new"));
-    fs::create_hard_link(outside.HostPath("own.txt"), m_folder.HostPath(".db.txt.new"));
-    ASSERT_TRUE(Put("newer"));
-    ASSERT_EQ(mkfifo(m_folder.HostPath(".db.txt.new").c_str(), 0600), 0);
-    ASSERT_TRUE(Put("new"));
-    EXPECT_EQ(outside.Read("own.txt"), "own");
-    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
-    EXPECT_TRUE(S_ISREG(Status("db.txt").st_mode));
-    EXPECT_EQ(Names(), m_alone);
-}
-
-TEST_F(ProfileFile, Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
-    m_folder.Write(".db.txt.new/a.txt", "own");
-    const auto before = Status("db.txt").st_ino;
-    ASSERT_TRUE(Put("new"));
-    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
-    EXPECT_EQ(Status("db.txt").st_ino, before);
-    EXPECT_EQ(m_folder.Read(".db.txt.new/a.txt"), "own");
-}
-
-TEST_F(ProfileFile, A_save_that_another_one_overtakes_leaves_that_ones_file_alone) {
-    const bool isReplaced = ReplaceHostFile(
-        m_folder.HostPath("db.txt"),
-        [&](const ByteSink& sink) {
-            sink("mine");
-            fs::remove(m_folder.HostPath(".db.txt.new"));
-            m_folder.Write(".db.txt.new", "half of the other one's");
-        },
-        false);
-    EXPECT_FALSE(isReplaced);
-    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
-    EXPECT_EQ(m_folder.Read(".db.txt.new"), "half of the other one's");
-}
-
-TEST_F(ProfileFile, A_write_protected_file_is_not_written) {
-    chmod(m_folder.HostPath().c_str(), 0777);
-    chmod(m_folder.HostPath("db.txt").c_str(), 0444);
-    {
-        const PlainUser nobody;
-        EXPECT_FALSE(Put("new"));
-    }
-    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
-    EXPECT_EQ(Names(), m_alone);
-    EXPECT_EQ(Get(), "old") << "what could not be written is not in memory either";
-}
-
-TEST_F(ProfileFile, A_file_that_cannot_be_read_gives_defaults_and_is_not_overwritten) {
-    chmod(m_folder.HostPath().c_str(), 0777);
-    chmod(m_folder.HostPath("db.txt").c_str(), 0222);
-    {
-        const PlainUser nobody;
-        EXPECT_EQ(Get(), "(none)");
-        EXPECT_FALSE(Put("new"));
-        const ProfileBatch batch(m_folder.DrivePath("db.txt"));
-        EXPECT_EQ(Get(), "(none)");
-        EXPECT_FALSE(Put("new"));
-    }
-    chmod(m_folder.HostPath("db.txt").c_str(), 0644);
-    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
-}
-
-TEST_F(ProfileFile, A_full_disk_leaves_the_old_bytes_and_nothing_else) {
-    bool isWritten = true;
-    {
-        const FileSizeLimit limit(100);
-        isWritten = Put(std::string(200, 'x'));
-    }
-    EXPECT_FALSE(isWritten);
-    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
-    EXPECT_EQ(Names(), m_alone);
-    EXPECT_EQ(Get(), "old");
-}
-
-TEST_F(ProfileFile, A_full_disk_at_the_end_of_a_batch_leaves_the_old_bytes) {
-    {
-        const FileSizeLimit limit(100);
-        const ProfileBatch batch(m_folder.DrivePath("db.txt"));
-        Put(std::string(200, 'x'));
-    }
-    EXPECT_EQ(m_folder.Read("db.txt"), m_old);
-    EXPECT_EQ(Names(), m_alone);
-    EXPECT_EQ(Get(), "old");
-}
-
-TEST_F(ProfileFile, A_pipe_is_no_profile_and_stops_nobody) {
-    ASSERT_EQ(mkfifo(m_folder.HostPath("pipe").c_str(), 0600), 0);
-    std::string bytes;
-    FileStamp stamp;
-    EXPECT_FALSE(ReadHostFile(m_folder.HostPath("pipe"), 100, bytes, stamp));
-    EXPECT_FALSE(StampOf(m_folder.HostPath("pipe")));
-    EXPECT_EQ(Get("pipe"), "(none)");
-}
-
 TEST_F(ProfileFile, A_file_beyond_the_limit_is_not_read) {
     std::string bytes;
     FileStamp stamp;
-    EXPECT_TRUE(ReadHostFile(m_folder.HostPath("db.txt"), m_old.size(), bytes, stamp));
+    EXPECT_TRUE(ReadHostFile(m_path, m_old.size(), bytes, stamp));
     EXPECT_EQ(bytes, m_old);
-    EXPECT_FALSE(ReadHostFile(m_folder.HostPath("db.txt"), m_old.size() - 1, bytes, stamp));
-}
-
-TEST_F(ProfileFile, A_large_file_that_has_not_changed_is_not_read_again) {
-    const std::string large = m_old + std::string(200'000, ';');
-    m_folder.Write("db.txt", large);
-    const auto limit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
-    unsigned long long spent = 0;
-    do {
-        const unsigned long long before = BytesRead();
-        for (int i = 0; i < 100; ++i) ASSERT_EQ(Get(), "old");
-        spent = BytesRead() - before;
-    } while (spent >= large.size() && std::chrono::steady_clock::now() < limit);
-    EXPECT_LT(spent, large.size());
-    m_folder.Write("db.txt", m_new + std::string(200'000, ';'));
-    EXPECT_EQ(Get(), "new");
+    EXPECT_FALSE(ReadHostFile(m_path, m_old.size() - 1, bytes, stamp));
 }
 
 TEST_F(ProfileFile, A_large_file_that_changes_under_the_same_size_is_read_again_at_once) {
@@ -292,6 +103,37 @@ TEST_F(ProfileFile, A_change_as_young_as_the_clock_may_go_on_unseen) {
     EXPECT_TRUE(MayChangeUnseen(stamp)) << "a file system that counts whole seconds";
     stamp.changed -= 2 * second;
     EXPECT_FALSE(MayChangeUnseen(stamp));
+}
+
+TEST_F(ProfileFile, A_write_takes_effect_at_once_and_leaves_nothing_else) {
+    ASSERT_TRUE(Put("new"));
+    EXPECT_EQ(m_folder.Read("db.txt"), m_new);
+    EXPECT_EQ(Get(), "new");
+    EXPECT_EQ(Names(), m_alone);
+}
+
+TEST_F(ProfileFile, A_stamp_tells_one_state_from_another) {
+    const auto before = StampOf(m_path);
+    ASSERT_TRUE(before);
+    EXPECT_EQ(before->size, m_old.size());
+    EXPECT_EQ(StampOf(m_path), before);
+    m_folder.Write("db.txt", m_old + m_new);
+    EXPECT_NE(StampOf(m_path), before) << "another size";
+    m_folder.Write("db.txt", m_old);
+    fs::last_write_time(m_path, fs::last_write_time(m_path) - std::chrono::hours(1));
+    EXPECT_NE(StampOf(m_path), before) << "another time";
+    m_folder.Write("other.txt", m_old);
+    EXPECT_NE(StampOf(oFSO().HostPath(m_folder.DrivePath("other.txt"))), StampOf(m_path));
+}
+
+TEST_F(ProfileFile, What_is_no_file_has_no_stamp_and_no_bytes) {
+    fs::create_directory(m_folder.HostPath("folder"));
+    for (const std::string& path : {m_folder.HostPath("folder"), m_folder.HostPath("none")}) {
+        std::string bytes;
+        FileStamp stamp;
+        EXPECT_FALSE(StampOf(path)) << path;
+        EXPECT_FALSE(ReadHostFile(path, 100, bytes, stamp)) << path;
+    }
 }
 
 }  // namespace

@@ -1,8 +1,9 @@
 #include "support/FaultyFileService.h"
 
 #include "platform/Failure.h"
-#include "platform/linux/HostDrive.h"
+#include "platform/linux/HostPaths.h"
 #include "support/FaultyFile.h"
+#include "support/HostPlaces.h"
 
 #include <utility>
 
@@ -50,7 +51,6 @@ class FakeDriveHandle : public Drive {
 
 FaultyFileService::FaultyFileService(FileService& real) : m_real(real) {
     FakeDrive fixed;
-    fixed.hostFolder = "/";
     fixed.driveType = DriveFixed;
     m_drives.emplace('c', fixed);
 }
@@ -103,7 +103,7 @@ bool FaultyFileService::Touch(char letter) {
 
 FaultyFileService::Mapped FaultyFileService::Map(std::string_view path) {
     Mapped mapped;
-    const std::optional<DrivePath> parsed = ParseDrivePath(path, "/");
+    const std::optional<DrivePath> parsed = ParseDrivePath(path, DrivePath());
     if (!parsed) {
         mapped.failure = failure::PathNotFound;
         return mapped;
@@ -116,7 +116,7 @@ FaultyFileService::Mapped FaultyFileService::Map(std::string_view path) {
     }
     const FakeDrive& drive = m_drives.at(mapped.letter);
     if (!drive.hasMedia) mapped.failure = failure::DiskNotReady;
-    mapped.real = FixedDrivePath(drive.hostFolder);
+    mapped.real = drive.hostFolder.empty() ? "c:\\" : OnDrive(drive.hostFolder);
     for (const std::string& name : parsed->names) mapped.real = PathBelow(mapped.real, name);
     if (parsed->endsInSeparator && mapped.real.back() != '\\') mapped.real += '\\';
     return mapped;
@@ -314,14 +314,15 @@ std::string FaultyFileService::HostPath(std::string_view path) {
 
 std::string FaultyFileService::FromHostPath(std::string_view hostPath) {
     Record("FromHostPath " + std::string(hostPath));
+    const std::string path = OnDrive(std::string(hostPath));
     for (const auto& [letter, drive] : m_drives) {
-        if (letter == 'c' || (std::string(hostPath) + '/').rfind(drive.hostFolder + '/', 0) != 0) {
-            continue;
-        }
-        const std::string_view below = hostPath.substr(drive.hostFolder.size());
-        return std::string{letter, ':'} + FixedDrivePath(below).substr(2);
+        if (drive.hostFolder.empty()) continue;
+        const std::string folder = OnDrive(drive.hostFolder);
+        if (path == folder) return {letter, ':', '\\'};
+        if (path.rfind(folder + '\\', 0) == 0)
+            return std::string{letter, ':'} + path.substr(folder.size());
     }
-    return FixedDrivePath(hostPath);
+    return path;
 }
 
 }  // namespace tavel::test

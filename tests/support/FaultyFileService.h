@@ -1,7 +1,7 @@
 #pragma once
 
+#include "platform/DrivePath.h"
 #include "platform/FileService.h"
-#include "platform/linux/DrivePath.h"
 
 #include <cstdint>
 #include <functional>
@@ -19,7 +19,7 @@ namespace tavel::test {
 struct FakeDrive {
     static constexpr std::int64_t plenty = std::numeric_limits<std::int64_t>::max();
 
-    std::string hostFolder;
+    std::string hostFolder;  // empty for the real c:
     int driveType = DriveRemovable;
     double totalSize = 1'000'000'000;
     double freeSpace = 400'000'000;

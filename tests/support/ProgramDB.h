@@ -1,5 +1,7 @@
 #pragma once
 
+#include "support/FolderLock.h"
+
 #include <string>
 
 namespace tavel::test {
@@ -17,8 +19,8 @@ class ProgramDB {
     void Remove() const;
 
   private:
+    FolderLock m_lock;
     std::string m_path;
-    int m_lock = -1;
 };
 
 }  // namespace tavel::test

@@ -1,41 +1,60 @@
 #include "support/Support.h"
 
 #include "core/PublicStuff.h"
+#include "support/HostPlaces.h"
 
-#include <stdlib.h>
-
-#include <algorithm>
+#include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <random>
 
 namespace tavel::test {
 
-TempFolder::TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "tavel-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no temporary folder");
-    m_path = pattern;
-}
+namespace {
 
-TempFolder::~TempFolder() {
-    std::error_code ignored;
-    std::filesystem::remove_all(m_path, ignored);
-}
+namespace fs = std::filesystem;
 
-std::string TempFolder::DrivePath(const std::string& name) const {
-    std::string path = "c:" + m_path + (name.empty() ? "" : "/" + name);
-    std::replace(path.begin(), path.end(), '/', '\\');
+std::string NewFolder() {
+    std::random_device random;
+    std::string path;
+    do {
+        path = fs::temp_directory_path().generic_string();
+        if (path.back() != '/') path += '/';
+        path += "tavel-test-" + std::to_string(random());
+    } while (!fs::create_directory(path));
+    fs::permissions(path, fs::perms::owner_all);
     return path;
 }
 
+// What may be written may be removed, on any host.
+void RemoveAll(const fs::path& folder) {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+    if (!fs::exists(folder, ignored)) return;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, ignored))
+        fs::permissions(entry, fs::perms::owner_write, fs::perm_options::add, ignored);
+    fs::remove_all(folder, ignored);
+}
+
+}  // namespace
+
+TempFolder::TempFolder() : m_path(NewFolder()) {}
+
+TempFolder::~TempFolder() { RemoveAll(m_path); }
+
+std::string TempFolder::DrivePath(const std::string& name) const {
+    return OnDrive(name.empty() ? m_path : HostPath(name));
+}
+
 void TempFolder::Write(const std::string& name, const std::string& bytes) const {
-    const std::filesystem::path path = HostPath(name);
-    std::filesystem::create_directories(path.parent_path());
+    const fs::path path = AsHostPath(HostPath(name));
+    fs::create_directories(path.parent_path());
     std::ofstream(path, std::ios::binary) << bytes;
 }
 
 std::string TempFolder::Read(const std::string& name) const {
-    std::ifstream file(HostPath(name), std::ios::binary);
+    std::ifstream file(AsHostPath(HostPath(name)), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
@@ -68,5 +87,10 @@ void ResetPublicStuff() {
 }
 
 std::string SourceFile(const std::string& path) { return TAVEL_SOURCE_FOLDER "/" + path; }
+
+std::int64_t ModifiedAt(const std::filesystem::path& hostPath) {
+    const auto time = std::chrono::file_clock::to_sys(fs::last_write_time(hostPath));
+    return std::chrono::floor<std::chrono::seconds>(time).time_since_epoch().count();
+}
 
 }  // namespace tavel::test

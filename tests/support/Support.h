@@ -2,9 +2,12 @@
 
 #include "platform/Activity.h"
 #include "platform/Failure.h"
+#include "support/HostPlaces.h"
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace tavel::test {
@@ -18,6 +21,7 @@ class TempFolder {
     TempFolder(const TempFolder&) = delete;
     TempFolder& operator=(const TempFolder&) = delete;
 
+    // With "/" between its names, as AsHostPath takes it.
     const std::string& HostPath() const { return m_path; }
     std::string HostPath(const std::string& name) const { return m_path + "/" + name; }
     std::string DrivePath(const std::string& name) const;  // c:\... with backslashes
@@ -34,6 +38,9 @@ void ResetPublicStuff();
 
 // A file of the source tree by its path from the root of the tree, on the host.
 std::string SourceFile(const std::string& path);
+
+// When a file was changed, in seconds from 1970 on (UTC).
+std::int64_t ModifiedAt(const std::filesystem::path& hostPath);
 
 // The number of the Failure that a call throws; 0 when it throws none.
 template <class Call>

@@ -35,7 +35,7 @@ std::string Deflate(const std::string& bytes) {
     z_stream stream{};
     if (deflateInit2(&stream, 9, Z_DEFLATED, -MAX_WBITS, 9, Z_DEFAULT_STRATEGY) != Z_OK)
         throw std::runtime_error("no deflater");
-    std::string packed(deflateBound(&stream, bytes.size()), '\0');
+    std::string packed(deflateBound(&stream, static_cast<uLong>(bytes.size())), '\0');
     stream.next_in = reinterpret_cast<Bytef*>(const_cast<char*>(bytes.data()));
     stream.avail_in = static_cast<uInt>(bytes.size());
     stream.next_out = reinterpret_cast<Bytef*>(packed.data());

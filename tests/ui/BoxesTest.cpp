@@ -277,6 +277,12 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
                                          ToQString(folder.HostPath("b.jpg"))}));
 }
 
+TEST_F(FileDialogs, quoted_names_are_not_picked_together_where_one_file_is_asked_for) {
+    EXPECT_EQ(TypeInVain(QStringLiteral(R"("a.JPG" "b.jpg")")).result, 0);
+    EXPECT_EQ(Type(QStringLiteral(R"("b.jpg")")).files,
+              QStringList(ToQString(folder.HostPath("b.jpg"))));
+}
+
 TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
     folder.Write("Trip/d.jpg", "");
     request.flags |= PickMultiSelect;

@@ -1,6 +1,6 @@
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
-#include "support/HostCalls.h"
+#include "support/linux/HostCalls.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmLog.h"
 #include "ui/setup/frmOptions.h"

@@ -1,6 +1,6 @@
 #include "platform/linux/DriveLinks.h"
 
-#include "platform/linux/DrivePath.h"
+#include "platform/DrivePath.h"
 #include "platform/linux/FolderNames.h"
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/MountFacts.h"

@@ -34,9 +34,9 @@ dev_t FileSystemOf(const MountEntry& mount) {
 
 }  // namespace
 
-DriveTable::DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts)
-    : m_programFolder(std::move(programFolder)),
-      m_links(m_programFolder + "/drives"),
+DriveTable::DriveTable(const std::string& programFolder, std::unique_ptr<MountSource> mounts)
+    : m_currentFolder(OnFixedDrive(programFolder)),
+      m_links(programFolder + "/drives"),
       m_source(std::move(mounts)),
       m_letters("defghijklmnopqrstuvwxyz") {}
 

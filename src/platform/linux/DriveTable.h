@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/DrivePath.h"
 #include "platform/Numbers.h"
 #include "platform/linux/DriveLinks.h"
 #include "platform/linux/MountSource.h"
@@ -19,10 +20,10 @@ namespace tavel {
 // that went since the last look: whoever watches the letter could not tell the two apart.
 class DriveTable {
   public:
-    DriveTable(std::string programFolder, std::unique_ptr<MountSource> mounts);
+    DriveTable(const std::string& programFolder, std::unique_ptr<MountSource> mounts);
 
-    // Of the host. It is the current folder of c:, wherever the program was started from.
-    const std::string& ProgramFolder() const { return m_programFolder; }
+    // The program's folder, wherever the program was started from.
+    const DrivePath& CurrentFolder() const { return m_currentFolder; }
 
     struct Entry {
         char letter = 0;
@@ -71,7 +72,7 @@ class DriveTable {
     Entry LinkEntry(char letter);
     const MountedDrive* MountOf(char letter) const;
 
-    std::string m_programFolder;
+    DrivePath m_currentFolder;
     DriveLinks m_links;
     std::unique_ptr<MountSource> m_source;
     std::vector<MountedDrive> m_mounts;

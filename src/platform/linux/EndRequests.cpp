@@ -17,15 +17,11 @@ constexpr std::array signals{SIGTERM, SIGINT, SIGHUP};
 // A signal's handler may do little more than write to a descriptor.
 volatile std::sig_atomic_t s_writer = -1;
 
-void WriteOne(int descriptor) {
-    const char request = 0;
-    // A pipe that is full says what there is to say.
-    (void)!::write(descriptor, &request, sizeof request);
-}
-
 void HearSignal(int) {
     const int error = errno;
-    WriteOne(s_writer);
+    const char request = 0;
+    // A pipe that is full says what there is to say.
+    (void)!::write(s_writer, &request, sizeof request);
     errno = error;
 }
 
@@ -51,7 +47,6 @@ class EndRequests::Pipe {
     Pipe& operator=(const Pipe&) = delete;
 
     int Reader() const { return m_reader.Get(); }
-    int Writer() const { return m_writer.Get(); }
 
   private:
     static void Hear(int signal, struct sigaction& former) {
@@ -73,7 +68,5 @@ EndRequests::EndRequests() : m_pipe(std::make_unique<Pipe>()) {}
 EndRequests::~EndRequests() = default;
 
 int EndRequests::Handle() const { return m_pipe->Reader(); }
-
-void EndRequests::Add() { WriteOne(m_pipe->Writer()); }
 
 }  // namespace tavel

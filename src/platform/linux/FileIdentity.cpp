@@ -1,8 +1,8 @@
 #include "platform/linux/FileIdentity.h"
 
+#include "platform/HostNames.h"
 #include "platform/Text.h"
 #include "platform/linux/FolderNames.h"
-#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 
 #include <linux/magic.h>

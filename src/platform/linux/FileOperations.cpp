@@ -1,12 +1,12 @@
 #include "platform/linux/FileOperations.h"
 
 #include "platform/Failure.h"
+#include "platform/HostNames.h"
 #include "platform/linux/FileIdentity.h"
 #include "platform/linux/Flush.h"
 #include "platform/linux/FolderNames.h"
 #include "platform/linux/HostErrors.h"
 #include "platform/linux/HostFile.h"
-#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/Successor.h"
 

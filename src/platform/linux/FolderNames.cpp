@@ -1,8 +1,8 @@
 #include "platform/linux/FolderNames.h"
 
+#include "platform/HostNames.h"
 #include "platform/linux/Descriptor.h"
 #include "platform/linux/FolderWatch.h"
-#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 
 #include <dirent.h>

@@ -1,7 +1,6 @@
 #include "platform/linux/HostDrive.h"
 
 #include "platform/Failure.h"
-#include "platform/linux/DrivePath.h"
 #include "platform/linux/HostErrors.h"
 
 #include <sys/statvfs.h>
@@ -43,11 +42,6 @@ double HostDrive::TotalSize() const {
 double HostDrive::FreeSpace() const {
     const struct statvfs figures = FiguresOf(*m_drives, m_letter);
     return static_cast<double>(figures.f_bavail) * static_cast<double>(figures.f_frsize);
-}
-
-char DriveLetterOf(std::string_view name) {
-    if (name.empty() || (name.size() > 1 && name[1] != ':')) return 0;
-    return DriveLetter(name[0]);
 }
 
 }  // namespace tavel

@@ -20,7 +20,4 @@ class HostDrive : public Drive {
     std::shared_ptr<DriveTable> m_drives;
 };
 
-// The letter in a name of a drive ("e", "e:", "e:\", "e: [LABEL]"), lower case; 0 for another text.
-char DriveLetterOf(std::string_view name);
-
 }  // namespace tavel

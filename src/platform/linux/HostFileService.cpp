@@ -1,12 +1,12 @@
 #include "platform/linux/HostFileService.h"
 
 #include "platform/Failure.h"
+#include "platform/HostNames.h"
 #include "platform/linux/DriveTable.h"
 #include "platform/linux/FileOperations.h"
 #include "platform/linux/FolderListing.h"
 #include "platform/linux/HostDrive.h"
 #include "platform/linux/HostFile.h"
-#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 
 #include <algorithm>
@@ -37,8 +37,8 @@ std::string ReadToEnd(HostFile& file) {
 
 class LinuxFileService : public FileService {
   public:
-    LinuxFileService(std::string programFolder, std::unique_ptr<MountSource> mounts)
-        : m_drives(std::make_shared<DriveTable>(std::move(programFolder), std::move(mounts))) {}
+    LinuxFileService(const std::string& programFolder, std::unique_ptr<MountSource> mounts)
+        : m_drives(std::make_shared<DriveTable>(programFolder, std::move(mounts))) {}
 
     bool DriveExists(std::string_view name) override {
         const char letter = DriveLetterOf(name);
@@ -150,9 +150,9 @@ class LinuxFileService : public FileService {
 
 }  // namespace
 
-std::unique_ptr<FileService> MakeHostFileService(std::string programFolder,
+std::unique_ptr<FileService> MakeHostFileService(const std::string& programFolder,
                                                  std::unique_ptr<MountSource> mounts) {
-    return std::make_unique<LinuxFileService>(std::move(programFolder), std::move(mounts));
+    return std::make_unique<LinuxFileService>(programFolder, std::move(mounts));
 }
 
 template <>

@@ -38,6 +38,14 @@ bool IsBelow(std::string_view hostPath, std::string_view root) {
            (hostPath.size() == root.size() || hostPath[root.size()] == '/');
 }
 
+DrivePath OnFixedDrive(std::string_view hostPath) {
+    DrivePath path;
+    path.Descend(hostPath, '/');
+    return path;
+}
+
+std::string FixedDrivePath(std::string_view hostPath) { return OnFixedDrive(hostPath).Text(); }
+
 std::string RealPath(const std::string& hostPath) {
     const std::unique_ptr<char, void (*)(void*)> path(realpath(hostPath.c_str(), nullptr), free);
     return path ? path.get() : std::string();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/DrivePath.h"
+
 #include <string>
 #include <string_view>
 
@@ -15,6 +17,10 @@ std::string_view LastName(std::string_view hostPath);
 
 // True when the path is the root or lies beneath it, by its names alone.
 bool IsBelow(std::string_view hostPath, std::string_view root);
+
+// A host path as a path of c:, and as its text.
+DrivePath OnFixedDrive(std::string_view hostPath);
+std::string FixedDrivePath(std::string_view hostPath);
 
 // The path of what is there, behind all symbolic links; empty when it leads nowhere.
 std::string RealPath(const std::string& hostPath);

@@ -1,9 +1,9 @@
 #include "platform/linux/Places.h"
 
 #include "platform/Failure.h"
+#include "platform/HostNames.h"
 #include "platform/linux/FolderNames.h"
 #include "platform/linux/HostErrors.h"
-#include "platform/linux/HostNames.h"
 #include "platform/linux/HostPaths.h"
 #include "platform/linux/Tree.h"
 
@@ -135,7 +135,7 @@ void FindOnRemovable(DriveTable& drives, Place& place) {
 
 Place FindPlace(DriveTable& drives, std::string_view path) {
     Place place;
-    std::optional<DrivePath> parsed = ParseDrivePath(path, drives.ProgramFolder());
+    std::optional<DrivePath> parsed = ParseDrivePath(path, drives.CurrentFolder());
     if (!parsed) {
         place.failure = failure::PathNotFound;
         return place;

@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/DrivePath.h"
 #include "platform/Numbers.h"
 #include "platform/linux/Descriptor.h"
-#include "platform/linux/DrivePath.h"
 #include "platform/linux/DriveTable.h"
 
 #include <fcntl.h>

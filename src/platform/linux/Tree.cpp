@@ -1,7 +1,7 @@
 #include "platform/linux/Tree.h"
 
+#include "platform/HostNames.h"
 #include "platform/linux/FolderNames.h"
-#include "platform/linux/HostNames.h"
 
 #include <linux/openat2.h>
 #include <sys/syscall.h>

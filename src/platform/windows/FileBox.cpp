@@ -26,15 +26,23 @@ std::wstring FilterText(const HostFileRequest& request) {
     return text;
 }
 
-// A single path; or the folder and behind it the names, each with a NUL behind it.
-std::vector<std::string> Picked(const std::wstring& buffer) {
-    std::vector<std::string> pieces;
+std::vector<std::wstring> Pieces(const std::wstring& buffer) {
+    std::vector<std::wstring> pieces;
     for (std::size_t start = 0; start < buffer.size() && buffer[start] != 0;) {
-        const std::size_t end = buffer.find(L'\0', start);
-        pieces.push_back(oFSO().FromHostPath(FromWide(buffer.substr(start, end - start))));
-        start = end + 1;
+        pieces.emplace_back(buffer.c_str() + start);
+        start += pieces.back().size() + 1;
     }
     return pieces;
+}
+
+// The buffer has a single path; or the folder, and behind it the names.
+std::vector<std::string> Picked(const std::wstring& buffer) {
+    const std::vector<std::wstring> pieces = Pieces(buffer);
+    if (pieces.size() == 1) return {oFSO().FromHostPath(FromWide(pieces.front()))};
+    std::vector<std::string> files;
+    for (std::size_t i = 1; i < pieces.size(); ++i)
+        files.push_back(oFSO().FromHostPath(FromWide(pieces.front() + L'\\' + pieces[i])));
+    return files;
 }
 
 }  // namespace

@@ -9,9 +9,11 @@
 
 namespace tavel {
 
-// The requests are never read, so the notifier goes on for as long as anything is left to close.
-EndOfSession::EndOfSession() : m_notifier(m_requests.Handle(), QSocketNotifier::Read) {
-    connect(&m_notifier, &QSocketNotifier::activated, this, [this] { CloseFront(); });
+EndOfSession::EndOfSession() {
+    if (m_requests.Handle() >= 0) {
+        m_notifier = std::make_unique<QSocketNotifier>(m_requests.Handle(), QSocketNotifier::Read);
+        connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { Ask(); });
+    }
     connect(
         qApp, &QGuiApplication::commitDataRequest, this, [this] { Ask(); }, Qt::DirectConnection);
     qApp->installEventFilter(this);
@@ -26,23 +28,20 @@ bool EndOfSession::eventFilter(QObject* watched, QEvent* event) {
 
 // The session may be gone as soon as this returns; so it does not wait for the event loop.
 void EndOfSession::Ask() {
-    m_requests.Add();
+    if (m_notifier) m_notifier->setEnabled(false);
+    m_next.start(0, this);
     CloseFront();
 }
 
-// Timers rest as well, so this one ends when the others go on.
-void EndOfSession::Postpone() {
-    m_notifier.setEnabled(false);
-    m_rest.start(1, this);
-}
-
+// It goes on for as long as anything is left to close. In an event loop that this event runs, such
+// as that of a box, a timer that has been started anew fires, and the old one would not.
 void EndOfSession::timerEvent(QTimerEvent*) {
-    m_rest.stop();
-    m_notifier.setEnabled(true);
+    m_next.start(HandlersRest() ? 1 : 0, this);
+    CloseFront();
 }
 
 void EndOfSession::CloseFront() {
-    if (HandlersRest()) return Postpone();
+    if (HandlersRest()) return;
     QWidget* asking = QApplication::activeModalWidget();
     QWidget* front = asking != nullptr ? asking : WorkWindow();
     if (front != nullptr) front->close();

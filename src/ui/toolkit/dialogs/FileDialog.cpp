@@ -13,6 +13,7 @@
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QLayout>
+#include <QLineEdit>
 #include <QRegularExpression>
 #include <QSplitter>
 #include <QTreeView>
@@ -131,15 +132,25 @@ QStringList FileDialog::Picked() const {
     return files;
 }
 
+// Qt takes each text between quotation marks for a name, also where one file is asked for, and
+// drops what stands outside of them.
+bool FileDialog::IsCountRight() const {
+    if (fileMode() == ExistingFiles) return true;
+    static const QRegularExpression oneName(QStringLiteral(R"(^([^"]*|"[^"]*")$)"));
+    QString typed;
+    WithPart<QLineEdit>(*this, "fileNameEdit", [&](const QLineEdit& name) { typed = name.text(); });
+    return selectedFiles().size() == 1 && (!m_saving || oneName.match(typed.trimmed()).hasMatch());
+}
+
 // Paths of different folders may be typed, but an answer has one folder. And Qt finds files that
 // have no drive path, names with a backslash and links on a stick, or one that is too long.
 bool FileDialog::CanAnswer() const {
     const QStringList files = Picked();
-    return std::all_of(files.begin(), files.end(), [&](const QString& file) {
-        const std::string path = oFSO().FromHostPath(FromQString(file));
-        return QFileInfo(file).path() == QFileInfo(files.front()).path() && !IsPathTooLong(path) &&
-               (m_saving ? CanSave(path) : CanOpen(file));
-    });
+    return IsCountRight() && std::all_of(files.begin(), files.end(), [&](const QString& file) {
+               const std::string path = oFSO().FromHostPath(FromQString(file));
+               return QFileInfo(file).path() == QFileInfo(files.front()).path() &&
+                      !IsPathTooLong(path) && (m_saving ? CanSave(path) : CanOpen(file));
+           });
 }
 
 // The host's name counts: a backslash in it would part the drive path.

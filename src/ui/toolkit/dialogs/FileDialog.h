@@ -26,6 +26,7 @@ class FileDialog : public QFileDialog {
   private:
     int FilterIndex() const;
     QStringList Picked() const;
+    bool IsCountRight() const;
     bool CanAnswer() const;
     bool CanOpen(const QString& file) const;
     bool CanSave(const std::string& path) const;

@@ -6,6 +6,7 @@
 #include "ui/toolkit/Strings.h"
 
 #include <QDialog>
+#include <QDir>
 #include <algorithm>
 
 namespace tavel {
@@ -35,7 +36,7 @@ HostFileRequest AskedOfHost(const FileRequest& request) {
     HostFileRequest asked;
     asked.saving = request.saving;
     asked.title = FromQString(request.title);
-    asked.startFolder = FromQString(request.startFolder);
+    asked.startFolder = FromQString(QDir::toNativeSeparators(request.startFolder));
     asked.startName = FromQString(request.startName);
     asked.defaultExtension = FromQString(request.defaultSuffix);
     for (int i = 0; i < request.patterns.size(); ++i)

@@ -1,0 +1,266 @@
+#include "platform/windows/FileOperations.h"
+
+#include "platform/Failure.h"
+#include "platform/HostNames.h"
+#include "platform/Text.h"
+#include "platform/windows/FileIdentity.h"
+#include "platform/windows/Flush.h"
+#include "platform/windows/HostErrors.h"
+#include "platform/windows/HostFile.h"
+#include "platform/windows/HostPaths.h"
+#include "platform/windows/Rights.h"
+#include "platform/windows/Successor.h"
+#include "platform/windows/Wide.h"
+
+#include <array>
+#include <cstdio>
+#include <memory>
+#include <random>
+#include <utility>
+
+namespace tavel {
+
+namespace {
+
+constexpr std::size_t pieceSize = std::size_t{1024} * 1024;
+
+void Require(bool succeeded) {
+    if (!succeeded) FailWithHostError();
+}
+
+void RequireFile(const Place& place) {
+    if (place.failure != 0) Fail(place.failure);
+    if (!place.IsFile()) Fail(failure::FileNotFound);
+}
+
+void RequireFree(const Place& place) {
+    if (place.failure == 0) Fail(failure::FileAlreadyExists);
+    if (place.failure != failure::FileNotFound) Fail(place.failure);
+    if (place.name.empty()) Fail(failure::BadFileName);
+}
+
+void RequireOneDrive(const Place& place) {
+    if (place.path.HasSecondDrive()) Fail(failure::BadFileName);
+}
+
+// A link that stands for a folder is a folder to the host.
+bool Delete(const std::wstring& callPath, const HostStatus& status) {
+    return (status.IsFolder() ? RemoveDirectoryW(callPath.c_str())
+                              : DeleteFileW(callPath.c_str())) != 0;
+}
+
+// The host deletes nothing that is read-only.
+bool DeleteForced(const Place& place) {
+    if (!place.IsReadOnly()) return Delete(place.callPath, place.status);
+    const DWORD attributes = place.status.attributes;
+    SetFileAttributesW(place.callPath.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY);
+    if (Delete(place.callPath, place.status)) return true;
+    const DWORD error = GetLastError();
+    SetFileAttributesW(place.callPath.c_str(), attributes);
+    SetLastError(error);
+    return false;
+}
+
+// Its entry is on the medium by now, and must not be there when a stick is pulled.
+void RemovePartial(const Place& partial) {
+    if (partial.IsFile() && DeleteForced(partial)) KeepEntries(partial);
+}
+
+Place FindTarget(const HostTree& tree, std::string_view target, const Place& source) {
+    Place place = FindPlace(tree, target);
+    const bool meansFolder = place.path.endsInSeparator || place.path.names.empty();
+    if (place.IsFolder() && meansFolder && !source.path.names.empty())
+        place = FindPlace(tree, PathBelow(target, source.path.names.back()));
+    RequireOneDrive(place);
+    return place;
+}
+
+std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
+    Long error = 0;
+    std::unique_ptr<HostFile> file = OpenHostFile(std::move(place), mode, error);
+    if (!file) Fail(error);
+    return file;
+}
+
+// 0, or the run-time's number of what went wrong.
+Long CopyBytes(HostFile& source, HostFile& target) {
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    std::size_t count = 0;
+    std::size_t written = 0;
+    do {
+        if (!source.Read({piece.get(), pieceSize}, count)) return source.Error();
+        if (!target.Write({piece.get(), count}, written)) return target.Error();
+    } while (count == pieceSize);
+    return 0;
+}
+
+void CopyBetween(Place source, const HostTree& tree, Place target) {
+    const HostStatus status = source.status;
+    const std::string targetPath = target.path.Text();
+    const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
+    const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
+    Long error = CopyBytes(*from, *to);
+    if (error == 0) to->CopyTraits(status);
+    if (!to->Close() && error == 0) error = to->Error();
+    if (error == 0) return;
+    RemovePartial(FindPlace(tree, targetPath));
+    Fail(error);
+}
+
+bool IsSameFile(const Place& a, const Place& b) {
+    return FileIdentity(a.callPath) == FileIdentity(b.callPath);
+}
+
+// False when the two lie on different drives.
+bool RenameWithin(const Place& source, const Place& target, DWORD flags) {
+    if (MoveFileExW(source.callPath.c_str(), target.callPath.c_str(),
+                    flags | MOVEFILE_WRITE_THROUGH) != 0)
+        return true;
+    Require(GetLastError() == ERROR_NOT_SAME_DEVICE);
+    return false;
+}
+
+// What has been cut short since it was found has no whole copy.
+void CopyWhole(const Place& source, const Place& target) {
+    std::int64_t left = source.status.size;
+    const std::unique_ptr<HostFile> from = OpenOrFail(source, RawMode::Read);
+    Successor copy(target);
+    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
+    std::size_t count = 0;
+    do {
+        if (!from->Read({piece.get(), pieceSize}, count)) Fail(from->Error());
+        copy.Write({piece.get(), count});
+        left -= static_cast<std::int64_t>(count);
+    } while (count == pieceSize && copy.Error() == 0);
+    if (left > 0 && copy.Error() == 0) Fail(failure::DeviceIO);
+    copy.CopyTraits(source.status);
+    if (!copy.TakePlace()) Fail(FailureOfHostError(copy.Error()));
+}
+
+// The target is free, or a file that is replaced where the flags allow it.
+void MoveTo(const Place& source, const Place& target, DWORD flags) {
+    if (!RenameWithin(source, target, flags)) {
+        CopyWhole(source, target);
+        return DeleteFileAt(source, true);
+    }
+    Require(KeepEntries(target));
+}
+
+// What takes a file's place gets the name that its path has. Where a new file would get another, or
+// the path has the file's short name, it gets the file's own.
+std::wstring CallPathInPlaceOf(const Place& file) {
+    const std::string& name = file.path.names.back();
+    WIN32_FIND_DATAW own{};
+    const HANDLE found = FindFirstFileExW(file.callPath.c_str(), FindExInfoBasic, &own,
+                                          FindExSearchNameMatch, nullptr, 0);
+    if (found == INVALID_HANDLE_VALUE) return file.callPath;
+    FindClose(found);
+    const std::string ownName = FromWide(own.cFileName);
+    const bool isUsable =
+        NameToCreate(name) == ToUtf8(name) && EqualsIgnoringCase(ToUtf8(name), ownName);
+    return isUsable ? file.callPath : CallPathBelow(FolderOf(file.callPath), ownName);
+}
+
+std::string RandomDigits() {
+    std::random_device random;
+    std::array<char, 9> text{};
+    std::snprintf(text.data(), text.size(), "%08x", random());
+    return text.data();
+}
+
+// True when there was none of that name.
+bool MakeEmptyFile(const std::wstring& callPath) {
+    const Handle file(CreateFileW(callPath.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                  FILE_ATTRIBUTE_NORMAL, nullptr));
+    Require(file.IsOpen() || GetLastError() == ERROR_FILE_EXISTS);
+    return file.IsOpen();
+}
+
+void DeleteLink(const Place& folder, std::string_view name) {
+    if (name.empty() || HasRefusedCharacter(name)) return;
+    const std::wstring callPath = CallPathBelow(folder.callPath, name);
+    HostStatus status;
+    const DWORD error = LookAt(callPath, status);
+    const Long why = error == 0 ? 0 : FailureOfHostError(error);
+    if (why == failure::FileNotFound || why == failure::BadFileName) return;
+    if (why != 0) Fail(why);
+    if (IsLink(callPath, status)) Require(Delete(callPath, status));
+}
+
+}  // namespace
+
+void CreateFolderAt(const Place& place) {
+    RequireOneDrive(place);
+    RequireFree(place);
+    Require(CreateDirectoryW(place.callPath.c_str(), nullptr) != 0);
+    Require(KeepEntries(place));
+}
+
+void DeleteFileAt(const Place& place, bool force) {
+    RequireFile(place);
+    if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
+    Require(DeleteForced(place));
+    Require(KeepEntries(place));
+}
+
+// Nothing is flushed: what is made in a link's place is.
+void DeleteLinksIn(const Place& folder, std::string_view name) {
+    if (!folder.IsFolder()) return;
+    DeleteLink(folder, name);
+    DeleteLink(folder, WithoutDroppedEnd(name));
+}
+
+void CreateTextFileAt(Place place, bool overwrite) {
+    RequireOneDrive(place);
+    if (place.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
+    const std::unique_ptr<HostFile> file = OpenOrFail(std::move(place), RawMode::Create);
+    if (!file->Close()) Fail(file->Error());
+}
+
+void CopyRightsBetween(const Place& source, const Place& target) {
+    if (source.IsFile() && target.IsFile()) TakeRightsOf(source.callPath, target.callPath);
+}
+
+std::string CreateTempFileIn(const HostTree& tree, std::string_view folder,
+                             std::string_view prefix) {
+    for (;;) {
+        std::string path = PathBelow(folder, std::string(prefix) + RandomDigits() + ".tmp");
+        const Place place = FindPlace(tree, path);
+        if (place.failure == 0) continue;
+        RequireOneDrive(place);
+        RequireFree(place);
+        if (MakeEmptyFile(place.callPath)) return path;
+    }
+}
+
+void CopyFileBetween(const HostTree& tree, std::string_view source, std::string_view target,
+                     bool overwrite) {
+    Place from = FindPlace(tree, source);
+    RequireFile(from);
+    Place to = FindTarget(tree, target, from);
+    if (to.failure == 0 && !overwrite) Fail(failure::FileAlreadyExists);
+    if (to.failure == 0 && IsSameFile(from, to)) Fail(failure::PermissionDenied);
+    CopyBetween(std::move(from), tree, std::move(to));
+}
+
+void MoveFileBetween(const HostTree& tree, std::string_view source, std::string_view target) {
+    const Place from = FindPlace(tree, source);
+    RequireFile(from);
+    const Place to = FindTarget(tree, target, from);
+    RequireFree(to);
+    if (to.path.endsInSeparator) Fail(failure::PathNotFound);
+    MoveTo(from, to, 0);
+}
+
+void ReplaceFileBetween(const HostTree& tree, std::string_view path, std::string_view source) {
+    const Place from = FindPlace(tree, source);
+    RequireFile(from);
+    Place former = FindPlace(tree, path);
+    RequireOneDrive(former);
+    RequireFile(former);
+    if (former.IsReadOnly() || IsSameFile(from, former)) Fail(failure::PermissionDenied);
+    former.callPath = CallPathInPlaceOf(former);
+    MoveTo(from, former, MOVEFILE_REPLACE_EXISTING);
+}
+
+}  // namespace tavel

@@ -1,0 +1,82 @@
+#include "platform/windows/HostErrors.h"
+
+#include "platform/Failure.h"
+#include "platform/windows/WindowsApi.h"
+
+namespace tavel {
+
+namespace {
+
+// The compiler's headers don't have these.
+constexpr DWORD virusInfected = 225;
+constexpr DWORD noSuchDevice = 433;
+constexpr DWORD diskQuotaExceeded = 1295;
+
+}  // namespace
+
+Long FailureOfHostError(unsigned long error) {
+    switch (error) {
+        case ERROR_FILE_NOT_FOUND:
+            return failure::FileNotFound;
+        case ERROR_PATH_NOT_FOUND:
+        case ERROR_DIRECTORY:  // a file where a folder has to be
+        case ERROR_INVALID_DRIVE:
+        case ERROR_NOT_SAME_DEVICE:
+        case ERROR_CANT_RESOLVE_FILENAME:  // links in a circle
+        case ERROR_CANT_ACCESS_FILE:
+        case ERROR_BAD_NETPATH:
+        case ERROR_BAD_NET_NAME:
+        case ERROR_NETWORK_UNREACHABLE:
+        case ERROR_HOST_UNREACHABLE:
+            return failure::PathNotFound;
+        case ERROR_FILE_EXISTS:
+        case ERROR_ALREADY_EXISTS:
+        case ERROR_DIR_NOT_EMPTY:
+            return failure::FileAlreadyExists;
+        case ERROR_ACCESS_DENIED:
+        case ERROR_WRITE_PROTECT:
+        case ERROR_SHARING_VIOLATION:
+        case ERROR_LOCK_VIOLATION:
+        case ERROR_SHARING_BUFFER_EXCEEDED:
+        case ERROR_NETWORK_ACCESS_DENIED:
+        case ERROR_PRIVILEGE_NOT_HELD:
+        case ERROR_USER_MAPPED_FILE:
+        case ERROR_DELETE_PENDING:
+        case ERROR_BUSY:
+        case virusInfected:
+        case ERROR_FILE_READ_ONLY:
+            return failure::PermissionDenied;
+        case ERROR_DISK_FULL:
+        case ERROR_HANDLE_DISK_FULL:
+        case diskQuotaExceeded:
+        case ERROR_FILE_TOO_LARGE:  // the 4 GiB limit of a memory stick's file system
+            return failure::DiskFull;
+        case ERROR_NOT_READY:
+        case ERROR_BAD_UNIT:
+        case ERROR_DEV_NOT_EXIST:
+        case noSuchDevice:
+        case ERROR_NO_MEDIA_IN_DRIVE:
+        case ERROR_MEDIA_CHANGED:
+        case ERROR_WRONG_DISK:
+        case ERROR_NOT_DOS_DISK:
+        case ERROR_UNRECOGNIZED_MEDIA:
+        case ERROR_UNRECOGNIZED_VOLUME:  // no file system that the host knows
+        case ERROR_FILE_INVALID:         // another medium lies in the drive since
+        case ERROR_DEVICE_NOT_CONNECTED:
+        case ERROR_DEVICE_NOT_AVAILABLE:
+        case ERROR_DEVICE_REMOVED:
+        case ERROR_NETNAME_DELETED:
+            return failure::DiskNotReady;
+        case ERROR_INVALID_NAME:
+        case ERROR_BAD_PATHNAME:
+        case ERROR_FILENAME_EXCED_RANGE:
+        case ERROR_NO_UNICODE_TRANSLATION:
+            return failure::BadFileName;
+        default:
+            return failure::DeviceIO;
+    }
+}
+
+void FailWithHostError() { Fail(FailureOfHostError(GetLastError())); }
+
+}  // namespace tavel

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "platform/windows/WindowsApi.h"
+
+#include <cstdint>
+#include <string>
+
+namespace tavel {
+
+// What the host tells of a file or folder.
+struct HostStatus {
+    DWORD attributes = 0;
+    std::int64_t size = 0;  // bytes
+    FILETIME modified{};
+
+    bool Has(DWORD attribute) const { return (attributes & attribute) != 0; }
+    bool IsFolder() const { return Has(FILE_ATTRIBUTE_DIRECTORY); }
+    bool IsHidden() const { return Has(FILE_ATTRIBUTE_HIDDEN); }
+    bool IsFile() const { return !Has(FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_DEVICE); }
+};
+
+// Of what has this path itself, be it a link. 0, or the host's error.
+DWORD LookAt(const std::wstring& callPath, HostStatus& status);
+// Of what a link leads to in the end.
+DWORD LookBehind(const std::wstring& callPath, HostStatus& status);
+
+// The path of what is there, behind all links; empty when it leads nowhere.
+std::wstring FinalPath(const std::wstring& callPath);
+// The path of what is there with its names spelt as their folders spell them; as it is when a link
+// or a short name is on the way.
+std::wstring InOwnSpelling(const std::wstring& callPath);
+
+// True for what stands for something elsewhere: a symbolic link, or a folder that another folder or
+// a volume is mounted on. Other reparse points are files and folders as any, whatever the host does
+// to bring their bytes.
+bool IsLinkTag(DWORD attributes, DWORD reparseTag);
+bool IsLink(const std::wstring& callPath, const HostStatus& status);
+
+}  // namespace tavel
