@@ -2,9 +2,12 @@
 
 import re
 import subprocess
+import tempfile
 
 import desk
 from waiting import Mismatch, wait_for
+
+CURSOR = 40  # pixels of one in a text box
 
 
 def _told(*command):
@@ -74,15 +77,16 @@ def expect_none(title):
 
 
 def settle(window):
-    """Waits until the window looks the same for a while."""
-    def look():
-        left, top, width, height = window.box()
-        return _told("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "-format", "%#", "info:")
+    """Waits until the window looks the same for a while, but for a cursor that blinks."""
+    with tempfile.TemporaryDirectory() as folder:
+        looks = [f"{folder}/{number}.png" for number in range(3)]
 
-    def is_still():
-        seen = look()
-        return all(look() == seen for _ in range(3))
-    wait_for(f"{window.title()!r} to come to rest", is_still)
+        def is_still():
+            left, top, width, height = window.box()
+            for look in looks:
+                _told("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", look)
+            return all(desk.differing(looks[0], look) < CURSOR for look in looks[1:])
+        wait_for(f"{window.title()!r} to come to rest", is_still)
 
 
 def keys(*names):
