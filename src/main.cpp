@@ -1,5 +1,7 @@
 #include "core/Main.h"
 
+#include "core/Log.h"
+#include "platform/ProgramFolder.h"
 #include "ui/main/MainLayout.h"
 #include "ui/main/UpCalls.h"
 #include "ui/toolkit/Application.h"
@@ -8,6 +10,8 @@
 
 #include <QIcon>
 #include <algorithm>
+#include <cstdio>
+#include <string_view>
 
 namespace {
 
@@ -19,10 +23,13 @@ QIcon ProgramIcon() {
     return icon;
 }
 
+constexpr const char* nameAndVersion = "Tavel " TAVEL_VERSION;
+
 }  // namespace
 
 int main(int argc, char** argv) {
-    // The program takes no command line, and Qt would take options of its own from it.
+    if (argc == 2 && argv[1] == std::string_view("--version")) return std::puts(nameAndVersion) < 0;
+    // The program takes no other command line, and Qt would take options of its own from it.
     int nameAlone = std::min(argc, 1);
     tavel::Application application(nameAlone, argv);
     tavel::Application::setWindowIcon(ProgramIcon());
@@ -30,6 +37,10 @@ int main(int argc, char** argv) {
         tavel::DesktopScale({tavel::MainLayout::ClientWidth, tavel::MainLayout::ClientHeight}));
     const tavel::EndOfSession endOfSession;
     tavel::WireUpCalls();
-    application.Guard(tavel::Main);
+    application.Guard([] {
+        tavel::FillProgramFolder();
+        tavel::AddLog("Version", nameAndVersion);
+        tavel::Main();
+    });
     return tavel::Application::exec();
 }

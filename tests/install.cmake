@@ -1,6 +1,6 @@
-# cmake -D BUILD=<build folder> -D SOURCE=<source folder> -P install.cmake
+# cmake -D BUILD=<build folder> -D SOURCE=<source folder> [-D SYSTEM=ON] -P install.cmake
 # An install lays out the program, and an install over it leaves the user's library and words as they are; so does a
-# staged one.
+# staged one. The component `system` lays it out for all users below a prefix, and nothing of that gets into a folder.
 
 function(expect_same file expected)
     execute_process(COMMAND ${CMAKE_COMMAND} -E compare_files ${file} ${expected} RESULT_VARIABLE differs)
@@ -9,12 +9,22 @@ function(expect_same file expected)
     endif()
 endfunction()
 
+function(expect_there folder)
+    foreach(name ${ARGN})
+        if(NOT EXISTS ${folder}/${name})
+            message(SEND_ERROR "There is no ${folder}/${name}")
+        endif()
+    endforeach()
+endfunction()
+
 function(install_to prefix)
-    execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix}
+    execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix} ${ARGN}
         OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 endfunction()
 
 set(work ${BUILD}/install-test)
+set(data UI/NoThumb.bmp UI/multiThumb.bmp drives Media/Photos/Magazines Media/Photos/PhotoAlbums Media/Music/Playlists
+    Media/Videos/VidSeries Media/Videos/Thumbnails)
 foreach(stage IN ITEMS "" ${work}/stage)
     file(REMOVE_RECURSE ${work})
     file(MAKE_DIRECTORY ${work})
@@ -23,10 +33,10 @@ foreach(stage IN ITEMS "" ${work}/stage)
     set(folder ${stage}${prefix})
 
     install_to(${prefix})
-    foreach(name tavel UI drives text/wizard.txt Media/Photos/Magazines Media/Photos/PhotoAlbums
-            Media/Music/Playlists Media/Videos/VidSeries Media/Videos/Thumbnails)
-        if(NOT EXISTS ${folder}/${name})
-            message(SEND_ERROR "There is no ${folder}/${name}")
+    expect_there(${folder} tavel ${data})
+    foreach(name bin share)
+        if(EXISTS ${folder}/${name})
+            message(SEND_ERROR "${folder}/${name} belongs to a system")
         endif()
     endforeach()
     expect_same(${folder}/db.txt ${SOURCE}/data/db.txt)
@@ -47,5 +57,14 @@ foreach(stage IN ITEMS "" ${work}/stage)
     file(REMOVE ${folder}/text/wizard.txt)
     install_to(${prefix})
     expect_same(${folder}/text/wizard.txt ${SOURCE}/data/text/wizard.txt)
+
+    if(SYSTEM)
+        install_to(${work}/usr --component system)
+        set(usr ${stage}${work}/usr)
+        expect_there(${usr} bin/tavel share/applications/tavel.desktop share/icons/hicolor/48x48/apps/tavel.png)
+        expect_there(${usr}/share/tavel ${data})
+        expect_same(${usr}/share/tavel/db.txt ${SOURCE}/data/db.txt)
+        expect_same(${usr}/share/tavel/text/wizard.txt ${SOURCE}/data/text/wizard.txt)
+    endif()
 endforeach()
 file(REMOVE_RECURSE ${work})

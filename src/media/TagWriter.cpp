@@ -101,6 +101,7 @@ std::string CopyBehindSpace(RawFile& file, const std::string& path, Long size) {
         Close(*temp);
         Close(file);
     } catch (const Failure&) {
+        temp.reset();  // not every host deletes what is open
         if (!tempPath.empty()) DeleteIfPossible(tempPath);
         throw;
     }

@@ -18,10 +18,12 @@ namespace tavel {
 // which is its root; a path without a drive is relative to the program folder. "." and ".." are
 // taken lexically, and ".." never leaves the root of a drive. A separator at the end of a folder's
 // path is allowed everywhere. Nothing is made, moved or copied to a path with a second drive in it
-// (52), even where the host has a folder of such a name.
+// (52), even where the host has a folder of such a name. On Windows, what another computer shares
+// has paths without a drive, too (`\\server\share\a.jpg`).
 
 // The setting's limit. What has a longer path cannot be picked or added, and is left out of the
-// contents of folders of c:, since such a path would not come back whole from a profile.
+// contents of folders that are not on a removable drive, since such a path would not come back
+// whole from a profile.
 inline constexpr std::size_t MaxPathCharacters = 254;
 bool IsPathTooLong(std::string_view path);
 
@@ -56,7 +58,7 @@ struct FolderEntry {
     std::string LinkedTo = {};  // of a link: the same text for all links to one folder; else empty
 };
 
-// On c: what has a path that is too long is not in it.
+// On a drive that is not removable, what has a path that is too long is not in it.
 struct FolderContents {
     FolderEntry Folder;
     std::vector<FolderEntry> SubFolders;  // by name, without regard to case
@@ -118,13 +120,14 @@ class FileService {
     virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
     // Without `force` a read-only file fails with 70.
     virtual void DeleteFile(std::string_view path, bool force) = 0;
-    // Deletes a file, as DeleteFile without force does, and moves another to its place. That one
+    // Deletes a file, as DeleteFile without force does, and moves another to its place; on Windows
+    // in one step, so that the first is there until the second is. That one
     // gets the name that the path has or, where a new file would get no such name or another has
     // it, the deleted one's; 58 when something has come there meanwhile. Without a source (53), or
     // with the file itself (70), nothing is deleted.
     virtual void ReplaceFile(std::string_view path, std::string_view source) = 0;
     // Gives a file the owner and the mode of another, as far as the user may and the file system
-    // knows them. Never fails.
+    // knows them; on Windows the access list in the mode's place, and what hides it. Never fails.
     virtual void CopyRights(std::string_view source, std::string_view target) = 0;
     // Removes the symbolic links of a name in a folder, so that what is made there next lies there.
     // What they lead to, if anything, is left alone; nothing happens where there are none.
@@ -134,8 +137,9 @@ class FileService {
 
     // The host's folder for temporary files; empty when there is none.
     virtual std::string GetTempFolder() = 0;
-    // The path of an empty file that is made in a folder, in one step and for the user alone, under
-    // a name that nothing there has: the prefix, hexadecimal digits, ".tmp". 76 without the folder.
+    // The path of an empty file that is made in a folder, in one step and for the user alone (on
+    // Windows for whom the folder hands its rights on to), under a name that nothing there has: the
+    // prefix, hexadecimal digits, ".tmp". 76 without the folder.
     virtual std::string CreateTempFile(std::string_view folder, std::string_view prefix) = 0;
 
     // Null when the file cannot be opened; `error` then is the run-time's number for it, else 0.
@@ -150,7 +154,8 @@ class FileService {
     // The drive path of a host file or folder (absolute): what a file dialog's answer becomes. It
     // is one to keep for years: below a folder linked as a drive it has that drive's letter, which
     // lasts as long as the link; anywhere else it begins with c:, since a mounted stick has its
-    // letter only while it is mounted, and the next one may get it.
+    // letter only while it is mounted, and the next one may get it. On Windows it is the path
+    // itself, with the letter that the host's drive has.
     virtual std::string FromHostPath(std::string_view hostPath) = 0;
 
     // The same place under such a path; the path itself when it leads nowhere.
@@ -164,8 +169,8 @@ FileService* OwnService<FileService>();
 // The one file service of the program. The profile service stands on it too.
 inline FileService& oFSO() { return Service<FileService>::Get(); }
 
-// The folder of the running program as a drive path, without a separator at its end unless it is
-// the root of a drive.
+// The program folder (platform/ProgramFolder.h tells which that is) as a drive path, without a
+// separator at its end unless it is the root of a drive.
 std::string ProgramFolder();
 
 }  // namespace tavel

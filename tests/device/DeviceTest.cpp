@@ -73,7 +73,7 @@ std::string DeviceTest::BytesOn(char letter, const std::string& path) const {
 }
 
 bool DeviceTest::IsOn(char letter, const std::string& path) const {
-    return fs::exists(HostOf(letter, path));
+    return temp.Has(std::string("stick-") + letter + "/" + path);
 }
 
 void DeviceTest::SpoilIdentityFile() const {

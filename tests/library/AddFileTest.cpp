@@ -162,14 +162,14 @@ TEST_F(AddFileTest, An_unsupported_file_changes_nothing) {
 }
 
 TEST_F(AddFileTest, A_hidden_file_is_passed_over_but_marks_the_library_as_changed) {
-    EXPECT_EQ(AddFile(Write(".hidden.jpg", "x")), "");
+    EXPECT_EQ(AddFile(WriteHidden(".hidden.jpg")), "");
     EXPECT_TRUE(bDBChanged);
     EXPECT_EQ(colPhoto.Count(), 0);
 }
 
 TEST_F(AddFileTest, A_hidden_file_enters_when_hidden_files_may) {
     bAddHiddenFiles = true;
-    EXPECT_EQ(colPhoto.Item(AddFile(Write(".hidden.jpg", "x"))).sName, ".hidden");
+    EXPECT_EQ(colPhoto.Item(AddFile(WriteHidden(".hidden.jpg"))).sName, ".hidden");
 }
 
 TEST_F(AddFileTest, A_missing_file_fails_and_marks_the_library_as_changed) {

@@ -57,7 +57,9 @@ TEST_F(AddFilesTest, An_entry_is_put_behind_its_folder_and_a_backslash_as_it_sta
 
 TEST_F(AddFilesTest, Unsupported_and_hidden_files_are_shown_and_passed_over_without_a_word) {
     Calls expected{"frmAdd.Show"};
-    for (const char* name : {"a.txt", ".a.jpg", "b.jpg"}) ExpectShown(expected, Write(name, "x"));
+    ExpectShown(expected, Write("a.txt", "x"));
+    ExpectShown(expected, WriteHidden(".a.jpg"));
+    ExpectShown(expected, Write("b.jpg", "x"));
     expected.push_back("frmAdd.Unload");
     AddFiles({temp.DrivePath(""), "a.txt", ".a.jpg", "b.jpg"});
     EXPECT_EQ(windows.calls, expected);

@@ -61,6 +61,7 @@ TEST_F(AddFolderTest, Without_recursion_only_its_own_files_come) {
 
 TEST_F(AddFolderTest, Hidden_subfolders_are_walked_too) {
     Write("m/.sub/a.jpg", "x");
+    Hide(AsHostPath(temp.HostPath("m/.sub")));
     Add("m", {});
     EXPECT_EQ(PhotoNames(), Texts{"a"});
 }
@@ -144,7 +145,7 @@ TEST_F(AddFolderTest, A_leaf_folder_of_two_types_adds_all_and_makes_no_group) {
 }
 
 TEST_F(AddFolderTest, A_hidden_file_counts_for_the_type_of_its_folder_and_a_known_one_does_not) {
-    Write("hidden/.a.mp3", "x");
+    WriteHidden("hidden/.a.mp3");
     Write("hidden/b.jpg", "x");
     Add("hidden", {.bMakeGroups = true});
     EXPECT_EQ(colPhoto.Count(), 1);
@@ -187,7 +188,7 @@ TEST_F(AddFolderTest, A_second_leaf_folder_of_music_fails_on_the_id_of_its_playl
 }
 
 TEST_F(AddFolderTest, A_hidden_file_is_logged_at_every_walk_without_a_record) {
-    Write("m/.a.jpg", "x");
+    WriteHidden("m/.a.jpg");
     for (int walk = 1; walk <= 2; ++walk) {
         windows.calls.clear();
         Add("m", {.bOnlyNew = true});
@@ -199,21 +200,21 @@ TEST_F(AddFolderTest, A_hidden_file_is_logged_at_every_walk_without_a_record) {
 }
 
 TEST_F(AddFolderTest, A_hidden_file_at_the_head_of_a_group_gives_its_place_to_the_next) {
-    Write("Trip1/.a.jpg", "x");
+    WriteHidden("Trip1/.a.jpg");
     Write("Trip1/b.jpg", "x");
     Add("Trip1", {.bMakeGroups = true});
     EXPECT_EQ(MembersOf(colMagazine.Item(1)), Texts{colPhoto.Item(1).sDBID});
 }
 
 TEST_F(AddFolderTest, A_folder_of_hidden_files_alone_makes_no_group) {
-    Write("Trip1/.a.jpg", "x");
+    WriteHidden("Trip1/.a.jpg");
     Add("Trip1", {.bMakeGroups = true});
     EXPECT_EQ(colMagazine.Count(), 0);
 }
 
 TEST_F(AddFolderTest, A_hidden_file_further_back_fails_when_the_group_is_made) {
     Write("Trip1/!a.jpg", "x");  // sorts before a leading dot
-    Write("Trip1/.b.jpg", "x");
+    WriteHidden("Trip1/.b.jpg");
     EXPECT_EQ(FailureOf([&] { Add("Trip1", {.bMakeGroups = true}); }),
               failure::InvalidProcedureCall);
 }

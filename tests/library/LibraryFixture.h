@@ -2,6 +2,7 @@
 
 #include "core/PublicStuff.h"
 #include "library/Collections.h"
+#include "support/HostPlaces.h"
 #include "support/Recorders.h"
 #include "support/Support.h"
 
@@ -40,6 +41,12 @@ class LibraryTest : public ::testing::Test {
 
     std::string Write(const std::string& name, const std::string& bytes) const {
         temp.Write(name, bytes);
+        return temp.DrivePath(name);
+    }
+    // The name begins with a dot, which is enough on some hosts.
+    std::string WriteHidden(const std::string& name) const {
+        temp.Write(name, "x");
+        Hide(AsHostPath(temp.HostPath(name)));
         return temp.DrivePath(name);
     }
 

@@ -51,7 +51,7 @@ TEST_F(Scan, Adds_only_what_is_new) {
     BackgroundScan();
     BackgroundScan();
     EXPECT_EQ(colPhoto.Count(), 1);
-    Write("m/A.JPG", "x");
+    Write("m/b.jpg", "x");
     BackgroundScan();
     EXPECT_EQ(colPhoto.Count(), 2);
 }

@@ -21,8 +21,12 @@ class ZipReaderTest : public LibraryTest {
         fs::create_directory(temp.HostPath("out"));
     }
 
-    void Open(const std::vector<ZipItem>& items) {
-        zip.ZipFile(Write("archive.zip", MakeZip(items)));
+    void Open(const std::vector<ZipItem>& items) { OpenBytes(MakeZip(items)); }
+
+    // An archive that is open can't be written over.
+    void OpenBytes(const std::string& bytes) {
+        zip.Close();
+        zip.ZipFile(Write("archive.zip", bytes));
     }
 
     std::string Extract(std::uint64_t number, bool bWithPath = true) {

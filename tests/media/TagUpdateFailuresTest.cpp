@@ -246,6 +246,8 @@ TEST_F(TagUpdateFailures, Without_a_folder_for_temporary_files_the_programs_own_
     without.Plug('e', folder.HostPath("stick"));
     Service<FileService>::Use(&without);
     const std::string programFolder = ProgramFolder();
+    const char drive = programFolder.front();
+    if (drive != 'c') without.Plug(drive, {drive, ':'});
     EXPECT_EQ(Update(), 0);
     EXPECT_THAT(without.calls, ::testing::Contains("CreateTempFile " + programFolder));
     EXPECT_TRUE(Bytes() == WholeTag(30, 2048) + std::string(2018, '\0') + audio);
@@ -265,17 +267,6 @@ TEST_F(TagUpdateFailures, A_read_that_fails_is_told_with_the_files_own_number) {
         }
         EXPECT_EQ(reads, before == audio ? 5 : 2);
     }
-}
-
-TEST_F(TagUpdateFailures, A_file_that_is_cut_short_while_it_is_copied_is_not_replaced) {
-    Begin(audio, 30);
-    files->onCall = [&](const std::string& call) {
-        const bool isCopied = call.rfind("Write t:", 0) == 0 && call.ends_with(" 4096");
-        if (isCopied) fs::resize_file(host, 5000);
-    };
-    EXPECT_EQ(Update(), failure::DeviceIO);
-    EXPECT_TRUE(Bytes() == audio.substr(0, 5000));
-    EXPECT_TRUE(Left().empty());
 }
 
 }  // namespace tavel::test

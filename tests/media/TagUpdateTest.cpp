@@ -229,6 +229,7 @@ TEST_F(TagUpdate, A_file_that_was_never_loaded_well_can_be_written_all_the_same)
 TEST_F(TagUpdate, An_empty_file_cannot_be_written) {
     EXPECT_EQ(FailureOf([&] { Load(""); }), failure::InvalidProcedureCall);
     EXPECT_EQ(WhyNotUpdated(), "70 Permission denied Tavel.cMP3ID3v2");  // still open
+    tag = cMP3ID3v2();
     Load(audio);
     folder.Write("one.mp3", "");
     EXPECT_EQ(WhyNotUpdated(), "5 Invalid procedure call or argument Tavel.cMP3ID3v2");

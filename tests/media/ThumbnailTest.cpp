@@ -207,7 +207,8 @@ TEST_F(Thumbnails, A_path_that_db_txt_would_not_give_back_whole_takes_no_file) {
             name += name.size() % 61 == 60 ? "\\" : "ä";
         std::string onHost = name;
         std::ranges::replace(onHost, '\\', '/');
-        std::filesystem::create_directories(folder.HostPath(onHost + "/Videos/Thumbnails"));
+        std::filesystem::create_directories(
+            AsHostPath(folder.HostPath(onHost + "/Videos/Thumbnails")));
         sDefaultDBPath = folder.DrivePath(name);
         const std::string path = Converted();
         EXPECT_EQ(CharacterCount(path), MaxPathCharacters + excess);

@@ -4,7 +4,6 @@
 #include "support/HostDrives.h"
 #include "support/Support.h"
 
-#include <algorithm>
 #include <filesystem>
 #include <string>
 
@@ -32,15 +31,7 @@ class OnEachDrive : public HostDrives, public ::testing::WithParamInterface<char
         temp.Write("card/" + path, bytes);
     }
     std::string Bytes(const std::string& path) const { return temp.Read("card/" + path); }
-    // Under this very spelling, also where the host ignores case.
-    bool Has(const std::string& path) const {
-        const fs::path wanted = Host(path);
-        if (!fs::exists(wanted)) return false;
-        const fs::directory_iterator entries(wanted.parent_path());
-        return std::any_of(begin(entries), end(entries), [&](const fs::directory_entry& entry) {
-            return entry.path().filename() == wanted.filename();
-        });
-    }
+    bool Has(const std::string& path) const { return temp.Has("card/" + path); }
 
     std::string root;
 };

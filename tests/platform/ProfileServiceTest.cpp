@@ -1,5 +1,6 @@
 #include "platform/ProfileService.h"
 #include "support/FaultyFileService.h"
+#include "support/HostPlaces.h"
 #include "support/Support.h"
 
 #include <gtest/gtest.h>
@@ -127,6 +128,7 @@ TEST_F(ProfileService, A_folder_is_no_profile) {
 
 TEST_F(ProfileService, A_hidden_file_does_not_count_as_existing_but_reads) {
     m_folder.Write(".db.txt", "[s]\nk=1\n");
+    Hide(AsHostPath(m_folder.HostPath(".db.txt")));
     const std::string path = m_folder.DrivePath(".db.txt");
     EXPECT_FALSE(ProfileFileExists(path));
     EXPECT_EQ(GetPrivateProfileString("s", "k", "d", 255, path), "1");

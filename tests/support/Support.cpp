@@ -1,13 +1,16 @@
 #include "support/Support.h"
 
 #include "core/PublicStuff.h"
+#include "platform/Text.h"
 #include "support/HostPlaces.h"
 
+#include <algorithm>
 #include <chrono>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <random>
+#include <stdexcept>
 
 namespace tavel::test {
 
@@ -20,6 +23,7 @@ std::string NewFolder() {
     std::string path;
     do {
         path = fs::temp_directory_path().generic_string();
+        path.front() = AsciiLower(path.front());  // the letter of a drive
         if (path.back() != '/') path += '/';
         path += "tavel-test-" + std::to_string(random());
     } while (!fs::create_directory(path));
@@ -32,8 +36,9 @@ void RemoveAll(const fs::path& folder) {
     std::error_code ignored;
     fs::remove_all(folder, ignored);
     if (!fs::exists(folder, ignored)) return;
-    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder, ignored))
-        fs::permissions(entry, fs::perms::owner_write, fs::perm_options::add, ignored);
+    fs::recursive_directory_iterator entry(folder, ignored);
+    for (; entry != fs::recursive_directory_iterator(); entry.increment(ignored))
+        fs::permissions(*entry, fs::perms::owner_write, fs::perm_options::add, ignored);
     fs::remove_all(folder, ignored);
 }
 
@@ -50,12 +55,22 @@ std::string TempFolder::DrivePath(const std::string& name) const {
 void TempFolder::Write(const std::string& name, const std::string& bytes) const {
     const fs::path path = AsHostPath(HostPath(name));
     fs::create_directories(path.parent_path());
-    std::ofstream(path, std::ios::binary) << bytes;
+    std::ofstream file(path, std::ios::binary);
+    if (!(file << bytes).flush()) throw std::runtime_error(name + " was not written");
 }
 
 std::string TempFolder::Read(const std::string& name) const {
     std::ifstream file(AsHostPath(HostPath(name)), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
+}
+
+bool TempFolder::Has(const std::string& name) const {
+    const fs::path wanted = AsHostPath(HostPath(name));
+    if (!fs::exists(wanted)) return false;
+    const fs::directory_iterator entries(wanted.parent_path());
+    return std::any_of(begin(entries), end(entries), [&](const fs::directory_entry& entry) {
+        return entry.path().filename() == wanted.filename();
+    });
 }
 
 void ResetPublicStuff() {

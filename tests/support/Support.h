@@ -28,6 +28,8 @@ class TempFolder {
 
     void Write(const std::string& name, const std::string& bytes) const;  // makes folders
     std::string Read(const std::string& name) const;
+    // Under this very spelling, even where the host has no regard for case.
+    bool Has(const std::string& name) const;
 
   private:
     std::string m_path;

@@ -116,6 +116,8 @@ class ComingIn(Session):
         self.expect_holiday("480 X 640")
         self.picture("scan", "new pictures in a watched folder have been found")
         log = self.open_log()
+        check("the first line of the log", log.all("table cell")[0].name.split("\t")[1:],
+              ["VERSION", self.program.version()])
         wait_for("the end of the scan", lambda: len(self.logged(log, "Background scan finished")) == 1)
         self.user.menu("Tools", "Scan for Media")
         wait_for("the end of the other scan", lambda: len(self.logged(log, "Background scan finished")) == 2)

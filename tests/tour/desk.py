@@ -21,14 +21,14 @@ class Desk:
         runtime.mkdir(mode=0o700)
         home = place / HOME
         home.mkdir()
-        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE", "XAUTHORITY"):
+        for name in ("WAYLAND_DISPLAY", "QT_QPA_PLATFORM", "QT_STYLE_OVERRIDE", "XAUTHORITY", "XDG_DATA_HOME"):
             os.environ.pop(name, None)
         os.environ.update(HOME=str(home), XDG_RUNTIME_DIR=str(runtime), XDG_CONFIG_HOME=str(home / ".config"),
                           LC_ALL="C.UTF-8", QT_LINUX_ACCESSIBILITY_ALWAYS_ON="1", QT_SCALE_FACTOR="1")
         os.environ["DISPLAY"] = ":" + self._answer(
             ["Xvfb", "-displayfd", "{}", "-screen", "0", f"{WIDTH}x{HEIGHT}x24", "-dpi", "96", "-nolisten", "tcp", "-noreset"])
         os.environ["DBUS_SESSION_BUS_ADDRESS"] = self._answer(
-            ["dbus-daemon", "--session", "--nofork", "--nopidfile", "--print-address={}"])
+            ["dbus-daemon", "--session", "--nofork", "--nopidfile", f"--address=unix:dir={runtime}", "--print-address={}"])
         self._start(["openbox"])
         wait_for("the window manager", self._is_managed)
 

@@ -3,6 +3,7 @@
 import re
 import subprocess
 import tempfile
+from contextlib import contextmanager
 
 import desk
 from waiting import Mismatch, wait_for
@@ -76,17 +77,30 @@ def expect_none(title):
         raise Mismatch(f"there is a window {title!r}")
 
 
+def _look(window, path):
+    left, top, width, height = window.box()
+    _told("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", path)
+    return path
+
+
 def settle(window):
     """Waits until the window looks the same for a while, but for a cursor that blinks."""
     with tempfile.TemporaryDirectory() as folder:
-        looks = [f"{folder}/{number}.png" for number in range(3)]
-
         def is_still():
-            left, top, width, height = window.box()
-            for look in looks:
-                _told("import", "-window", "root", "-crop", f"{width}x{height}+{left}+{top}", "+repage", look)
-            return all(desk.differing(looks[0], look) < CURSOR for look in looks[1:])
+            first, *others = (_look(window, f"{folder}/{number}.png") for number in range(3))
+            return all(desk.differing(first, other) < CURSOR for other in others)
         wait_for(f"{window.title()!r} to come to rest", is_still)
+
+
+@contextmanager
+def change(window):
+    """Waits for what is done within to show in the window."""
+    with tempfile.TemporaryDirectory() as folder:
+        before = _look(window, f"{folder}/before.png")
+        yield
+        wait_for(f"{window.title()!r} to change",
+                 lambda: desk.differing(before, _look(window, f"{folder}/now.png")) >= CURSOR)
+    settle(window)
 
 
 def keys(*names):

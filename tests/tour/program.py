@@ -1,5 +1,6 @@
 """The program in a folder of its own, as an installation lays it out, and what it leaves in db.txt."""
 
+import os
 import re
 import shutil
 import subprocess
@@ -27,20 +28,30 @@ class Profile(dict):
 
 class Program:
     def __init__(self, place, binary):
-        self.folder = place / "Tavel"
+        self._keep(place, place / "Tavel", [str(place / "Tavel" / "tavel")])
         self.folder.mkdir()
         shutil.copy(binary, self.folder / "tavel")
         for name in ("UI", "text"):
             shutil.copytree(DATA / name, self.folder / name)
         (self.folder / "drives").mkdir()
-        self.own_media = self.folder / "Media"
         for name in MEDIA_FOLDERS:
             (self.own_media / name).mkdir(parents=True)
-        self.database = self.folder / "db.txt"
         shutil.copy(DATA / "db.txt", self.database)
+
+    def _keep(self, place, folder, command):
+        self.folder = folder
+        self.command = command
+        self.own_media = folder / "Media"
+        self.database = folder / "db.txt"
         self.log = place / "tavel.log"
         self.process = None
         self.screen = None
+
+    def version(self):
+        """As the program tells it, without any display."""
+        environment = {name: value for name, value in os.environ.items() if name != "DISPLAY"}
+        told = subprocess.run([*self.command, "--version"], env=environment, stdout=subprocess.PIPE, text=True, check=True)
+        return told.stdout.removesuffix("\n")
 
     def skip_the_wizard(self):
         """As though it had been finished at an earlier start."""
@@ -58,9 +69,9 @@ class Program:
 
     def launch(self):
         with open(self.log, "ab") as log:
-            # From a folder of no meaning: the program finds its own by itself. It has no command line,
+            # From a folder of no meaning: the program finds its own by itself. It has no such options,
             # so what would leave it without a display does nothing.
-            return Screen(subprocess.Popen([str(self.folder / "tavel"), "-platform", "none"], cwd="/",
+            return Screen(subprocess.Popen([*self.command, "-platform", "none"], cwd="/",
                                            stdin=subprocess.DEVNULL, stdout=log, stderr=log))
 
     def start(self):

@@ -19,17 +19,16 @@ ROOT = Path(__file__).resolve().parents[2]
 class Session:
     """Derive from it and give it a go()."""
 
+    program_kind = Program
+
     def __init__(self, place, binary, pictures):
         self.place = place
         self.home = place / HOME
         self.pictures = pictures
         self.stage = 0
-        self.program = self.install(binary)
+        self.program = self.program_kind(place, binary)
         self.stick = sticks.make(place, self.program.drive("E"))
         print(f"The stick is {self.stick.kind}.", flush=True)
-
-    def install(self, binary):
-        return Program(self.place, binary)
 
     def picture(self, name, text):
         self.stage += 1

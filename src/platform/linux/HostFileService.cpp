@@ -8,19 +8,15 @@
 #include "platform/linux/HostDrive.h"
 #include "platform/linux/HostFile.h"
 #include "platform/linux/HostPaths.h"
+#include "platform/linux/ProgramFolder.h"
 
 #include <algorithm>
 #include <cstdlib>
-#include <filesystem>
 #include <utility>
 
 namespace tavel {
 
 namespace {
-
-std::string ProgramFolderOfHost() {
-    return std::filesystem::path(PathOfProgram()).parent_path().string();
-}
 
 std::string ReadToEnd(HostFile& file) {
     std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(file.Size(), 0)) + 1, '\0');
@@ -167,7 +163,5 @@ bool IsNameAllowed(std::string_view name) {
     const std::string made = NameToCreate(name);
     return !made.empty() && made.size() <= longest;
 }
-
-std::string ProgramFolder() { return oFSO().FromHostPath(ProgramFolderOfHost()); }
 
 }  // namespace tavel

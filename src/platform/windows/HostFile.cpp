@@ -39,6 +39,11 @@ DWORD DispositionFor(RawMode mode, bool isNew) {
     return isNew ? CREATE_ALWAYS : TRUNCATE_EXISTING;
 }
 
+// What is being written may be written by others meanwhile; what is read stays as it is.
+DWORD SharingFor(RawMode mode) {
+    return mode == RawMode::Create ? FILE_SHARE_READ | FILE_SHARE_WRITE : FILE_SHARE_READ;
+}
+
 }  // namespace
 
 HostFile::HostFile(Handle file, Place place, RawMode mode)
@@ -101,7 +106,7 @@ bool HostFile::Close() {
 std::unique_ptr<HostFile> OpenHostFile(Place place, RawMode mode, Long& error) {
     error = WhyNotToOpen(place, mode);
     if (error != 0) return nullptr;
-    Handle file(CreateFileW(place.callPath.c_str(), AccessFor(mode), FILE_SHARE_READ, nullptr,
+    Handle file(CreateFileW(place.callPath.c_str(), AccessFor(mode), SharingFor(mode), nullptr,
                             DispositionFor(mode, place.failure != 0), FILE_ATTRIBUTE_NORMAL,
                             nullptr));
     if (!file.IsOpen()) {

@@ -59,7 +59,8 @@ DWORD FollowName(const Place& place, const std::wstring& folder, std::string& na
 
 void SetFree(Place& place, const std::wstring& folder) {
     place.failure = failure::FileNotFound;
-    place.name = NameToCreate(place.path.names.back());
+    const std::string& wanted = place.path.names.back();
+    place.name = IsNameAllowed(wanted) ? NameToCreate(wanted) : std::string();
     place.callPath = CallPathBelow(folder, place.name);
 }
 

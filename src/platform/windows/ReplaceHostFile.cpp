@@ -66,7 +66,8 @@ bool IsRefusal(DWORD error) {
 // A rename would get around the file's own write protection. One that others have open may be
 // replaced all the same.
 bool MayWrite(const Place& place) {
-    return OpenInPlace(place).IsOpen() || GetLastError() == ERROR_SHARING_VIOLATION;
+    return !place.IsReadOnly() &&
+           (OpenInPlace(place).IsOpen() || GetLastError() == ERROR_SHARING_VIOLATION);
 }
 
 enum class Outcome { Replaced, Failed, Refused, DiskFull };

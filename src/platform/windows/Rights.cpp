@@ -32,6 +32,8 @@ void KeepInheritance(PSECURITY_DESCRIPTOR rights) {
         SetSecurityDescriptorControl(rights, asked, asked);
 }
 
+}  // namespace
+
 // The list is taken as it stands. The newer calls would work out anew what the folder hands on, and
 // the file may still lie in another one. Who may not give a file away goes on owning it.
 void TakeAccessOf(const std::wstring& other, const std::wstring& file) {
@@ -41,8 +43,6 @@ void TakeAccessOf(const std::wstring& other, const std::wstring& file) {
     if (SetFileSecurityW(file.c_str(), everything, rights.data()) == 0)
         SetFileSecurityW(file.c_str(), DACL_SECURITY_INFORMATION, rights.data());
 }
-
-}  // namespace
 
 void TakeRightsOf(const std::wstring& other, const std::wstring& file) {
     constexpr DWORD taken = FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;

@@ -5,7 +5,10 @@
 namespace tavel {
 
 // Gives a file the owner and the access list of another, as far as the user may and the file system
-// has them, and makes it hidden or a file of the system if the other one is. Whether a file is
+// has them.
+void TakeAccessOf(const std::wstring& other, const std::wstring& file);
+
+// What people see of the other one, too: a file that is hidden, or the system's. Whether it is
 // read-only is not passed on: what is to be written to goes on being written to.
 void TakeRightsOf(const std::wstring& other, const std::wstring& file);
 

@@ -75,7 +75,9 @@ Successor::Successor(const Place& former)
     Remove(m_callPath);
     m_file = Handle(CreateFileW(m_callPath.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
                                 FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (Check(m_file.IsOpen()) && former.failure == 0) TakeRightsOf(former.callPath, m_callPath);
+    if (!Check(m_file.IsOpen()) || former.failure != 0) return;
+    TakeAccessOf(former.callPath, m_callPath);
+    m_file.SetTraits({former.status.attributes, {}, {}});
 }
 
 Successor::~Successor() {

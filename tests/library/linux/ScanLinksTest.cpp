@@ -12,6 +12,15 @@ namespace {
 
 using ScanLinks = Scan;
 
+TEST_F(ScanLinks, Names_that_differ_in_case_alone_are_those_of_two_files) {
+    Write("m/a.jpg", "x");
+    Watch({"m"});
+    BackgroundScan();
+    Write("m/A.JPG", "x");
+    BackgroundScan();
+    EXPECT_EQ(colPhoto.Count(), 2);
+}
+
 TEST_F(ScanLinks, A_watch_folder_that_cannot_be_read_fails) {
     Write("m/a.jpg", "x");
     Watch({"m"});

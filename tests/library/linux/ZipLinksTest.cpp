@@ -8,6 +8,13 @@ namespace {
 
 using ZipLinks = ZipReaderTest;
 
+TEST_F(ZipLinks, A_date_before_1970_is_kept_too) {
+    ZipItem item{"a.jpg", "x"};
+    item.extra = std::string("UT\x05\0\x01\xFF\xFF\xFF\xFF", 9);
+    ExtractOnly(item);
+    EXPECT_EQ(ModifiedAt(temp.HostPath("out/a.jpg")), -1);
+}
+
 TEST_F(ZipLinks, A_link_that_lies_there_is_replaced_and_what_it_leads_to_is_left_alone) {
     Write("elsewhere.jpg", "precious");
     fs::create_symlink(temp.HostPath("elsewhere.jpg"), temp.HostPath("out/a.jpg"));

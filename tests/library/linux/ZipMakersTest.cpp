@@ -253,5 +253,27 @@ with zipfile.ZipFile('archive.zip', 'w') as archive:
     EXPECT_EQ(Listed(), Texts{sFolder + "\\in\\.DS_Store"});
 }
 
+TEST_F(ZipMakers, Nothing_is_written_into_a_folder_that_is_called_like_a_drive) {
+    fs::create_directory(temp.HostPath("C:"));
+    windows.boxes.Expect(NothingValid, MsgBoxAnswer::OK);
+    Import({{"C:a.jpg", "x"}, {"../C:/a.jpg", "x"}, {"c:/a.jpg", "x"}});
+    EXPECT_TRUE(fs::is_empty(temp.HostPath("C:")));
+    EXPECT_EQ(Listed().size(), 3u);
+}
+
+// On the computer an archive may have a name that no folder gets.
+TEST_F(ZipMakers, An_archive_whose_name_no_folder_may_have_fails_with_everything_added) {
+    bGroupZip = true;
+    EXPECT_EQ(FailureOf([&] {
+                  Import({{"a.jpg", "1"}, {"b.jpg", "2"}}, "AC?DC.zip");
+              }),
+              failure::BadFileName);
+    ASSERT_EQ(colMagazine.Count(), 1);
+    EXPECT_EQ(colMagazine.Item(1).sName, "AC?DC");
+    EXPECT_EQ(colMagazine.Item(1).Count(), 2);
+    EXPECT_EQ(colPhoto.Item(2).sPath(), sFolder + "\\b.jpg");
+    EXPECT_TRUE(fs::exists(Unzipped("a.jpg")) && fs::exists(Unzipped("b.jpg")));
+}
+
 }  // namespace
 }  // namespace tavel::test

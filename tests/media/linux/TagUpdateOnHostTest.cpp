@@ -100,4 +100,15 @@ TEST_F(TagUpdateOnHost, The_new_file_belongs_to_whom_the_old_one_belonged_and_ha
     EXPECT_EQ(static_cast<std::size_t>(status.st_size), 2048 + audio.size());
 }
 
+TEST_F(TagUpdateOnHost, A_file_that_is_cut_short_while_it_is_copied_is_not_replaced) {
+    Begin(audio, 30);
+    files->onCall = [&](const std::string& call) {
+        const bool isCopied = call.rfind("Write t:", 0) == 0 && call.ends_with(" 4096");
+        if (isCopied) fs::resize_file(host, 5000);
+    };
+    EXPECT_EQ(Update(), failure::DeviceIO);
+    EXPECT_TRUE(Bytes() == audio.substr(0, 5000));
+    EXPECT_TRUE(Left().empty());
+}
+
 }  // namespace tavel::test

@@ -1,5 +1,6 @@
 #include "platform/HostLocale.h"
 #include "support/Support.h"
+#include "support/linux/HostVariable.h"
 
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -16,30 +17,6 @@ extern "C" const char* __lsan_default_suppressions() { return "leak:argz_add_sep
 namespace tavel::test {
 namespace {
 
-// An environment variable for the life of a test.
-class Environment {
-  public:
-    Environment(const char* name, const char* value) : m_name(name) {
-        if (const char* old = getenv(name)) m_old = old;
-        m_wasSet = getenv(name) != nullptr;
-        setenv(name, value, 1);
-    }
-    ~Environment() {
-        if (m_wasSet) {
-            setenv(m_name, m_old.c_str(), 1);
-        } else {
-            unsetenv(m_name);
-        }
-    }
-    Environment(const Environment&) = delete;
-    Environment& operator=(const Environment&) = delete;
-
-  private:
-    const char* m_name;
-    std::string m_old;
-    bool m_wasSet = false;
-};
-
 class TimeZone {
   public:
     explicit TimeZone(const char* name) {
@@ -54,18 +31,18 @@ class TimeZone {
     TimeZone& operator=(const TimeZone&) = delete;
 
   private:
-    std::optional<Environment> m_environment;
+    std::optional<HostVariable> m_environment;
 };
 
 TEST(HostLocale, The_date_is_short_and_the_time_long) {
     const TimeZone zone("UTC");
-    const Environment locale("LC_ALL", "C");
+    const HostVariable locale("LC_ALL", "C");
     EXPECT_EQ(HostDateTimeText(1234567890), "02/13/09 23:31:30");
 }
 
 TEST(HostLocale, The_time_is_the_local_one) {
     const TimeZone zone("XXX-5");
-    const Environment locale("LC_ALL", "C");
+    const HostVariable locale("LC_ALL", "C");
     EXPECT_EQ(HostDateTimeText(0), "01/01/70 05:00:00");
 }
 
@@ -74,28 +51,28 @@ TEST(HostLocale, Date_time_and_decimal_mark_are_those_of_the_users_locale) {
     const std::string make = "localedef -i de_DE -f UTF-8 " + folder.HostPath("de_DE.UTF-8");
     if (std::system(make.c_str()) != 0) GTEST_SKIP() << "no source of a German locale here";
     const TimeZone zone("UTC");
-    const Environment place("LOCPATH", folder.HostPath().c_str());
+    const HostVariable place("LOCPATH", folder.HostPath().c_str());
     const auto expectGerman = [] {
         EXPECT_EQ(HostDateTimeText(1234567890), "13.02.2009 23:31:30");
         EXPECT_EQ(HostDecimalMark(), ",");
     };
     {
-        const Environment locale("LC_ALL", "de_DE.UTF-8");
+        const HostVariable locale("LC_ALL", "de_DE.UTF-8");
         expectGerman();
     }
     // Neither of the last two is installed, and neither is asked for dates or numbers.
-    const Environment all("LC_ALL", "");
-    const Environment dates("LC_TIME", "");
-    const Environment numbers("LC_NUMERIC", "");
-    const Environment most("LANG", "de_DE.UTF-8");
-    const Environment words("LC_MESSAGES", "xx_XX");
-    const Environment letters("LC_CTYPE", "UTF-8");
+    const HostVariable all("LC_ALL", "");
+    const HostVariable dates("LC_TIME", "");
+    const HostVariable numbers("LC_NUMERIC", "");
+    const HostVariable most("LANG", "de_DE.UTF-8");
+    const HostVariable words("LC_MESSAGES", "xx_XX");
+    const HostVariable letters("LC_CTYPE", "UTF-8");
     expectGerman();
 }
 
 TEST(HostLocale, A_locale_that_is_not_installed_falls_back) {
     const TimeZone zone("UTC");
-    const Environment locale("LC_ALL", "xx_XX.nothing");
+    const HostVariable locale("LC_ALL", "xx_XX.nothing");
     EXPECT_EQ(HostDateTimeText(1234567890), "02/13/09 23:31:30");
     EXPECT_EQ(HostDecimalMark(), ".");
 }

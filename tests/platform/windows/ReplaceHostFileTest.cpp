@@ -1,0 +1,95 @@
+#include "platform/OnEachDrive.h"
+#include "platform/ProfileFile.h"
+#include "platform/windows/WindowsApi.h"
+
+namespace tavel::test {
+
+namespace {
+
+class ReplacedFiles : public OnEachDrive {
+  protected:
+    void SetUp() override {
+        OnEachDrive::SetUp();
+        Put("db.txt", "old");
+    }
+
+    void TearDown() override { SetFileAttributesW(Host("db.txt").c_str(), FILE_ATTRIBUTE_NORMAL); }
+
+    bool Replace(const std::string& bytes = "new") const {
+        return ReplaceHostFile(
+            temp.HostPath("card/db.txt"), [&](const ByteSink& sink) { sink(bytes); }, false);
+    }
+    std::size_t FileCount() const { return files->GetFolder(root + "\\").Files.size(); }
+    DWORD Attributes() const { return GetFileAttributesW(Host("db.txt").c_str()); }
+};
+
+INSTANTIATE_TEST_SUITE_P(Drives, ReplacedFiles, ::testing::Values('c', 'e'),
+                         [](const auto& drive) { return std::string(1, drive.param); });
+
+}  // namespace
+
+TEST_P(ReplacedFiles, Another_file_takes_the_place_of_the_old_one) {
+    const std::optional<FileStamp> before = StampOf(temp.HostPath("card/db.txt"));
+    ASSERT_TRUE(Replace());
+    EXPECT_NE(StampOf(temp.HostPath("card/db.txt"))->inode, before->inode);
+    EXPECT_EQ(Bytes("db.txt"), "new");
+    EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_P(ReplacedFiles, A_hidden_file_stays_hidden) {
+    ASSERT_NE(SetFileAttributesW(Host("db.txt").c_str(), FILE_ATTRIBUTE_HIDDEN), 0);
+    ASSERT_TRUE(Replace());
+    EXPECT_NE(Attributes() & FILE_ATTRIBUTE_HIDDEN, 0u);
+    EXPECT_EQ(Bytes("db.txt"), "new");
+}
+
+TEST_P(ReplacedFiles, A_read_only_file_is_not_written) {
+    ASSERT_NE(SetFileAttributesW(Host("db.txt").c_str(), FILE_ATTRIBUTE_READONLY), 0);
+    EXPECT_FALSE(Replace());
+    EXPECT_NE(Attributes() & FILE_ATTRIBUTE_READONLY, 0u);
+    EXPECT_EQ(Bytes("db.txt"), "old");
+    EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_P(ReplacedFiles, What_a_killed_save_has_left_is_gone_with_the_next) {
+    Put(".db.txt.new", "half");
+    ASSERT_NE(SetFileAttributesW(Host(".db.txt.new").c_str(), FILE_ATTRIBUTE_READONLY), 0);
+    ASSERT_TRUE(Replace());
+    EXPECT_EQ(Bytes("db.txt"), "new");
+    EXPECT_EQ(FileCount(), 1u);
+}
+
+TEST_P(ReplacedFiles, Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
+    fs::create_directory(Host(".db.txt.new"));
+    const std::optional<FileStamp> before = StampOf(temp.HostPath("card/db.txt"));
+    ASSERT_TRUE(Replace("much longer than before"));
+    ASSERT_TRUE(Replace("x"));
+    EXPECT_EQ(StampOf(temp.HostPath("card/db.txt"))->inode, before->inode);
+    EXPECT_EQ(Bytes("db.txt"), "x");
+    EXPECT_TRUE(fs::is_directory(Host(".db.txt.new")));
+}
+
+TEST_P(ReplacedFiles, Nobody_else_can_write_the_temporary_file) {
+    const bool isReplaced = ReplaceHostFile(
+        temp.HostPath("card/db.txt"),
+        [&](const ByteSink& sink) {
+            Long error = 0;
+            sink("mine");
+            EXPECT_FALSE(files->OpenRaw(At(".db.txt.new"), RawMode::Create, error));
+            EXPECT_EQ(error, 70);
+            EXPECT_EQ(FailureOf([&] { files->DeleteFile(At(".db.txt.new"), true); }), 70);
+        },
+        false);
+    EXPECT_TRUE(isReplaced);
+    EXPECT_EQ(Bytes("db.txt"), "mine");
+}
+
+TEST_P(ReplacedFiles, What_is_no_file_is_not_replaced) {
+    fs::remove(Host("db.txt"));
+    EXPECT_FALSE(Replace());
+    fs::create_directory(Host("db.txt"));
+    EXPECT_FALSE(Replace());
+    EXPECT_EQ(FileCount(), 0u);
+}
+
+}  // namespace tavel::test
