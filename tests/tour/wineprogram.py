@@ -19,17 +19,13 @@ class WineProgram(Program):
     def __init__(self, place, folder):
         self.prefix = place / "wine"
         os.environ.update(WINEPREFIX=str(self.prefix), WINEDEBUG="-all", WINEDLLOVERRIDES=NOTHING_BESIDE)
-        self.log = place / "tavel.log"
-        self.process = None
+        self._keep(place, self.drive_c / "Tavel", [str(TOOLS / "wine64"), str(self.drive_c / "Tavel" / "Tavel.exe")])
         self._wine("wineboot", "--init")
         for font in FONTS.glob("tahoma*.ttf"):
             shutil.copy(font, self.drive_c / "windows" / "Fonts")
         self._wine("reg", "add", r"HKLM\Software\Wine\Drives", "/v", "e:", "/d", "floppy", "/f")
         self.restart()
-        self.folder = self.drive_c / "Tavel"
         shutil.copytree(folder, self.folder)
-        self.own_media = self.folder / "Media"
-        self.database = self.folder / "db.txt"
 
     @property
     def drive_c(self):
@@ -70,8 +66,7 @@ class WineProgram(Program):
     def launch(self):
         """From a folder of no meaning: the program finds its own by itself."""
         with open(self.log, "ab") as log:
-            return subprocess.Popen([TOOLS / "wine64", str(self.folder / "Tavel.exe")], cwd="/",
-                                    stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+            return subprocess.Popen(self.command, cwd="/", stdin=subprocess.DEVNULL, stdout=log, stderr=log)
 
     def start(self):
         self.process = self.launch()
