@@ -1,5 +1,7 @@
+#include "platform/Failure.h"
 #include "platform/ProfileFile.h"
 #include "platform/windows/Handle.h"
+#include "platform/windows/HostErrors.h"
 #include "platform/windows/Places.h"
 #include "platform/windows/Successor.h"
 
@@ -36,13 +38,15 @@ Handle OpenInPlace(const Place& place) {
                               OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
 }
 
+bool IsFull(DWORD error) { return FailureOfHostError(error) == failure::DiskFull; }
+
 // To claim less than the file has would cut it off.
 bool ClaimRoom(const Handle& file, std::int64_t size) {
     if (size <= RoomOf(file)) return true;
     FILE_ALLOCATION_INFO room{};
     room.AllocationSize.QuadPart = size;
     return SetFileInformationByHandle(file.Get(), FileAllocationInfo, &room, sizeof room) != 0 ||
-           GetLastError() != ERROR_DISK_FULL;
+           !IsFull(GetLastError());
 }
 
 // The room is claimed first, so that a full disk is told before a byte has changed. File systems
@@ -76,7 +80,7 @@ Outcome OutcomeOf(const Successor& successor) {
     // What failed after the step cannot be mended by writing once more.
     if (successor.HasTakenPlace()) return Outcome::Failed;
     if (IsRefusal(successor.Error())) return Outcome::Refused;
-    return successor.Error() == ERROR_DISK_FULL ? Outcome::DiskFull : Outcome::Failed;
+    return IsFull(successor.Error()) ? Outcome::DiskFull : Outcome::Failed;
 }
 
 Outcome ReplaceInOneStep(const Place& place, const ByteTeller& tellBytes) {

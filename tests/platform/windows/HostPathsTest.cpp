@@ -52,7 +52,7 @@ TEST_F(HostPaths, What_another_computer_shares_keeps_its_path) {
 TEST_F(HostPaths, Host_paths_tell_names_as_their_folders_spell_them) {
     temp.Write("Music/One.mp3", "x");
     const std::string path = files->HostPath(temp.DrivePath("MUSIC\\one.MP3"));
-    EXPECT_EQ(path.substr(path.find("program\\..") + 1).substr(path.size() - 13), "Music\\One.mp3");
+    EXPECT_TRUE(path.ends_with("\\Music\\One.mp3")) << path;
 }
 
 }  // namespace tavel::test
