@@ -113,6 +113,24 @@ TEST_F(ItemMenuTest, the_Menu_key_and_Shift_F10_open_the_menu_of_the_current_row
     }
 }
 
+// On Windows the system takes Shift+F10 for itself, and the Menu key too once it has been told.
+TEST_F(ItemMenuTest, what_the_desktop_asks_with_Shift_for_opens_the_menu_once) {
+    frmMain& window = Open();
+    ClickNode("ma_a");
+    const auto ask = [this](Qt::KeyboardModifiers modifiers) {
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {}, modifiers);
+        QApplication::sendEvent(&grdItems(), &event);
+    };
+    ask(Qt::NoModifier);
+    EXPECT_FALSE(Shows("mnuRMB"));
+    ask(Qt::ShiftModifier);
+    ASSERT_TRUE(Shows("mnuRMB"));
+    const QRect row = grdItems().visualRect(grdItems().model()->index(0, 0));
+    EXPECT_EQ(Find<QMenu>(window, "mnuRMB").pos(),
+              grdItems().viewport()->mapToGlobal(row.bottomLeft()));
+    Find<QMenu>(window, "mnuRMB").close();
+}
+
 TEST_F(ItemMenuTest, the_Menu_key_selects_the_row_that_its_menu_acts_on) {
     frmMain& window = Open();
     ClickNode("photoall");

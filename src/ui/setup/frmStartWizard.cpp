@@ -58,7 +58,9 @@ frmStartWizard::frmStartWizard()
       cmdNext(Named<QPushButton>("cmdNext", QStringLiteral("Next >>"))) {
     setObjectName(QStringLiteral("frmStartWizard"));
     setWindowTitle(QStringLiteral("Tavel Setup Wizard"));
-    setWindowFlag(Qt::WindowMaximizeButtonHint, false);  // it has one size
+    // It has one size.
+    setWindowFlag(Qt::WindowMaximizeButtonHint, false);
+    setWindowFlag(Qt::MSWindowsFixedSizeDialogHint);
     PlaceControls();
     connect(cmdPrev, &QPushButton::clicked, this, [this] { cmdPrev_Click(); });
     connect(cmdNext, &QPushButton::clicked, this, [this] { cmdNext_Click(); });

@@ -3,6 +3,7 @@
 #include "ui/toolkit/DraggedRows.h"
 #include "ui/toolkit/EdgeScroll.h"
 
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -13,8 +14,14 @@ namespace tavel {
 
 // What the Menu key does, on keyboards that have none as well.
 inline bool AsksForMenu(const QKeyEvent& event) {
-    return event.key() == Qt::Key_Menu ||
+    return (event.key() == Qt::Key_Menu && event.modifiers() == Qt::NoModifier) ||
            (event.key() == Qt::Key_F10 && event.modifiers() == Qt::ShiftModifier);
+}
+
+// Where the desktop takes such a key for itself it tells what is asked for. With the Menu key alone
+// it does so behind the key, which has been answered then.
+inline bool AsksForMenu(const QContextMenuEvent& event) {
+    return event.reason() == QContextMenuEvent::Keyboard && event.modifiers() == Qt::ShiftModifier;
 }
 
 // The mouse and the keyboard in lists and trees: View is QTreeView or a class derived from it.
@@ -70,6 +77,11 @@ class RowInput : public View {
         BeginInput();
         View::keyPressEvent(event);
         EndInput();
+    }
+
+    void contextMenuEvent(QContextMenuEvent* event) override {
+        if (AsksForMenu(*event)) return RequestMenu();
+        View::contextMenuEvent(event);
     }
 
     void dragEnterEvent(QDragEnterEvent* event) override { AcceptDraggedRows(*event); }
