@@ -151,7 +151,9 @@ TEST(VBGetOpenFileName, a_letter_beyond_ASCII_takes_no_more_room_than_any_other)
         prompts.ExpectFiles(title, files);
         Call call;
         EXPECT_EQ(call.Run(), count == room);
-        if (count == room) EXPECT_EQ(Characters(call.Filename).size(), 460U);
+        if (count == room) {
+            EXPECT_EQ(Characters(call.Filename).size(), 460U);
+        }
     }
     PromptQueue prompts;
     prompts.ExpectFiles(title, {});
