@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
+#include <QFont>
 #include <QTemporaryDir>
 #include <QtPlugin>
 
@@ -41,6 +43,10 @@ int main(int argc, char** argv) {
     // Whatever printers the machine has.
     qputenv("QT_PRINTER_MODULE", "printers");
     const tavel::Application application(argc, argv, tavel::test::EndOfTheProcess);
+    // The same letters on every machine.
+    QFont font = QApplication::font();
+    font.setFamily(QStringLiteral("DejaVu Sans"));
+    QApplication::setFont(font);
     // gtest owns its listeners.
     testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);
     return RUN_ALL_TESTS();

@@ -6,6 +6,12 @@
 namespace tavel::test {
 
 // No signals: the host tells the windows, and Qt the program.
-void RequestEnd() { QCoreApplication::postEvent(qApp, new QEvent(QEvent::Quit)); }
+void RequestEnd() {
+    const auto tell = [] {
+        QEvent quit(QEvent::Quit);
+        QCoreApplication::sendEvent(qApp, &quit);
+    };
+    QMetaObject::invokeMethod(qApp, tell, Qt::QueuedConnection);
+}
 
 }  // namespace tavel::test
