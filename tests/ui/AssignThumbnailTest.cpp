@@ -54,7 +54,9 @@ class AssignThumbnailTest : public MainWindowTest {
         RightClickRow(1);
         Main().sSelected = sIDs;
         Pick({"mnuRMB", "mnuThumbnail"});
-        if (Dialog().isVisible()) EXPECT_TRUE(BecomesActive(Dialog()));
+        if (Dialog().isVisible()) {
+            EXPECT_TRUE(BecomesActive(Dialog()));
+        }
     }
 
     static frmThumb& Dialog() { return SingleWindow<frmThumb>::Get(); }

@@ -2,6 +2,7 @@
 #include "support/FaultyFileService.h"
 #include "support/Support.h"
 #include "ui/support/Modal.h"
+#include "ui/support/NoHostBoxes.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/InputBox.h"
@@ -351,6 +352,7 @@ TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {
 TEST_F(FileDialogs, the_box_starts_at_home_and_then_where_files_were_picked_last) {
     folder.Write("Trip/d.jpg", "");
     request.startFolder.clear();
+    const NoHostBoxes noHostBoxes;
     RealPrompter prompter;
     std::string startedIn;
     const auto pick = [&](const QString& typed) {

@@ -1,8 +1,5 @@
 #include "core/PublicStuff.h"
-#include "platform/linux/HostFileService.h"
-#include "support/FaultyFileService.h"
-#include "support/Support.h"
-#include "support/linux/MountedDrives.h"
+#include "ui/support/FolderPickers.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
@@ -20,51 +17,6 @@
 namespace tavel::test {
 
 namespace {
-
-class FolderPickers : public ::testing::Test {
-  protected:
-    FolderPickers() {
-        folder.Write("photos/2006/a.jpg", "");
-        folder.Write("Music/b.mp3", "");
-        folder.Write("top.txt", "");
-        folder.Write(".hidden/c", "");
-        service.Plug('e', folder.HostPath());
-        Service<FileService>::Use(&service);
-        request.title = QStringLiteral("Select a folder");
-    }
-    ~FolderPickers() override { Service<FileService>::Use(nullptr); }
-
-    static QTreeWidget& Tree(QWidget& dialog) { return Find<QTreeWidget>(dialog, "trvFolders"); }
-
-    static QTreeWidgetItem* Child(QTreeWidgetItem* parent, const char* name) {
-        for (int i = 0; i < parent->childCount(); ++i) {
-            if (parent->child(i)->text(0) == QLatin1String(name)) return parent->child(i);
-        }
-        return nullptr;
-    }
-
-    // The drive e: opened up.
-    static QTreeWidgetItem* Stick(QWidget& dialog) {
-        QTreeWidget& tree = Tree(dialog);
-        for (int i = 0; i < tree.topLevelItemCount(); ++i) {
-            QTreeWidgetItem* drive = tree.topLevelItem(i);
-            if (!drive->text(0).startsWith(QLatin1String("e:"))) continue;
-            drive->setExpanded(true);
-            return drive;
-        }
-        return nullptr;
-    }
-
-    static QStringList Names(const QTreeWidgetItem* parent) {
-        QStringList names;
-        for (int i = 0; i < parent->childCount(); ++i) names << parent->child(i)->text(0);
-        return names;
-    }
-
-    TempFolder folder;
-    FaultyFileService service;
-    FolderRequest request;
-};
 
 class PickerRecorder : public FolderPicker {
   public:
@@ -195,43 +147,6 @@ TEST_F(FolderPickers, the_chosen_folder_comes_back_on_OK_and_nothing_on_Escape) 
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "e:\\photos");
     WhenModal([](QWidget& box) { QTest::keyClick(&box, Qt::Key_Escape); });
     EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "Select a folder", false, false), "");
-}
-
-TEST_F(FolderPickers, a_folder_of_a_mounted_stick_comes_back_as_a_path_that_lasts) {
-    MountTable mounts;
-    mounts.Mount(folder.HostPath("photos"), "STICK");
-    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
-    Service<FileService>::Use(host.get());
-    const RealPrompts real;
-    WhenModal([](QWidget& box) {
-        QTreeWidgetItem* stick = Tree(box).topLevelItem(1);
-        ASSERT_EQ(FromQString(stick->text(0)), "d: [STICK]");
-        stick->setExpanded(true);
-        Tree(box).setCurrentItem(Child(stick, "2006"));
-        QTest::mouseClick(&Find(box, "cmdOK"), Qt::LeftButton);
-    });
-    EXPECT_EQ(BrowseForFolderDlg(nullptr, "", "", false, false), folder.DrivePath("photos/2006"));
-    Service<FileService>::Use(&service);
-}
-
-TEST_F(FolderPickers, a_folder_whose_path_to_keep_is_too_long_is_not_picked) {
-    MountTable mounts;
-    mounts.Mount(folder.HostPath("photos"), "STICK");
-    const std::string fits(MaxPathCharacters - folder.DrivePath("photos").size() - 1, 'x');
-    folder.Write("photos/" + fits + "/a.jpg", "");
-    folder.Write("photos/" + fits + "y/a.jpg", "");
-    const auto host = MakeHostFileService(folder.HostPath("program"), MakeMountSource(mounts));
-    Service<FileService>::Use(host.get());
-    {
-        FolderDialog dialog(request);
-        QTreeWidgetItem* stick = Tree(dialog).topLevelItem(1);
-        stick->setExpanded(true);
-        Tree(dialog).setCurrentItem(Child(stick, fits.c_str()));
-        EXPECT_TRUE(Find(dialog, "cmdOK").isEnabled());
-        Tree(dialog).setCurrentItem(Child(stick, (fits + 'y').c_str()));
-        EXPECT_FALSE(Find(dialog, "cmdOK").isEnabled());
-    }
-    Service<FileService>::Use(&service);
 }
 
 TEST_F(FolderPickers, a_start_folder_is_selected_and_its_path_stands_in_the_status_line) {

@@ -127,7 +127,7 @@ TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
 TEST(DialogHook, a_sink_may_delete_the_dialog_that_it_is_asked_about) {
     class Deletes : public SinkRecorder {
       public:
-        explicit Deletes(QWidget* dialog) : m_dialog(dialog) {}
+        explicit Deletes(QWidget* asking) : m_dialog(asking) {}
         bool ConfirmOK() override {
             m_dialog.reset();
             return true;

@@ -11,6 +11,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDialog>
+#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 
@@ -69,10 +70,12 @@ class SaveDialogs : public ::testing::Test {
         QTest::keyClick(&NameBox(box), Qt::Key_Return);
     }
 
-    // Answers the question that stands over the box.
+    // Answers the question that stands over the box. It names the file as it was typed or, where
+    // the host tells letters' case apart in no name, as it is called.
     static void AnswerNext(const std::string& asked, Qt::Key key) {
         WhenModal([asked, key](QWidget& question) {
-            EXPECT_EQ(FromQString(Find<QLabel>(question, "qt_msgbox_label").text()), asked);
+            const auto& label = Find<QLabel>(question, "qt_msgbox_label");
+            EXPECT_STRCASEEQ(FromQString(label.text()).c_str(), asked.c_str());
             QTest::keyClick(&question, key);
         });
     }
@@ -128,7 +131,7 @@ TEST_F(SaveDialogs, a_name_that_is_taken_is_asked_about_in_any_case_of_its_lette
             Type(box, name);
         });
         EXPECT_TRUE(asked.Run());
-        EXPECT_EQ(asked.FileTitle, name);
+        EXPECT_STRCASEEQ(asked.FileTitle.c_str(), name);
     }
     EXPECT_EQ(folder.Read("taken.txt"), "old");
 }
@@ -257,7 +260,7 @@ TEST(VBGetSaveFileName, a_failure_acts_as_a_cancel) {
 TEST(VBGetSaveFileName, a_path_beyond_460_characters_acts_as_a_cancel_and_in_an_argument_fails) {
     PromptQueue prompts;
     for (const int length : {457, 458}) {
-        prompts.ExpectFiles(title, {QLatin1Char('/') + QString(length - 1, QLatin1Char('x'))});
+        prompts.ExpectFiles(title, {QDir::rootPath() + QString(length - 1, QLatin1Char('x'))});
         Call call;
         if (length == 457)
             EXPECT_TRUE(call.Run());

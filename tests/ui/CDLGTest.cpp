@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QDir>
 #include <QWidget>
 #include <limits>
 
@@ -40,6 +41,13 @@ struct Call {
 
 const QString title = QStringLiteral("Select file(s) to add");
 
+// A path of the host to what lies on c:.
+QString OnHost(const char* path) { return QDir::rootPath() + QLatin1String(path); }
+
+QString AsHostTells(const std::string& hostPath) {
+    return QDir::toNativeSeparators(ToQString(hostPath));
+}
+
 // A call that ends without a choice, whatever was in its arguments before.
 void ExpectNothingChosen(Call& call, Long apiReturn = 0, Long extendedError = 0) {
     call.Filename = "c:\\old.jpg";
@@ -69,7 +77,7 @@ FileAnswer FailedAnswer() {
 
 TEST(VBGetOpenFileName, a_single_file_is_its_path_in_a_buffer_of_460_characters) {
     PromptQueue prompts;
-    prompts.ExpectFiles(title, {QStringLiteral("/media/a b.JPG")}, 1);
+    prompts.ExpectFiles(title, {OnHost("media/a b.JPG")}, 1);
     Call call;
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.Filename, Padded("c:\\media\\a b.JPG"));
@@ -83,7 +91,7 @@ TEST(VBGetOpenFileName, a_single_file_is_its_path_in_a_buffer_of_460_characters)
 
 TEST(VBGetOpenFileName, several_files_are_the_folder_and_the_names_each_ending_in_a_NUL) {
     PromptQueue prompts;
-    prompts.ExpectFiles(title, {QStringLiteral("/media/a.jpg"), QStringLiteral("/media/b.jpg")});
+    prompts.ExpectFiles(title, {OnHost("media/a.jpg"), OnHost("media/b.jpg")});
     Call call;
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.Filename, Padded("c:\\media" + nul + "a.jpg" + nul + "b.jpg"));
@@ -91,7 +99,7 @@ TEST(VBGetOpenFileName, several_files_are_the_folder_and_the_names_each_ending_i
     EXPECT_EQ(call.FilterIndex, 1);
     EXPECT_EQ(call.Filter, "Zip Files (*.zip)" + nul + "*.zip");
 
-    prompts.ExpectFiles(title, {QStringLiteral("/a.jpg"), QStringLiteral("/b.jpg")});
+    prompts.ExpectFiles(title, {OnHost("a.jpg"), OnHost("b.jpg")});
     Call root;
     EXPECT_TRUE(root.Run());
     EXPECT_EQ(root.Filename, Padded("c:\\" + nul + "a.jpg" + nul + "b.jpg"));
@@ -129,7 +137,7 @@ TEST(VBGetOpenFileName, a_selection_beyond_the_buffer_acts_as_a_cancel) {
     // "c:" comes in front of the host path, and a NUL behind it.
     for (const Case& one : {Case{457, true}, Case{458, false}, Case{5000, false}}) {
         PromptQueue prompts;
-        prompts.ExpectFiles(title, {QLatin1Char('/') + QString(one.length - 1, QLatin1Char('x'))});
+        prompts.ExpectFiles(title, {QDir::rootPath() + QString(one.length - 1, QLatin1Char('x'))});
         Call call;
         if (!one.fits) {
             ExpectNothingChosen(call);
@@ -147,11 +155,13 @@ TEST(VBGetOpenFileName, a_letter_beyond_ASCII_takes_no_more_room_than_any_other)
     for (const int count : {room, room + 1}) {
         PromptQueue prompts;
         QStringList files;
-        for (int i = 0; i < count; ++i) files << QStringLiteral("/m/") + name;
+        for (int i = 0; i < count; ++i) files << OnHost("m/") + name;
         prompts.ExpectFiles(title, files);
         Call call;
         EXPECT_EQ(call.Run(), count == room);
-        if (count == room) EXPECT_EQ(Characters(call.Filename).size(), 460U);
+        if (count == room) {
+            EXPECT_EQ(Characters(call.Filename).size(), 460U);
+        }
     }
     PromptQueue prompts;
     prompts.ExpectFiles(title, {});
@@ -164,7 +174,7 @@ TEST(VBGetOpenFileName, several_files_need_room_for_the_end_mark_of_the_list) {
     for (const bool fits : {true, false}) {
         PromptQueue prompts;
         const QString second(fits ? 451 : 452, QLatin1Char('x'));
-        prompts.ExpectFiles(title, {QStringLiteral("/m/a"), QStringLiteral("/m/") + second});
+        prompts.ExpectFiles(title, {OnHost("m/a"), OnHost("m/") + second});
         Call call;
         EXPECT_EQ(call.Run(), fits);
     }
@@ -200,7 +210,7 @@ TEST(VBGetOpenFileName, a_call_begins_with_the_results_of_the_last_one_cleared) 
 
 TEST(VBGetOpenFileName, a_colon_parts_the_filter_as_a_bar_does) {
     PromptQueue prompts;
-    prompts.ExpectFiles(title, {QStringLiteral("/a.jpg")}, 1);
+    prompts.ExpectFiles(title, {OnHost("a.jpg")}, 1);
     Call call;
     call.Filter = "Photos: small|*.jpg|Music|*.mp3";
     EXPECT_TRUE(call.Run());
@@ -214,7 +224,7 @@ TEST(VBGetOpenFileName, a_colon_parts_the_filter_as_a_bar_does) {
 
 TEST(VBGetOpenFileName, the_filter_ends_in_an_end_mark_behind_its_last_NUL) {
     PromptQueue prompts;
-    prompts.ExpectFiles(title, {QStringLiteral("/a.zip")}, 1);
+    prompts.ExpectFiles(title, {OnHost("a.zip")}, 1);
     Call call;
     call.Filter = "Zip Files (*.zip)|*.zip";
     EXPECT_TRUE(call.Run());
@@ -238,7 +248,7 @@ TEST(VBGetOpenFileName, asks_with_all_that_it_was_given) {
     EXPECT_EQ(asked.owner, &owner);
     EXPECT_FALSE(asked.saving);
     EXPECT_EQ(FromQString(asked.startName), "start.jpg");
-    EXPECT_EQ(FromQString(asked.startFolder), folder.HostPath());
+    EXPECT_EQ(asked.startFolder, AsHostTells(folder.HostPath()));
     EXPECT_EQ(FromQString(asked.defaultSuffix), "jpg");
     EXPECT_EQ(asked.filterIndex, 1);
     EXPECT_EQ(asked.patterns.size(), 2);
@@ -262,7 +272,7 @@ TEST(VBGetOpenFileName, asks_for_nothing_that_it_was_not_given) {
 TEST(VBGetOpenFileName, another_extension_than_the_default_one_is_told) {
     for (const char* ext : {"jpg", "JPG", ".jpg", ".png", "jpeg"}) {
         PromptQueue prompts;
-        prompts.ExpectFiles(title, {QStringLiteral("/a.jpg")});
+        prompts.ExpectFiles(title, {OnHost("a.jpg")});
         Call call;
         call.DefaultExt = ext;
         EXPECT_TRUE(call.Run());
@@ -292,18 +302,18 @@ TEST(VBGetOpenFileName, an_initial_path_is_asked_for_as_the_hosts_own) {
         call.Filename = folder.DrivePath(name);
         call.FilterIndex = 1;
         EXPECT_TRUE(call.Run());
-        EXPECT_EQ(FromQString(prompts.LastFileRequest().startName),
-                  folder.HostPath("Trip/") + std::string(name).substr(5));
+        EXPECT_EQ(prompts.LastFileRequest().startName,
+                  AsHostTells(folder.HostPath("Trip/") + std::string(name).substr(5)));
     }
     // What a call has left in the variable is the next one's initial name.
     prompts.ExpectFiles(title, {});
     call.Run();
-    EXPECT_EQ(FromQString(prompts.LastFileRequest().startName), folder.HostPath("Trip/a.jpg"));
+    EXPECT_EQ(prompts.LastFileRequest().startName, AsHostTells(folder.HostPath("Trip/a.jpg")));
 }
 
 TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     PromptQueue prompts;
-    prompts.ExpectFiles(title, {QStringLiteral("/a")});
+    prompts.ExpectFiles(title, {OnHost("a")});
     Call call;
     call.flags = 0x280000 | 0x20 | 0x40;
     call.ReadOnly = true;
@@ -312,7 +322,7 @@ TEST(VBGetOpenFileName, the_flags_say_what_the_booleans_say) {
     EXPECT_EQ(call.flags, 0x281204) << "neither hook nor template, and the tick is the user's";
     EXPECT_TRUE(call.ReadOnly) << "never taken back";
 
-    prompts.ExpectFiles(title, {QStringLiteral("/a")});
+    prompts.ExpectFiles(title, {OnHost("a")});
     Call bare;
     bare.FileMustExist = bare.MultiSelect = bare.HideReadOnly = false;
     bare.flags = 0x280000 | 0x400;  // what only a dialog tells
@@ -340,7 +350,7 @@ TEST(VBGetOpenFileName, a_tick_in_the_read_only_box_comes_back) {
     PromptQueue prompts;
     FileAnswer ticked;
     ticked.result = 1;
-    ticked.files = QStringList{QStringLiteral("/a")};
+    ticked.files = QStringList{OnHost("a")};
     ticked.readOnly = true;
     prompts.ExpectFileAnswer(title, ticked);
     Call call;

@@ -176,6 +176,7 @@ TEST_F(DeviceDeleteTest, a_file_that_has_gone_or_is_read_only_or_on_a_pulled_sti
     fs::permissions(sFile, fs::perms::owner_read);
     EXPECT_EQ(FatalOf([&] { DeleteRow(1); }), 70);
     EXPECT_EQ(OnStick(videos), "M4V10001.mp4 ");
+    fs::permissions(sFile, fs::perms::owner_all);
     fs::remove(sFile);
     EXPECT_EQ(FatalOf([&] { DeleteRow(1); }), 53);
     files.Pull('e');

@@ -4,6 +4,7 @@
 #include "ui/main/frmLog.h"
 #include "ui/support/MainWindow.h"
 #include "ui/support/Modal.h"
+#include "ui/support/RequestEnd.h"
 #include "ui/toolkit/Application.h"
 #include "ui/toolkit/EndOfSession.h"
 #include "ui/toolkit/MsgBox.h"
@@ -12,7 +13,6 @@
 
 #include <gmock/gmock.h>
 
-#include <csignal>
 #include <cstddef>
 
 namespace tavel::test {
@@ -38,10 +38,10 @@ const Calls EndOfSessionTest::saved{"ShowEnd", "SaveDB", "Release", "UnloadAllBu
 
 }  // namespace
 
-TEST_F(EndOfSessionTest, a_signal_is_the_same_as_Exit) {
+TEST_F(EndOfSessionTest, a_request_is_the_same_as_Exit) {
     Open();
     SingleWindow<frmLog>::Get();
-    std::raise(SIGTERM);
+    RequestEnd();
     EXPECT_THAT(calls, testing::IsEmpty()) << "it is heard in the event loop";
     RunEvents();
     EXPECT_EQ(calls, saved);
@@ -68,7 +68,7 @@ TEST_F(EndOfSessionTest, boxes_that_ask_are_cancelled_first_and_their_callers_go
     const RealPrompts real;
     std::vector<MsgBoxAnswer> answers;
     WhenModal([&](QWidget&) {
-        WhenModal([](QWidget&) { std::raise(SIGTERM); });
+        WhenModal([](QWidget&) { RequestEnd(); });
         answers.push_back(MsgBox(QStringLiteral("inner"), MsgBoxButtons::OKCancel));
     });
     answers.push_back(MsgBox(QStringLiteral("outer"), MsgBoxButtons::YesNo));
@@ -83,7 +83,7 @@ TEST_F(EndOfSessionTest, nothing_is_saved_behind_a_failure_message) {
     Open();
     const RealPrompts real;
     const FatalEnds ends;
-    WhenModal([](QWidget&) { std::raise(SIGTERM); });
+    WhenModal([](QWidget&) { RequestEnd(); });
     testing::internal::CaptureStderr();
     static_cast<Application*>(qApp)->Guard([] { Fail(failure::Overflow); });
     testing::internal::GetCapturedStderr();
@@ -93,7 +93,7 @@ TEST_F(EndOfSessionTest, nothing_is_saved_behind_a_failure_message) {
 
 TEST_F(EndOfSessionTest, a_request_waits_while_a_window_is_shown) {
     Open();
-    std::raise(SIGTERM);
+    RequestEnd();
     QWidget dialog(nullptr, Qt::Dialog);
     ShowNow(dialog);
     EXPECT_THAT(calls, testing::IsEmpty());
@@ -102,7 +102,7 @@ TEST_F(EndOfSessionTest, a_request_waits_while_a_window_is_shown) {
 }
 
 TEST_F(EndOfSessionTest, before_there_is_a_main_window_a_request_waits_for_it) {
-    std::raise(SIGINT);
+    RequestEnd();
     RunEvents();
     EXPECT_THAT(calls, testing::IsEmpty());
     SingleWindow<frmMain>::Get().show();
@@ -116,7 +116,7 @@ TEST_F(EndOfSessionTest, a_yield_while_files_are_added_hears_it) {
     sPhotoSupport = {"jpg"};
     Yielding yielding([now = std::int64_t{0}]() mutable { return now += 1000; });
     Service<EventLoop>::Use(&yielding);
-    std::raise(SIGTERM);
+    RequestEnd();
     AddFolder(temp.DrivePath(""), false, false, true, true);
     EXPECT_THAT(calls, Contains("SaveDB"));
 }

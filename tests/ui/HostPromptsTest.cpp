@@ -10,6 +10,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QWidget>
 
 namespace tavel::test {
@@ -103,7 +104,8 @@ TEST_F(HostPrompts, what_is_picked_comes_back_as_the_hosts_paths) {
     boxes.answers = {{true, 0, {folder.DrivePath("a.jpg")}, 1, true}};
     const FileAnswer answer = prompter.PickFiles(request);
     EXPECT_EQ(answer.result, 1);
-    EXPECT_EQ(answer.files, QStringList{ToQString(folder.HostPath("a.jpg"))});
+    EXPECT_EQ(answer.files,
+              QStringList{QDir::toNativeSeparators(ToQString(folder.HostPath("a.jpg")))});
     EXPECT_EQ(answer.filterIndex, 1);
     EXPECT_TRUE(answer.readOnly);
 }
@@ -129,7 +131,8 @@ TEST_F(HostPrompts, a_path_that_is_too_long_is_told_and_asked_for_again) {
                          MsgBoxButtons::OK, MsgBoxAnswer::OK);
     const FileAnswer answer = prompter.PickFiles(request);
     EXPECT_EQ(boxes.asked.size(), 2u);
-    EXPECT_EQ(answer.files, QStringList{ToQString(folder.HostPath("a.jpg"))});
+    EXPECT_EQ(answer.files,
+              QStringList{QDir::toNativeSeparators(ToQString(folder.HostPath("a.jpg")))});
 }
 
 TEST_F(HostPrompts, other_windows_take_no_input_while_the_box_stands) {

@@ -277,13 +277,13 @@ TEST_P(LooksTest, the_boxes) {
 
 TEST_P(LooksTest, the_pickers) {
     temp.Write("Pictures/a.jpg", "a picture");
-    FileRequest files;
-    files.flags = PickFileMustExist | PickMultiSelect | PickHideReadOnly;
-    files.title = QStringLiteral("Select file(s) to add");
-    files.startFolder = ToQString(temp.HostPath());
-    files.descriptions = QStringList{QStringLiteral("All Supported Files")};
-    files.patterns = QStringList{QStringLiteral("*.jpg;*.txt;")};
-    FileDialog fileDialog(files);
+    FileRequest request;
+    request.flags = PickFileMustExist | PickMultiSelect | PickHideReadOnly;
+    request.title = QStringLiteral("Select file(s) to add");
+    request.startFolder = ToQString(temp.HostPath());
+    request.descriptions = QStringList{QStringLiteral("All Supported Files")};
+    request.patterns = QStringList{QStringLiteral("*.jpg;*.txt;")};
+    FileDialog fileDialog(request);
     fileDialog.show();
     Look(fileDialog, "files");
     FolderRequest folders;

@@ -14,6 +14,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <cstddef>
 #include <filesystem>
 
 namespace tavel::test {
@@ -47,7 +48,7 @@ class ScanWindowTest : public DeviceWindowTest {
     }
 
     // How many scans have begun so far.
-    long Begun() const {
+    std::ptrdiff_t Begun() const {
         return std::count(calls.begin(), calls.end(), "Log BACK SCAN: Begginging background scan");
     }
 

@@ -31,14 +31,14 @@ TEST_F(ScreenReaderTest, the_view_button_is_called_what_it_reads) {
 }
 
 TEST_F(ScreenReaderTest, the_log_is_a_window_with_a_list) {
-    frmLog& log = SingleWindow<frmLog>::Get();
-    log.AddItem("a line");
-    log.show();
-    EXPECT_EQ(Read(log).role(), QAccessible::Window);
-    EXPECT_EQ(NameOf(Read(log)), "Log");
-    QAccessibleInterface& lines = Read(Find(log, "lstLog"));
+    frmLog& window = SingleWindow<frmLog>::Get();
+    window.AddItem("a line");
+    window.show();
+    EXPECT_EQ(Read(window).role(), QAccessible::Window);
+    EXPECT_EQ(NameOf(Read(window)), "Log");
+    QAccessibleInterface& lines = Read(Find(window, "lstLog"));
     EXPECT_EQ(NameOf(lines), "Log");
-    EXPECT_EQ(lines.parent()->object(), &log);
+    EXPECT_EQ(lines.parent()->object(), &window);
     EXPECT_EQ(NameOf(*lines.tableInterface()->cellAt(0, 0)), "a line");
 }
 

@@ -4,6 +4,7 @@
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmCopy.h"
 #include "ui/support/DeviceWindow.h"
+#include "ui/support/RequestEnd.h"
 #include "ui/support/Soon.h"
 #include "ui/toolkit/EndOfSession.h"
 #include "ui/toolkit/ProgressBar.h"
@@ -11,7 +12,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <csignal>
 
 namespace tavel::test {
 
@@ -164,7 +164,7 @@ TEST_F(SendTest, a_request_to_end_that_came_during_a_transfer_is_done_behind_it)
     const EndOfSession endOfSession;
     CopyWindowRecorder copyWindow(calls);
     OpenWith({"ph_a", "vd_a"});
-    copyWindow.total.onValue = [](float) { std::raise(SIGTERM); };
+    copyWindow.total.onValue = [](float) { RequestEnd(); };
     Click(Main(), "cmdSend");
     EXPECT_THAT(calls, Not(Contains("ShowEnd")));
     EXPECT_EQ(calls.back(), "cmdOK on");

@@ -19,6 +19,7 @@
 #include "ui/main/frmMain.h"
 #include "ui/main/frmNewPSP.h"
 #include "ui/main/frmSplash.h"
+#include "ui/support/WatchedPictures.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/LineList.h"
 #include "ui/toolkit/SingleWindow.h"
@@ -60,15 +61,6 @@ std::string TextOf(QWidget& window, const char* label) {
 
 std::string CaptionOf(QWidget& window, const char* button) {
     return FromQString(Find<QPushButton>(window, button).text());
-}
-
-// A library of its own that watches a folder with a.jpg and b.jpg.
-void WatchTwoPictures(const TempFolder& temp) {
-    sDBFile = temp.DrivePath("db.txt");
-    sPhotoSupport = {"jpg"};
-    temp.Write("media/a.jpg", "picture");
-    temp.Write("media/b.jpg", "picture");
-    temp.Write("db.txt", "[watch]\r\nnoofflds=1\r\n0=" + temp.DrivePath("media") + "\r\n");
 }
 
 bool IsStyled(QWidget& window, const char* control) {
@@ -327,24 +319,6 @@ TEST_F(SmallWindowsDeathTest, Exit_ends_the_process_without_unloading_the_main_w
     EXPECT_EXIT(exit(), testing::ExitedWithCode(0),
                 testing::AllOf(testing::HasSubstr("release 1\n"),
                                testing::Not(testing::HasSubstr("release 2"))));
-}
-
-TEST_F(SmallWindowsDeathTest, Exit_in_the_middle_of_a_scan_saves_what_it_found_and_ends) {
-    const TempFolder temp;
-    WatchTwoPictures(temp);
-    Calls yields;
-    EventLoopRecorder loop(yields);
-    loop.onYield = [] {
-        if (colPhoto.Count() == 1) Find<QAction>(SingleWindow<frmMain>::Get(), "mnuExit").trigger();
-    };
-    const auto exit = [] {
-        App().ShowMain();
-        BackgroundScan();
-    };
-    EXPECT_EXIT(exit(), testing::ExitedWithCode(0), "");
-    EXPECT_THAT(temp.Read("db.txt"),
-                testing::AllOf(testing::HasSubstr("NoOfItems=1\r\n"), testing::HasSubstr("a.jpg"),
-                               testing::Not(testing::HasSubstr("b.jpg"))));
 }
 
 }  // namespace tavel::test

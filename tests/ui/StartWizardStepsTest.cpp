@@ -1,11 +1,12 @@
 #include "core/PublicStuff.h"
 #include "platform/Failure.h"
-#include "support/linux/HostCalls.h"
 #include "ui/main/UpCalls.h"
 #include "ui/main/frmLog.h"
 #include "ui/setup/frmOptions.h"
 #include "ui/setup/frmWatchFolders.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Replacements.h"
+#include "ui/support/RequestEnd.h"
 #include "ui/support/Soon.h"
 #include "ui/support/UserAtYields.h"
 #include "ui/support/Wizard.h"
@@ -24,7 +25,6 @@
 #include <QPushButton>
 #include <QWindow>
 #include <algorithm>
-#include <csignal>
 #include <filesystem>
 
 namespace tavel::test {
@@ -317,10 +317,9 @@ TEST_F(StartWizardStepsTest, the_options_reach_the_file_in_one_step) {
     Check("chkAutoGroup");
     Check("chkScanOnStart");
     GoTo(9);
-    HostCalls host(temp.HostPath());
+    const Replacements replacements(temp.HostPath());
     Next();
-    const std::vector<std::string> hostCalls = host.Take();
-    EXPECT_EQ(std::count(hostCalls.begin(), hostCalls.end(), "rename .db.txt.new -> db.txt"), 1);
+    EXPECT_EQ(replacements.Of("db.txt"), 1);
 }
 
 TEST_F(StartWizardStepsTest, the_scan_at_the_start_is_an_option_of_its_own) {
@@ -400,7 +399,7 @@ TEST_F(StartWizardStepsTest, closing_it_goes_through_ShutDown_and_it_comes_back_
 TEST_F(StartWizardStepsTest, a_request_to_end_closes_it) {
     const EndOfSession endOfSession;
     OpenWizard();
-    std::raise(SIGTERM);
+    RequestEnd();
     RunEvents();
     EXPECT_EQ(calls, (Calls{"ShowEnd", "Release", "UnloadAllButMain", "EndProcess"}));
 }
@@ -420,7 +419,7 @@ TEST_F(StartWizardStepsTest, a_request_to_end_is_heard_between_the_boxes_of_the_
         Service<FileService>::Use(&disk);
         PlugNewStick('e');
     };
-    WhenModal([](QWidget&) { std::raise(SIGTERM); });
+    WhenModal([](QWidget&) { RequestEnd(); });
     Next();
     EXPECT_THAT(calls, Contains("EndProcess"));
 }

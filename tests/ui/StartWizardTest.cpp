@@ -55,7 +55,9 @@ TEST_F(StartWizardTest, each_page_has_its_controls) {
         const QWidget& parent = *Find(Wizard(), control.name).parentWidget();
         const bool isInPanel = *control.panel != '\0';
         EXPECT_EQ(isInPanel ? parent.parentWidget() : &parent, &Page(control.page));
-        if (isInPanel) EXPECT_EQ(parent.objectName(), QLatin1String(control.panel));
+        if (isInPanel) {
+            EXPECT_EQ(parent.objectName(), QLatin1String(control.panel));
+        }
     }
     EXPECT_EQ(Caption("cmdWatch"), "Watch Folders");
     EXPECT_EQ(Caption("cmdAddFiles"), "Create Database");

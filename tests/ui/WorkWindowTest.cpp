@@ -206,10 +206,10 @@ TEST_F(WorkWindowTest, a_box_belongs_to_the_main_window_whichever_window_is_acti
     EXPECT_EQ(OwnerOfBox([] { InputBox({}, {}, {}); }), &Main());
     LeaveTheProgram();
     EXPECT_EQ(OwnerOfBox(AskAnything), &Main());
-    frmLog& log = SingleWindow<frmLog>::Get();
-    log.show();
-    log.activateWindow();
-    ASSERT_TRUE(BecomesActive(log));
+    frmLog& other = SingleWindow<frmLog>::Get();
+    other.show();
+    other.activateWindow();
+    ASSERT_TRUE(BecomesActive(other));
     EXPECT_EQ(OwnerOfBox(AskAnything), &Main());
 }
 

@@ -3,8 +3,12 @@
 
 #include <gtest/gtest.h>
 
-#include <QCoreApplication>
+#include <QApplication>
+#include <QFont>
 #include <QTemporaryDir>
+#include <QtPlugin>
+
+Q_IMPORT_PLUGIN(TestPrinters)
 
 namespace {
 
@@ -36,10 +40,13 @@ int main(int argc, char** argv) {
     // A place for what must not be kept there.
     const QTemporaryDir config;
     qputenv("XDG_CONFIG_HOME", config.path().toUtf8());
-    const tavel::Application application(argc, argv, tavel::test::EndOfTheProcess);
     // Whatever printers the machine has.
-    QCoreApplication::addLibraryPath(QCoreApplication::applicationDirPath() +
-                                     QStringLiteral("/plugins"));
+    qputenv("QT_PRINTER_MODULE", "printers");
+    const tavel::Application application(argc, argv, tavel::test::EndOfTheProcess);
+    // The same letters on every machine.
+    QFont font = QApplication::font();
+    font.setFamily(QStringLiteral("DejaVu Sans"));
+    QApplication::setFont(font);
     // gtest owns its listeners.
     testing::UnitTest::GetInstance()->listeners().Append(new CleanBetweenTests);
     return RUN_ALL_TESTS();

@@ -87,15 +87,15 @@ TEST_F(PanelChevron, of_a_hidden_header_is_clicked_after_the_close_button_in_its
 }
 
 TEST_F(PanelChevron, click_ends_the_move_before_it_is_told) {
-    std::vector<bool> moves;
+    std::vector<bool> told;
     QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool&, bool& cMove) { moves.push_back(cMove); });
+                     [&](int, int, float, float, bool&, bool& cMove) { told.push_back(cMove); });
     QObject::connect(&panel, &xpFrame::ChevronClick, [&] {
-        moves.clear();
+        told.clear();
         SendMouse(panel, QEvent::MouseMove, {9, 90});
     });
     Click(Chevron());
-    EXPECT_THAT(moves, ElementsAre(false));
+    EXPECT_THAT(told, ElementsAre(false));
 }
 
 }  // namespace tavel::test

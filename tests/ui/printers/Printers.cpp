@@ -75,14 +75,15 @@ class Printers : public QPlatformPrinterSupport {
     }
 };
 
-class Plugin : public QPlatformPrinterSupportPlugin {
+}  // namespace
+
+// Outside, where the program that takes it in finds it.
+class TestPrinters : public QPlatformPrinterSupportPlugin {
     Q_OBJECT
     Q_PLUGIN_METADATA(IID QPlatformPrinterSupportFactoryInterface_iid FILE "printers.json")
 
   public:
     QPlatformPrinterSupport* create(const QString&) override { return new Printers; }
 };
-
-}  // namespace
 
 #include "Printers.moc"

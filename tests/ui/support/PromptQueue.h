@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/support/NoHostBoxes.h"
 #include "ui/toolkit/Prompts.h"
 
 #include <deque>
@@ -54,13 +55,16 @@ class PromptQueue : public Prompter {
     FolderRequest m_folderRequest;
 };
 
-// Puts the real boxes in place for as long as it lives.
+// Puts the real boxes in place for as long as it lives, which are the toolkit's on every host.
 class RealPrompts {
   public:
     RealPrompts() { Service<Prompter>::Use(nullptr); }
     ~RealPrompts();
     RealPrompts(const RealPrompts&) = delete;
     RealPrompts& operator=(const RealPrompts&) = delete;
+
+  private:
+    const NoHostBoxes m_noHostBoxes;
 };
 
 }  // namespace tavel::test

@@ -14,6 +14,8 @@
 #include <QTest>
 #include <functional>
 
+// All of Qt's dialogs, two of which are the system's own elsewhere.
+
 namespace tavel::test {
 
 namespace {
