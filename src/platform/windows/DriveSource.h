@@ -10,7 +10,7 @@ namespace tavel {
 struct HostDriveEntry {
     char letter = 0;    // lower case
     int driveType = 0;  // DriveRemovable, DriveFixed
-    std::string label;  // empty without a medium
+    std::string label;  // empty without a medium, and for what another computer shares
     std::string root;   // where its paths begin: "E:\"; tests have folders there
 };
 

@@ -6,14 +6,6 @@ namespace tavel {
 
 namespace {
 
-std::wstring RootOfVolume(const std::wstring& callPath) {
-    std::wstring root(callPath.size() + 1, L'\0');
-    if (GetVolumePathNameW(callPath.c_str(), root.data(), static_cast<DWORD>(root.size())) == 0)
-        return {};
-    root.resize(root.find(L'\0'));
-    return root;
-}
-
 // Not every file system flushes folders, or lets every user ask for it. Those that need it on a
 // stick that may be pulled at any time write entries through of themselves.
 bool IsUnknownCall(DWORD error) {
@@ -27,9 +19,11 @@ bool IsUnknownCall(DWORD error) {
 // its root.
 bool KeepEntries(const Place& place) {
     if (!place.isOnRemovable) return true;
+    const std::wstring path = VolumeRootOf(place.callPath);
+    if (path.empty()) return false;
     constexpr DWORD anything = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const Handle root(CreateFileW(RootOfVolume(place.callPath).c_str(), GENERIC_WRITE, anything,
-                                  nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+    const Handle root(CreateFileW(path.c_str(), GENERIC_WRITE, anything, nullptr, OPEN_EXISTING,
+                                  FILE_FLAG_BACKUP_SEMANTICS, nullptr));
     return (root.IsOpen() && root.Flush()) || IsUnknownCall(GetLastError());
 }
 

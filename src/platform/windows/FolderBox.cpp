@@ -33,7 +33,7 @@ class FolderBox : public HostFolderBox {
     explicit FolderBox(HWND window) : m_window(window) {}
 
     void Select(const std::string& path) override {
-        const std::wstring text = ToWide(path);
+        const std::wstring text = ToWide(oFSO().HostPath(path));
         SendMessageW(m_window, BFFM_SETSELECTIONW, TRUE, reinterpret_cast<LPARAM>(text.c_str()));
     }
     void SetStatus(const std::string& text) override {

@@ -41,7 +41,8 @@ bool Handle::Write(std::span<const char> buffer, std::size_t& bytesWritten) cons
         const bool isWritten = WriteFile(m_handle, buffer.data() + bytesWritten,
                                          static_cast<DWORD>(piece), &count, nullptr) != 0;
         bytesWritten += count;
-        if (isWritten) continue;
+        if (isWritten && count > 0) continue;
+        if (isWritten) SetLastError(ERROR_WRITE_FAULT);
         if (!IsFull(GetLastError()) || piece <= smallestPiece) return false;
         limit = piece / 2;
     }
@@ -52,7 +53,8 @@ void Handle::SetTime(const FILETIME& modified) const {
     SetFileTime(m_handle, nullptr, nullptr, &modified);
 }
 
-// A time of 0 leaves what is there.
+// A time of 0 leaves what is there. A file system that can't keep the time refuses the attributes
+// with it: FAT knows no year before 1980.
 void Handle::SetTraits(const HostStatus& other) const {
     constexpr DWORD copied =
         FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM;
@@ -60,6 +62,8 @@ void Handle::SetTraits(const HostStatus& other) const {
     traits.LastWriteTime.LowPart = other.modified.dwLowDateTime;
     traits.LastWriteTime.HighPart = static_cast<LONG>(other.modified.dwHighDateTime);
     traits.FileAttributes = FILE_ATTRIBUTE_ARCHIVE | (other.attributes & copied);
+    if (SetFileInformationByHandle(m_handle, FileBasicInfo, &traits, sizeof traits) != 0) return;
+    traits.LastWriteTime = {};
     SetFileInformationByHandle(m_handle, FileBasicInfo, &traits, sizeof traits);
 }
 

@@ -1,5 +1,7 @@
+#include "platform/Failure.h"
 #include "platform/FileService.h"
 #include "platform/windows/DriveSource.h"
+#include "platform/windows/HostErrors.h"
 #include "platform/windows/Wide.h"
 #include "platform/windows/WindowsApi.h"
 
@@ -11,12 +13,16 @@ namespace {
 
 std::string RootOf(char letter) { return {static_cast<char>(letter - 'a' + 'A'), ':', '\\'}; }
 
+UINT HostTypeOf(char letter) { return ::GetDriveTypeW(ToWide(RootOf(letter)).c_str()); }
+
 // A stick is looked for on removable drives alone, which are the host's own of that type: no disc,
 // share or disk in memory can be one.
 int TypeOf(char letter) {
-    const UINT type = ::GetDriveTypeW(ToWide(RootOf(letter)).c_str());
-    return type == DRIVE_REMOVABLE ? DriveRemovable : DriveFixed;
+    return HostTypeOf(letter) == DRIVE_REMOVABLE ? DriveRemovable : DriveFixed;
 }
+
+// A computer that is switched off would hold up the whole list until the network gives up.
+bool MayBeAsked(char letter) { return HostTypeOf(letter) != DRIVE_REMOTE; }
 
 // Empty where the medium has none, or can't be asked.
 std::string LabelOf(char letter) {
@@ -36,7 +42,7 @@ class HostDriveSource : public DriveSource {
         for (char letter = 'a'; letter <= 'z'; ++letter) {
             if (!Has(letter)) continue;
             entries.push_back(Entry(letter));
-            if (HasMedium(letter)) entries.back().label = LabelOf(letter);
+            if (MayBeAsked(letter) && HasMedium(letter)) entries.back().label = LabelOf(letter);
         }
         return entries;
     }
@@ -47,7 +53,9 @@ class HostDriveSource : public DriveSource {
 
     bool HasMedium(char letter) override {
         const DWORD attributes = ::GetFileAttributesW(ToWide(RootOf(letter)).c_str());
-        return attributes != INVALID_FILE_ATTRIBUTES;
+        // One whose root the user may not look into is there all the same.
+        return attributes != INVALID_FILE_ATTRIBUTES ||
+               FailureOfHostError(GetLastError()) == failure::PermissionDenied;
     }
 };
 

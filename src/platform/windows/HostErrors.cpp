@@ -9,8 +9,11 @@ namespace {
 
 // The compiler's headers don't have these.
 constexpr DWORD virusInfected = 225;
+constexpr DWORD virusDeleted = 226;
 constexpr DWORD noSuchDevice = 433;
 constexpr DWORD diskQuotaExceeded = 1295;
+constexpr DWORD linkClassDisabled = 1463;
+constexpr DWORD encryptedVolumeLocked = 0x80310000;
 
 }  // namespace
 
@@ -24,6 +27,7 @@ Long FailureOfHostError(unsigned long error) {
         case ERROR_NOT_SAME_DEVICE:
         case ERROR_CANT_RESOLVE_FILENAME:  // links in a circle
         case ERROR_CANT_ACCESS_FILE:
+        case linkClassDisabled:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
         case ERROR_NETWORK_UNREACHABLE:
@@ -44,11 +48,15 @@ Long FailureOfHostError(unsigned long error) {
         case ERROR_DELETE_PENDING:
         case ERROR_BUSY:
         case virusInfected:
+        case virusDeleted:
         case ERROR_FILE_READ_ONLY:
+        case ERROR_DRIVE_LOCKED:  // it is being checked or formatted
+        case ERROR_LOGON_FAILURE:
             return failure::PermissionDenied;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
         case diskQuotaExceeded:
+        case ERROR_CANNOT_MAKE:     // the root of a FAT file system has no entry left
         case ERROR_FILE_TOO_LARGE:  // the 4 GiB limit of a memory stick's file system
             return failure::DiskFull;
         case ERROR_NOT_READY:
@@ -61,6 +69,7 @@ Long FailureOfHostError(unsigned long error) {
         case ERROR_NOT_DOS_DISK:
         case ERROR_UNRECOGNIZED_MEDIA:
         case ERROR_UNRECOGNIZED_VOLUME:  // no file system that the host knows
+        case encryptedVolumeLocked:      // until its owner gives the password
         case ERROR_FILE_INVALID:         // another medium lies in the drive since
         case ERROR_DEVICE_NOT_CONNECTED:
         case ERROR_DEVICE_NOT_AVAILABLE:

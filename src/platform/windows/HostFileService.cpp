@@ -5,6 +5,7 @@
 #include "platform/windows/FileOperations.h"
 #include "platform/windows/FolderListing.h"
 #include "platform/windows/HostDrive.h"
+#include "platform/windows/HostErrors.h"
 #include "platform/windows/HostFile.h"
 #include "platform/windows/HostPaths.h"
 #include "platform/windows/Wide.h"
@@ -23,6 +24,7 @@ std::string ProgramFolderOfHost() {
     while ((length = GetModuleFileNameW(nullptr, path.data(), static_cast<DWORD>(path.size()))) ==
            path.size())
         path.resize(2 * path.size());
+    if (length == 0) FailWithHostError();
     path.resize(length);
     return FromWide(FolderOf(path));
 }

@@ -48,6 +48,15 @@ std::wstring InOwnSpelling(const std::wstring& callPath) {
     return isSame ? path : callPath;
 }
 
+// Where a volume is mounted on a folder, its root is that folder with a separator more.
+std::wstring VolumeRootOf(const std::wstring& callPath) {
+    std::wstring root(callPath.size() + 2, L'\0');
+    if (GetVolumePathNameW(callPath.c_str(), root.data(), static_cast<DWORD>(root.size())) == 0)
+        return {};
+    root.resize(root.find(L'\0'));
+    return root;
+}
+
 bool IsLinkTag(DWORD attributes, DWORD reparseTag) {
     return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
            IsReparseTagNameSurrogate(reparseTag);

@@ -30,6 +30,9 @@ std::wstring FinalPath(const std::wstring& callPath);
 // or a short name is on the way.
 std::wstring InOwnSpelling(const std::wstring& callPath);
 
+// The root of the volume that something lies on; empty on failure, and GetLastError says why.
+std::wstring VolumeRootOf(const std::wstring& callPath);
+
 // True for what stands for something elsewhere: a symbolic link, or a folder that another folder or
 // a volume is mounted on. Other reparse points are files and folders as any, whatever the host does
 // to bring their bytes.

@@ -36,12 +36,13 @@ Long FailureOfStep(DWORD error) {
     return error == ERROR_FILE_NOT_FOUND ? failure::PathNotFound : FailureOfHostError(error);
 }
 
-// Of what is there; on a removable drive a link is nothing.
+// Of what is there; on a removable drive a link is nothing. The name of a link that leads nowhere
+// is taken, and not free.
 DWORD Follow(const Place& place, const std::wstring& callPath, HostStatus& status) {
     const DWORD error = LookAt(callPath, status);
     if (error != 0 || !IsLink(callPath, status)) return error;
-    const bool isFollowed = !place.isOnRemovable && LookBehind(callPath, status) == 0;
-    return isFollowed ? 0 : ERROR_PATH_NOT_FOUND;
+    const DWORD why = place.isOnRemovable ? ERROR_PATH_NOT_FOUND : LookBehind(callPath, status);
+    return why == ERROR_FILE_NOT_FOUND || IsRefusal(why) ? ERROR_PATH_NOT_FOUND : why;
 }
 
 // The name as it stands, then without the end that a new one would lose.
@@ -127,10 +128,8 @@ std::optional<DrivePath> Parse(const HostTree& tree, std::string_view text) {
 }
 
 bool IsOnRemovableDrive(const std::wstring& callPath) {
-    std::wstring root(callPath.size() + 1, L'\0');
-    return GetVolumePathNameW(callPath.c_str(), root.data(), static_cast<DWORD>(root.size())) !=
-               0 &&
-           GetDriveTypeW(root.c_str()) == DRIVE_REMOVABLE;
+    const std::wstring root = VolumeRootOf(callPath);
+    return !root.empty() && GetDriveTypeW(root.c_str()) == DRIVE_REMOVABLE;
 }
 
 }  // namespace
@@ -158,6 +157,7 @@ Place FindOnHost(std::string_view hostPath) {
     if (error == 0 && IsLink(place.callPath, place.status)) {
         error = LookBehind(place.callPath, place.status);
         place.callPath = FinalPath(place.callPath);
+        if (error == 0 && place.callPath.empty()) error = ERROR_CANT_RESOLVE_FILENAME;
     }
     place.failure = error == 0 ? 0 : FailureOfHostError(error);
     place.name = FromWide(LastName(place.callPath));

@@ -29,6 +29,8 @@ std::wstring PathBeside(const std::wstring& callPath) {
 }
 
 void Remove(const std::wstring& callPath) {
+    HostStatus status;
+    if (LookAt(callPath, status) != 0 || status.IsFolder()) return;
     SetFileAttributesW(callPath.c_str(), FILE_ATTRIBUTE_NORMAL);
     DeleteFileW(callPath.c_str());
 }
@@ -69,7 +71,7 @@ bool IsHeldForAMoment(DWORD error) {
 }  // namespace
 
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link
-// could lead anywhere. A folder of that name stays, and there is no successor.
+// could lead anywhere. A folder of that name stays as it is, and there is no successor.
 Successor::Successor(const Place& former)
     : m_former(former), m_callPath(PathBeside(former.callPath)) {
     Remove(m_callPath);

@@ -6,8 +6,11 @@ namespace tavel::test {
 
 TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
     constexpr DWORD virusInfected = 225;
+    constexpr DWORD virusDeleted = 226;
     constexpr DWORD noSuchDevice = 433;
     constexpr DWORD diskQuotaExceeded = 1295;
+    constexpr DWORD linkClassDisabled = 1463;
+    constexpr DWORD encryptedVolumeLocked = 0x80310000;
     struct Row {
         DWORD error;
         Long number;
@@ -20,6 +23,7 @@ TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
                            Row{ERROR_CANT_RESOLVE_FILENAME, 76},
                            Row{ERROR_BAD_NETPATH, 76},
                            Row{ERROR_BAD_NET_NAME, 76},
+                           Row{linkClassDisabled, 76},
                            Row{ERROR_FILE_EXISTS, 58},
                            Row{ERROR_ALREADY_EXISTS, 58},
                            Row{ERROR_DIR_NOT_EMPTY, 58},
@@ -30,10 +34,14 @@ TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
                            Row{ERROR_USER_MAPPED_FILE, 70},
                            Row{ERROR_DELETE_PENDING, 70},
                            Row{virusInfected, 70},
+                           Row{virusDeleted, 70},
+                           Row{ERROR_DRIVE_LOCKED, 70},
+                           Row{ERROR_LOGON_FAILURE, 70},
                            Row{ERROR_DISK_FULL, 61},
                            Row{ERROR_HANDLE_DISK_FULL, 61},
                            Row{diskQuotaExceeded, 61},
                            Row{ERROR_FILE_TOO_LARGE, 61},
+                           Row{ERROR_CANNOT_MAKE, 61},
                            Row{ERROR_NOT_READY, 71},
                            Row{ERROR_NO_MEDIA_IN_DRIVE, 71},
                            Row{ERROR_DEVICE_NOT_CONNECTED, 71},
@@ -41,6 +49,7 @@ TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
                            Row{ERROR_UNRECOGNIZED_VOLUME, 71},
                            Row{ERROR_FILE_INVALID, 71},
                            Row{noSuchDevice, 71},
+                           Row{encryptedVolumeLocked, 71},
                            Row{ERROR_INVALID_NAME, 52},
                            Row{ERROR_FILENAME_EXCED_RANGE, 52},
                            Row{ERROR_BAD_PATHNAME, 52},

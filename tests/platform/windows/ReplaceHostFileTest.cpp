@@ -61,12 +61,14 @@ TEST_P(ReplacedFiles, What_a_killed_save_has_left_is_gone_with_the_next) {
 
 TEST_P(ReplacedFiles, Where_a_folder_has_the_name_of_the_temporary_file_it_is_written_in_place) {
     fs::create_directory(Host(".db.txt.new"));
+    ASSERT_NE(SetFileAttributesW(Host(".db.txt.new").c_str(), FILE_ATTRIBUTE_HIDDEN), 0);
     const std::optional<FileStamp> before = StampOf(temp.HostPath("card/db.txt"));
     ASSERT_TRUE(Replace("much longer than before"));
     ASSERT_TRUE(Replace("x"));
     EXPECT_EQ(StampOf(temp.HostPath("card/db.txt"))->inode, before->inode);
     EXPECT_EQ(Bytes("db.txt"), "x");
     EXPECT_TRUE(fs::is_directory(Host(".db.txt.new")));
+    EXPECT_NE(GetFileAttributesW(Host(".db.txt.new").c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
 }
 
 TEST_P(ReplacedFiles, Nobody_else_can_write_the_temporary_file) {
