@@ -110,6 +110,17 @@ TEST_F(PanelButtons, click_on_the_chevron_collapses_and_expands_again) {
     EXPECT_EQ(events[2], ChevronClicked(place, false, 200));
 }
 
+TEST_F(PanelButtons, click_on_the_chevron_tells_the_keys_and_the_bars_heights_in_pixels) {
+    panel.Expandable(true);
+    panel.HeaderSize(2);
+    panel.FooterSize(1);
+    Listen();
+    SendMouse(panel, QEvent::MouseButtonRelease, Chevron(), Qt::LeftButton, Qt::NoButton,
+              Qt::ShiftModifier | Qt::AltModifier);
+    EXPECT_THAT(events, testing::Contains(testing::AllOf(testing::StartsWith("ChevronClick 1 5 "),
+                                                         testing::EndsWith(" 1 34 40 3000"))));
+}
+
 TEST_F(PanelButtons, click_on_the_chevron_is_told_before_the_collapse_and_after_the_expansion) {
     panel.Expandable(true);
     std::vector<int> heights;

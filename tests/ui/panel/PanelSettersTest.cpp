@@ -243,4 +243,25 @@ TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_an
     EXPECT_EQ(label->font().pixelSize(), 31);
 }
 
+TEST_F(PanelSetter, of_the_headers_font_is_the_inner_labels_whatever_the_windows_is) {
+    panel.ClassicXPStyle(true);
+    panel.HeaderTextFont(QFont());
+    const QString family = QFont().family();
+    const auto* label = panel.findChild<InnerLabel*>();
+    window.setFont(QFont(QStringLiteral("Times"), 23));
+    panel.Refresh();
+    EXPECT_EQ(label->font().family(), family);
+    EXPECT_EQ(label->font().pointSizeF(), QFont().pointSizeF());
+}
+
+TEST_F(PanelSetter, of_the_containers_font_and_text_colour_draws_nothing) {
+    for (const bool classic : {false, true}) {
+        panel.ClassicXPStyle(classic);
+        const QImage before = panel.Surface();
+        panel.ContainerTextFont(QFont(QStringLiteral("Times"), 23));
+        panel.ContainerForeColor(0x1234FF);
+        EXPECT_EQ(panel.Surface(), before) << classic;
+    }
+}
+
 }  // namespace tavel::test

@@ -74,10 +74,6 @@ class Sheet : public QWidget {
         setMinimumSize(gap + columns * (panelWidth + gap), gap + rows * (panelHeight + gap));
     }
 
-    void ShowAll() {
-        for (xpFrame* panel : findChildren<xpFrame*>()) panel->showMe();
-    }
-
   private:
     xpFrame& Place(const QString& name) {
         auto* panel = new xpFrame(this);
@@ -245,18 +241,28 @@ int Run(int argc, char** argv) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (parser.isSet(dark)) QApplication::setPalette(DarkPalette());
 
-    auto* sheet = new Sheet;
     auto* area = new QScrollArea;
-    area->setWidget(sheet);
+    area->setWidget(new Sheet);
 
     QWidget window;
     window.setWindowTitle(QStringLiteral("Panels"));
+    auto* show = new QPushButton(QStringLiteral("Show the closed ones again"));
+    QObject::connect(show, &QPushButton::clicked, [area] {
+        for (xpFrame* panel : area->findChildren<xpFrame*>()) panel->showMe();
+    });
+    auto* putBack = new QPushButton(QStringLiteral("Put all back as it was"));
+    QObject::connect(putBack, &QPushButton::clicked, [area] {
+        area->setWidget(new Sheet);
+        area->widget()->show();
+    });
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(show);
+    buttons->addWidget(putBack);
+    buttons->addStretch();
     auto* layout = new QVBoxLayout(&window);
-    auto* all = new QPushButton(QStringLiteral("Show the closed ones again"));
-    QObject::connect(all, &QPushButton::clicked, [sheet] { sheet->ShowAll(); });
-    layout->addWidget(all, 0, Qt::AlignLeft);
+    layout->addLayout(buttons);
     layout->addWidget(area);
-    if (parser.isSet(picture)) return sheet->grab().save(parser.value(picture)) ? 0 : 1;
+    if (parser.isSet(picture)) return area->widget()->grab().save(parser.value(picture)) ? 0 : 1;
     window.resize(window.screen()->availableSize().boundedTo(QSize(1240, 900)));
     window.show();
     return QApplication::exec();

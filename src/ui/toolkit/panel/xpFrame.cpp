@@ -30,6 +30,12 @@ void MaskWith(QWidget& widget, const QRegion& region) {
     widget.setMask(region.isEmpty() ? QRegion(-1, -1, 1, 1) : region);
 }
 
+// A widget would take from its window what was never set in a font.
+QFont WholeFont(QFont font) {
+    font.setResolveMask(QFont::AllPropertiesResolved);
+    return font;
+}
+
 QRegion RoundRegionOf(QSize size, int ellipse) {
     return RoundRectRegion({0, 0, size.width(), size.height()}, ellipse, ellipse);
 }
@@ -137,7 +143,7 @@ void xpFrame::ShowInnerLabel() {
     if (!m_properties.ClassicXPStyle) return;
     m_label->setGeometry(rect());
     m_label->setText(m_properties.HeaderText);
-    m_label->setFont(m_properties.HeaderTextFont);
+    m_label->setFont(WholeFont(m_properties.HeaderTextFont));
     m_label->SetBackColor(TranslateColor(m_properties.BackColor));
     m_label->raise();
 }
