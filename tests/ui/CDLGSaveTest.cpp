@@ -70,6 +70,12 @@ class SaveDialogs : public ::testing::Test {
         QTest::keyClick(&NameBox(box), Qt::Key_Return);
     }
 
+    // For words that would pick out a file or a folder of the list while they are typed.
+    static void Confirm(QWidget& box, const char* words) {
+        NameBox(box).setText(QString::fromLatin1(words));
+        QTest::keyClick(&NameBox(box), Qt::Key_Return);
+    }
+
     // Answers the question that stands over the box. It names the file as it was typed or, where
     // the host tells letters' case apart in no name, as it is called.
     static void AnswerNext(const std::string& asked, Qt::Key key) {
@@ -136,6 +142,22 @@ TEST_F(SaveDialogs, a_name_that_is_taken_is_asked_about_in_any_case_of_its_lette
     EXPECT_EQ(folder.Read("taken.txt"), "old");
 }
 
+TEST_F(SaveDialogs, quotation_marks_neither_name_a_second_file_nor_drop_part_of_a_name) {
+    for (const char* names : {R"("new.txt" "newer.txt")", R"(new"er.txt)", R"("new" er.txt)",
+                              R"(new "er.txt")", R"("new.txt)"}) {
+        Call refused = call;
+        WhenModal([names](QWidget& box) {
+            Confirm(box, names);
+            EXPECT_TRUE(box.isVisible()) << names;
+            if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
+        });
+        ExpectNothingChosen(refused);
+    }
+    WhenModal([](QWidget& box) { Confirm(box, R"("new one.txt")"); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.Filename, Padded(folder.DrivePath("new one.txt")));
+}
+
 TEST_F(SaveDialogs, without_the_prompt_nothing_is_asked) {
     call.OverWritePrompt = false;
     WhenModal([](QWidget& box) { Type(box, "taken.txt"); });
@@ -188,11 +210,7 @@ TEST_F(SaveDialogs, the_box_stays_for_what_cannot_be_saved) {
         });
         ExpectNothingChosen(refused);
     }
-    WhenModal([](QWidget& box) {
-        // Typed, the folder would be selected in the list at its last letter.
-        NameBox(box).setText(QStringLiteral("Trip/b.txt"));
-        QTest::keyClick(&NameBox(box), Qt::Key_Return);
-    });
+    WhenModal([](QWidget& box) { Confirm(box, "Trip/b.txt"); });
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.Filename, Padded(folder.DrivePath("Trip\\b.txt")));
 }
