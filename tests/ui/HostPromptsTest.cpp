@@ -1,16 +1,19 @@
 #include "core/PublicStuff.h"
 #include "platform/HostBoxes.h"
 #include "support/Support.h"
+#include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/BrowseForFolder.h"
 #include "ui/toolkit/RealPrompter.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/WorkWindow.h"
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QDir>
+#include <QPointer>
 #include <QWidget>
 
 namespace tavel::test {
@@ -55,6 +58,8 @@ class FakeFolderBox : public HostFolderBox {
     void SetStatus(const std::string& text) override { status = text; }
     void Allow(bool ok) override { isAllowed = ok; }
 };
+
+const std::string tooLong = "c:\\" + std::string(MaxPathCharacters, 'x');
 
 class HostPrompts : public ::testing::Test {
   protected:
@@ -123,7 +128,6 @@ TEST_F(HostPrompts, a_cancelled_box_and_one_that_failed_pick_nothing) {
 }
 
 TEST_F(HostPrompts, a_path_that_is_too_long_is_told_and_asked_for_again) {
-    const std::string tooLong = "c:\\" + std::string(MaxPathCharacters, 'x');
     boxes.answers = {{true, 0, {tooLong}, 0, false},
                      {true, 0, {folder.DrivePath("a.jpg")}, 0, false}};
     PromptQueue prompts;
@@ -133,6 +137,44 @@ TEST_F(HostPrompts, a_path_that_is_too_long_is_told_and_asked_for_again) {
     EXPECT_EQ(boxes.asked.size(), 2u);
     EXPECT_EQ(answer.files,
               QStringList{QDir::toNativeSeparators(ToQString(folder.HostPath("a.jpg")))});
+}
+
+TEST_F(HostPrompts, a_file_in_a_folder_that_is_not_there_is_told_and_asked_for_again) {
+    const std::string file = folder.DrivePath("none\\a.jpg");
+    boxes.answers = {{true, 0, {file}, 0, false},
+                     {true, 0, {folder.DrivePath("new.jpg")}, 0, false}};
+    PromptQueue prompts;
+    prompts.ExpectMsgBox(ToQString(file + " can't be reached."), MsgBoxButtons::OK,
+                         MsgBoxAnswer::OK);
+    const FileAnswer answer = prompter.PickFiles(request);
+    EXPECT_EQ(answer.files, QStringList{ToQString(folder.HostPath("new.jpg"))});
+}
+
+TEST_F(HostPrompts, what_is_told_of_a_path_stands_over_the_programs_window) {
+    boxes.answers = {{true, 0, {tooLong}, 0, false}};
+    const RealPrompts real;
+    Service<HostBoxes>::Use(&boxes);
+    SetWorkWindow(owner);
+    ConfirmNext([this](QWidget& box) { EXPECT_EQ(box.parentWidget(), &owner); });
+    EXPECT_EQ(prompter.PickFiles(request).result, 0);
+    EXPECT_EQ(boxes.asked.size(), 2u);
+}
+
+TEST_F(HostPrompts, an_owner_that_goes_while_a_path_is_told_is_not_asked_over_again) {
+    boxes.answers = {{true, 0, {tooLong}, 0, false},
+                     {true, 0, {folder.DrivePath("a.jpg")}, 0, false}};
+    const RealPrompts real;
+    Service<HostBoxes>::Use(&boxes);
+    auto* unloaded = new QWidget;
+    request.owner = unloaded;
+    SetWorkWindow(*unloaded);
+    WhenModal([unloaded](QWidget& box) {
+        const QPointer<QWidget> alive(&box);
+        delete unloaded;
+        if (alive) QTest::keyClick(alive, Qt::Key_Return);
+    });
+    EXPECT_EQ(prompter.PickFiles(request).result, 0);
+    EXPECT_EQ(boxes.asked.size(), 1u);
 }
 
 TEST_F(HostPrompts, other_windows_take_no_input_while_the_box_stands) {
@@ -191,8 +233,7 @@ TEST_F(HostPrompts, what_is_no_folder_to_keep_cannot_be_chosen) {
     FakeFolderBox box;
     std::vector<bool> allowed;
     boxes.pickFolder = [&](const HostFolderRequest& asked) {
-        for (const std::string& path :
-             {std::string("c:\\a"), std::string(), "c:\\" + std::string(MaxPathCharacters, 'x')}) {
+        for (const std::string& path : {std::string("c:\\a"), std::string(), tooLong}) {
             asked.onSelection(box, path);
             allowed.push_back(box.isAllowed);
         }

@@ -7,7 +7,7 @@
 
 #include <QDialog>
 #include <QDir>
-#include <algorithm>
+#include <QPointer>
 
 namespace tavel {
 
@@ -57,6 +57,25 @@ FileAnswer AnswerOf(const HostFileAnswer& given) {
     return answer;
 }
 
+HostFileAnswer AskHost(const FileRequest& request) {
+    const StandIn standIn(request.owner);
+    HostFileRequest asked = AskedOfHost(request);
+    asked.owner = standIn.Owner();
+    return Service<HostBoxes>::Get().PickFiles(asked);
+}
+
+// Why the program can't take what was picked; empty where it can.
+QString Refusal(const HostFileAnswer& given) {
+    for (const std::string& path : given.files) {
+        if (IsPathTooLong(path))
+            return QDialog::tr("A path of more than %1 characters can't be taken.")
+                .arg(MaxPathCharacters);
+        if (oFSO().HostPath(path).empty())
+            return QDialog::tr("%1 can't be reached.").arg(ToQString(path));
+    }
+    return {};
+}
+
 // The picker of the host's box, in the words of those who ask.
 class Picker : public FolderPicker {
   public:
@@ -72,17 +91,17 @@ class Picker : public FolderPicker {
 
 }  // namespace
 
+// What is told of a path is owned by a window that people see: the stand-in has gone by then. The
+// owner may go meanwhile, which cancels as it does while a box stands.
 FileAnswer PickFilesByHost(const FileRequest& request) {
-    StandIn standIn(request.owner);
-    HostFileRequest asked = AskedOfHost(request);
-    asked.owner = standIn.Owner();
-    while (true) {
-        const HostFileAnswer given = Service<HostBoxes>::Get().PickFiles(asked);
-        if (std::none_of(given.files.begin(), given.files.end(), IsPathTooLong))
-            return AnswerOf(given);
-        MsgBox(QDialog::tr("A path of more than %1 characters can't be taken.")
-                   .arg(MaxPathCharacters));
-    }
+    const QPointer<QWidget> owner(request.owner);
+    do {
+        const HostFileAnswer given = AskHost(request);
+        const QString refusal = Refusal(given);
+        if (refusal.isEmpty()) return AnswerOf(given);
+        MsgBox(refusal);
+    } while (request.owner == nullptr || !owner.isNull());
+    return {};
 }
 
 std::string PickFolderByHost(const FolderRequest& request) {
