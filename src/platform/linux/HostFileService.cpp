@@ -1,6 +1,7 @@
 #include "platform/linux/HostFileService.h"
 
 #include "platform/Failure.h"
+#include "platform/FileReading.h"
 #include "platform/HostNames.h"
 #include "platform/linux/DriveTable.h"
 #include "platform/linux/FileOperations.h"
@@ -17,19 +18,6 @@
 namespace tavel {
 
 namespace {
-
-std::string ReadToEnd(HostFile& file) {
-    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(file.Size(), 0)) + 1, '\0');
-    std::size_t length = 0;
-    std::size_t count = 0;
-    while (file.Read({bytes.data() + length, bytes.size() - length}, count)) {
-        length += count;
-        const bool isAtEnd = length < bytes.size();
-        bytes.resize(isAtEnd ? length : 2 * length);
-        if (isAtEnd) return bytes;
-    }
-    Fail(file.Error());
-}
 
 class LinuxFileService : public FileService {
   public:

@@ -1,7 +1,9 @@
 #include "platform/windows/FileOperations.h"
 
 #include "platform/Failure.h"
+#include "platform/FileReading.h"
 #include "platform/HostNames.h"
+#include "platform/PlaceChecks.h"
 #include "platform/Text.h"
 #include "platform/windows/FileIdentity.h"
 #include "platform/windows/Flush.h"
@@ -22,25 +24,8 @@ namespace tavel {
 
 namespace {
 
-constexpr std::size_t pieceSize = std::size_t{1024} * 1024;
-
 void Require(bool succeeded) {
     if (!succeeded) FailWithHostError();
-}
-
-void RequireFile(const Place& place) {
-    if (place.failure != 0) Fail(place.failure);
-    if (!place.IsFile()) Fail(failure::FileNotFound);
-}
-
-void RequireFree(const Place& place) {
-    if (place.failure == 0) Fail(failure::FileAlreadyExists);
-    if (place.failure != failure::FileNotFound) Fail(place.failure);
-    if (place.name.empty()) Fail(failure::BadFileName);
-}
-
-void RequireOneDrive(const Place& place) {
-    if (place.path.HasSecondDrive()) Fail(failure::BadFileName);
 }
 
 // A link that stands for a folder is a folder to the host.
@@ -82,21 +67,6 @@ std::unique_ptr<HostFile> OpenOrFail(Place place, RawMode mode) {
     return file;
 }
 
-// Hands over a file piece by piece for as long as the pieces are taken. 0, or the run-time's number
-// of why it can't be read; what has been cut short since it was found has no whole copy.
-template <class Take>
-Long ReadPieces(HostFile& file, const HostStatus& found, Take&& take) {
-    const auto piece = std::make_unique_for_overwrite<char[]>(pieceSize);
-    std::int64_t left = found.size;
-    std::size_t count = 0;
-    do {
-        if (!file.Read({piece.get(), pieceSize}, count)) return file.Error();
-        if (!take(std::string_view(piece.get(), count))) return 0;
-        left -= static_cast<std::int64_t>(count);
-    } while (count == pieceSize);
-    return left > 0 ? failure::DeviceIO : 0;
-}
-
 // Closing tells of a write that has failed.
 void CopyBetween(Place source, const HostTree& tree, Place target) {
     const HostStatus status = source.status;
@@ -104,7 +74,8 @@ void CopyBetween(Place source, const HostTree& tree, Place target) {
     const std::unique_ptr<HostFile> from = OpenOrFail(std::move(source), RawMode::Read);
     const std::unique_ptr<HostFile> to = OpenOrFail(std::move(target), RawMode::Create);
     std::size_t written = 0;
-    Long error = ReadPieces(*from, status, [&](auto piece) { return to->Write(piece, written); });
+    Long error =
+        ReadPieces(*from, status.size, [&](auto piece) { return to->Write(piece, written); });
     if (error == 0) to->CopyTraits(status);
     if (!to->Close() && error == 0) error = to->Error();
     if (error == 0) return;
@@ -128,7 +99,7 @@ bool RenameWithin(const Place& source, const Place& target, DWORD flags) {
 void CopyWhole(const Place& source, const Place& target) {
     const std::unique_ptr<HostFile> from = OpenOrFail(source, RawMode::Read);
     Successor copy(target);
-    const Long error = ReadPieces(*from, source.status, [&](auto piece) {
+    const Long error = ReadPieces(*from, source.status.size, [&](auto piece) {
         copy.Write(piece);
         return copy.Error() == 0;
     });

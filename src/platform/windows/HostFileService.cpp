@@ -1,6 +1,7 @@
 #include "platform/windows/HostFileService.h"
 
 #include "platform/Failure.h"
+#include "platform/FileReading.h"
 #include "platform/HostNames.h"
 #include "platform/windows/FileOperations.h"
 #include "platform/windows/FolderListing.h"
@@ -42,19 +43,6 @@ std::wstring TempFolderOfHost() {
         longPath.resize(length);
         if (fits) return longPath;
     }
-}
-
-std::string ReadToEnd(HostFile& file) {
-    std::string bytes(static_cast<std::size_t>(std::max<std::int64_t>(file.Size(), 0)) + 1, '\0');
-    std::size_t length = 0;
-    std::size_t count = 0;
-    while (file.Read({bytes.data() + length, bytes.size() - length}, count)) {
-        length += count;
-        const bool isAtEnd = length < bytes.size();
-        bytes.resize(isAtEnd ? length : 2 * length);
-        if (isAtEnd) return bytes;
-    }
-    Fail(file.Error());
 }
 
 // Else the host would ask the user, in a box of its own, to put a medium into an empty drive.
