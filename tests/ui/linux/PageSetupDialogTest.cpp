@@ -116,6 +116,59 @@ TEST(VBPageSetupDlg2, no_margin_can_be_set_below_its_minimum) {
     EXPECT_FALSE(call.Run(dialog));
 }
 
+TEST(VBPageSetupDlg2, minimums_hold_on_another_paper_and_in_other_units) {
+    Call call;
+    call.MinTopMargin = 15;
+    ConfirmNext([](QWidget& box) {
+        auto& paper = Find<QComboBox>(box, "pageSizeCombo");
+        QTest::keyClick(&paper, Qt::Key_Home);
+        ASSERT_NE(paper.currentText(), QStringLiteral("A4"));
+        TypeMargin(box, "topMargin", "3");
+        EXPECT_GE(Margin(box, "topMargin").value(), 15);
+        QTest::keyClick(&Find(box, "landscape"), Qt::Key_Space);
+        TypeMargin(box, "topMargin", "4");
+        EXPECT_GE(Margin(box, "topMargin").value(), 15);
+        QTest::keyClick(&Find(box, "unitCombo"), Qt::Key_Down);
+        TypeMargin(box, "topMargin", "0.3");
+        EXPECT_NEAR(Margin(box, "topMargin").minimum(), 15 / 25.4, 0.005);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_GE(call.TopMargin, 14.9);
+}
+
+TEST(VBPageSetupDlg2, where_there_is_a_printer_the_box_begins_with_the_given_page_too) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.PaperSize = 8;  // A3
+    call.Orientation = 2;
+    call.MinTopMargin = 15;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "pageSizeCombo").currentText(), QStringLiteral("A3"));
+        EXPECT_TRUE(Find<QRadioButton>(box, "landscape").isChecked());
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 20);
+        EXPECT_EQ(Margin(box, "bottomMargin").value(), 23);
+        EXPECT_EQ(Margin(box, "topMargin").minimum(), 15);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 8);
+    EXPECT_EQ(call.Orientation, 2);
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 20);
+    EXPECT_DOUBLE_EQ(call.RightMargin, 21);
+    EXPECT_DOUBLE_EQ(call.TopMargin, 22);
+    EXPECT_DOUBLE_EQ(call.BottomMargin, 23);
+}
+
+TEST(VBPageSetupDlg2, a_paper_that_the_printer_has_not_is_the_printers_own) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.PaperSize = 1;  // Letter
+    ConfirmNext();
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 9);
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 20);
+    EXPECT_DOUBLE_EQ(call.BottomMargin, 23);
+}
+
 TEST(VBPageSetupDlg2, what_is_0_is_as_at_the_last_call) {
     CDLG dialog;
     Call call;

@@ -1,5 +1,6 @@
 #include "support/Support.h"
 #include "ui/support/Modal.h"
+#include "ui/support/PageSetupCall.h"
 #include "ui/support/PrintCall.h"
 #include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
@@ -12,6 +13,7 @@
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPainter>
 #include <QPrinter>
@@ -40,6 +42,10 @@ void Type(QWidget& box, const char* spinBox, int value) {
 
 void Press(QWidget& box, const char* button) { QTest::keyClick(&Find(box, button), Qt::Key_Space); }
 
+QDoubleSpinBox& Margin(QWidget& properties) {
+    return Find<QDoubleSpinBox>(properties, "topMargin");
+}
+
 void PrintInto(QWidget& box, const QString& file) {
     auto& name = Find<QLineEdit>(box, "filename");
     Type(name, file);
@@ -64,8 +70,36 @@ class PrintDialogs : public ::testing::Test {
   protected:
     QString File(const char* name) const { return ToQString(folder.HostPath(name)); }
 
+    // A3 across, with margins from the left around to the bottom.
+    void SetUpPage() {
+        PageSetupCall page;
+        page.PaperSize = 8;
+        page.Orientation = 2;
+        page.LeftMargin = 20;
+        page.TopMargin = 30;
+        page.RightMargin = 40;
+        page.BottomMargin = 50;
+        ConfirmNext();
+        ASSERT_TRUE(page.Run(dialog));
+    }
+
+    std::string Page() const {
+        const QPageLayout page = printer.pageLayout();
+        const QMargins margins = page.margins(QPageLayout::Millimeter).toMargins();
+        return QStringLiteral("%1 %2, %3 %4 %5 %6")
+            .arg(QPageSize::key(page.pageSize().id()), page.orientation() == QPageLayout::Landscape
+                                                           ? QStringLiteral("across")
+                                                           : QStringLiteral("upright"))
+            .arg(margins.left())
+            .arg(margins.top())
+            .arg(margins.right())
+            .arg(margins.bottom())
+            .toStdString();
+    }
+
     TempFolder folder;
     QPrinter printer;
+    CDLG dialog;
 };
 
 }  // namespace
@@ -87,7 +121,6 @@ TEST_F(PrintDialogs, a_page_goes_into_the_file_that_is_typed) {
 }
 
 TEST_F(PrintDialogs, a_page_has_the_paper_of_the_page_setup_before_it) {
-    CDLG dialog;
     double left = 0, right = 0, top = 0, bottom = 0;
     Long paper = 8;  // A3
     Long across = 2;
@@ -108,6 +141,69 @@ TEST_F(PrintDialogs, a_page_has_the_paper_of_the_page_setup_before_it) {
     EXPECT_EQ(printer.outputFileName(), File("a3.pdf"));
     QPainter(&printer).drawText(300, 300, QStringLiteral("Tavel"));
     EXPECT_EQ(PagesOf(folder.Read("a3.pdf")), QStringList(QStringLiteral("1191 x 842")));
+}
+
+TEST_F(PrintDialogs, a_printer_has_the_page_of_the_page_setup_before_it) {
+    const Printers printers({QStringLiteral("Ink")});
+    SetUpPage();
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Ink"));
+    EXPECT_EQ(Page(), "A3 across, 20 30 40 50");
+}
+
+TEST_F(PrintDialogs, what_the_user_sets_in_the_properties_counts_unless_they_are_cancelled) {
+    const Printers printers({QStringLiteral("Ink")});
+    SetUpPage();
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        for (int times = 0; times < 2; ++times) {
+            WhenModal([](QWidget& properties) {
+                EXPECT_EQ(Find<QComboBox>(properties, "pageSizeCombo").currentText(),
+                          QStringLiteral("A3"));
+                Margin(properties).setValue(35);
+                QTest::keyClick(&properties, Qt::Key_Escape);
+            });
+            Press(box, "properties");
+        }
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(Page(), "A3 across, 20 30 40 50");
+
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            EXPECT_EQ(Margin(properties).value(), 30);
+            Margin(properties).setValue(35);
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(Page(), "A3 across, 20 35 40 50");
+}
+
+TEST_F(PrintDialogs, properties_that_were_set_for_another_printer_are_left) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    SetUpPage();
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            Margin(properties).setValue(35);
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Down);
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(Page(), "A3 across, 20 30 40 50");
 }
 
 TEST_F(PrintDialogs, what_the_user_sets_comes_back) {
@@ -203,7 +299,6 @@ TEST_F(PrintDialogs, a_page_without_colors_has_none) {
         Press(box, "reverse");
         PrintInto(box, File("gray.pdf"));
     });
-    CDLG dialog;
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_EQ(printer.colorMode(), QPrinter::GrayScale);
     EXPECT_EQ(printer.pageOrder(), QPrinter::LastPageFirst);
@@ -252,7 +347,6 @@ TEST_F(PrintDialogs, a_cancel_leaves_everything_as_it_is) {
     Call call;
     call.Printer = &printer;
     const QString before = printer.outputFileName();
-    CDLG dialog;
     WhenModal([this](QWidget& box) {
         Type(Find<QLineEdit>(box, "filename"), File("a.pdf"));
         Type(box, "copies", 4);
@@ -282,7 +376,6 @@ TEST_F(PrintDialogs, a_file_that_is_there_is_asked_about) {
 }
 
 TEST_F(PrintDialogs, the_file_of_the_last_call_is_proposed_again) {
-    CDLG dialog;
     Call call;
     WhenModal([this](QWidget& box) {
         EXPECT_EQ(Find<QLineEdit>(box, "filename").text(),
@@ -308,7 +401,6 @@ TEST_F(PrintDialogs, the_printer_becomes_the_device_that_is_chosen) {
         QTest::keyClick(&devices, Qt::Key_Down);
         Press(box, "duplexLong");
     });
-    CDLG dialog;
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_FALSE(call.PrintToFile);
     EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
@@ -322,7 +414,6 @@ TEST_F(PrintDialogs, the_printer_becomes_the_device_that_is_chosen) {
 
 TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
     const Printers printers({QStringLiteral("Ink")});
-    CDLG dialog;
     Call call;
     call.Printer = &printer;
     ConfirmNext([](QWidget& box) {

@@ -1,6 +1,7 @@
 #include "ui/toolkit/dialogs/PageSetupDialog.h"
 
 #include "ui/toolkit/Controls.h"
+#include "ui/toolkit/dialogs/PageParts.h"
 #include "ui/toolkit/dialogs/Parts.h"
 
 #include <QComboBox>
@@ -23,6 +24,8 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
       m_units(request.printer.layout.units()) {
     setObjectName(QStringLiteral("PageSetupDialog"));
     SetUnits();
+    ShowPage(*this, request.printer.layout);
+    KeepMinimums(*this, request.printer.layout);
     Disable(request);
     PlainButtons(*this);
     adjustSize();

@@ -2,14 +2,18 @@
 
 #include "ui/toolkit/Controls.h"
 #include "ui/toolkit/Twips.h"
+#include "ui/toolkit/dialogs/PageParts.h"
 #include "ui/toolkit/dialogs/Parts.h"
 
 #include <QAbstractButton>
+#include <QChildEvent>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QDir>
 #include <QLineEdit>
 #include <QPrinter>
+#include <QPrinterInfo>
+#include <algorithm>
 #include <utility>
 
 namespace tavel {
@@ -28,7 +32,7 @@ QPrinter* Prepared(const PrintRequest& request, QPrinter& printer) {
 }  // namespace
 
 PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
-    : QPrintDialog(Prepared(request, printer), request.owner) {
+    : QPrintDialog(Prepared(request, printer), request.owner), m_page(request.printer.layout) {
     setObjectName(QStringLiteral("PrintDialog"));
     setOption(PrintToFile, request.OffersFile());
     setOption(PrintCollateCopies);
@@ -104,10 +108,44 @@ void PrintDialog::SetFile(const PrintRequest& request) {
     m_beginsWithFile = request.Has(printFlag::ToFile);
 }
 
+// Qt makes the box of a printer's properties when it is first opened, and another one for another
+// printer.
+void PrintDialog::childEvent(QChildEvent* event) {
+    QPrintDialog::childEvent(event);
+    if (!event->polished()) return;
+    auto* box = qobject_cast<QDialog*>(event->child());
+    if (box != nullptr && HasPage(*box)) BeginProperties(*box);
+}
+
+void PrintDialog::BeginProperties(QDialog& properties) {
+    ShowPage(properties, m_page);
+    connect(&properties, &QDialog::accepted, this,
+            [this, &properties] { m_acceptedProperties = &properties; });
+    // A cancel takes it back to what Qt began it with.
+    connect(&properties, &QDialog::rejected, this, [this, &properties] {
+        if (m_acceptedProperties.isNull()) ShowPage(properties, m_page);
+    });
+}
+
+// What nobody has set in the properties Qt sets anew for a printer: its own paper, no margins.
+void PrintDialog::KeepPage(PrinterState& answer) const {
+    if (!m_acceptedProperties.isNull()) return;
+    const QList<QPageSize> papers =
+        QPrinterInfo::printerInfo(answer.deviceName).supportedPageSizes();
+    const bool offered = std::any_of(papers.begin(), papers.end(), [this](const QPageSize& paper) {
+        return paper.isEquivalentTo(m_page.pageSize());
+    });
+    const QPageSize paper =
+        offered || papers.isEmpty() ? m_page.pageSize() : answer.layout.pageSize();
+    answer.layout = m_page;
+    answer.layout.setPageSize(paper, m_page.minimumMargins());
+}
+
 PrintAnswer PrintDialog::Answer() {
     PrintAnswer answer;
     answer.result = 1;
     answer.printer = StateOf(*printer());
+    KeepPage(answer.printer);
     answer.fromPage = fromPage();
     answer.toPage = toPage();
     answer.flags = (printRange() == PageRange ? printFlag::PageNumbers : 0) |

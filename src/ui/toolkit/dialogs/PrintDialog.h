@@ -2,6 +2,8 @@
 
 #include "ui/toolkit/dialogs/CommonDialogs.h"
 
+#include <QPageLayout>
+#include <QPointer>
 #include <QPrintDialog>
 #include <initializer_list>
 
@@ -20,6 +22,7 @@ class PrintDialog : public QPrintDialog {
     PrintAnswer Answer();
 
   protected:
+    void childEvent(QChildEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:
@@ -28,7 +31,11 @@ class PrintDialog : public QPrintDialog {
     void HideRanges(std::initializer_list<const char*> parts);
     void NameControls();
     void ShowAll();
+    void BeginProperties(QDialog& properties);
+    void KeepPage(PrinterState& answer) const;
 
+    QPageLayout m_page;                      // as requested
+    QPointer<QDialog> m_acceptedProperties;  // gone with the choice of another printer
     bool m_beginsWithFile = false;
 };
 
