@@ -87,9 +87,11 @@ TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of
     for (const int height : {200, 150}) {
         panel.resize(300, height);
         panel.ReadProperties(MemoryPropertyBag());
-        panel.resize(300, 90);
-        panel.Expand();
-        EXPECT_EQ(panel.height(), height);
+        for (const int other : {90, 120}) {
+            panel.resize(300, other);
+            panel.Expand();
+            EXPECT_EQ(panel.height(), height);
+        }
     }
 }
 
