@@ -99,6 +99,23 @@ TEST_F(PanelDrag, drag_can_be_started_and_stopped_by_the_host) {
     Release();
 }
 
+TEST_F(PanelDrag, drag_by_the_second_press_of_a_double_click_moves_nothing) {
+    panel.ContainerMoveable(true);
+    ListenToMoves();
+    SendMouse(panel, QEvent::MouseButtonDblClick, {30, 10}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {60, 40}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_THAT(moves, ElementsAre(Switches{1, false, false}));
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
+}
+
+TEST_F(PanelDrag, drag_that_the_host_starts_needs_no_button) {
+    panel.ContainerMoveable(true);
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [](int, int, float, float, bool&, bool& cMove) { cMove = true; });
+    PointAt({130, 70});
+    EXPECT_EQ(panel.geometry(), QRect(130, 70, 300, 200));
+}
+
 TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {
     panel.ContainerMoveable(true);
     Press({30, 10});
