@@ -95,6 +95,13 @@ TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of
     }
 }
 
+TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_while_collapsed_leaves_it_so_high) {
+    panel.Collapse();
+    panel.ReadProperties(MemoryPropertyBag());
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 25);
+}
+
 TEST_F(PanelOperations, Collapse_at_another_scale_leaves_the_headers_pixels) {
     SetScale(1.7);
     panel.Collapse();
