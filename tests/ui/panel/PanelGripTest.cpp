@@ -132,20 +132,6 @@ TEST_F(PanelGrip, drag_of_a_grip_that_is_gone_neither_moves_nor_resizes) {
     ExpectPointer(Qt::SizeFDiagCursor);
 }
 
-TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_starts_again_with_the_next_event_alone) {
-    panel.ContainerResizable(true);
-    PressGrip();
-    ASSERT_EQ(panel.size(), QSize(291, 191));
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool& cResize, bool&) { cResize = false; });
-    ASSERT_TRUE(panel.Areas().grip->contains(288, 188));
-    PointAt(InWindow({288, 188}));
-    EXPECT_EQ(panel.size(), QSize(291, 191));
-    PointAt(InWindow({287, 187}));
-    EXPECT_EQ(panel.size(), QSize(287, 187));
-    Release();
-}
-
 TEST_F(PanelGrip, drag_of_the_grip_goes_on_as_it_was_when_another_button_comes_and_goes) {
     panel.ContainerResizable(true);
     QPushButton child(&panel);
@@ -169,39 +155,6 @@ TEST_F(PanelGrip, press_is_taken_by_a_grip_that_is_gone_in_classic_style) {
     ExpectPointer(Qt::SizeFDiagCursor);
     Release();
     EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false}));
-}
-
-TEST_F(PanelGrip, drag_that_the_host_turns_into_a_resize_moves_no_longer) {
-    panel.ContainerResizable(true);
-    panel.ContainerMoveable(true);
-    Press({30, 90});
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool& cResize, bool&) { cResize = true; });
-    PointAt(InWindow({220, 140}));
-    Release();
-    EXPECT_EQ(panel.geometry(), QRect(50, 40, 220, 140));
-}
-
-TEST_F(PanelGrip, drag_that_the_host_turns_into_a_move_resizes_no_longer) {
-    panel.ContainerResizable(true);
-    panel.ContainerMoveable(true);
-    PressGrip();
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [](int, int, float, float, bool& cResize, bool& cMove) {
-                         cResize = false;
-                         cMove = true;
-                     });
-    PointAt({500, 400});
-    EXPECT_EQ(panel.geometry(), QRect(210, 210, 291, 191));
-    Release();
-}
-
-TEST_F(PanelGrip, drag_that_the_host_starts_needs_no_button_to_resize) {
-    panel.ContainerResizable(true);
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [](int, int, float, float, bool& cResize, bool&) { cResize = true; });
-    PointAt(InWindow({220, 140}));
-    EXPECT_EQ(panel.geometry(), QRect(50, 40, 220, 140));
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_has_resized_the_panel_when_it_is_told) {
