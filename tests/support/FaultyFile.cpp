@@ -76,7 +76,10 @@ bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) 
 
 std::int64_t FaultyFile::Size() { return IsDriveThere() ? m_real->Size() : -1; }
 
-bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->Seek(position); }
+bool FaultyFile::Seek(std::int64_t position) {
+    return m_service.RawFailureOf("Seek " + m_path + " " + std::to_string(position)) == 0 &&
+           IsDriveThere() && m_real->Seek(position);
+}
 
 bool FaultyFile::Close() {
     if (!m_real) return m_isClosedWell;
