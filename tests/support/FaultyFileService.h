@@ -61,7 +61,7 @@ class FaultyFileService : public FileService {
     // "OpenRaw Create e:\b", "DriveExists e:\", "TotalSize e:".
     std::vector<std::string> calls;
     // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Seek c:\a 0",
-    // "Close e:\b".
+    // "Size c:\a", "Close e:\b".
     std::vector<std::string> rawCalls;
     // The folder for temporary files; the real one's while this is empty.
     std::string tempFolder;
