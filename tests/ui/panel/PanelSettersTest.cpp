@@ -231,7 +231,7 @@ TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_custom_colours_too) {
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
 }
 
-TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_in_its_font) {
+TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_up_to_date) {
     panel.ClassicXPStyle(true);
     auto* label = panel.findChild<InnerLabel*>();
     const QPushButton child(&panel);
@@ -241,6 +241,10 @@ TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_an
     panel.HeaderTextFont(font);
     EXPECT_EQ(panel.children().last(), label);
     EXPECT_EQ(label->font().pixelSize(), 31);
+    for (const QString& text : {QStringLiteral("News"), QStringLiteral("Old"), QString()}) {
+        panel.HeaderText(text);
+        EXPECT_EQ(label->text(), text);
+    }
 }
 
 TEST_F(PanelSetter, of_the_headers_font_is_the_inner_labels_whatever_the_windows_is) {
