@@ -195,6 +195,52 @@ TEST(PanelTextPaint, a_text_that_is_too_high_is_cut_at_the_edges) {
     }
 }
 
+TEST(PanelTextPaint, a_text_that_is_too_long_loses_the_ends_that_its_alignment_is_not_at) {
+    PanelProperties p = Sharp({});
+    const QString high(60, QLatin1Char('H'));
+    const QString low(400, QLatin1Char('.'));
+    const std::array texts{high + low, low + high, low + high + low};  // left, right, centre
+    for (std::size_t text = 0; text < texts.size(); ++text) {
+        for (std::size_t align = 0; align < 3; ++align) {
+            p.HeaderText = texts[text];
+            p.HeaderTextAlign = static_cast<Integer>(3 * align);
+            EXPECT_EQ(Ink(p).height() > 5, text == align) << text << ' ' << align;
+        }
+    }
+}
+
+TEST(PanelTextPaint, a_text_that_is_too_high_shows_the_middle_or_the_foot_where_it_is_aligned_so) {
+    PanelProperties p = Sharp({});
+    p.HeaderTextFont = SharpFont(60);
+    p.HeaderSize = 0;
+    for (p.HeaderTextAlign = 0; p.HeaderTextAlign < 3; ++p.HeaderTextAlign) {
+        p.HeaderText = QStringLiteral("+");
+        EXPECT_EQ(Ink(p).isEmpty(), p.HeaderTextAlign != 1) << p.HeaderTextAlign;
+        p.HeaderText = QStringLiteral("_");
+        EXPECT_EQ(Ink(p).isEmpty(), p.HeaderTextAlign != 2) << p.HeaderTextAlign;
+    }
+}
+
+TEST(PanelTextPaint, lies_below_the_outline_and_the_grip_and_the_footers_below_the_header) {
+    PanelProperties p = Sharp(WithCustomColors());
+    p.HeaderText = p.FooterText = QString(5, QChar(0x2588));  // fill all the room of a text
+    p.HeaderTextFont = p.FooterTextFont = SharpFont(400);
+    p.HeaderTextAlign = p.FooterTextAlign = 7;
+    p.HeaderPictureSize = 0;  // the room begins left of the panel
+    p.ContainerResizable = true;
+    PlacedPanel placed(p, width, height);
+    const PanelModel model(p, width, height);
+    for (const auto& pixel : model.Differences(placed.Picture())) {
+        for (const OleColor color : {p.ContainerBorderColor, p.CollapseButtonColor})
+            ASSERT_NE(model.At(pixel.x, pixel.y), PanelModel::Shown(color))
+                << pixel.x << ", " << pixel.y;
+    }
+    p.HeaderText.clear();
+    placed.panel.HeaderText({});
+    placed.panel.resize(width, 40);
+    EXPECT_EQ(PanelModel(p, width, 40).FirstDifference(placed.Picture()), "");
+}
+
 // Of a panel whose alignments were never set.
 class PanelUnalignedTextPaint : public testing::Test {
   protected:
@@ -347,21 +393,23 @@ TEST(PanelTextPaint, of_a_bar_that_is_not_shown_is_not_shown) {
 }
 
 TEST(PanelTextPaint, in_classic_style_interrupts_the_frame_from_8_on_with_a_gap_of_2) {
-    PanelProperties p = Sharp({});
-    p.ClassicXPStyle = true;
-    p.BackColor = 0x00FF00;
-    p.HeaderText = QLatin1String(sText);
-    PlacedPanel placed(p, width, height);
-    const QImage picture = placed.Picture();
-    const auto at = [&](int x) {
-        return picture.pixel(x * picture.width() / width, 4 * picture.width() / width) & 0xFFFFFF;
-    };
-    const int end = 8 + QFontMetrics(SharpFont()).horizontalAdvance(QLatin1String(sText)) + 2;
-    EXPECT_EQ(at(5), 0xD0D0BFU);
-    EXPECT_EQ(at(6), 0x00FF00U);
-    EXPECT_EQ(at(7), 0x00FF00U);
-    EXPECT_EQ(at(end - 1), 0x00FF00U);
-    EXPECT_EQ(at(end + 1), 0xD0D0BFU);
+    const ColorfulPalette palette;
+    for (const OleColor color : {0x0000FF00U, 0x8000000FU}) {
+        PanelProperties p = Sharp({});
+        p.ClassicXPStyle = true;
+        p.BackColor = color;
+        p.HeaderText = QLatin1String(sText);
+        PlacedPanel placed(p, width, height);
+        const QImage picture = placed.Picture();
+        const auto at = [&](int x) {
+            const int ratio = picture.width() / width;
+            return picture.pixel(x * ratio, 4 * ratio) & 0xFFFFFF;
+        };
+        const int end = 8 + QFontMetrics(SharpFont()).horizontalAdvance(QLatin1String(sText)) + 2;
+        EXPECT_EQ(at(5), 0xD0D0BFU);
+        for (const int x : {6, 7, end - 1}) EXPECT_EQ(at(x), PanelModel::Shown(color)) << x;
+        EXPECT_EQ(at(end + 1), 0xD0D0BFU);
+    }
 }
 
 TEST(PanelTextPaint, in_classic_style_has_an_ampersand_as_a_letter) {
