@@ -5,6 +5,8 @@
 
 #include <QPixmap>
 #include <functional>
+#include <set>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -374,6 +376,34 @@ TEST_F(PanelPaint, in_classic_style_is_a_frame_whatever_else_is_set) {
             p.ContainerShapeStyle = 1;
             p.ContainerBorderStyle = style;
         });
+    }
+}
+
+TEST_F(PanelPaint, in_classic_style_a_broken_frame_has_strokes_and_gaps_of_its_pens_lengths) {
+    using Lengths = std::set<int>;
+    const std::vector<std::tuple<Integer, Lengths, Lengths>> pens{
+        {1, {18}, {6}}, {2, {3}, {3}}, {3, {9, 3}, {6}}, {4, {9, 3}, {3}}};
+    for (const auto& [style, strokes, gaps] : pens) {
+        SCOPED_TRACE(style);
+        PanelProperties p;
+        p.ClassicXPStyle = true;
+        p.ContainerBorderStyle = style;
+        PlacedPanel placed(p, 200, 90);
+        const QImage picture = placed.Picture();
+        const int ratio = picture.width() / 200;
+        const auto isDrawn = [&](int x) {
+            return (picture.pixel(x * ratio, 4 * ratio) & 0xFFFFFF) == 0xD0D0BF;
+        };
+        // Between the corners, but for what begins in one or ends in the other.
+        Lengths drawn, open;
+        int start = -1;
+        for (int x = 4; x < 195; ++x) {
+            if (isDrawn(x) == isDrawn(x + 1)) continue;
+            if (start >= 0) (isDrawn(x) ? drawn : open).insert(x - start);
+            start = x;
+        }
+        EXPECT_EQ(drawn, strokes);
+        EXPECT_EQ(open, gaps);
     }
 }
 
