@@ -349,6 +349,16 @@ TEST(UtilDrawShapeStyle, takes_any_two_opposite_corners) {
     }
 }
 
+TEST(UtilDrawShapeStyle, draws_nothing_without_a_width_or_a_height) {
+    DeviceContext context(QSize(40, 30), 1);
+    context.pen = {PS_SOLID, Qt::red};
+    for (const int radius : {0, 7}) {
+        xpFrame::UtilDrawShapeStyle(context, 5, 4, 5, 14, radius);
+        xpFrame::UtilDrawShapeStyle(context, 5, 4, 25, 4, radius);
+    }
+    EXPECT_EQ(CountOf(context, Qt::red), 0);
+}
+
 TEST(UtilDrawShapeStyle, has_corners_of_the_radius) {
     DeviceContext context(QSize(40, 30), 1);
     context.pen = {PS_SOLID, Qt::red};

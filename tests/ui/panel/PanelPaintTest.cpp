@@ -288,6 +288,25 @@ TEST_F(PanelPaint, with_icons) {
     });
 }
 
+// Each way by itself: what is not square is made so.
+TEST_F(PanelPaint, with_an_icon_that_is_drawn_larger_than_it_is) {
+    if (qApp->devicePixelRatio() > 1) GTEST_SKIP() << "an icon has finer pixels there";
+    QImage image(16, 8, QImage::Format_ARGB32);
+    image.fill(Qt::transparent);
+    for (int y = 1; y < 6; ++y) {
+        for (int x = 2; x < 15; ++x) image.setPixel(x, y, qRgb(15 * x, 40 * y, 10));
+    }
+    QImage stretched(32, 32, QImage::Format_ARGB32);
+    for (int y = 0; y < 32; ++y) {
+        for (int x = 0; x < 32; ++x) stretched.setPixel(x, y, image.pixel(x / 2, y / 4));
+    }
+    PanelProperties p;
+    p.ContainerPicture = PanelPicture(QIcon(QPixmap::fromImage(image)));
+    PlacedPanel placed(p, 120, 90);
+    p.ContainerPicture = PanelPicture(QIcon(QPixmap::fromImage(stretched)));
+    EXPECT_EQ(PanelModel(p, 120, 90).FirstDifference(placed.Picture()), "");
+}
+
 TEST_F(PanelPaint, with_an_icon_that_is_drawn_smaller_than_it_is) {
     if (qApp->devicePixelRatio() > 1) GTEST_SKIP() << "an icon has finer pixels there";
     QImage image(32, 32, QImage::Format_ARGB32);
@@ -330,6 +349,21 @@ TEST_F(PanelPaint, with_the_custom_colours_that_a_new_panel_has) {
     }();
     // Red 15 and nothing else, where the colour of buttons could be expected.
     EXPECT_EQ(PanelModel(p, 120, 90).At(60, 45), 0x0F0000U);
+}
+
+// The column lies beyond the window, but the surface has it.
+TEST_F(PanelPaint, of_the_container_takes_the_last_column_and_that_of_a_bar_does_not) {
+    PanelProperties p = WithCustomColors();
+    p.HeaderVisible = false;
+    p.ContainerBorderStyle = 5;
+    const PlacedPanel placed(p, 120, 90);
+    const PanelModel model(p, 120, 90);
+    const QImage& surface = placed.panel.Surface();
+    const int ratio = surface.width() / 120;
+    for (int y = 0; y < 90; ++y) {
+        const PanelModel::Rgb expected = y < 70 ? model.At(60, y) : PanelModel::Shown(p.BackColor);
+        EXPECT_EQ(surface.pixel(119 * ratio, y * ratio) & 0xFFFFFF, expected) << y;
+    }
 }
 
 TEST_F(PanelPaint, in_classic_style_is_a_frame_whatever_else_is_set) {

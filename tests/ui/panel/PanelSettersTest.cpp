@@ -250,8 +250,7 @@ TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_the_custom_colours_of_th
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
 }
 
-TEST_F(PanelSetter,
-       of_classic_style_keeps_the_inner_label_above_the_children_with_the_headers_text_and_font) {
+TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_up_to_date) {
     panel.ClassicXPStyle(true);
     auto* label = panel.findChild<InnerLabel*>();
     const QPushButton child(&panel);
@@ -261,8 +260,10 @@ TEST_F(PanelSetter,
     panel.HeaderTextFont(font);
     EXPECT_EQ(panel.children().last(), label);
     EXPECT_EQ(label->font().pixelSize(), 31);
-    panel.HeaderText(QStringLiteral("News"));
-    EXPECT_EQ(label->text(), QStringLiteral("News"));
+    for (const QString& text : {QStringLiteral("News"), QStringLiteral("Old"), QString()}) {
+        panel.HeaderText(text);
+        EXPECT_EQ(label->text(), text);
+    }
 }
 
 TEST_F(PanelSetter, of_the_headers_font_is_the_inner_labels_whatever_the_windows_is) {

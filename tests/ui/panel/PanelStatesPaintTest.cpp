@@ -167,6 +167,37 @@ TEST(PanelStatesPaint, while_it_is_resized_a_theme_gives_the_colour) {
     ExpectOneColor(placed, 0xFFDEAD);
 }
 
+TEST(PanelStatesPaint, takes_each_theme_as_it_is_set) {
+    PanelProperties p;
+    PlacedPanel placed(p, 120, 90);
+    for (p.Appearence = 11; p.Appearence >= 0; --p.Appearence) {
+        SCOPED_TRACE(p.Appearence);
+        placed.panel.Appearence(p.Appearence);
+        ExpectModel(placed, p);
+    }
+}
+
+TEST(PanelStatesPaint, takes_its_theme_when_custom_colours_are_switched_off) {
+    PanelProperties p = WithEverything();
+    p.Appearence = 7;
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.UseCustomColors(p.UseCustomColors = false);
+    ExpectModel(placed, p);
+}
+
+TEST(PanelStatesPaint, without_a_theme_keeps_the_colours_of_when_custom_ones_were_switched_on) {
+    PanelProperties p = WithEverything();
+    p.UseCustomColors = false;
+    p.Appearence = 12;
+    PlacedPanel placed(p, 120, 90);
+    placed.panel.UseCustomColors(true);
+    placed.panel.ContainerBackColor(0);
+    placed.panel.CollapseButtonColor(0);
+    placed.panel.UseCustomColors(false);
+    p.UseCustomColors = true;
+    ExpectModel(placed, p);
+}
+
 TEST(PanelStatesPaint, a_theme_that_there_is_not_leaves_the_last_one) {
     PanelProperties p;
     p.Appearence = 8;
