@@ -32,8 +32,9 @@ struct HostFileRequest {
 
 struct HostFileAnswer {
     bool isChosen = false;
-    Long error = 0;                  // of the box when nothing is chosen; 0: cancelled
-    std::vector<std::string> files;  // of one folder
+    Long error = 0;  // of the box when nothing is chosen; 0: cancelled
+    // Of one folder, unless the box had a view of several; none when what was picked has no path.
+    std::vector<std::string> files;
     int filterIndex = 0;
     bool readOnly = false;
 };

@@ -1,6 +1,6 @@
 #include "platform/windows/FileBox.h"
 
-#include "platform/FileService.h"
+#include "platform/windows/PickedPaths.h"
 #include "platform/windows/Wide.h"
 
 #include <windows.h>
@@ -24,25 +24,6 @@ std::wstring FilterText(const HostFileRequest& request) {
     for (const auto& [words, patterns] : request.filters)
         text += ToWide(words) + L'\0' + ToWide(patterns) + L'\0';
     return text;
-}
-
-std::vector<std::wstring> Pieces(const std::wstring& buffer) {
-    std::vector<std::wstring> pieces;
-    for (std::size_t start = 0; start < buffer.size() && buffer[start] != 0;) {
-        pieces.emplace_back(buffer.c_str() + start);
-        start += pieces.back().size() + 1;
-    }
-    return pieces;
-}
-
-// The buffer has a single path; or the folder, and behind it the names.
-std::vector<std::string> Picked(const std::wstring& buffer) {
-    const std::vector<std::wstring> pieces = Pieces(buffer);
-    if (pieces.size() == 1) return {oFSO().FromHostPath(FromWide(pieces.front()))};
-    std::vector<std::string> files;
-    for (std::size_t i = 1; i < pieces.size(); ++i)
-        files.push_back(oFSO().FromHostPath(FromWide(pieces.front() + L'\\' + pieces[i])));
-    return files;
 }
 
 }  // namespace
@@ -73,7 +54,7 @@ HostFileAnswer RunFileBox(const HostFileRequest& request) {
         answer.error = static_cast<Long>(CommDlgExtendedError());
         return answer;
     }
-    answer.files = Picked(buffer);
+    answer.files = PickedPaths(buffer);
     answer.filterIndex = static_cast<int>(box.nFilterIndex) - 1;
     answer.readOnly = (box.Flags & OFN_READONLY) != 0;
     return answer;
