@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t room = 65'536;  // characters, for what a user may pick at once
 
 // What belongs to the box itself, and what needs more than words from its caller.
-constexpr DWORD always = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
+constexpr DWORD always = OFN_EXPLORER | OFN_ENABLESIZING;
 constexpr DWORD never = OFN_ENABLEHOOK | OFN_ENABLETEMPLATE | OFN_ENABLETEMPLATEHANDLE;
 
 // Words and patterns by turns, each with a NUL behind it; the last NUL is the text's own.
@@ -25,6 +25,22 @@ std::wstring FilterText(const HostFileRequest& request) {
         text += ToWide(words) + L'\0' + ToWide(patterns) + L'\0';
     return text;
 }
+
+// The box goes to folders itself and takes the process along, whatever its flags say of it; and a
+// stick that a process has its current folder on can't be removed.
+class CurrentFolder {
+  public:
+    CurrentFolder() {
+        m_path.resize(GetCurrentDirectoryW(0, nullptr));
+        GetCurrentDirectoryW(static_cast<DWORD>(m_path.size()), m_path.data());
+    }
+    ~CurrentFolder() { SetCurrentDirectoryW(m_path.c_str()); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
+
+  private:
+    std::wstring m_path;
+};
 
 }  // namespace
 
@@ -48,6 +64,7 @@ HostFileAnswer RunFileBox(const HostFileRequest& request) {
     box.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     box.Flags = (static_cast<DWORD>(request.flags) & ~never) | always;
 
+    const CurrentFolder stays;
     HostFileAnswer answer;
     answer.isChosen = (request.saving ? GetSaveFileNameW(&box) : GetOpenFileNameW(&box)) != FALSE;
     if (!answer.isChosen) {

@@ -92,7 +92,9 @@ class Lister {
         const FileIdentity identity(callPath);
         HostStatus status;
         if (LookBehind(callPath, status) != 0 || (status.IsFolder() && LeadsHere(identity))) return;
-        Add(entry, status, std::move(path), identity.Text());
+        // Some servers give their files no identities.
+        Add(entry, status, std::move(path),
+            identity.IsKnown() ? identity.Text() : FromWide(FinalPath(callPath)));
     }
 
     void Add(const Listed& entry, const HostStatus& status, std::string path,
