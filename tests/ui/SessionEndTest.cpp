@@ -141,7 +141,9 @@ TEST_F(SessionEndTest, a_box_of_the_hosts_that_stays_is_asked_again_after_a_mome
     RealPrompter prompter;
     QElapsedTimer time;
     time.start();
-    prompter.PickFiles({.owner = &Main()});
+    FileRequest request;
+    request.owner = &Main();
+    prompter.PickFiles(request);
     EXPECT_EQ(boxes.cancellations, SlowBoxes::patience);
     EXPECT_GE(time.elapsed(), 100) << "the processor was kept busy";
     EXPECT_EQ(manager.refusals, 1);
