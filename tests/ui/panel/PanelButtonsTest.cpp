@@ -121,6 +121,16 @@ TEST_F(PanelButtons, click_on_the_chevron_tells_the_keys_and_the_bars_heights_in
                                                          testing::EndsWith(" 1 34 40 3000"))));
 }
 
+TEST_F(PanelButtons, click_on_the_chevron_tells_the_heights_of_hidden_bars_and_the_panels_of_then) {
+    panel.Expandable(true);
+    panel.HeaderVisible(false);
+    panel.FooterVisible(false);
+    QObject::connect(&panel, &xpFrame::MouseUp, [this] { panel.resize(300, 222); });
+    Listen();
+    Click(Chevron());
+    EXPECT_THAT(events, testing::Contains(testing::EndsWith(" 1 20 25 3330")));
+}
+
 TEST_F(PanelButtons, click_on_the_chevron_is_told_before_the_collapse_and_after_the_expansion) {
     panel.Expandable(true);
     std::vector<int> heights;
