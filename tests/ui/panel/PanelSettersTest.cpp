@@ -202,6 +202,28 @@ TEST_F(PanelSetter, of_enabled_reaches_every_child_control) {
     EXPECT_TRUE(off.isEnabled());
 }
 
+TEST_F(PanelSetter, of_enabled_sets_that_of_a_panel_within) {
+    RecordingHost innerHost;
+    xpFrame inner(&panel, &innerHost);
+    innerHost.changes.clear();
+    const QPushButton child(&inner);
+    panel.enabled(false);
+    EXPECT_FALSE(inner.enabled());
+    EXPECT_TRUE(child.testAttribute(Qt::WA_ForceDisabled));
+    EXPECT_THAT(innerHost.changes, ElementsAre("Enabled"));
+    panel.enabled(true);
+    EXPECT_TRUE(inner.enabled());
+    EXPECT_TRUE(child.isEnabled());
+}
+
+TEST_F(PanelSetter, of_enabled_has_kept_the_value_when_the_children_are_switched) {
+    QPushButton child(&panel);
+    bool kept = true;
+    const On reads(QEvent::EnabledChange, child, [&] { kept = panel.enabled(); });
+    panel.enabled(false);
+    EXPECT_FALSE(kept);
+}
+
 TEST_F(PanelSetter, of_enabled_is_applied_to_the_children_at_load_when_it_is_off) {
     QPushButton child(&panel);
     child.setEnabled(false);
