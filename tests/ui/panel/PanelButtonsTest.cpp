@@ -41,7 +41,7 @@ TEST_F(PanelButtons, click_on_the_close_button_ends_the_drag_and_shows_the_child
     Click(Close());
     EXPECT_FALSE(child.isHidden());
     panel.showMe();
-    PointAt({300, 300});
+    PointAt({200, 150});
     EXPECT_EQ(panel.pos(), QPoint(50, 40));
 }
 
@@ -174,7 +174,7 @@ TEST_F(PanelButtons, drag_of_the_chevron_ends_with_its_click) {
     panel.ContainerMoveable(true);
     Drag(Chevron(), InWindow(Chevron()) + QPoint(50, 0));
     EXPECT_EQ(panel.geometry(), QRect(100, 40, 300, 25));
-    PointAt({400, 300});
+    PointAt({300, 50});
     EXPECT_EQ(panel.pos(), QPoint(100, 40));
 }
 
