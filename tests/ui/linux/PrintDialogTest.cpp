@@ -187,6 +187,66 @@ TEST_F(PrintDialogs, what_the_user_sets_in_the_properties_counts_unless_they_are
     EXPECT_EQ(Page(), "A3 across, 20 35 40 50");
 }
 
+TEST_F(PrintDialogs, properties_count_with_the_smallest_margins_of_the_printer_too) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            QTest::keyClicks(&Find(properties, "pageSizeCombo"), QStringLiteral("Envelope"));
+            Press(properties, "landscape");
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(Page(), "Env10 across, 15 15 15 15");
+}
+
+TEST_F(PrintDialogs, another_printer_prints_the_page_within_its_own_margins) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    PageSetupCall page;
+    page.PaperSize = 8;
+    page.Orientation = 2;
+    page.PrintQuality = 300;
+    page.LeftMargin = 5;
+    ConfirmNext();
+    ASSERT_TRUE(page.Run(dialog));
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    call.Copies = 3;
+    ConfirmNext([](QWidget& box) { QTest::keyClick(&Find(box, "printers"), Qt::Key_Down); });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(Page(), "A3 across, 15 22 21 23");
+    EXPECT_EQ(printer.resolution(), 300);
+    EXPECT_EQ(printer.copyCount(), 3);
+}
+
+TEST_F(PrintDialogs, a_paper_of_any_size_goes_to_the_printers_that_can_have_it) {
+    const Printers printers({QStringLiteral("Photo"), QStringLiteral("Ink")});
+    PageSetupCall page;
+    ConfirmNext([](QWidget& box) {
+        auto& papers = Find<QComboBox>(box, "pageSizeCombo");
+        papers.setCurrentIndex(papers.findText(QStringLiteral("Custom")));
+        Find<QDoubleSpinBox>(box, "pageWidth").setValue(150);
+        Find<QDoubleSpinBox>(box, "pageHeight").setValue(200);
+    });
+    ASSERT_TRUE(page.Run(dialog));
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.pageLayout().fullRect(QPageLayout::Millimeter).size(), QSizeF(150, 200));
+    ConfirmNext([](QWidget& box) { QTest::keyClick(&Find(box, "printers"), Qt::Key_Down); });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Ink"));
+    EXPECT_EQ(Page(), "A4 upright, 20 22 21 23");
+}
+
 TEST_F(PrintDialogs, properties_that_were_set_for_another_printer_are_left) {
     const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
     SetUpPage();

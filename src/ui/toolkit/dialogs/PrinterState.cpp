@@ -1,6 +1,17 @@
 #include "ui/toolkit/dialogs/PrinterState.h"
 
+#include <cmath>
+
 namespace tavel {
+
+namespace {
+
+// The lower bound stands for what is no number.
+double Within(double low, double margin, double high) {
+    return std::fmin(std::fmax(margin, low), high);
+}
+
+}  // namespace
 
 PrinterState DefaultPrinter() { return StateOf(QPrinter(QPrinter::HighResolution)); }
 
@@ -26,10 +37,29 @@ void Apply(const PrinterState& state, QPrinter& printer) {
         printer.setPrinterName(state.deviceName);
     printer.setCopyCount(state.copies);
     printer.setResolution(state.printQuality);
-    printer.setPageLayout(state.layout);
+    SetPage(state.layout, printer);
     printer.setColorMode(state.colors);
     printer.setDuplex(state.sides);
     printer.setPageOrder(state.order);
+}
+
+QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page) {
+    const QMarginsF low = page.minimumMargins();
+    const QMarginsF high = page.maximumMargins();
+    return {Within(low.left(), margins.left(), high.left()),
+            Within(low.top(), margins.top(), high.top()),
+            Within(low.right(), margins.right(), high.right()),
+            Within(low.bottom(), margins.bottom(), high.bottom())};
+}
+
+// In parts: a page whose margins a printer cannot print, be it by the fraction of a point, it
+// refuses as a whole.
+void SetPage(const QPageLayout& page, QPrinter& printer) {
+    printer.setPageSize(page.pageSize());
+    printer.setPageOrientation(page.orientation());
+    QPageLayout own = printer.pageLayout();
+    own.setUnits(page.units());
+    printer.setPageMargins(Possible(page.margins(), own), page.units());
 }
 
 }  // namespace tavel

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QPageLayout>
 #include <QPrinter>
 #include <QString>
@@ -23,5 +24,12 @@ PrinterState DefaultPrinter();
 
 PrinterState StateOf(const QPrinter& printer);
 void Apply(const PrinterState& state, QPrinter& printer);
+
+// As near to these as the page's smallest and largest margins allow; what is no number becomes the
+// smallest.
+QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page);
+
+// Gives the printer this page, with the printer's own smallest margins where these are smaller.
+void SetPage(const QPageLayout& page, QPrinter& printer);
 
 }  // namespace tavel
