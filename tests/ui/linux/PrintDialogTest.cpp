@@ -16,6 +16,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -202,6 +203,26 @@ TEST_F(PrintDialogs, properties_count_with_the_smallest_margins_of_the_printer_t
     });
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_EQ(Page(), "Env10 across, 15 15 15 15");
+}
+
+TEST_F(PrintDialogs, what_a_print_server_is_told_beside_the_page_reaches_the_printer) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            auto& sheet = Find<QComboBox>(properties, "pagesPerSheetCombo");
+            QTest::keyClick(&sheet, Qt::Key_Down);
+            EXPECT_EQ(sheet.currentText(), QStringLiteral("2 (2x1)"));
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    constexpr auto jobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+    const QStringList told = printer.printEngine()->property(jobOptions).toStringList();
+    EXPECT_EQ(told.value(told.indexOf(QStringLiteral("number-up")) + 1), QStringLiteral("2"));
 }
 
 TEST_F(PrintDialogs, another_printer_prints_the_page_within_its_own_margins) {

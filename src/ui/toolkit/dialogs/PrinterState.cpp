@@ -1,10 +1,14 @@
 #include "ui/toolkit/dialogs/PrinterState.h"
 
+#include <QPrintEngine>
 #include <cmath>
 
 namespace tavel {
 
 namespace {
+
+// Qt's public headers have no name for it.
+constexpr auto jobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
 
 // The lower bound stands for what is no number.
 double Within(double low, double margin, double high) {
@@ -25,6 +29,7 @@ PrinterState StateOf(const QPrinter& printer) {
     state.colors = printer.colorMode();
     state.sides = printer.duplex();
     state.order = printer.pageOrder();
+    state.jobOptions = printer.printEngine()->property(jobOptions).toStringList();
     return state;
 }
 
@@ -41,6 +46,7 @@ void Apply(const PrinterState& state, QPrinter& printer) {
     printer.setColorMode(state.colors);
     printer.setDuplex(state.sides);
     printer.setPageOrder(state.order);
+    printer.printEngine()->setProperty(jobOptions, state.jobOptions);
 }
 
 QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page) {

@@ -4,6 +4,7 @@
 #include <QPageLayout>
 #include <QPrinter>
 #include <QString>
+#include <QStringList>
 
 namespace tavel {
 
@@ -17,6 +18,7 @@ struct PrinterState {
     QPrinter::ColorMode colors = QPrinter::Color;
     QPrinter::DuplexMode sides = QPrinter::DuplexNone;
     QPrinter::PageOrder order = QPrinter::FirstPageFirst;
+    QStringList jobOptions;  // what else a print server is told: names, each with its value behind
 };
 
 // The default printer as it comes, or a PDF where there is none.
