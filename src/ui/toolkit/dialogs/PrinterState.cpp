@@ -36,10 +36,10 @@ PrinterState StateOf(const QPrinter& printer) {
 void Apply(const PrinterState& state, QPrinter& printer) {
     // Where the pages go comes first: it brings sizes and settings of its own along.
     printer.setOutputFileName(state.file);
-    if (!state.file.isEmpty())
-        printer.setOutputFormat(QPrinter::PdfFormat);
-    else if (!state.deviceName.isEmpty())
+    if (!state.deviceName.isEmpty())
         printer.setPrinterName(state.deviceName);
+    else if (!state.file.isEmpty())
+        printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setCopyCount(state.copies);
     printer.setResolution(state.printQuality);
     SetPage(state.layout, printer);

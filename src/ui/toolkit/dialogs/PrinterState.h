@@ -10,8 +10,10 @@ namespace tavel {
 
 // What is told of a printer from one dialog to the next, and to the one that prints.
 struct PrinterState {
-    QString deviceName;    // empty where there is no printer
-    QString file;          // a PDF in which the pages go, a path of the host; empty: to the printer
+    QString deviceName;  // empty where there is no printer
+    // Where the pages go, a path of the host: a PDF or, with a printer, whatever that prints into
+    // it. Empty: to the printer.
+    QString file;
     int copies = 1;        // from 1
     QPageLayout layout;    // paper, orientation, margins
     int printQuality = 0;  // dots per inch
