@@ -180,11 +180,13 @@ TEST(VBPageSetupDlg2, a_page_with_the_smallest_margins_of_its_printer_is_taken) 
     ConfirmNext([](QWidget& box) {
         EXPECT_TRUE(Find<QRadioButton>(box, "landscape").isChecked());
         EXPECT_EQ(Margin(box, "leftMargin").value(), 4.32);
+        TypeMargin(box, "rightMargin", "10");
     });
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.PaperSize, 8);
     EXPECT_EQ(call.Orientation, 2);
     EXPECT_DOUBLE_EQ(call.LeftMargin, 4.32);
+    EXPECT_DOUBLE_EQ(call.RightMargin, 10);
     EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
     EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
 }
@@ -223,6 +225,17 @@ TEST(VBPageSetupDlg2, minimums_that_a_printer_does_not_reach_are_the_printers_ow
     EXPECT_EQ(call.Orientation, 2);
 }
 
+TEST(VBPageSetupDlg2, a_paper_is_found_by_its_size_where_the_printer_has_a_name_of_its_own_for_it) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.PaperSize = 11;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "pageSizeCombo").currentText(), QStringLiteral("ISO A5"));
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 11);
+}
+
 TEST(VBPageSetupDlg2, of_two_papers_of_one_size_the_one_that_was_set_up_is_kept) {
     const Printers printers({QStringLiteral("Ink")});
     CDLG dialog;
@@ -239,8 +252,12 @@ TEST(VBPageSetupDlg2, of_two_papers_of_one_size_the_one_that_was_set_up_is_kept)
     call.PaperSize = 0;
     call.LeftMargin = 1;
     ConfirmNext([](QWidget& box) {
-        EXPECT_EQ(Find<QComboBox>(box, "pageSizeCombo").currentText(),
-                  QStringLiteral("A4 without border"));
+        auto& papers = Find<QComboBox>(box, "pageSizeCombo");
+        EXPECT_EQ(papers.currentText(), QStringLiteral("A4 without border"));
+        QTest::keyClick(&papers, Qt::Key_Home);
+        EXPECT_EQ(Margin(box, "leftMargin").value(), 4.32);
+        QTest::keyClick(&papers, Qt::Key_End);
+        TypeMargin(box, "leftMargin", "1");
     });
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_EQ(call.LeftMargin, 1);
@@ -252,11 +269,13 @@ TEST(VBPageSetupDlg2, a_paper_of_any_size_is_kept) {
         CDLG dialog;
         Call call;
         call.Orientation = 2;
+        call.MinTopMargin = 15;
         ConfirmNext([](QWidget& box) {
             auto& papers = Find<QComboBox>(box, "pageSizeCombo");
             papers.setCurrentIndex(papers.findText(QStringLiteral("Custom")));
             Margin(box, "pageWidth").setValue(200);
             Margin(box, "pageHeight").setValue(150);
+            EXPECT_EQ(Margin(box, "topMargin").minimum(), 15);
         });
         EXPECT_TRUE(call.Run(dialog));
         EXPECT_EQ(call.PaperSize, 256) << "the setting's number for the user's own";

@@ -195,6 +195,7 @@ TEST_F(PrintDialogs, properties_count_with_the_smallest_margins_of_the_printer_t
     call.PrintToFile = false;
     ConfirmNext([](QWidget& box) {
         WhenModal([](QWidget& properties) {
+            EXPECT_EQ(Margin(properties).value(), 4.32);
             QTest::keyClicks(&Find(properties, "pageSizeCombo"), QStringLiteral("Envelope"));
             Press(properties, "landscape");
             QTest::keyClick(&properties, Qt::Key_Return);
@@ -520,6 +521,17 @@ TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_FALSE(call.PrintToFile);
     EXPECT_EQ(printer.outputFileName(), QString()) << "the file of the call before is left";
+}
+
+TEST_F(PrintDialogs, a_file_is_a_PDF_whatever_its_name_ends_with) {
+    const Printers printers({QStringLiteral("Ink")});
+    printer.setPrinterName(QStringLiteral("Ink"));
+    Call call;
+    call.Printer = &printer;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("page.out")); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(printer.outputFileName(), File("page.out"));
+    EXPECT_EQ(printer.outputFormat(), QPrinter::PdfFormat);
 }
 
 TEST_F(PrintDialogs, a_file_is_offered_beside_the_printers_only_where_it_is_asked_for) {

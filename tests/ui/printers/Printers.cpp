@@ -43,6 +43,7 @@ class Device : public QPlatformPrintDevice {
     void loadPageSizes() const override {
         m_pageSizes = {QPageSize(QPageSize::A4), QPageSize(QPageSize::A3),
                        QPageSize(QPageSize::Envelope10),
+                       createPageSize(QStringLiteral("A5"), {420, 595}, QStringLiteral("ISO A5")),
                        createPageSize(QStringLiteral("A4.Borderless"), {595, 842},
                                       QStringLiteral("A4 without border"))};
         m_havePageSizes = true;
