@@ -120,11 +120,11 @@ class FileService {
     virtual void CopyFile(std::string_view source, std::string_view target, bool overwrite) = 0;
     // Without `force` a read-only file fails with 70.
     virtual void DeleteFile(std::string_view path, bool force) = 0;
-    // Deletes a file, as DeleteFile without force does, and moves another to its place; on Windows
-    // in one step, so that the first is there until the second is. That one
-    // gets the name that the path has or, where a new file would get no such name or another has
-    // it, the deleted one's; 58 when something has come there meanwhile. Without a source (53), or
-    // with the file itself (70), nothing is deleted.
+    // Deletes a file, as DeleteFile without force does, and moves another to its place. On Windows
+    // that is one step: the first is there until the second is. On Linux it is two, and fails with
+    // 58 when something has come there in between. The moved one gets the name that the path has
+    // or, where a new file would get no such name or another has it, the deleted one's. Without a
+    // source (53), or with the file itself (70), nothing is deleted.
     virtual void ReplaceFile(std::string_view path, std::string_view source) = 0;
     // Gives a file the owner and the mode of another, as far as the user may and the file system
     // knows them; on Windows the access list in the mode's place, and what hides it. Never fails.

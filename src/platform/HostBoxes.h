@@ -1,9 +1,9 @@
 #pragma once
 
+#include "platform/HostWindow.h"
 #include "platform/Numbers.h"
 #include "platform/Service.h"
 
-#include <cstdint>
 #include <functional>
 #include <string>
 #include <utility>
@@ -14,9 +14,6 @@ namespace tavel {
 // The host's own boxes, where its users expect them rather than those of the windows' toolkit: on
 // Windows the system's, on Linux none. They block in a loop of the host's in which the program's
 // timers go on, and keep input from their owner alone. Texts are engine text, paths drive paths.
-
-// A window as the host knows it; 0 for none.
-using HostWindow = std::uintptr_t;
 
 struct HostFileRequest {
     HostWindow owner = 0;
@@ -32,8 +29,9 @@ struct HostFileRequest {
 
 struct HostFileAnswer {
     bool isChosen = false;
-    Long error = 0;                  // of the box when nothing is chosen; 0: cancelled
-    std::vector<std::string> files;  // of one folder
+    Long error = 0;  // of the box when nothing is chosen; 0: cancelled
+    // Of one folder, unless the box had a view of several; none when what was picked has no path.
+    std::vector<std::string> files;
     int filterIndex = 0;
     bool readOnly = false;
 };
@@ -68,7 +66,8 @@ class HostBoxes {
     virtual HostFileAnswer PickFiles(const HostFileRequest& request) = 0;
     // The folder that the user picks, empty on Cancel.
     virtual std::string PickFolder(const HostFolderRequest& request) = 0;
-    // Cancels the box that stands over this window, if one does.
+    // Cancels the box that stands over this window, if one does, or what it asks itself, to which
+    // the answer is No where it has no Cancel. It goes when the host's loop comes to it.
     virtual void Cancel(HostWindow owner) = 0;
 };
 

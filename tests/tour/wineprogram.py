@@ -35,9 +35,10 @@ class WineProgram(Program):
         """Where a folder is linked as a drive."""
         return self.prefix / "dosdevices" / f"{letter.lower()}:"
 
-    def _wine(self, *command):
+    def _wine(self, *command, check=True):
         with open(self.log, "ab") as log:
-            subprocess.run([TOOLS / "wine64", *command], check=True, stdin=subprocess.DEVNULL, stdout=log, stderr=log)
+            return subprocess.run([TOOLS / "wine64", *command], check=check, stdin=subprocess.DEVNULL, stdout=log,
+                                  stderr=log)
 
     def restart(self):
         """What the registry tells of drives and of the desktop counts from then on. A drive whose link is there now
@@ -60,8 +61,8 @@ class WineProgram(Program):
         self.restart()
 
     def end_session(self):
-        """As a person logs off: every program is asked."""
-        self._wine("wineboot", "--end-session")
+        """As a person logs off: every program is asked. False when one has refused."""
+        return self._wine("wineboot", "--end-session", check=False).returncode == 0
 
     def launch(self):
         """From a folder of no meaning: the program finds its own by itself."""

@@ -54,6 +54,7 @@ TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_o
             large.Run();
             EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), own);
             EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(20, 22, 21, 23));
+            EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins));
         }
     }
 }
@@ -82,18 +83,21 @@ TEST(VBPageSetupDlg2, the_page_begins_as_the_print_dialog_before_it_has_left_the
     EXPECT_EQ(dialogs.page.printer.printQuality, 1200);
 }
 
-TEST(VBPageSetupDlg2, another_paper_keeps_the_smallest_margins_of_the_printer) {
+TEST(VBPageSetupDlg2, the_smallest_margins_of_the_page_before_are_asked_for_no_more) {
     DialogRecorder dialogs;
     PrinterState printer;
     printer.layout = QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, {20, 20, 20, 20},
-                                 QPageLayout::Millimeter, {5, 6, 7, 8});
+                                 QPageLayout::Millimeter, {15, 16, 17, 18});
     CDLG dialog;
     PrintBefore(dialog, dialogs, printer);
     Call call;
     call.PaperSize = 8;
+    call.LeftMargin = 3;
     call.Run(dialog);
     EXPECT_EQ(dialogs.page.printer.layout.pageSize().id(), QPageSize::A3);
-    EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF(5, 6, 7, 8));
+    EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF());
+    EXPECT_EQ(dialogs.page.printer.layout.margins().left(), 3);
+    EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins)) << "the printer knows its own";
 }
 
 TEST(VBPageSetupDlg2, a_paper_of_no_number_is_0) {
@@ -119,6 +123,9 @@ TEST(VBPageSetupDlg2, the_flags_say_what_the_arguments_say_and_never_hook_or_tem
     call.DisablePrinter = true;
     call.Run();
     EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x20 | 0x100 | 0x200);
+    call.MinTopMargin = 0.1;
+    call.Run();
+    EXPECT_EQ(dialogs.page.flags, 0x1 | 0x4 | 0x10 | 0x20 | 0x100 | 0x200);
 }
 
 TEST(VBPageSetupDlg2, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {
@@ -152,7 +159,7 @@ TEST(VBPageSetupDlg, everything_is_passed_on) {
     EXPECT_FALSE(call.Run());
     const QPageLayout& layout = dialogs.page.printer.layout;
     EXPECT_EQ(dialogs.page.owner, &owner);
-    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x10 | 0x200 | 0x80);
+    EXPECT_EQ(dialogs.page.flags, 0x1 | 0x4 | 0x10 | 0x200 | 0x80);
     EXPECT_EQ(layout.units(), QPageLayout::Inch);
     EXPECT_EQ(layout.margins(), QMarginsF(1, 3, 2, 4));
     EXPECT_EQ(layout.minimumMargins(), QMarginsF(1, 1, 2, 1));
@@ -163,7 +170,7 @@ TEST(VBPageSetupDlg, everything_is_passed_on) {
     call.DisableMargins = call.DisablePaper = false;
     call.DisableOrientation = call.DisablePrinter = true;
     call.Run();
-    EXPECT_EQ(dialogs.page.flags, 0x4 | 0x100 | 0x20 | 0x80);
+    EXPECT_EQ(dialogs.page.flags, 0x1 | 0x4 | 0x100 | 0x20 | 0x80);
 
     QPrinter printer;
     call.Printer = &printer;

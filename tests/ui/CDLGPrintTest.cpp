@@ -1,5 +1,6 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/PrintCall.h"
+#include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
 
 #include <gtest/gtest.h>
@@ -63,6 +64,24 @@ TEST(VBPrintDlg, pages_and_copies_are_brought_into_what_there_is) {
     EXPECT_EQ(dialogs.print.fromPage, 65535);
     EXPECT_EQ(dialogs.print.toPage, 65535);
     EXPECT_EQ(call.FromPage, 70000) << "stays after a cancel";
+}
+
+TEST(VBPrintDlg, a_printer_that_prints_into_a_file_stays_the_device) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.flags = 0x20;
+    dialogs.printAnswer.printer = DefaultPrinter();
+    dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
+    dialogs.printAnswer.printer.file = QStringLiteral("FILE:");  // Windows asks for it at the end
+    Call call;
+    QPrinter printer;
+    call.Printer = &printer;
+    EXPECT_TRUE(call.Run());
+    EXPECT_TRUE(call.PrintToFile);
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(printer.outputFormat(), QPrinter::NativeFormat);
+    EXPECT_EQ(printer.outputFileName(), QStringLiteral("FILE:"));
 }
 
 TEST(VBPrintDlg, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {

@@ -75,7 +75,7 @@ TEST_F(EndOfSessionTest, boxes_that_ask_are_cancelled_first_and_their_callers_go
     answers.push_back(MsgBox(QStringLiteral("another"), MsgBoxButtons::OK));
     EXPECT_THAT(answers, ElementsAre(MsgBoxAnswer::Cancel, MsgBoxAnswer::No, MsgBoxAnswer::OK));
     EXPECT_THAT(calls, testing::IsEmpty());
-    RunEvents();
+    (void)QTest::qWaitFor([&] { return !calls.empty(); });
     EXPECT_EQ(calls, saved);
 }
 

@@ -37,6 +37,18 @@ TEST(ScaleThatFits, leaves_the_main_window_on_the_screen_with_its_frame) {
     EXPECT_DOUBLE_EQ(ScaleThatFits(11, {640, 400}, client), 1) << "where it cannot fit anyway";
 }
 
+TEST(ScaleThatFits, takes_back_what_a_screen_is_scaled_by_itself_as_far_as_it_has_to) {
+    const QSize halfAsMuchAgain = smallScreen / 1.5;
+    const double scale = ScaleThatFits(9, halfAsMuchAgain, client, 1.5);
+    EXPECT_LT(scale, 1);
+    EXPECT_GT(scale * 1.5, 1) << "still larger than without";
+    EXPECT_LE(client.width() * scale / 15, halfAsMuchAgain.width());
+    EXPECT_LE(client.height() * scale / 15 + 50, halfAsMuchAgain.height());
+    EXPECT_DOUBLE_EQ(ScaleThatFits(9, {400, 300}, client, 2), 0.5) << "a pixel of the device";
+    EXPECT_DOUBLE_EQ(ScaleThatFits(9, largeScreen / 2, client, 2), 9 / 8.25);
+    EXPECT_DOUBLE_EQ(ScaleThatFits(6, largeScreen / 2, client, 2), 1);
+}
+
 TEST_F(ScaleTest, every_length_and_every_text_grows_with_it) {
     SetScale(1.5);
     EXPECT_DOUBLE_EQ(QPushButton().font().pointSizeF(), 8.25 * 1.5);

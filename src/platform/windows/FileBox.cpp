@@ -1,6 +1,6 @@
 #include "platform/windows/FileBox.h"
 
-#include "platform/FileService.h"
+#include "platform/windows/PickedPaths.h"
 #include "platform/windows/Wide.h"
 
 #include <windows.h>
@@ -15,7 +15,7 @@ namespace {
 constexpr std::size_t room = 65'536;  // characters, for what a user may pick at once
 
 // What belongs to the box itself, and what needs more than words from its caller.
-constexpr DWORD always = OFN_EXPLORER | OFN_NOCHANGEDIR | OFN_ENABLESIZING;
+constexpr DWORD always = OFN_EXPLORER | OFN_ENABLESIZING;
 constexpr DWORD never = OFN_ENABLEHOOK | OFN_ENABLETEMPLATE | OFN_ENABLETEMPLATEHANDLE;
 
 // Words and patterns by turns, each with a NUL behind it; the last NUL is the text's own.
@@ -26,24 +26,21 @@ std::wstring FilterText(const HostFileRequest& request) {
     return text;
 }
 
-std::vector<std::wstring> Pieces(const std::wstring& buffer) {
-    std::vector<std::wstring> pieces;
-    for (std::size_t start = 0; start < buffer.size() && buffer[start] != 0;) {
-        pieces.emplace_back(buffer.c_str() + start);
-        start += pieces.back().size() + 1;
+// The box goes to folders itself and takes the process along, whatever its flags say of it; and a
+// stick that a process has its current folder on can't be removed.
+class CurrentFolder {
+  public:
+    CurrentFolder() {
+        m_path.resize(GetCurrentDirectoryW(0, nullptr));
+        GetCurrentDirectoryW(static_cast<DWORD>(m_path.size()), m_path.data());
     }
-    return pieces;
-}
+    ~CurrentFolder() { SetCurrentDirectoryW(m_path.c_str()); }
+    CurrentFolder(const CurrentFolder&) = delete;
+    CurrentFolder& operator=(const CurrentFolder&) = delete;
 
-// The buffer has a single path; or the folder, and behind it the names.
-std::vector<std::string> Picked(const std::wstring& buffer) {
-    const std::vector<std::wstring> pieces = Pieces(buffer);
-    if (pieces.size() == 1) return {oFSO().FromHostPath(FromWide(pieces.front()))};
-    std::vector<std::string> files;
-    for (std::size_t i = 1; i < pieces.size(); ++i)
-        files.push_back(oFSO().FromHostPath(FromWide(pieces.front() + L'\\' + pieces[i])));
-    return files;
-}
+  private:
+    std::wstring m_path;
+};
 
 }  // namespace
 
@@ -67,13 +64,14 @@ HostFileAnswer RunFileBox(const HostFileRequest& request) {
     box.lpstrDefExt = extension.empty() ? nullptr : extension.c_str();
     box.Flags = (static_cast<DWORD>(request.flags) & ~never) | always;
 
+    const CurrentFolder stays;
     HostFileAnswer answer;
     answer.isChosen = (request.saving ? GetSaveFileNameW(&box) : GetOpenFileNameW(&box)) != FALSE;
     if (!answer.isChosen) {
         answer.error = static_cast<Long>(CommDlgExtendedError());
         return answer;
     }
-    answer.files = Picked(buffer);
+    answer.files = PickedPaths(buffer);
     answer.filterIndex = static_cast<int>(box.nFilterIndex) - 1;
     answer.readOnly = (box.Flags & OFN_READONLY) != 0;
     return answer;

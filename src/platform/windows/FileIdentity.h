@@ -13,7 +13,8 @@ class FileIdentity {
     explicit FileIdentity(const std::wstring& callPath);
 
     bool operator==(const FileIdentity& other) const;
-    std::string Text() const;
+    bool IsKnown() const { return m_isKnown; }
+    std::string Text() const;  // of one that is known
 
   private:
     bool m_isKnown = false;

@@ -10,6 +10,7 @@
 #include "platform/windows/HostErrors.h"
 #include "platform/windows/HostFile.h"
 #include "platform/windows/HostPaths.h"
+#include "platform/windows/Patience.h"
 #include "platform/windows/Rights.h"
 #include "platform/windows/Successor.h"
 #include "platform/windows/Wide.h"
@@ -35,20 +36,29 @@ bool Delete(const std::wstring& callPath, const HostStatus& status) {
 }
 
 // The host deletes nothing that is read-only.
-bool DeleteForced(const Place& place) {
-    if (!place.IsReadOnly()) return Delete(place.callPath, place.status);
-    const DWORD attributes = place.status.attributes;
-    SetFileAttributesW(place.callPath.c_str(), attributes & ~FILE_ATTRIBUTE_READONLY);
-    if (Delete(place.callPath, place.status)) return true;
+bool DeleteForced(const std::wstring& callPath, const HostStatus& status) {
+    if (!status.IsReadOnly()) return Delete(callPath, status);
+    SetFileAttributesW(callPath.c_str(), status.attributes & ~FILE_ATTRIBUTE_READONLY);
+    if (Delete(callPath, status)) return true;
     const DWORD error = GetLastError();
-    SetFileAttributesW(place.callPath.c_str(), attributes);
+    SetFileAttributesW(callPath.c_str(), status.attributes);
     SetLastError(error);
     return false;
 }
 
 // Its entry is on the medium by now, and must not be there when a stick is pulled.
 void RemovePartial(const Place& partial) {
-    if (partial.IsFile() && DeleteForced(partial)) KeepEntries(partial);
+    HostStatus status;
+    const bool isThere = partial.IsFile() && LookAt(partial.callPath, status) == 0;
+    if (isThere && DeleteForced(partial.callPath, status)) KeepEntries(partial);
+}
+
+// Of a link itself, and not of what it leads to.
+HostStatus OwnStatus(const Place& place) {
+    HostStatus status;
+    const DWORD error = LookAt(place.callPath, status);
+    if (error != 0) Fail(FailureOfHostError(error));
+    return status;
 }
 
 Place FindTarget(const HostTree& tree, std::string_view target, const Place& source) {
@@ -89,9 +99,11 @@ bool IsSameFile(const Place& a, const Place& b) {
 
 // False when the two lie on different drives.
 bool RenameWithin(const Place& source, const Place& target, DWORD flags) {
-    if (MoveFileExW(source.callPath.c_str(), target.callPath.c_str(),
-                    flags | MOVEFILE_WRITE_THROUGH) != 0)
-        return true;
+    const auto move = [&] {
+        return MoveFileExW(source.callPath.c_str(), target.callPath.c_str(),
+                           flags | MOVEFILE_WRITE_THROUGH) != 0;
+    };
+    if (Patiently(move)) return true;
     Require(GetLastError() == ERROR_NOT_SAME_DEVICE);
     return false;
 }
@@ -155,7 +167,7 @@ void DeleteLink(const Place& folder, std::string_view name) {
     const Long why = error == 0 ? 0 : FailureOfHostError(error);
     if (why == failure::FileNotFound || why == failure::BadFileName) return;
     if (why != 0) Fail(why);
-    if (IsLink(callPath, status)) Require(Delete(callPath, status));
+    if (status.IsLink()) Require(DeleteForced(callPath, status));
 }
 
 }  // namespace
@@ -169,8 +181,9 @@ void CreateFolderAt(const Place& place) {
 
 void DeleteFileAt(const Place& place, bool force) {
     RequireFile(place);
-    if (place.IsReadOnly() && !force) Fail(failure::PermissionDenied);
-    Require(DeleteForced(place));
+    const HostStatus status = OwnStatus(place);
+    if (status.IsReadOnly() && !force) Fail(failure::PermissionDenied);
+    Require(DeleteForced(place.callPath, status));
     Require(KeepEntries(place));
 }
 

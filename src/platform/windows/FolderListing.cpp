@@ -22,17 +22,7 @@ namespace {
 struct Listed {
     std::string name;
     HostStatus status;
-    bool isLink = false;
 };
-
-Listed ListedFrom(const WIN32_FIND_DATAW& data) {
-    Listed listed;
-    listed.name = FromWide(data.cFileName);
-    listed.status.attributes = data.dwFileAttributes;
-    listed.status.size = std::int64_t{data.nFileSizeHigh} << 32 | data.nFileSizeLow;
-    listed.isLink = IsLinkTag(data.dwFileAttributes, data.dwReserved0);
-    return listed;
-}
 
 // ERROR_NO_MORE_FILES when all is told.
 DWORD ListInto(std::vector<Listed>& entries, const std::wstring& callPath) {
@@ -45,7 +35,7 @@ DWORD ListInto(std::vector<Listed>& entries, const std::wstring& callPath) {
     const std::unique_ptr<void, decltype(&FindClose)> closed(listing, FindClose);
     do {
         const std::wstring_view name = data.cFileName;
-        if (name != L"." && name != L"..") entries.push_back(ListedFrom(data));
+        if (name != L"." && name != L"..") entries.push_back({FromWide(name), StatusFrom(data)});
     } while (FindNextFileW(listing, &data) != 0);
     return GetLastError();
 }
@@ -86,7 +76,7 @@ class Lister {
         std::string path = PathBelow(m_contents.Folder.Path, entry.name);
         // A name that Tavel gave to a file of the stick may be longer, and has to be seen there.
         if (!m_place.isOnRemovable && IsPathTooLong(path)) return;
-        if (entry.isLink) {
+        if (entry.status.IsLink()) {
             TakeLink(entry, std::move(path));
         } else {
             Add(entry, entry.status, std::move(path), {});
@@ -102,7 +92,9 @@ class Lister {
         const FileIdentity identity(callPath);
         HostStatus status;
         if (LookBehind(callPath, status) != 0 || (status.IsFolder() && LeadsHere(identity))) return;
-        Add(entry, status, std::move(path), identity.Text());
+        // Some servers give their files no identities.
+        Add(entry, status, std::move(path),
+            identity.IsKnown() ? identity.Text() : FromWide(FinalPath(callPath)));
     }
 
     void Add(const Listed& entry, const HostStatus& status, std::string path,

@@ -30,6 +30,9 @@ Long FailureOfHostError(unsigned long error) {
         case linkClassDisabled:
         case ERROR_BAD_NETPATH:
         case ERROR_BAD_NET_NAME:
+        case ERROR_REM_NOT_LIST:  // the other computer does not listen
+        case ERROR_NO_NET_OR_BAD_PATH:
+        case ERROR_NO_NETWORK:
         case ERROR_NETWORK_UNREACHABLE:
         case ERROR_HOST_UNREACHABLE:
             return failure::PathNotFound;

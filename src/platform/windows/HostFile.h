@@ -10,7 +10,8 @@
 
 namespace tavel {
 
-// An open file of the host. Every one of them shares reads alone, with other programs as well.
+// An open file of the host. One that is read is shared for reading alone, with other programs as
+// well; one that is made may be written by others meanwhile.
 class HostFile : public RawFile {
   public:
     HostFile(Handle file, Place place, RawMode mode);

@@ -38,13 +38,15 @@ std::string HostDecimalMark() {
                                           text.size()));
 }
 
-// Summer time counts by the date that is told, and not by the present one.
+// Summer time counts by the date that is told, and by the rules that its year had.
 std::string HostDateTimeText(std::time_t when) {
     const std::optional<FILETIME> time = HostTime(when);
     SYSTEMTIME utc{};
     SYSTEMTIME local{};
+    TIME_ZONE_INFORMATION rules{};
     if (!time || ::FileTimeToSystemTime(&*time, &utc) == 0 ||
-        ::SystemTimeToTzSpecificLocalTime(nullptr, &utc, &local) == 0)
+        ::GetTimeZoneInformationForYear(utc.wYear, nullptr, &rules) == 0 ||
+        ::SystemTimeToTzSpecificLocalTime(&rules, &utc, &local) == 0)
         return {};
     return DateText(local) + ' ' + TimeText(local);
 }

@@ -6,16 +6,50 @@ namespace tavel {
 
 namespace {
 
-std::int64_t SizeOf(DWORD high, DWORD low) { return std::int64_t{high} << 32 | low; }
+// The facts have the same names in all that the host tells them by.
+template <class Facts>
+HostStatus StatusOf(const Facts& facts) {
+    return {facts.dwFileAttributes, std::int64_t{facts.nFileSizeHigh} << 32 | facts.nFileSizeLow,
+            facts.ftLastWriteTime};
+}
+
+// Nothing but the tag tells a link from other reparse points.
+DWORD LookAtTag(const std::wstring& callPath, HostStatus& status) {
+    const Handle opened = OpenToLook(callPath, false);
+    FILE_ATTRIBUTE_TAG_INFO data{};
+    if (!opened.IsOpen() ||
+        GetFileInformationByHandleEx(opened.Get(), FileAttributeTagInfo, &data, sizeof data) == 0)
+        return LookInFolder(callPath, status);
+    status.reparseTag = data.ReparseTag;
+    return 0;
+}
 
 }  // namespace
 
+HostStatus StatusFrom(const WIN32_FIND_DATAW& listed) {
+    HostStatus status = StatusOf(listed);
+    status.reparseTag = listed.dwReserved0;
+    return status;
+}
+
+// The system's own files, such as that of its virtual memory, let nobody else ask.
 DWORD LookAt(const std::wstring& callPath, HostStatus& status) {
     WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (GetFileAttributesExW(callPath.c_str(), GetFileExInfoStandard, &data) == 0)
-        return GetLastError();
-    status = {data.dwFileAttributes, SizeOf(data.nFileSizeHigh, data.nFileSizeLow),
-              data.ftLastWriteTime};
+    if (GetFileAttributesExW(callPath.c_str(), GetFileExInfoStandard, &data) == 0) {
+        const DWORD error = GetLastError();
+        return error == ERROR_SHARING_VIOLATION ? LookInFolder(callPath, status) : error;
+    }
+    status = StatusOf(data);
+    return status.Has(FILE_ATTRIBUTE_REPARSE_POINT) ? LookAtTag(callPath, status) : 0;
+}
+
+DWORD LookInFolder(const std::wstring& callPath, HostStatus& status) {
+    WIN32_FIND_DATAW data{};
+    const HANDLE found = FindFirstFileExW(callPath.c_str(), FindExInfoBasic, &data,
+                                          FindExSearchNameMatch, nullptr, 0);
+    if (found == INVALID_HANDLE_VALUE) return GetLastError();
+    FindClose(found);
+    status = StatusFrom(data);
     return 0;
 }
 
@@ -24,8 +58,7 @@ DWORD LookBehind(const std::wstring& callPath, HostStatus& status) {
     BY_HANDLE_FILE_INFORMATION data{};
     if (!opened.IsOpen() || GetFileInformationByHandle(opened.Get(), &data) == 0)
         return GetLastError();
-    status = {data.dwFileAttributes, SizeOf(data.nFileSizeHigh, data.nFileSizeLow),
-              data.ftLastWriteTime};
+    status = StatusOf(data);
     return 0;
 }
 
@@ -55,21 +88,6 @@ std::wstring VolumeRootOf(const std::wstring& callPath) {
         return {};
     root.resize(root.find(L'\0'));
     return root;
-}
-
-bool IsLinkTag(DWORD attributes, DWORD reparseTag) {
-    return (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0 &&
-           IsReparseTagNameSurrogate(reparseTag);
-}
-
-bool IsLink(const std::wstring& callPath, const HostStatus& status) {
-    if (!status.Has(FILE_ATTRIBUTE_REPARSE_POINT)) return false;
-    const Handle opened = OpenToLook(callPath, false);
-    FILE_ATTRIBUTE_TAG_INFO data{};
-    return opened.IsOpen() &&
-           GetFileInformationByHandleEx(opened.Get(), FileAttributeTagInfo, &data, sizeof data) !=
-               0 &&
-           IsLinkTag(data.FileAttributes, data.ReparseTag);
 }
 
 }  // namespace tavel

@@ -40,7 +40,7 @@ Long FailureOfStep(DWORD error) {
 // is taken, and not free.
 DWORD Follow(const Place& place, const std::wstring& callPath, HostStatus& status) {
     const DWORD error = LookAt(callPath, status);
-    if (error != 0 || !IsLink(callPath, status)) return error;
+    if (error != 0 || !status.IsLink()) return error;
     const DWORD why = place.isOnRemovable ? ERROR_PATH_NOT_FOUND : LookBehind(callPath, status);
     return why == ERROR_FILE_NOT_FOUND || IsRefusal(why) ? ERROR_PATH_NOT_FOUND : why;
 }
@@ -154,7 +154,7 @@ Place FindOnHost(std::string_view hostPath) {
     Place place;
     place.callPath = CallPath(hostPath);
     DWORD error = LookAt(place.callPath, place.status);
-    if (error == 0 && IsLink(place.callPath, place.status)) {
+    if (error == 0 && place.status.IsLink()) {
         error = LookBehind(place.callPath, place.status);
         place.callPath = FinalPath(place.callPath);
         if (error == 0 && place.callPath.empty()) error = ERROR_CANT_RESOLVE_FILENAME;

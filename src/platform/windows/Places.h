@@ -33,7 +33,7 @@ struct Place {
 
     bool IsFile() const { return failure == 0 && status.IsFile() && !path.endsInSeparator; }
     bool IsFolder() const { return failure == 0 && status.IsFolder(); }
-    bool IsReadOnly() const { return status.Has(FILE_ATTRIBUTE_READONLY); }
+    bool IsReadOnly() const { return status.IsReadOnly(); }
 };
 
 // The host itself matches names without regard to case. Those that end in blanks or dots are found

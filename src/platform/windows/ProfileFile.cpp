@@ -2,6 +2,7 @@
 
 #include "platform/windows/Handle.h"
 #include "platform/windows/HostPaths.h"
+#include "platform/windows/Patience.h"
 
 #include <chrono>
 #include <cstdlib>
@@ -42,8 +43,14 @@ std::optional<FileStamp> StampFrom(const Handle& file) {
 // A file alone: a device or a pipe would never answer.
 Handle OpenToRead(const std::string& hostPath) {
     constexpr DWORD sharesAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    Handle file(::CreateFileW(CallPath(hostPath).c_str(), GENERIC_READ, sharesAll, nullptr,
-                              OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr));
+    const std::wstring path = CallPath(hostPath);
+    Handle file;
+    const auto open = [&] {
+        file = Handle(::CreateFileW(path.c_str(), GENERIC_READ, sharesAll, nullptr, OPEN_EXISTING,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr));
+        return file.IsOpen();
+    };
+    Patiently(open, [](DWORD error) { return error == ERROR_SHARING_VIOLATION; });
     if (file.IsOpen() && ::GetFileType(file.Get()) != FILE_TYPE_DISK) file.Close();
     return file;
 }

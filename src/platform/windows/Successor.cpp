@@ -2,6 +2,7 @@
 
 #include "platform/windows/Flush.h"
 #include "platform/windows/HostPaths.h"
+#include "platform/windows/Patience.h"
 #include "platform/windows/Rights.h"
 
 #include <algorithm>
@@ -28,11 +29,14 @@ std::wstring PathBeside(const std::wstring& callPath) {
     return callPath.substr(0, callPath.size() - name.size()) + NameBeside(name);
 }
 
-void Remove(const std::wstring& callPath) {
+// False when there was nothing to remove. A folder stays.
+bool Remove(const std::wstring& callPath) {
     HostStatus status;
-    if (LookAt(callPath, status) != 0 || status.IsFolder()) return;
+    const DWORD error = LookAt(callPath, status);
+    if (error == ERROR_FILE_NOT_FOUND || (error == 0 && status.IsFolder())) return false;
     SetFileAttributesW(callPath.c_str(), FILE_ATTRIBUTE_NORMAL);
     DeleteFileW(callPath.c_str());
+    return true;
 }
 
 // What the compiler's headers have for no version that they know.
@@ -64,20 +68,13 @@ bool RenameOver(const Handle& file, const std::wstring& target) {
             RenameOpened(file, target, FileRenameInfo, replacesIfExists));
 }
 
-bool IsHeldForAMoment(DWORD error) {
-    return error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
-}
-
 }  // namespace
 
 // What lies under its name is an earlier one or a stranger's file, and is removed unseen: a link
 // could lead anywhere. A folder of that name stays as it is, and there is no successor.
 Successor::Successor(const Place& former)
     : m_former(former), m_callPath(PathBeside(former.callPath)) {
-    Remove(m_callPath);
-    m_file = Handle(CreateFileW(m_callPath.c_str(), GENERIC_WRITE | DELETE, 0, nullptr, CREATE_NEW,
-                                FILE_ATTRIBUTE_NORMAL, nullptr));
-    if (!Check(m_file.IsOpen()) || former.failure != 0) return;
+    if (!Check(Make()) || former.failure != 0) return;
     TakeAccessOf(former.callPath, m_callPath);
     m_file.SetTraits({former.status.attributes, {}, {}});
 }
@@ -87,6 +84,18 @@ Successor::~Successor() {
     m_file.SetTraits({});  // what is read-only can't be removed
     FILE_DISPOSITION_INFO gone{TRUE};
     SetFileInformationByHandle(m_file.Get(), FileDispositionInfo, &gone, sizeof gone);
+}
+
+// One that others have open is gone as soon as they close it. Where none was, nothing passes.
+bool Successor::Make() {
+    bool wasThere = false;
+    const auto make = [&] {
+        wasThere = Remove(m_callPath);
+        m_file = Handle(CreateFileW(m_callPath.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ,
+                                    nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr));
+        return m_file.IsOpen();
+    };
+    return Patiently(make, [&](DWORD) { return wasThere; });
 }
 
 bool Successor::Check(bool succeeded) {
@@ -99,18 +108,13 @@ void Successor::Write(std::string_view bytes) {
     if (m_error == 0) Check(m_file.Write(bytes, written));
 }
 
-// A free place may have been taken meanwhile, by a file that nobody may lose. What guards the
-// computer against viruses, and what indexes it, have a file open for a moment after each change.
+// A free place may have been taken meanwhile, by a file that nobody may lose.
 bool Successor::Rename() const {
-    if (m_former.failure != 0) return RenameOpened(m_file, m_former.callPath, FileRenameInfo, 0);
-    constexpr int tries = 10;
-    constexpr DWORD moment = 20;  // milliseconds
-    for (int i = 1; i < tries; ++i) {
-        if (RenameOver(m_file, m_former.callPath)) return true;
-        if (!IsHeldForAMoment(GetLastError())) return false;
-        Sleep(moment);
-    }
-    return RenameOver(m_file, m_former.callPath);
+    return Patiently([this] {
+        if (m_former.failure != 0)
+            return RenameOpened(m_file, m_former.callPath, FileRenameInfo, 0);
+        return RenameOver(m_file, m_former.callPath);
+    });
 }
 
 bool Successor::TakePlace() {

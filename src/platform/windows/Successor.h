@@ -10,8 +10,8 @@ namespace tavel {
 
 // A new file beside another, which can take that one's place in one step: whoever looks finds the
 // old bytes or the new ones. Where there is no other one it takes the free place, whole. Its name
-// is always the same, so that one which a kill has left behind is gone with the next. Nobody else
-// can open it. It has the other one's rights and is hidden like it (Rights.h).
+// is always the same, so that one which a kill has left behind is gone with the next. Others
+// may read it, and nothing more. It has the other one's rights and is hidden like it (Rights.h).
 class Successor {
   public:
     // `former` is a file or a free place, and outlives the successor.
@@ -32,6 +32,7 @@ class Successor {
     bool HasTakenPlace() const { return m_hasTakenPlace; }
 
   private:
+    bool Make();
     bool Check(bool succeeded);
     bool Rename() const;
 

@@ -1,21 +1,33 @@
 #include "ui/toolkit/EndOfSession.h"
 
+#include "platform/HostSession.h"
 #include "ui/toolkit/QuietEvents.h"
 #include "ui/toolkit/WorkWindow.h"
 
 #include <QApplication>
 #include <QEvent>
-#include <QWidget>
+#include <QSessionManager>
 
 namespace tavel {
+
+namespace {
+
+constexpr int moment = 50;  // milliseconds
+
+QWidget* Front() {
+    QWidget* asking = QApplication::activeModalWidget();
+    return asking != nullptr ? asking : WorkWindow();
+}
+
+}  // namespace
 
 EndOfSession::EndOfSession() {
     if (m_requests.Handle() >= 0) {
         m_notifier = std::make_unique<QSocketNotifier>(m_requests.Handle(), QSocketNotifier::Read);
         connect(m_notifier.get(), &QSocketNotifier::activated, this, [this] { Ask(); });
     }
-    connect(
-        qApp, &QGuiApplication::commitDataRequest, this, [this] { Ask(); }, Qt::DirectConnection);
+    connect(qApp, &QGuiApplication::commitDataRequest, this, &EndOfSession::HearSession,
+            Qt::DirectConnection);
     qApp->installEventFilter(this);
 }
 
@@ -26,25 +38,43 @@ bool EndOfSession::eventFilter(QObject* watched, QEvent* event) {
     return true;
 }
 
-// The session may be gone as soon as this returns; so it does not wait for the event loop.
 void EndOfSession::Ask() {
     if (m_notifier) m_notifier->setEnabled(false);
     m_next.start(0, this);
     CloseFront();
 }
 
+// The session may be gone as soon as this returns; so it does not wait for the event loop. What is
+// left then are boxes, whose callers cannot go on before.
+void EndOfSession::HearSession(QSessionManager& session) {
+    Ask();
+    const QWidget* left = Front();
+    if (left == nullptr || !left->isVisible()) return;
+    const HostWindow window = WorkWindow() != nullptr ? WorkWindow()->winId() : 0;
+    if (Service<HostSession>::Get().WaitForProgram(window, "Changes are being saved."))
+        session.cancel();
+}
+
+// A box that has been closed is there until its caller goes on. In the meantime the loop that it
+// blocks in may still hear events.
+bool EndOfSession::IsStillGoing() const {
+    return m_closed != nullptr &&
+           (m_closed == Front() || QApplication::activeModalWidget() == nullptr);
+}
+
 // It goes on for as long as anything is left to close. In an event loop that this event runs, such
 // as that of a box, a timer that has been started anew fires, and the old one would not.
 void EndOfSession::timerEvent(QTimerEvent*) {
+    m_isLeftAlone = !m_isLeftAlone && IsStillGoing();
+    if (m_isLeftAlone) return m_next.start(moment, this);
     m_next.start(HandlersRest() ? 1 : 0, this);
     CloseFront();
 }
 
 void EndOfSession::CloseFront() {
     if (HandlersRest()) return;
-    QWidget* asking = QApplication::activeModalWidget();
-    QWidget* front = asking != nullptr ? asking : WorkWindow();
-    if (front != nullptr) front->close();
+    m_closed = Front();
+    if (m_closed != nullptr) m_closed->close();
 }
 
 }  // namespace tavel

@@ -47,15 +47,17 @@ double DesktopScale(QSize client) {
     const QFont font = QFontDatabase::systemFont(QFontDatabase::GeneralFont);
     const double pixels = font.pixelSize() > 0 ? font.pixelSize()
                                                : font.pointSizeF() * DotsPerInch() / pointsOfAnInch;
-    return ScaleThatFits(pixels * pointsOfAnInch / designDotsPerInch,
-                         QGuiApplication::primaryScreen()->availableSize(), client);
+    const QScreen& screen = *QGuiApplication::primaryScreen();
+    return ScaleThatFits(pixels * pointsOfAnInch / designDotsPerInch, screen.availableSize(),
+                         client, screen.devicePixelRatio());
 }
 
-double ScaleThatFits(double desktopPoints, QSize screenPixels, QSize client) {
+double ScaleThatFits(double desktopPoints, QSize screenPixels, QSize client, double pixelRatio) {
     const QSize room = screenPixels - frame;
+    const double wanted = std::max(1.0, desktopPoints / textPoints);
     const double fitting = std::min(room.width() * twipsOfAPixel / client.width(),
                                     room.height() * twipsOfAPixel / (client.height() + menuBar));
-    return std::max(1.0, std::min(desktopPoints / textPoints, fitting));
+    return std::min(wanted, std::max(fitting, 1 / std::max(1.0, pixelRatio)));
 }
 
 }  // namespace tavel

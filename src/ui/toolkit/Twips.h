@@ -17,8 +17,10 @@ void SetPoints(QWidget& control, double points);
 void SetScale(double scale);
 
 // The scale at which text has the desktop's size: never below 1, and no more than lets a window of
-// that client area, in twips, stand on the screen with its frame and its menu bar.
+// that client area, in twips, stand on the screen with its frame and its menu bar. A screen that Qt
+// scales by itself beyond that, at `pixelRatio` device pixels to each of its own, takes some of it
+// back: a scale below 1, though never so low that 15 twips are less than a pixel of the device.
 double DesktopScale(QSize client);
-double ScaleThatFits(double desktopPoints, QSize screenPixels, QSize client);
+double ScaleThatFits(double desktopPoints, QSize screenPixels, QSize client, double pixelRatio = 1);
 
 }  // namespace tavel

@@ -66,6 +66,23 @@ TEST_P(NamesOnWindows, A_file_gives_its_place_under_any_spelling) {
     EXPECT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
 }
 
+TEST_P(NamesOnWindows, Characters_of_two_units_are_told_as_they_are_on_the_disk) {
+    const std::string name = "\U0001f3b5 \U00010400.mp3";
+    files->CreateTextFile(At(name), false);
+    EXPECT_TRUE(fs::exists(Host("") / L"\xd83c\xdfb5 \xd801\xdc00.mp3"));
+    ASSERT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
+    EXPECT_EQ(files->GetFolder(root + "\\").Files[0].Name, name);
+    EXPECT_EQ(files->GetFile(At(name)).Name, name);
+    EXPECT_EQ(files->FromHostPath(files->HostPath(At(name))),
+              files->FromHostPath(files->HostPath(root)) + "\\" + name);
+    files->MoveFile(At(name), At("\U0001f3b6.mp3"));
+    files->CopyFile(At("\U0001f3b6.mp3"), At(name), false);
+    files->ReplaceFile(At("\U0001f3b6.mp3"), At(name));
+    EXPECT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
+    files->DeleteFile(At("\U0001f3b6.mp3"), false);
+    EXPECT_TRUE(files->GetFolder(root + "\\").Files.empty());
+}
+
 // A pattern to some calls of the host, a stream of a file to others.
 TEST_P(NamesOnWindows, Refused_characters_find_nothing) {
     Put("a.txt", "x");

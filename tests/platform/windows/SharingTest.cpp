@@ -104,4 +104,21 @@ TEST_P(Sharing, A_file_that_others_let_be_written_and_not_replaced_is_written_in
     EXPECT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
 }
 
+TEST_P(Sharing, What_others_have_open_alone_is_looked_at_and_listed_all_the_same) {
+    Put("a.bin", "bytes");
+    const Handle other = Open("a.bin", GENERIC_READ | GENERIC_WRITE, 0);
+    ASSERT_TRUE(other.IsOpen());
+    EXPECT_EQ(files->GetFile(At("a.bin")).Size, 5);
+    EXPECT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
+    // By the folder, where a file lets nobody ask.
+    HostStatus asked;
+    HostStatus listed;
+    EXPECT_EQ(LookAt(Host("a.bin"), asked), 0u);
+    EXPECT_EQ(LookInFolder(Host("a.bin"), listed), 0u);
+    EXPECT_EQ(listed.size, 5);
+    EXPECT_EQ(listed.attributes, asked.attributes);
+    EXPECT_EQ(CompareFileTime(&listed.modified, &asked.modified), 0);
+    EXPECT_EQ(LookInFolder(Host("none.bin"), listed), DWORD{ERROR_FILE_NOT_FOUND});
+}
+
 }  // namespace tavel::test

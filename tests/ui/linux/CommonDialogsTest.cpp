@@ -1,5 +1,6 @@
 #include "support/Support.h"
 #include "ui/support/Modal.h"
+#include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/dialogs/CommonDialogs.h"
@@ -11,6 +12,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <functional>
 
@@ -141,6 +143,26 @@ TEST(CommonDialogs, a_file_is_picked_and_its_type_told_where_no_part_has_a_name)
     const FileAnswer answer = Service<Prompter>::Get().PickFiles(request);
     EXPECT_EQ(answer.files, QStringList(ToQString(folder.HostPath("a.zip"))));
     EXPECT_EQ(answer.filterIndex, 1);
+}
+
+TEST(CommonDialogs, a_page_is_as_the_print_dialog_has_set_it_where_no_part_has_a_name) {
+    const NamelessParts host;
+    const Printers printers({QStringLiteral("Photo")});
+    PrintRequest request = DefaultPrint();
+    request.flags = printFlag::HideToFile;
+    ConfirmNext([](QWidget& box) {
+        ConfirmNext([](QWidget& properties) {
+            for (QComboBox* list : properties.findChildren<QComboBox*>()) {
+                const int index = list->findText(QStringLiteral("A3"));
+                if (index >= 0) list->setCurrentIndex(index);
+            }
+        });
+        for (QPushButton* button : box.findChildren<QPushButton*>()) {
+            if (button->text() == QLatin1String("P&roperties")) button->click();
+        }
+    });
+    const PrintAnswer answer = Service<CommonDialogs>::Get().PickPrinter(request);
+    EXPECT_EQ(answer.printer.layout.pageSize().id(), QPageSize::A3);
 }
 
 TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {

@@ -16,6 +16,7 @@
 #include <QDoubleSpinBox>
 #include <QLineEdit>
 #include <QPainter>
+#include <QPrintEngine>
 #include <QPrinter>
 #include <QPushButton>
 #include <QRadioButton>
@@ -185,6 +186,87 @@ TEST_F(PrintDialogs, what_the_user_sets_in_the_properties_counts_unless_they_are
     });
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_EQ(Page(), "A3 across, 20 35 40 50");
+}
+
+TEST_F(PrintDialogs, properties_count_with_the_smallest_margins_of_the_printer_too) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            EXPECT_EQ(Margin(properties).value(), 4.32);
+            QTest::keyClicks(&Find(properties, "pageSizeCombo"), QStringLiteral("Envelope"));
+            Press(properties, "landscape");
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(Page(), "Env10 across, 15 15 15 15");
+}
+
+TEST_F(PrintDialogs, what_a_print_server_is_told_beside_the_page_reaches_the_printer) {
+    const Printers printers({QStringLiteral("Ink")});
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        WhenModal([](QWidget& properties) {
+            auto& sheet = Find<QComboBox>(properties, "pagesPerSheetCombo");
+            QTest::keyClick(&sheet, Qt::Key_Down);
+            EXPECT_EQ(sheet.currentText(), QStringLiteral("2 (2x1)"));
+            QTest::keyClick(&properties, Qt::Key_Return);
+        });
+        Press(box, "properties");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    constexpr auto jobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+    const QStringList told = printer.printEngine()->property(jobOptions).toStringList();
+    EXPECT_EQ(told.value(told.indexOf(QStringLiteral("number-up")) + 1), QStringLiteral("2"));
+}
+
+TEST_F(PrintDialogs, another_printer_prints_the_page_within_its_own_margins) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    PageSetupCall page;
+    page.PaperSize = 8;
+    page.Orientation = 2;
+    page.PrintQuality = 300;
+    page.LeftMargin = 5;
+    ConfirmNext();
+    ASSERT_TRUE(page.Run(dialog));
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    call.Copies = 3;
+    ConfirmNext([](QWidget& box) { QTest::keyClick(&Find(box, "printers"), Qt::Key_Down); });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(Page(), "A3 across, 15 22 21 23");
+    EXPECT_EQ(printer.resolution(), 300);
+    EXPECT_EQ(printer.copyCount(), 3);
+}
+
+TEST_F(PrintDialogs, a_paper_of_any_size_goes_to_the_printers_that_can_have_it) {
+    const Printers printers({QStringLiteral("Photo"), QStringLiteral("Ink")});
+    PageSetupCall page;
+    ConfirmNext([](QWidget& box) {
+        auto& papers = Find<QComboBox>(box, "pageSizeCombo");
+        papers.setCurrentIndex(papers.findText(QStringLiteral("Custom")));
+        Find<QDoubleSpinBox>(box, "pageWidth").setValue(150);
+        Find<QDoubleSpinBox>(box, "pageHeight").setValue(200);
+    });
+    ASSERT_TRUE(page.Run(dialog));
+    Call call;
+    call.Printer = &printer;
+    call.PrintToFile = false;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.pageLayout().fullRect(QPageLayout::Millimeter).size(), QSizeF(150, 200));
+    ConfirmNext([](QWidget& box) { QTest::keyClick(&Find(box, "printers"), Qt::Key_Down); });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Ink"));
+    EXPECT_EQ(Page(), "A4 upright, 20 22 21 23");
 }
 
 TEST_F(PrintDialogs, properties_that_were_set_for_another_printer_are_left) {
@@ -439,6 +521,17 @@ TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
     EXPECT_TRUE(call.Run(dialog));
     EXPECT_FALSE(call.PrintToFile);
     EXPECT_EQ(printer.outputFileName(), QString()) << "the file of the call before is left";
+}
+
+TEST_F(PrintDialogs, a_file_is_a_PDF_whatever_its_name_ends_with) {
+    const Printers printers({QStringLiteral("Ink")});
+    printer.setPrinterName(QStringLiteral("Ink"));
+    Call call;
+    call.Printer = &printer;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("page.out")); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(printer.outputFileName(), File("page.out"));
+    EXPECT_EQ(printer.outputFormat(), QPrinter::PdfFormat);
 }
 
 TEST_F(PrintDialogs, a_file_is_offered_beside_the_printers_only_where_it_is_asked_for) {

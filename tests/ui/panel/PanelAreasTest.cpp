@@ -59,6 +59,7 @@ TEST_F(PanelAreas, outlive_their_parts_and_stay_where_they_were) {
     panel.FooterVisible(false);
     panel.Closeable(false);
     panel.resize(150, 100);
+    panel.ReadProperties(MemoryPropertyBag());
     EXPECT_EQ(panel.Areas().chevron, before.chevron);
     EXPECT_EQ(panel.Areas().close, before.close);
     EXPECT_EQ(panel.Areas().grip, before.grip);

@@ -41,7 +41,7 @@ TEST_F(PanelButtons, click_on_the_close_button_ends_the_drag_and_shows_the_child
     Click(Close());
     EXPECT_FALSE(child.isHidden());
     panel.showMe();
-    PointAt({300, 300});
+    PointAt({200, 150});
     EXPECT_EQ(panel.pos(), QPoint(50, 40));
 }
 
@@ -121,6 +121,16 @@ TEST_F(PanelButtons, click_on_the_chevron_tells_the_keys_and_the_bars_heights_in
                                                          testing::EndsWith(" 1 34 40 3000"))));
 }
 
+TEST_F(PanelButtons, click_on_the_chevron_tells_the_heights_of_hidden_bars_and_the_panels_of_then) {
+    panel.Expandable(true);
+    panel.HeaderVisible(false);
+    panel.FooterVisible(false);
+    QObject::connect(&panel, &xpFrame::MouseUp, [this] { panel.resize(300, 222); });
+    Listen();
+    Click(Chevron());
+    EXPECT_THAT(events, testing::Contains(testing::EndsWith(" 1 20 25 3330")));
+}
+
 TEST_F(PanelButtons, click_on_the_chevron_is_told_before_the_collapse_and_after_the_expansion) {
     panel.Expandable(true);
     std::vector<int> heights;
@@ -164,7 +174,7 @@ TEST_F(PanelButtons, drag_of_the_chevron_ends_with_its_click) {
     panel.ContainerMoveable(true);
     Drag(Chevron(), InWindow(Chevron()) + QPoint(50, 0));
     EXPECT_EQ(panel.geometry(), QRect(100, 40, 300, 25));
-    PointAt({400, 300});
+    PointAt({300, 50});
     EXPECT_EQ(panel.pos(), QPoint(100, 40));
 }
 

@@ -95,6 +95,18 @@ TEST_F(PanelChevron, of_a_panel_in_classic_style_is_clicked_where_it_was) {
     EXPECT_EQ(panel.height(), 200);
 }
 
+TEST_F(PanelChevron, click_draws_none_where_none_is_shown) {
+    const QPoint place = Chevron();
+    for (const bool classic : {false, true}) {
+        panel.HeaderVisible(false);
+        panel.ClassicXPStyle(classic);
+        Click(place);
+        const QImage shown = panel.Surface();
+        panel.Refresh();
+        EXPECT_EQ(panel.Surface(), shown) << classic;
+    }
+}
+
 TEST_F(PanelChevron, click_ends_the_move_before_it_is_told) {
     std::vector<bool> told;
     QObject::connect(&panel, &xpFrame::MouseMove,

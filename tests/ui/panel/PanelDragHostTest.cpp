@@ -82,4 +82,22 @@ TEST_F(PanelDragHost, turns_a_resize_into_a_move) {
     Release();
 }
 
+TEST_F(PanelDragHost, moves_the_panel_and_it_comes_to_the_pointer_all_the_same) {
+    panel.ContainerMoveable(true);
+    Press({30, 10});
+    QObject::connect(&panel, &xpFrame::MouseMove, [this] { panel.move(0, 0); });
+    PointAt({130, 70});
+    EXPECT_EQ(panel.pos(), QPoint(100, 60));
+    Release();
+}
+
+TEST_F(PanelDragHost, moves_the_panel_and_its_corner_comes_to_the_pointer_all_the_same) {
+    panel.ContainerResizable(true);
+    PressGrip();
+    QObject::connect(&panel, &xpFrame::MouseMove, [this] { panel.move(60, 50); });
+    PointAt({400, 300});
+    EXPECT_EQ(panel.geometry(), QRect(60, 50, 340, 250));
+    Release();
+}
+
 }  // namespace tavel::test

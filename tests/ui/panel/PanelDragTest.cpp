@@ -25,7 +25,7 @@ TEST_F(PanelDrag, drag_moves_the_panel_and_tells_left_and_top_crossed) {
     Release();
     EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 10", "Move 100 60", "Move 105 61",
                                     "MouseUp 1 0 30 10", "Click"));
-    PointAt({300, 300});
+    PointAt({200, 150});
     EXPECT_EQ(panel.pos(), QPoint(105, 61));
 }
 
@@ -103,11 +103,30 @@ TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {
 
 TEST_F(PanelDrag, drag_by_fractions_of_a_pixel_moves_to_the_nearest_one) {
     panel.ContainerMoveable(true);
-    Listen();
-    SendMouse(panel, QEvent::MouseButtonPress, {30.5, 10.25}, Qt::LeftButton, Qt::LeftButton);
-    SendMouse(panel, QEvent::MouseMove, {41.25, 22}, Qt::NoButton, Qt::LeftButton);
-    SendMouse(panel, QEvent::MouseButtonRelease, {41.25, 22}, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonPress, {30.75, 10.75}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {41.5, 22.75}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {41.5, 22.75}, Qt::LeftButton);
     EXPECT_EQ(panel.pos(), QPoint(61, 52));
+}
+
+TEST_F(PanelDrag, drag_holds_the_panel_where_the_press_was_told_to_be) {
+    panel.ContainerMoveable(true);
+    QObject::connect(&panel, &xpFrame::MouseDown, [this] { panel.move(110, 70); });
+    Press({30, 10});
+    PointAt({180, 120});
+    EXPECT_EQ(panel.pos(), QPoint(150, 110));
+    Release();
+}
+
+TEST_F(PanelDrag, drag_is_the_left_buttons_while_another_is_down) {
+    panel.ContainerResizable(true);
+    Press({30, 90}, Qt::RightButton);
+    PressGrip();
+    EXPECT_EQ(panel.size(), QSize(291, 191));
+    Release();
+    PointAt(InWindow({250, 150}));
+    EXPECT_EQ(panel.size(), QSize(291, 191));
+    Release(Qt::RightButton);
 }
 
 TEST_F(PanelDrag, drag_has_moved_the_panel_when_it_is_told) {

@@ -196,6 +196,18 @@ TEST_F(PanelGrip, drag_of_the_grip_has_ended_when_the_children_are_shown) {
     EXPECT_TRUE(child.isVisible());
 }
 
+TEST_F(PanelGrip, drag_of_the_grip_ends_over_a_button_too) {
+    panel.ContainerResizable(true);
+    panel.Expandable(true);
+    const QPoint chevron = Chevron();
+    PressGrip();
+    PointAt(InWindow(chevron));
+    Release();
+    EXPECT_EQ(panel.size(), QSize(chevron.x(), 25));
+    PointAt(InWindow({250, 20}));
+    EXPECT_EQ(panel.size(), QSize(chevron.x(), 25));
+}
+
 TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {
     panel.ContainerResizable(true);
     QPushButton shown(&panel);

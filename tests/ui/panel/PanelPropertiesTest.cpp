@@ -297,6 +297,13 @@ TEST_F(PanelPropertiesOf, a_store_and_a_new_panel_switch_the_widget_as_well) {
     EXPECT_TRUE(panel.isEnabled());
 }
 
+TEST_F(PanelPropertiesOf, a_store_and_a_new_panel_are_no_changes_to_the_host) {
+    panel.ReadProperties(MemoryPropertyBag());
+    panel.InitProperties();
+    EXPECT_THAT(host.changes, IsEmpty());
+    EXPECT_THAT(host.calls, IsEmpty());
+}
+
 TEST_F(PanelPropertiesOf, a_store_that_are_of_a_wrong_kind_fail_with_13_and_leave_the_panel) {
     MemoryPropertyBag bag;
     bag.WriteProperty("HeaderText", QStringLiteral("Read"));

@@ -149,6 +149,10 @@ TEST_F(PanelSetter, of_a_chevron_or_a_grip_leaves_it_off_in_classic_style) {
     panel.ClassicXPStyle(true);
     EXPECT_TRUE(panel.Expandable());
     EXPECT_TRUE(panel.ContainerResizable());
+    panel.Expandable(true);
+    panel.ContainerResizable(true);
+    EXPECT_FALSE(panel.Expandable());
+    EXPECT_FALSE(panel.ContainerResizable());
 }
 
 TEST_F(PanelSetter, of_classic_style_shows_the_inner_label_over_the_whole_panel_below_the_mouse) {
@@ -198,6 +202,28 @@ TEST_F(PanelSetter, of_enabled_reaches_every_child_control) {
     EXPECT_TRUE(off.isEnabled());
 }
 
+TEST_F(PanelSetter, of_enabled_sets_that_of_a_panel_within) {
+    RecordingHost innerHost;
+    xpFrame inner(&panel, &innerHost);
+    innerHost.changes.clear();
+    const QPushButton child(&inner);
+    panel.enabled(false);
+    EXPECT_FALSE(inner.enabled());
+    EXPECT_TRUE(child.testAttribute(Qt::WA_ForceDisabled));
+    EXPECT_THAT(innerHost.changes, ElementsAre("Enabled"));
+    panel.enabled(true);
+    EXPECT_TRUE(inner.enabled());
+    EXPECT_TRUE(child.isEnabled());
+}
+
+TEST_F(PanelSetter, of_enabled_has_kept_the_value_when_the_children_are_switched) {
+    QPushButton child(&panel);
+    bool kept = true;
+    const On reads(QEvent::EnabledChange, child, [&] { kept = panel.enabled(); });
+    panel.enabled(false);
+    EXPECT_FALSE(kept);
+}
+
 TEST_F(PanelSetter, of_enabled_is_applied_to_the_children_at_load_when_it_is_off) {
     QPushButton child(&panel);
     child.setEnabled(false);
@@ -239,15 +265,28 @@ TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {
 }
 
 TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_the_custom_colours_of_then) {
-    panel.ContainerBackColor(0x102030);
-    panel.ContainerFadeColor(0x102030);
-    panel.UseCustomColors(true);
-    panel.Appearence(12);
-    EXPECT_EQ(panel.Appearence(), 12);
-    panel.ContainerBackColor(0x405060);
-    panel.ContainerFadeColor(0x405060);
-    panel.UseCustomColors(false);
-    EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
+    const auto setColor = [this](OleColor color) {
+        panel.ContainerBackColor(color);
+        panel.ContainerFadeColor(color);
+    };
+    const std::vector<std::function<void()>> looksAtThem{
+        [this] { panel.Appearence(12); },
+        [this] { panel.UseCustomColors(true); },
+        [this] {
+            MemoryPropertyBag bag;
+            panel.WriteProperties(bag);
+            panel.ReadProperties(bag);
+        },
+    };
+    for (const auto& look : looksAtThem) {
+        panel.UseCustomColors(true);
+        setColor(0x102030);
+        look();
+        EXPECT_EQ(panel.Appearence(), 12);
+        setColor(0x405060);
+        panel.UseCustomColors(false);
+        EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
+    }
 }
 
 TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_up_to_date) {

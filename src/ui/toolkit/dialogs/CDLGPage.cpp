@@ -23,8 +23,7 @@ constexpr Long across = 2;
 
 void SetPaper(QPageLayout& layout, Long paper) {
     const QPageSize::PageSizeId id = QPageSize::id(paper);
-    if (paper > 0 && id != QPageSize::Custom)
-        layout.setPageSize(QPageSize(id), layout.minimumMargins());
+    if (paper > 0 && id != QPageSize::Custom) layout.setPageSize(QPageSize(id));
 }
 
 void SetOrientation(QPageLayout& layout, Long orientation) {
@@ -33,25 +32,9 @@ void SetOrientation(QPageLayout& layout, Long orientation) {
 }
 
 // Those that leave nothing of the page are none.
-void SetMinimums(QPageLayout& layout, const QMarginsF& minimums) {
+bool HasMinimums(const QPageLayout& layout, const QMarginsF& minimums) {
     const QRectF left = layout.fullRect().marginsRemoved(minimums);
-    if (!minimums.isNull() && left.width() > 0 && left.height() > 0)
-        layout.setMinimumMargins(minimums);
-}
-
-// The lower bound stands for what is no number.
-double Within(double low, double margin, double high) {
-    return std::fmin(std::fmax(margin, low), high);
-}
-
-// A page can have none that is smaller than its minimum or larger than the page.
-void SetMargins(QPageLayout& layout, const QMarginsF& margins) {
-    const QMarginsF low = layout.minimumMargins();
-    const QMarginsF high = layout.maximumMargins();
-    layout.setMargins({Within(low.left(), margins.left(), high.left()),
-                       Within(low.top(), margins.top(), high.top()),
-                       Within(low.right(), margins.right(), high.right()),
-                       Within(low.bottom(), margins.bottom(), high.bottom())});
+    return !minimums.isNull() && left.width() > 0 && left.height() > 0;
 }
 
 }  // namespace
@@ -76,18 +59,18 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
 
     QPageLayout& layout = request.printer.layout;
     layout.setUnits(Units == PageUnits::Inches ? QPageLayout::Inch : QPageLayout::Millimeter);
-    const QMarginsF printersOwn = layout.minimumMargins();
     const QMarginsF smallest(std::fmax(MinLeftMargin, 0), std::fmax(MinTopMargin, 0),
                              std::fmax(MinRightMargin, 0), std::fmax(MinBottomMargin, 0));
     const QMarginsF margins(LeftMargin, TopMargin, RightMargin, BottomMargin);
     SetPaper(layout, PaperSize);
     SetOrientation(layout, Orientation);
-    SetMinimums(layout, smallest);
-    SetMargins(layout, margins.isNull() ? layout.margins() : margins);
+    const bool hasMinimums = HasMinimums(layout, smallest);
+    layout.setMinimumMargins(hasMinimums ? smallest : QMarginsF());
+    layout.setMargins(Possible(margins.isNull() ? layout.margins() : margins, layout));
+    if (hasMinimums) request.flags |= pageFlag::MinMargins;
 
-    PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
+    const PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
     if (!End(answer)) return false;
-    answer.printer.layout.setMinimumMargins(printersOwn);
     m_printer = answer.printer;
     const QMarginsF chosen = m_printer->layout.margins();
     LeftMargin = chosen.left();

@@ -41,6 +41,7 @@ inline constexpr Long HideToFile = 0x100000;
 }  // namespace printFlag
 
 namespace pageFlag {
+inline constexpr Long MinMargins = 0x1;  // those of the layout; else the printer's own
 inline constexpr Long DisableMargins = 0x10;
 inline constexpr Long DisableOrientation = 0x100;
 inline constexpr Long DisablePaper = 0x200;
@@ -103,7 +104,7 @@ struct PageRequest {
 };
 
 struct PageAnswer : DialogResult {
-    PrinterState printer;  // its layout in the same units
+    PrinterState printer;  // its layout in the same units, with the printer's own smallest margins
 };
 
 // The dialogs that no window of the program asks for: the program's drives real ones, a test's

@@ -8,6 +8,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QPointer>
+#include <algorithm>
 
 namespace tavel {
 
@@ -64,8 +65,19 @@ HostFileAnswer AskHost(const FileRequest& request) {
     return Service<HostBoxes>::Get().PickFiles(asked);
 }
 
+bool AreOfOneFolder(const std::vector<std::string>& files) {
+    const auto folderOf = [](const std::string& file) { return file.substr(0, file.rfind('\\')); };
+    return std::all_of(files.begin(), files.end(), [&](const std::string& file) {
+        return folderOf(file) == folderOf(files.front());
+    });
+}
+
 // Why the program can't take what was picked; empty where it can.
 QString Refusal(const HostFileAnswer& given) {
+    if (given.isChosen && given.files.empty())
+        return QDialog::tr("What has been picked can't be reached.");
+    if (!AreOfOneFolder(given.files))
+        return QDialog::tr("Files of several folders can't be taken at once.");
     for (const std::string& path : given.files) {
         if (IsPathTooLong(path))
             return QDialog::tr("A path of more than %1 characters can't be taken.")

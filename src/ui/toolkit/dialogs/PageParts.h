@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QMarginsF>
 #include <QPageLayout>
 #include <QWidget>
+#include <functional>
 
 namespace tavel {
 
@@ -10,12 +12,16 @@ namespace tavel {
 
 bool HasPage(const QWidget& box);
 
-// Brings them to the paper and the margins of this page, and so what the box will answer. For a
-// printer Qt begins with that printer's own paper and without any margin. A paper that is not
-// offered is left.
+// The page that they show, in the units that they show, with no smallest margins.
+QPageLayout PageShown(const QWidget& box);
+
+// Brings them to the paper and the margins of this page. For a printer Qt begins with that
+// printer's own paper and without any margin. A paper that is neither offered nor can be told by
+// its size is left.
 void ShowPage(const QWidget& box, const QPageLayout& page);
 
-// No margin can be set below the page's minimum. Qt forgets it with every other paper.
-void KeepMinimums(QWidget& box, const QPageLayout& page);
+// No margin can be set below those that `least` tells, in the units that are shown. It is asked
+// again whenever the page becomes another, when Qt forgets them.
+void KeepMinimums(QWidget& box, const std::function<QMarginsF()>& least);
 
 }  // namespace tavel

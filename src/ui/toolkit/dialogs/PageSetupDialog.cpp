@@ -4,7 +4,6 @@
 #include "ui/toolkit/dialogs/PageParts.h"
 #include "ui/toolkit/dialogs/Parts.h"
 
-#include <QComboBox>
 #include <QPointer>
 #include <QPrinter>
 
@@ -21,23 +20,24 @@ QPrinter* Prepared(const PageRequest& request, QPrinter& printer) {
 
 PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     : QPageSetupDialog(Prepared(request, printer), request.owner),
-      m_units(request.printer.layout.units()) {
+      m_page(request.printer.layout),
+      m_hasMinimums(request.Has(pageFlag::MinMargins)) {
     setObjectName(QStringLiteral("PageSetupDialog"));
-    SetUnits();
-    ShowPage(*this, request.printer.layout);
-    KeepMinimums(*this, request.printer.layout);
+    WithPart(*this, "unitCombo", [](QWidget& units) { units.setAccessibleName(tr("Units")); });
+    ShowPage(*this, m_page);
+    KeepMinimums(*this, [this] { return Minimums(); });
     Disable(request);
     PlainButtons(*this);
     adjustSize();
 }
 
-void PageSetupDialog::SetUnits() {
-    WithPart<QComboBox>(*this, "unitCombo", [this](QComboBox& list) {
-        list.setAccessibleName(tr("Units"));
-        for (int i = 0; i < list.count(); ++i) {
-            if (list.itemData(i).value<QPageLayout::Unit>() == m_units) list.setCurrentIndex(i);
-        }
-    });
+// Each paper has the printer's own.
+QMarginsF PageSetupDialog::Minimums() {
+    const QPageLayout shown = PageShown(*this);
+    SetPage(shown, *printer());
+    QPageLayout page = m_hasMinimums ? m_page : printer()->pageLayout();
+    page.setUnits(shown.units());
+    return page.minimumMargins();
 }
 
 void PageSetupDialog::Disable(const PageRequest& request) {
@@ -65,10 +65,12 @@ int PageSetupDialog::exec() {
 }
 
 PageAnswer PageSetupDialog::Answer() {
+    // The printer may have refused what Qt has handed it.
+    if (HasPage(*this)) SetPage(PageShown(*this), *printer());
     PageAnswer answer;
     answer.result = 1;
     answer.printer = StateOf(*printer());
-    answer.printer.layout.setUnits(m_units);
+    answer.printer.layout.setUnits(m_page.units());
     return answer;
 }
 

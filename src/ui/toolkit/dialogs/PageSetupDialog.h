@@ -20,10 +20,11 @@ class PageSetupDialog : public QPageSetupDialog {
     PageAnswer Answer();
 
   private:
-    void SetUnits();
     void Disable(const PageRequest& request);
+    QMarginsF Minimums();
 
-    QPageLayout::Unit m_units;
+    QPageLayout m_page;  // as requested
+    bool m_hasMinimums;
 };
 
 }  // namespace tavel

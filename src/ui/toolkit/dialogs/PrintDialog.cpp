@@ -29,6 +29,15 @@ QPrinter* Prepared(const PrintRequest& request, QPrinter& printer) {
     return &printer;
 }
 
+// The same where the printer can have it.
+QPageSize PaperFor(const QPrinterInfo& device, const QPageSize& paper) {
+    const QList<QPageSize> papers = device.supportedPageSizes();
+    const auto isSame = [&paper](const QPageSize& one) { return one.isEquivalentTo(paper); };
+    const bool canHave = papers.isEmpty() || device.supportsCustomPageSizes() ||
+                         std::any_of(papers.begin(), papers.end(), isSame);
+    return canHave ? paper : device.defaultPageSize();
+}
+
 }  // namespace
 
 PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
@@ -127,25 +136,25 @@ void PrintDialog::BeginProperties(QDialog& properties) {
     });
 }
 
-// What nobody has set in the properties Qt sets anew for a printer: its own paper, no margins.
-void PrintDialog::KeepPage(PrinterState& answer) const {
-    if (!m_acceptedProperties.isNull()) return;
-    const QList<QPageSize> papers =
-        QPrinterInfo::printerInfo(answer.deviceName).supportedPageSizes();
-    const bool offered = std::any_of(papers.begin(), papers.end(), [this](const QPageSize& paper) {
-        return paper.isEquivalentTo(m_page.pageSize());
+// What nobody has set in the properties Qt sets anew for a printer: its own paper, no margins. And
+// what somebody has set the printer may have refused. A dialog of the system's own has set its
+// page.
+void PrintDialog::KeepPage() {
+    WithPart(*this, "printers", [this](QWidget&) {
+        QPageLayout page = m_page;
+        if (m_acceptedProperties.isNull())
+            page.setPageSize(PaperFor(QPrinterInfo(*printer()), m_page.pageSize()));
+        else
+            page = PageShown(*m_acceptedProperties);
+        SetPage(page, *printer());
     });
-    const QPageSize paper =
-        offered || papers.isEmpty() ? m_page.pageSize() : answer.layout.pageSize();
-    answer.layout = m_page;
-    answer.layout.setPageSize(paper, m_page.minimumMargins());
 }
 
 PrintAnswer PrintDialog::Answer() {
+    KeepPage();
     PrintAnswer answer;
     answer.result = 1;
     answer.printer = StateOf(*printer());
-    KeepPage(answer.printer);
     answer.fromPage = fromPage();
     answer.toPage = toPage();
     answer.flags = (printRange() == PageRange ? printFlag::PageNumbers : 0) |

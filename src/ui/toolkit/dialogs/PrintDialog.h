@@ -32,7 +32,7 @@ class PrintDialog : public QPrintDialog {
     void NameControls();
     void ShowAll();
     void BeginProperties(QDialog& properties);
-    void KeepPage(PrinterState& answer) const;
+    void KeepPage();
 
     QPageLayout m_page;                      // as requested
     QPointer<QDialog> m_acceptedProperties;  // gone with the choice of another printer

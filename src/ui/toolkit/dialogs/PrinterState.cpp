@@ -1,6 +1,21 @@
 #include "ui/toolkit/dialogs/PrinterState.h"
 
+#include <QPrintEngine>
+#include <cmath>
+
 namespace tavel {
+
+namespace {
+
+// Qt's public headers have no name for it.
+constexpr auto jobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+
+// The lower bound stands for what is no number.
+double Within(double low, double margin, double high) {
+    return std::fmin(std::fmax(margin, low), high);
+}
+
+}  // namespace
 
 PrinterState DefaultPrinter() { return StateOf(QPrinter(QPrinter::HighResolution)); }
 
@@ -14,22 +29,43 @@ PrinterState StateOf(const QPrinter& printer) {
     state.colors = printer.colorMode();
     state.sides = printer.duplex();
     state.order = printer.pageOrder();
+    state.jobOptions = printer.printEngine()->property(jobOptions).toStringList();
     return state;
 }
 
 void Apply(const PrinterState& state, QPrinter& printer) {
     // Where the pages go comes first: it brings sizes and settings of its own along.
     printer.setOutputFileName(state.file);
-    if (!state.file.isEmpty())
-        printer.setOutputFormat(QPrinter::PdfFormat);
-    else if (!state.deviceName.isEmpty())
+    if (!state.deviceName.isEmpty())
         printer.setPrinterName(state.deviceName);
+    else if (!state.file.isEmpty())
+        printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setCopyCount(state.copies);
     printer.setResolution(state.printQuality);
-    printer.setPageLayout(state.layout);
+    SetPage(state.layout, printer);
     printer.setColorMode(state.colors);
     printer.setDuplex(state.sides);
     printer.setPageOrder(state.order);
+    printer.printEngine()->setProperty(jobOptions, state.jobOptions);
+}
+
+QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page) {
+    const QMarginsF low = page.minimumMargins();
+    const QMarginsF high = page.maximumMargins();
+    return {Within(low.left(), margins.left(), high.left()),
+            Within(low.top(), margins.top(), high.top()),
+            Within(low.right(), margins.right(), high.right()),
+            Within(low.bottom(), margins.bottom(), high.bottom())};
+}
+
+// In parts: a page whose margins a printer cannot print, be it by the fraction of a point, it
+// refuses as a whole.
+void SetPage(const QPageLayout& page, QPrinter& printer) {
+    printer.setPageSize(page.pageSize());
+    printer.setPageOrientation(page.orientation());
+    QPageLayout own = printer.pageLayout();
+    own.setUnits(page.units());
+    printer.setPageMargins(Possible(page.margins(), own), page.units());
 }
 
 }  // namespace tavel

@@ -88,8 +88,15 @@ void xpFrame::ApplyThemeColors() {
     }
 }
 
+// A panel within has the property as well.
 void xpFrame::EnableChildren(bool value) {
-    ForEachChild([value](QWidget& child) { child.setEnabled(value); });
+    ForEachChild([value](QWidget& child) {
+        if (auto* panel = qobject_cast<xpFrame*>(&child)) {
+            panel->enabled(value);
+        } else {
+            child.setEnabled(value);
+        }
+    });
 }
 
 void xpFrame::Changed(const PanelProperty::Member& member) {
@@ -150,9 +157,10 @@ void xpFrame::Appearence(Integer value) {
 }
 
 void xpFrame::enabled(bool value) {
+    m_properties.enabled = value;
     setEnabled(value);
     EnableChildren(value);
-    Set(&PanelProperties::enabled, value);
+    Changed(&PanelProperties::enabled);
 }
 
 void xpFrame::HeaderTextFont(const QFont& value) { Set(&PanelProperties::HeaderTextFont, value); }
