@@ -1,4 +1,5 @@
 #include "support/Support.h"
+#include "ui/support/ButtonsWithPictures.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/toolkit/Strings.h"
@@ -11,6 +12,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTest>
 #include <functional>
 
@@ -146,6 +148,18 @@ TEST(CommonDialogs, a_file_is_picked_and_its_type_told_where_no_part_has_a_name)
 TEST(CommonDialogs, nothing_is_kept_in_the_file_that_Qt_programs_share) {
     LookAtEach([](QWidget&) {});
     EXPECT_EQ(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).entryList(QDir::Files), QStringList());
+}
+
+TEST(CommonDialogs, no_button_has_a_picture_on_a_desktop_that_likes_them) {
+    const ButtonsWithPictures desktop;
+    int buttons = 0;
+    LookAtEach([&buttons](QWidget& box) {
+        for (const QPushButton* button : box.findChildren<QPushButton*>()) {
+            EXPECT_TRUE(button->icon().isNull()) << FromQString(box.objectName());
+            ++buttons;
+        }
+    });
+    EXPECT_EQ(buttons, 4 + 2 + 4 + 2);
 }
 
 TEST(CommonDialogs, each_has_the_text_of_the_program) {
