@@ -127,9 +127,10 @@ void PrintDialog::BeginProperties(QDialog& properties) {
     });
 }
 
-// What nobody has set in the properties Qt sets anew for a printer: its own paper, no margins.
+// What nobody has set in the properties Qt sets anew for a printer: its own paper, no margins. The
+// system's own dialog begins with the page and tells what was set.
 void PrintDialog::KeepPage(PrinterState& answer) const {
-    if (!m_acceptedProperties.isNull()) return;
+    if (IsSystems(*this) || !m_acceptedProperties.isNull()) return;
     const QList<QPageSize> papers =
         QPrinterInfo::printerInfo(answer.deviceName).supportedPageSizes();
     const bool offered = std::any_of(papers.begin(), papers.end(), [this](const QPageSize& paper) {
