@@ -15,6 +15,14 @@ Texts IdsOf(const FrameList& list) {
     return ids;
 }
 
+// No frame is listed, and three texts of BBBB have stayed behind.
+FrameList WithTextsBehind() {
+    FrameList list({{"AAAA", ""}, {"BBBB", "b1"}, {"BBBB", "b2"}, {"BBBB", "b3"}, {"AAAA", ""}});
+    list.RemoveFrame(1);  // the count that goes is that of BBBB
+    EXPECT_EQ(FailureOf([&] { list.RemoveFrame("BBBB"); }), failure::InvalidProcedureCall);
+    return list;
+}
+
 }  // namespace
 
 TEST(FrameList, Ids_stand_once_in_order_of_first_appearance) {
@@ -150,6 +158,15 @@ TEST(FrameList, Texts_of_a_removed_frame_go_as_far_as_they_are_numbered_without_
     list.AddTag("BBBB", "y");
     EXPECT_EQ(list.FrameText("BBBB", 1), "y");
     EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", "z"); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 2) << "counted, and the text is the one that stayed";
+}
+
+TEST(FrameList, A_frame_whose_texts_stayed_behind_is_listed_with_them_though_adding_it_fails) {
+    FrameList list = WithTextsBehind();
+    EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", "new"); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(IdsOf(list), Texts{"BBBB"});
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 1);
+    EXPECT_EQ(list.FrameText("BBBB", 1), "b1");
 }
 
 TEST(FrameList, A_tag_of_a_new_id_is_its_frames_first_instance) {
@@ -244,6 +261,30 @@ TEST(FrameList, An_instance_whose_count_is_gone_takes_its_frame_along) {
     list.RemoveTag("BBBB", 1);
     EXPECT_EQ(list.FrameCount(), 0);
     EXPECT_EQ(FailureOf([&] { list.FrameText("BBBB", 1); }), failure::InvalidProcedureCall);
+}
+
+TEST(FrameList, An_instance_beyond_a_count_of_1_takes_the_frame_along_and_leaves_the_other_texts) {
+    FrameList list = WithTextsBehind();
+    EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", ""); }), failure::KeyAlreadyThere);
+    list.RemoveTag("BBBB", 2);
+    EXPECT_EQ(list.FrameCount(), 0);
+    EXPECT_EQ(list.TagsInFrame("BBBB"), 0);
+    EXPECT_EQ(list.FrameText("BBBB", 1), "b1");
+    EXPECT_EQ(list.FrameText("BBBB", 3), "b3");
+}
+
+TEST(FrameList, A_removed_instance_leaves_as_many_texts_as_the_count_reaches) {
+    for (const Long number : {1, 3}) {
+        FrameList list = WithTextsBehind();
+        for (int count = 1; count <= 2; ++count)
+            EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", ""); }), failure::KeyAlreadyThere);
+        list.RemoveTag("BBBB", number);
+        EXPECT_EQ(IdsOf(list), Texts{"BBBB"});
+        EXPECT_EQ(list.TagsInFrame("BBBB"), 1);
+        EXPECT_EQ(list.FrameText("BBBB", 1), number == 1 ? "b2" : "b1");
+        const Long why = FailureOf([&] { EXPECT_EQ(list.FrameText("BBBB", 2), "b2"); });
+        EXPECT_EQ(why, number == 1 ? failure::InvalidProcedureCall : 0);
+    }
 }
 
 TEST(FrameList, Ten_thousand_frames_go_by_position_one_by_one) {

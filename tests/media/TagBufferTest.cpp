@@ -143,6 +143,20 @@ TEST(TagBuffer, A_frame_that_lacks_its_texts_or_its_count_fails) {
     EXPECT_EQ(FailureOf([&] { TagBuffer(uncounted); }), failure::InvalidProcedureCall);
 }
 
+TEST(TagBuffer, A_frame_with_ID3_in_its_id_may_lack_its_count) {
+    FrameList list({{"AAAA", "1"}, {"xID3", "2"}, {"AAAA", "3"}});
+    list.RemoveFrame(1);  // the count that goes is that of xID3
+    EXPECT_EQ(TagBuffer(list), WholeTag(""));
+}
+
+TEST(TagBuffer, A_text_beyond_the_count_of_its_frame_is_not_written) {
+    FrameList list({{"AAAA", ""}, {"BBBB", "a"}, {"BBBB", "b"}, {"AAAA", ""}});
+    list.RemoveFrame(1);  // the count that goes is that of BBBB, whose texts so stay behind it
+    EXPECT_EQ(FailureOf([&] { list.RemoveFrame("BBBB"); }), failure::InvalidProcedureCall);
+    EXPECT_EQ(FailureOf([&] { list.AddTag("BBBB", ""); }), failure::KeyAlreadyThere);
+    EXPECT_EQ(TagBuffer(list), WholeTag(Frame3("BBBB", "\0a"s)));
+}
+
 TEST(TagBuffer, A_body_of_65536_bytes_overflows) {
     EXPECT_EQ(FailureOf([&] { TagBuffer(WithBodyOf(65536)); }), failure::Overflow);
 }

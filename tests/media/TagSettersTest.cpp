@@ -127,6 +127,30 @@ TEST_F(TagSetters, An_empty_value_still_makes_a_frame) {
     }
 }
 
+TEST_F(TagSetters, A_value_that_a_property_has_already_makes_its_frame_anew) {
+    Load(audio);
+    for (const Setter& setter : setters) {
+        (tag.*setter.Set)("value");
+        tag.RemoveFrame(setter.Id);
+        (tag.*setter.Set)("value");
+        EXPECT_EQ(tag.TagsInFrame(setter.Id), 1) << setter.Id;
+    }
+    tag.RemoveFrame("TCON");
+    tag.Genre(tag.Genre());
+    EXPECT_EQ(tag.TagsInFrame("TCON"), 1);
+}
+
+TEST_F(TagSetters, A_value_may_hold_zero_bytes) {
+    Load(audio);
+    const std::string value = "one\0\r\ntwo"s;
+    tag.Comment(value);
+    tag.OtherGenreName(value);
+    EXPECT_EQ(tag.Comment(), value);
+    EXPECT_EQ(tag.OtherGenreName(), value);
+    EXPECT_EQ(FramesWritten(),
+              Frame3("COMM", "\0\0nt\0"s + value) + Frame3("TCON", "\0(255)"s + value));
+}
+
 TEST_F(TagSetters, All_instances_that_were_there_make_way_for_one_at_the_end) {
     Load(Tag(3, Frame3("TIT2", "one") + Frame3("TPE1", "artist") + Frame3("TIT2", "two")) + audio);
     tag.Title("new");
@@ -148,6 +172,7 @@ TEST_F(TagSetters, The_genre_is_its_number_in_brackets_and_the_other_name) {
     EXPECT_EQ(tag.OtherGenreName(), "Rock & Roll");
     EXPECT_EQ(FramesWritten(), Frame3("TCON", "\0(8)Rock & Roll"s));
     tag.Genre(cMP3ID3v2::NoGenre);
+    EXPECT_EQ(FramesWritten(), Frame3("TCON", "\0(255)Rock & Roll"s));
     tag.OtherGenreName("");
     EXPECT_EQ(FramesWritten(), Frame3("TCON", "\0(255)"s));
     EXPECT_EQ(tag.TagsInFrame("TCON"), 1);
@@ -187,7 +212,6 @@ TEST_F(TagSetters, Frames_are_added_and_removed_and_fail_under_the_class_label) 
               Frame3("TIT2", "\0title"s) + Frame3("TPE2", "\0band"s) + Frame3("TPE2", "\0TPE2"s));
     const std::string written = folder.Read("one.mp3");
     tag.RemoveFrame(1);
-    EXPECT_EQ(tag.Title(), "title");
     tag.RemoveTag("TPE2", 1);
     EXPECT_TRUE(folder.Read("one.mp3") == written);
     EXPECT_EQ(FramesWritten(), Frame3("TPE2", "\0TPE2"s));
@@ -198,6 +222,20 @@ TEST_F(TagSetters, Frames_are_added_and_removed_and_fail_under_the_class_label) 
     for (const Long position : {0, 2})
         EXPECT_EQ(FullFailureOf([&] { tag.RemoveFrame(position); }),
                   "9 Subscript out of range Tavel.cMP3ID3v2");
+}
+
+TEST_F(TagSetters, What_is_added_and_removed_as_a_frame_leaves_the_properties_alone) {
+    Load(Tag(3, Frame3("TIT2", "title") + Frame3("TALB", "album") + Frame3("TYER", "2006")) +
+         audio);
+    tag.AddTag("TPE1", "artist");
+    tag.RemoveFrame("TALB");
+    tag.RemoveFrame(2);
+    tag.RemoveTag("TIT2", 1);
+    EXPECT_EQ(tag.FrameCount(), 1);
+    EXPECT_EQ(tag.Artist(), "");
+    EXPECT_EQ(tag.Album(), "album");
+    EXPECT_EQ(tag.Year(), "2006");
+    EXPECT_EQ(tag.Title(), "title");
 }
 
 TEST_F(TagSetters, What_removing_left_at_odds_fails_the_addition_and_not_the_removal) {

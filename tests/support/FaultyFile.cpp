@@ -74,9 +74,15 @@ bool FaultyFile::Write(std::span<const char> buffer, std::size_t& bytesWritten) 
     return Failed(drive.bytesUntilFull == 0 ? failure::DiskFull : failure::DeviceIO);
 }
 
-std::int64_t FaultyFile::Size() { return IsDriveThere() ? m_real->Size() : -1; }
+std::int64_t FaultyFile::Size() {
+    const bool isFailing = m_service.RawFailureOf("Size " + m_path) != 0;
+    return !isFailing && IsDriveThere() ? m_real->Size() : -1;
+}
 
-bool FaultyFile::Seek(std::int64_t position) { return IsDriveThere() && m_real->Seek(position); }
+bool FaultyFile::Seek(std::int64_t position) {
+    return m_service.RawFailureOf("Seek " + m_path + " " + std::to_string(position)) == 0 &&
+           IsDriveThere() && m_real->Seek(position);
+}
 
 bool FaultyFile::Close() {
     if (!m_real) return m_isClosedWell;

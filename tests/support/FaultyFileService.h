@@ -60,7 +60,8 @@ class FaultyFileService : public FileService {
     // Every call in order, as it was made: "FileExists e:\a.txt", "CopyFile c:\a -> e:\b",
     // "OpenRaw Create e:\b", "DriveExists e:\", "TotalSize e:".
     std::vector<std::string> calls;
-    // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Close e:\b".
+    // What raw files were asked for, in order: "Read c:\a 1024", "Write e:\b 1024", "Seek c:\a 0",
+    // "Size c:\a", "Close e:\b".
     std::vector<std::string> rawCalls;
     // The folder for temporary files; the real one's while this is empty.
     std::string tempFolder;

@@ -86,6 +86,15 @@ TEST_F(PanelChevron, of_a_hidden_header_is_clicked_after_the_close_button_in_its
     EXPECT_EQ(panel.height(), 25);
 }
 
+TEST_F(PanelChevron, of_a_panel_in_classic_style_is_clicked_where_it_was) {
+    const QPoint place = Chevron();
+    panel.ClassicXPStyle(true);
+    Click(place);
+    EXPECT_EQ(panel.height(), 25);
+    Click(place);
+    EXPECT_EQ(panel.height(), 200);
+}
+
 TEST_F(PanelChevron, click_ends_the_move_before_it_is_told) {
     std::vector<bool> told;
     QObject::connect(&panel, &xpFrame::MouseMove,

@@ -83,20 +83,13 @@ TEST_F(PanelDrag, drag_goes_on_when_another_button_comes_and_goes) {
     Release();
 }
 
-TEST_F(PanelDrag, drag_can_be_started_and_stopped_by_the_host) {
+TEST_F(PanelDrag, drag_by_the_second_press_of_a_double_click_moves_nothing) {
     panel.ContainerMoveable(true);
-    bool moving = true;
-    Press({30, 10});
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool&, bool& cMove) { cMove = moving; });
-    PointAt({130, 70});
-    moving = false;
-    PointAt({230, 170});
-    EXPECT_EQ(panel.pos(), QPoint(100, 60));
-    moving = true;
-    PointAt({240, 170});
-    EXPECT_EQ(panel.pos(), QPoint(210, 160));
-    Release();
+    ListenToMoves();
+    SendMouse(panel, QEvent::MouseButtonDblClick, {30, 10}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {60, 40}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_THAT(moves, ElementsAre(Switches{1, false, false}));
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
 }
 
 TEST_F(PanelDrag, drag_tells_a_move_to_where_the_panel_is) {

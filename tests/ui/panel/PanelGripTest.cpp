@@ -52,6 +52,7 @@ TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pointer) {
     EXPECT_EQ(panel.size(), QSize(291, 191));
     PointAt(InWindow({400, 250}));
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 400, 250));
+    ExpectPointer(Qt::ArrowCursor);  // the grip has its new area at the release
     Release();
     EXPECT_THAT(events, ElementsAre("MouseDown 1 0 290 190", "Resize 291 191", "Resize 400 250",
                                     "MouseUp 1 0 400 250"));
@@ -88,10 +89,12 @@ TEST_F(PanelGrip, smallest_size_leaves_room_for_what_the_panel_shows) {
         {[this] { panel.ContainerPictureBufferLeft(5); }, {145, 117}},
         {[this] { panel.ContainerPictureVisible(false); }, {108, 74}},
         {[this] { panel.HeaderVisible(false); }, {108, 34}},
+        {[this] { panel.HeaderVisible(true); }, {108, 74}},
+        {[this] { panel.FooterVisible(false); }, {108, 40}},
     };
     for (const Case& one : cases) {
-        one.change();
         panel.resize(300, 200);
+        one.change();
         PressGrip();
         PointAt({1, 1});
         EXPECT_EQ(panel.size(), one.smallest);
@@ -125,18 +128,8 @@ TEST_F(PanelGrip, drag_of_a_grip_that_is_gone_neither_moves_nor_resizes) {
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
     EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false},
                                    Switches{1, true, false}));
-}
-
-TEST_F(PanelGrip, drag_of_the_grip_that_the_host_stops_is_not_started_again_by_the_same_event) {
-    panel.ContainerResizable(true);
-    PressGrip();
-    ASSERT_EQ(panel.size(), QSize(291, 191));
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool& cResize, bool&) { cResize = false; });
-    ASSERT_TRUE(panel.Areas().grip->contains(288, 188));
-    PointAt(InWindow({288, 188}));
-    EXPECT_EQ(panel.size(), QSize(291, 191));
-    Release();
+    PointAt(InWindow(Grip()));
+    ExpectPointer(Qt::SizeFDiagCursor);
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_goes_on_as_it_was_when_another_button_comes_and_goes) {
@@ -164,15 +157,43 @@ TEST_F(PanelGrip, press_is_taken_by_a_grip_that_is_gone_in_classic_style) {
     EXPECT_THAT(moves, ElementsAre(Switches{0, false, false}, Switches{1, false, false}));
 }
 
-TEST_F(PanelGrip, drag_that_the_host_turns_into_a_resize_moves_no_longer) {
+TEST_F(PanelGrip, drag_of_the_grip_has_resized_the_panel_when_it_is_told) {
     panel.ContainerResizable(true);
-    panel.ContainerMoveable(true);
-    Press({30, 90});
-    QObject::connect(&panel, &xpFrame::MouseMove,
-                     [&](int, int, float, float, bool& cResize, bool&) { cResize = true; });
-    PointAt(InWindow({220, 140}));
+    QSize told;
+    QObject::connect(&panel, &xpFrame::Resize, [&] { told = panel.size(); });
+    PressGrip();
+    EXPECT_EQ(told, QSize(291, 191));
     Release();
-    EXPECT_EQ(panel.geometry(), QRect(50, 40, 220, 140));
+}
+
+TEST_F(PanelGrip, drag_of_a_grip_that_is_gone_hides_the_children_when_the_host_resizes) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.show();
+    const auto expectHidden = [&] {
+        panel.resize(300, 200);
+        PressGrip();
+        EXPECT_FALSE(child.isHidden());
+        panel.resize(310, 210);
+        EXPECT_TRUE(child.isHidden());
+        Release();
+    };
+    panel.ContainerResizable(false);
+    expectHidden();
+    panel.resize(300, 200);
+    panel.ContainerResizable(true);
+    panel.ClassicXPStyle(true);
+    expectHidden();
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_has_ended_when_the_children_are_shown) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.show();
+    PressGrip();
+    const On resizes(QEvent::Show, child, [this] { panel.resize(310, 210); });
+    Release();
+    EXPECT_TRUE(child.isVisible());
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {

@@ -134,11 +134,18 @@ TEST_F(PanelMouse, press_and_double_click_refresh_the_inner_label) {
     EXPECT_EQ(paints.Taken(), 1);
 }
 
-TEST_F(PanelMouse, click_refreshes_the_inner_label_behind_its_event) {
+TEST_F(PanelMouse, press_and_clicks_refresh_the_inner_label_behind_their_events) {
     panel.ClassicXPStyle(true);
     PaintCounter paints(*panel.findChild<InnerLabel*>());
-    QObject::connect(&panel, &xpFrame::Click, [&] { paints.Taken(); });
-    Click({30, 90});
+    const auto take = [&] { paints.Taken(); };
+    QObject::connect(&panel, &xpFrame::MouseDown, take);
+    QObject::connect(&panel, &xpFrame::Click, take);
+    QObject::connect(&panel, &xpFrame::DblClick, take);
+    Press({30, 90});
+    EXPECT_EQ(paints.Taken(), 1);
+    Release();
+    EXPECT_EQ(paints.Taken(), 1);
+    SendMouse(panel, QEvent::MouseButtonDblClick, {30, 90}, Qt::LeftButton, Qt::LeftButton);
     EXPECT_EQ(paints.Taken(), 1);
 }
 
@@ -183,11 +190,14 @@ TEST_F(PanelMouse, release_refreshes_each_child) {
 TEST_F(PanelMouse, focus_refreshes_the_inner_label) {
     panel.ClassicXPStyle(true);
     PaintCounter paints(*panel.findChild<InnerLabel*>());
-    paints.Taken();
-    ASSERT_EQ(paints.Taken(), 0);
-    QFocusEvent focus(QEvent::FocusIn);
-    QApplication::sendEvent(&panel, &focus);
-    EXPECT_EQ(paints.Taken(), 1);
+    for (const bool comesToTheFront : {false, true}) {
+        panel.ZOrderOnFocus(comesToTheFront);
+        paints.Taken();
+        ASSERT_EQ(paints.Taken(), 0);
+        QFocusEvent focus(QEvent::FocusIn);
+        QApplication::sendEvent(&panel, &focus);
+        EXPECT_EQ(paints.Taken(), 1);
+    }
 }
 
 }  // namespace tavel::test

@@ -87,10 +87,19 @@ TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_returns_to_the_height_of
     for (const int height : {200, 150}) {
         panel.resize(300, height);
         panel.ReadProperties(MemoryPropertyBag());
-        panel.resize(300, 90);
-        panel.Expand();
-        EXPECT_EQ(panel.height(), height);
+        for (const int other : {90, 120}) {
+            panel.resize(300, other);
+            panel.Expand();
+            EXPECT_EQ(panel.height(), height);
+        }
     }
+}
+
+TEST_F(PanelOperations, Expand_of_a_panel_that_was_read_while_collapsed_leaves_it_so_high) {
+    panel.Collapse();
+    panel.ReadProperties(MemoryPropertyBag());
+    panel.Expand();
+    EXPECT_EQ(panel.height(), 25);
 }
 
 TEST_F(PanelOperations, Collapse_at_another_scale_leaves_the_headers_pixels) {

@@ -159,22 +159,20 @@ TEST_F(PanelPropertiesOf, a_new_panel_are_the_tables) {
     EXPECT_EQ(values.size(), AllProperties().size());
 }
 
-TEST_F(PanelPropertiesOf, a_new_panel_leave_switches_on_that_are_on) {
-    panel.Closeable(true);
-    panel.ContainerMoveable(true);
-    panel.ContainerResizable(true);
-    panel.Expandable(true);
-    panel.UseCustomColors(true);
-    panel.ZOrderOnFocus(true);
-    panel.ClassicXPStyle(true);
-    panel.HeaderSize(2);
-    panel.HeaderVisible(false);
+TEST_F(PanelPropertiesOf, a_new_panel_are_the_tables_again_but_for_switches_that_are_on) {
+    MemoryPropertyBag bag;
+    for (const Expected& property : AllProperties())
+        bag.WriteProperty(property.key, OtherThan(property));
+    bag.WriteProperty("ClassicXPStyle", true);
+    bag.WriteProperty("ZOrderOnFocus", true);
+    panel.ReadProperties(bag);
     panel.InitProperties();
-    EXPECT_TRUE(panel.Closeable() && panel.ContainerMoveable() && panel.ContainerResizable() &&
-                panel.Expandable() && panel.UseCustomColors() && panel.ZOrderOnFocus() &&
-                panel.ClassicXPStyle());
-    EXPECT_EQ(panel.HeaderSize(), 1);
-    EXPECT_TRUE(panel.HeaderVisible());
+    const auto values = ValuesOf(panel);
+    for (const Expected& property : AllProperties()) {
+        const bool isOff = property.init == PropertyValue(false);
+        EXPECT_EQ(values.at(property.key), isOff ? PropertyValue(true) : property.init)
+            << property.key;
+    }
 }
 
 TEST_F(PanelPropertiesOf, a_new_panel_without_a_host_come_from_its_window) {

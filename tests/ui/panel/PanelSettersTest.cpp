@@ -73,7 +73,7 @@ const std::vector<Property<Long>> longNumbers{OF(ContainerShapeStyle)};
 
 class PanelSetter : public PanelUnderHand {
   protected:
-    // Sets each property to what the function makes of its value, and asks for it again.
+    // Sets each property to what the function makes of its value, twice, and asks for it again.
     template <class Argument, class Change>
     void ExpectKept(const std::vector<Property<Argument>>& properties, Change change) {
         for (const Property<Argument>& property : properties) {
@@ -81,10 +81,16 @@ class PanelSetter : public PanelUnderHand {
             const std::decay_t<Argument> value = change(before);
             ASSERT_NE(value, before) << property.name;
             host.changes.clear();
+            host.onChange = [&] { EXPECT_EQ((panel.*property.get)(), value) << property.name; };
+            (panel.*property.set)(value);
             (panel.*property.set)(value);
             EXPECT_EQ((panel.*property.get)(), value) << property.name;
-            EXPECT_THAT(host.changes, ElementsAre(property.name));
+            EXPECT_THAT(host.changes, ElementsAre(property.name, property.name));
+            const QPixmap shown = panel.grab();
+            panel.Refresh();
+            EXPECT_EQ(panel.grab().toImage(), shown.toImage()) << property.name;
         }
+        host.onChange = {};
     }
 };
 
@@ -124,8 +130,11 @@ TEST_F(PanelSetter, of_classic_style_gives_the_panel_its_own_back_colour_when_it
     panel.BackColor(5);
     panel.ClassicXPStyle(false);
     EXPECT_EQ(panel.BackColor(), 5U);
-    panel.ClassicXPStyle(true);
-    EXPECT_EQ(panel.BackColor(), 0x8000000FU);
+    for (int times = 0; times < 2; ++times) {
+        panel.BackColor(5);
+        panel.ClassicXPStyle(true);
+        EXPECT_EQ(panel.BackColor(), 0x8000000FU);
+    }
 }
 
 TEST_F(PanelSetter, of_a_chevron_or_a_grip_leaves_it_off_in_classic_style) {
@@ -169,7 +178,8 @@ TEST_F(PanelSetter, of_the_z_order_on_focus_brings_the_panel_to_the_front_either
     panel.ZOrderOnFocus(true);
     EXPECT_THAT(host.calls, ElementsAre("zorder 0"));
     panel.ZOrderOnFocus(false);
-    EXPECT_THAT(host.calls, ElementsAre("zorder 0", "zorder 0"));
+    panel.ZOrderOnFocus(false);
+    EXPECT_THAT(host.calls, ElementsAre("zorder 0", "zorder 0", "zorder 0"));
 }
 
 TEST_F(PanelSetter, of_enabled_reaches_every_child_control) {
@@ -182,6 +192,9 @@ TEST_F(PanelSetter, of_enabled_reaches_every_child_control) {
     EXPECT_TRUE(on.testAttribute(Qt::WA_ForceDisabled));
     panel.enabled(true);
     EXPECT_TRUE(on.isEnabled());
+    EXPECT_TRUE(off.isEnabled());
+    off.setEnabled(false);
+    panel.enabled(true);
     EXPECT_TRUE(off.isEnabled());
 }
 
@@ -214,6 +227,10 @@ TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {
     Click(Chevron());
     ASSERT_EQ(panel.height(), 25);
     panel.Expandable(true);
+    EXPECT_EQ(panel.height(), 25);
+    const QImage shown = panel.Surface();
+    panel.Refresh();
+    EXPECT_EQ(panel.Surface(), shown);
     bool collapses = false;
     QObject::connect(&panel, &xpFrame::ChevronClick,
                      [&](int, int, float, float, bool Collapse) { collapses = Collapse; });
@@ -221,17 +238,20 @@ TEST_F(PanelSetter, of_expandable_counts_the_panel_as_expanded) {
     EXPECT_TRUE(collapses);
 }
 
-TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_custom_colours_too) {
+TEST_F(PanelSetter, of_a_theme_that_there_is_not_leaves_the_custom_colours_of_then) {
     panel.ContainerBackColor(0x102030);
     panel.ContainerFadeColor(0x102030);
     panel.UseCustomColors(true);
     panel.Appearence(12);
     EXPECT_EQ(panel.Appearence(), 12);
+    panel.ContainerBackColor(0x405060);
+    panel.ContainerFadeColor(0x405060);
     panel.UseCustomColors(false);
     EXPECT_EQ(panel.Surface().pixelColor(100, 100), QColor(0x30, 0x20, 0x10));
 }
 
-TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_and_in_its_font) {
+TEST_F(PanelSetter,
+       of_classic_style_keeps_the_inner_label_above_the_children_with_the_headers_text_and_font) {
     panel.ClassicXPStyle(true);
     auto* label = panel.findChild<InnerLabel*>();
     const QPushButton child(&panel);
@@ -241,6 +261,8 @@ TEST_F(PanelSetter, of_classic_style_keeps_the_inner_label_above_the_children_an
     panel.HeaderTextFont(font);
     EXPECT_EQ(panel.children().last(), label);
     EXPECT_EQ(label->font().pixelSize(), 31);
+    panel.HeaderText(QStringLiteral("News"));
+    EXPECT_EQ(label->text(), QStringLiteral("News"));
 }
 
 TEST_F(PanelSetter, of_the_headers_font_is_the_inner_labels_whatever_the_windows_is) {

@@ -200,6 +200,10 @@ class PanelUnalignedTextPaint : public testing::Test {
   protected:
     PanelUnalignedTextPaint() {
         panel.resize(width, height);
+        Design();
+    }
+
+    void Design() {
         panel.HeaderTextFont(SharpFont());
         panel.FooterTextFont(SharpFont());
         panel.HeaderSize(2);
@@ -228,6 +232,16 @@ TEST_F(PanelUnalignedTextPaint, breaks_into_lines_until_an_alignment_is_set) {
     panel.HeaderTextAlign(0);
     EXPECT_LT(InkHeight(QStringLiteral("H\nH"), {}), m_line);
     panel.FooterTextAlign(0);
+    EXPECT_LT(InkHeight({}, QStringLiteral("H\nH")), m_line);
+}
+
+TEST_F(PanelUnalignedTextPaint, is_none_that_was_aligned_before_the_panel_became_a_new_one) {
+    panel.HeaderTextAlign(2);
+    panel.FooterTextAlign(2);
+    panel.InitProperties();
+    EXPECT_EQ(panel.HeaderTextAlign(), 0);
+    Design();
+    EXPECT_LT(InkHeight(QStringLiteral("H\nH"), {}), m_line);
     EXPECT_LT(InkHeight({}, QStringLiteral("H\nH")), m_line);
 }
 

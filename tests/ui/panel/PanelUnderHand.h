@@ -24,11 +24,15 @@ class RecordingHost : public PanelHost {
         if (panel != nullptr) panel->setVisible(value);
     }
     void zorder(int position) override { calls.push_back("zorder " + std::to_string(position)); }
-    void PropertyChanged(std::string_view sName) override { changes.emplace_back(sName); }
+    void PropertyChanged(std::string_view sName) override {
+        changes.emplace_back(sName);
+        if (onChange) onChange();
+    }
 
     QWidget* panel = nullptr;
     std::vector<std::string> calls;
     std::vector<std::string> changes;
+    std::function<void()> onChange;
 };
 
 inline QImage Square() {
