@@ -1,7 +1,6 @@
 #include "support/FaultyFileService.h"
 
 #include "platform/Failure.h"
-#include "platform/linux/HostPaths.h"
 #include "support/FaultyFile.h"
 #include "support/HostPlaces.h"
 

@@ -1,7 +1,6 @@
 #include "support/Support.h"
 
 #include "core/PublicStuff.h"
-#include "platform/Text.h"
 #include "support/HostPlaces.h"
 
 #include <algorithm>
@@ -23,7 +22,6 @@ std::string NewFolder() {
     std::string path;
     do {
         path = fs::temp_directory_path().generic_string();
-        path.front() = AsciiLower(path.front());  // the letter of a drive
         if (path.back() != '/') path += '/';
         path += "tavel-test-" + std::to_string(random());
     } while (!fs::create_directory(path));

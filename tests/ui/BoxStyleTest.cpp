@@ -1,8 +1,11 @@
+#include "ui/toolkit/BoxStyle.h"
+
 #include <gtest/gtest.h>
 
 #include <QApplication>
 #include <QCheckBox>
 #include <QImage>
+#include <QStyleFactory>
 #include <QStyleOptionButton>
 #include <cmath>
 
@@ -10,7 +13,10 @@ namespace {
 
 // How far the edge of an empty box stands out from what is around it, in steps of lightness.
 int EdgeContrast(const QPalette& palette) {
+    tavel::BoxStyle style;
+    style.setBaseStyle(QStyleFactory::create(QStringLiteral("fusion")));
     QCheckBox box(QStringLiteral("A box"));
+    box.setStyle(&style);
     box.setPalette(palette);
     box.resize(box.sizeHint());
     QStyleOptionButton option;
@@ -28,6 +34,10 @@ QPalette PaletteOf(const QColor& window, const QColor& base, const QColor& text)
     palette.setColor(QPalette::WindowText, text);
     palette.setColor(QPalette::Text, text);
     return palette;
+}
+
+TEST(BoxStyle, is_the_style_of_the_program) {
+    EXPECT_NE(dynamic_cast<const tavel::BoxStyle*>(QApplication::style()), nullptr);
 }
 
 TEST(BoxStyle, an_empty_check_box_can_be_seen_on_dark_and_light_desktops) {

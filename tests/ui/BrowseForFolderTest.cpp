@@ -9,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QLabel>
 #include <QPushButton>
 #include <QTreeWidget>
@@ -92,23 +91,6 @@ TEST_F(FolderPickers, the_tree_has_the_drives_and_reads_folders_as_they_open) {
     EXPECT_EQ(photos->childCount(), 0);
     photos->setExpanded(true);
     EXPECT_EQ(Names(photos), QStringList(QStringLiteral("2006")));
-}
-
-TEST_F(FolderPickers, a_line_break_in_a_name_is_shown_as_a_blank) {
-    folder.Write("photos/two\nlines/a.jpg", "");
-    FolderDialog dialog(request);
-    QTreeWidgetItem* photos = Child(Stick(dialog), "photos");
-    photos->setExpanded(true);
-    QTreeWidgetItem* broken = Child(photos, "two\nlines");
-    ASSERT_NE(broken, nullptr);
-    dialog.show();
-    (void)QTest::qWaitForWindowActive(&dialog);
-    Tree(dialog).scrollToItem(broken);  // from below the folders of the user's home
-    const QImage shown = Tree(dialog).grab().toImage();
-    broken->setText(0, QStringLiteral("two lines"));
-    EXPECT_EQ(Tree(dialog).grab().toImage(), shown);
-    broken->setText(0, QStringLiteral("two words"));
-    EXPECT_NE(Tree(dialog).grab().toImage(), shown);
 }
 
 TEST_F(FolderPickers, files_are_there_when_they_are_asked_for) {

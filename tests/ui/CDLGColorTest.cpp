@@ -7,7 +7,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QDir>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPalette>
@@ -161,15 +160,6 @@ TEST(VBChooseColor, the_box_belongs_to_its_owner_and_outlives_it) {
     Call call;
     ExpectCancelWithItsOwner(call);
     EXPECT_EQ(call.Color, -1);
-}
-
-TEST(VBChooseColor, nothing_is_kept_in_the_file_that_Qt_programs_share) {
-    Call call;
-    CancelNext([](QWidget& box) {
-        QTest::keyClick(&ButtonNamed(box, "Add to Custom Colors"), Qt::Key_Space);
-    });
-    call.Run();
-    EXPECT_EQ(QDir(qEnvironmentVariable("XDG_CONFIG_HOME")).entryList(QDir::Files), QStringList());
 }
 
 TEST(CustomColor, the_sixteen_begin_as_the_system_colors_0_to_15) {

@@ -1,15 +1,13 @@
-#include "support/Support.h"
 #include "ui/support/DialogRecorder.h"
+#include "ui/support/FontCall.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Strings.h"
-#include "ui/toolkit/dialogs/CDLG.h"
 
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
-#include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -20,18 +18,7 @@ namespace tavel::test {
 
 namespace {
 
-// One call, each of whose arguments a test may change.
-struct Call {
-    QFont CurFont = QFont(QStringLiteral("DejaVu Sans"), 12);
-    const QPrinter* PrinterDC = nullptr;
-    QWidget* Owner = nullptr;
-    Long MinSize = 0;
-    Long MaxSize = 0;
-    Long flags = 0;
-    CDLG dialog;
-
-    bool Run() { return dialog.VBChooseFont(CurFont, PrinterDC, Owner, MinSize, MaxSize, flags); }
-};
+using Call = FontCall;
 
 template <class Control>
 Control& Under(QWidget& box, const char* caption) {
@@ -50,50 +37,6 @@ void TypeSize(QWidget& box, const char* size) {
     QTest::keyClicks(&SizeBox(box), QLatin1String(size));
     QTest::keyClick(&SizeBox(box), Qt::Key_Return);
 }
-
-QStringList Families(const QWidget& box) {
-    const auto& list = *box.findChild<QListView*>();
-    QStringList names;
-    for (int row = 0; row < list.model()->rowCount(); ++row)
-        names << list.model()->index(row, 0).data().toString();
-    return names;
-}
-
-QStringList FamiliesOf(Call call) {
-    QStringList names;
-    CancelNext([&names](QWidget& box) { names = Families(box); });
-    call.Run();
-    return names;
-}
-
-// A font of one letter and one size.
-const char* const dots = R"(STARTFONT 2.1
-FONT -tavel-dots-medium-r-normal--16-160-75-75-c-80-iso10646-1
-SIZE 16 75 75
-FONTBOUNDINGBOX 8 8 0 0
-STARTPROPERTIES 3
-FAMILY_NAME "Dots"
-FONT_ASCENT 8
-FONT_DESCENT 0
-ENDPROPERTIES
-CHARS 1
-STARTCHAR A
-ENCODING 65
-SWIDTH 500 0
-DWIDTH 8 0
-BBX 8 8 0 0
-BITMAP
-AA
-55
-AA
-55
-AA
-55
-AA
-55
-ENDCHAR
-ENDFONT
-)";
 
 }  // namespace
 
@@ -253,27 +196,6 @@ TEST(VBChooseFont, the_list_holds_the_fonts_that_are_asked_for) {
     const QStringList mono = FamiliesOf(oneWidth);
     EXPECT_FALSE(mono.contains(QStringLiteral("DejaVu Sans")));
     EXPECT_TRUE(mono.contains(QStringLiteral("DejaVu Sans Mono")));
-}
-
-TEST(VBChooseFont, a_font_of_one_size_is_left_out_where_the_flags_or_a_printer_ask_for_any_size) {
-    const TempFolder folder;
-    folder.Write("dots.bdf", dots);
-    const int id = QFontDatabase::addApplicationFont(ToQString(folder.HostPath("dots.bdf")));
-    ASSERT_EQ(QFontDatabase::applicationFontFamilies(id), QStringList(QStringLiteral("Dots")));
-    const QPrinter printer;
-    const auto isListed = [](Long flags, const QPrinter* PrinterDC) {
-        Call call;
-        call.flags = flags;
-        call.PrinterDC = PrinterDC;
-        const QStringList names = FamiliesOf(call);
-        EXPECT_TRUE(names.contains(QStringLiteral("DejaVu Sans")));
-        return names.contains(QStringLiteral("Dots"));
-    };
-    EXPECT_TRUE(isListed(0, nullptr));
-    EXPECT_FALSE(isListed(0x20000, nullptr));
-    EXPECT_FALSE(isListed(0x40000, nullptr));
-    EXPECT_FALSE(isListed(0, &printer));
-    QFontDatabase::removeApplicationFont(id);
 }
 
 TEST(VBChooseFont, the_flags_say_what_the_arguments_say_and_never_hook_or_template) {

@@ -1,5 +1,7 @@
 #include "ui/support/DialogRecorder.h"
+#include "ui/support/NoHostBoxes.h"
 #include "ui/support/PageSetupCall.h"
+#include "ui/support/PromptQueue.h"
 
 #include <gtest/gtest.h>
 
@@ -137,6 +139,18 @@ TEST(VBPageSetupDlg2, a_failure_tells_its_reason_where_the_result_is_neither_0_n
     EXPECT_FALSE(call.Run(dialog));
     EXPECT_EQ(dialog.ExtendedError(), 0x2001);
     EXPECT_EQ(call.LeftMargin, 20);
+}
+
+TEST(VBPageSetupDlg2, where_the_box_is_the_hosts_there_is_no_page_without_a_printer) {
+    const IdleHostBoxes boxes;
+    PromptQueue prompts;
+    prompts.ExpectMsgBox(QStringLiteral("There is no printer."), MsgBoxButtons::OK,
+                         MsgBoxAnswer::OK);
+    Call call;
+    EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 20);
+    call.flags = 0x80;
+    EXPECT_FALSE(call.Run());
 }
 
 TEST(VBPageSetupDlg, everything_is_passed_on) {

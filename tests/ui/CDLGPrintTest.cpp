@@ -1,4 +1,5 @@
 #include "ui/support/DialogRecorder.h"
+#include "ui/support/NoHostBoxes.h"
 #include "ui/support/PrintCall.h"
 #include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
@@ -32,6 +33,17 @@ TEST(VBPrintDlg, without_a_printer_and_a_file_the_call_fails_and_says_so_unless_
         call.PreventWarning = true;
         EXPECT_FALSE(call.Run(dialog));
     }
+}
+
+TEST(VBPrintDlg, where_the_box_is_the_hosts_a_file_stands_for_no_printer) {
+    const IdleHostBoxes boxes;
+    PromptQueue prompts;
+    prompts.ExpectMsgBox(QStringLiteral("There is no printer."), MsgBoxButtons::OK,
+                         MsgBoxAnswer::OK);
+    Call call;
+    EXPECT_FALSE(call.Run());
+    call.PreventWarning = true;
+    EXPECT_FALSE(call.Run());
 }
 
 TEST(VBPrintDlg, the_flags_say_what_the_booleans_say_and_never_hook_or_template) {

@@ -1,5 +1,6 @@
 #include "core/PublicStuff.h"
 #include "support/Support.h"
+#include "ui/support/AsHostTells.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/dialogs/CDLG.h"
@@ -43,10 +44,6 @@ const QString title = QStringLiteral("Select file(s) to add");
 
 // A path of the host to what lies on c:.
 QString OnHost(const char* path) { return QDir::rootPath() + QLatin1String(path); }
-
-QString AsHostTells(const std::string& hostPath) {
-    return QDir::toNativeSeparators(ToQString(hostPath));
-}
 
 // A call that ends without a choice, whatever was in its arguments before.
 void ExpectNothingChosen(Call& call, Long apiReturn = 0, Long extendedError = 0) {

@@ -1,6 +1,7 @@
 #include "core/PublicStuff.h"
 #include "platform/HostBoxes.h"
 #include "support/Support.h"
+#include "ui/support/AsHostTells.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PromptQueue.h"
 #include "ui/support/Windows.h"
@@ -12,7 +13,6 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QDir>
 #include <QPointer>
 #include <QWidget>
 
@@ -95,7 +95,7 @@ TEST_F(HostPrompts, the_box_of_the_host_is_asked_what_the_program_asks) {
     EXPECT_EQ(asked.owner, owner.winId());
     EXPECT_TRUE(asked.saving);
     EXPECT_EQ(asked.title, "Select a picture");
-    EXPECT_EQ(asked.startFolder, folder.HostPath());
+    EXPECT_EQ(asked.startFolder, FromQString(AsHostTells(folder.HostPath())));
     EXPECT_EQ(asked.startName, "b.jpg");
     EXPECT_EQ(asked.defaultExtension, "jpg");
     const std::vector<std::pair<std::string, std::string>> filters{{"Pictures", "*.jpg;*.png;"},
@@ -109,8 +109,7 @@ TEST_F(HostPrompts, what_is_picked_comes_back_as_the_hosts_paths) {
     boxes.answers = {{true, 0, {folder.DrivePath("a.jpg")}, 1, true}};
     const FileAnswer answer = prompter.PickFiles(request);
     EXPECT_EQ(answer.result, 1);
-    EXPECT_EQ(answer.files,
-              QStringList{QDir::toNativeSeparators(ToQString(folder.HostPath("a.jpg")))});
+    EXPECT_EQ(answer.files, QStringList{AsHostTells(folder.HostPath("a.jpg"))});
     EXPECT_EQ(answer.filterIndex, 1);
     EXPECT_TRUE(answer.readOnly);
 }
@@ -135,8 +134,7 @@ TEST_F(HostPrompts, a_path_that_is_too_long_is_told_and_asked_for_again) {
                          MsgBoxButtons::OK, MsgBoxAnswer::OK);
     const FileAnswer answer = prompter.PickFiles(request);
     EXPECT_EQ(boxes.asked.size(), 2u);
-    EXPECT_EQ(answer.files,
-              QStringList{QDir::toNativeSeparators(ToQString(folder.HostPath("a.jpg")))});
+    EXPECT_EQ(answer.files, QStringList{AsHostTells(folder.HostPath("a.jpg"))});
 }
 
 TEST_F(HostPrompts, a_file_in_a_folder_that_is_not_there_is_told_and_asked_for_again) {
@@ -147,7 +145,7 @@ TEST_F(HostPrompts, a_file_in_a_folder_that_is_not_there_is_told_and_asked_for_a
     prompts.ExpectMsgBox(ToQString(file + " can't be reached."), MsgBoxButtons::OK,
                          MsgBoxAnswer::OK);
     const FileAnswer answer = prompter.PickFiles(request);
-    EXPECT_EQ(answer.files, QStringList{ToQString(folder.HostPath("new.jpg"))});
+    EXPECT_EQ(answer.files, QStringList{AsHostTells(folder.HostPath("new.jpg"))});
 }
 
 TEST_F(HostPrompts, what_is_told_of_a_path_stands_over_the_programs_window) {

@@ -1,3 +1,4 @@
+#include "ui/support/Modal.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Application.h"
 
@@ -14,7 +15,10 @@ namespace {
 
 class CleanBetweenTests : public testing::EmptyTestEventListener {
     void OnTestStart(const testing::TestInfo&) override { tavel::test::CleanUp(); }
-    void OnTestEnd(const testing::TestInfo&) override { tavel::test::CleanUp(); }
+    void OnTestEnd(const testing::TestInfo&) override {
+        tavel::test::CleanUp();
+        tavel::test::ExpectNoneAwaited();
+    }
 };
 
 }  // namespace

@@ -24,7 +24,8 @@ constexpr Long internalError = 51;
 constexpr const char* ending = "Tavel has to close. Changes since the start are not saved.";
 
 // Qt's file dialog keeps its look and the folders it was in in a file that all Qt programs of the
-// user share. Ours neither takes anything from it nor leaves anything there.
+// user share. Ours neither takes anything from it nor leaves anything there. On Windows, where this
+// does nothing, files are picked in the system's own box.
 void ForgetQtSettings() {
     for (const QSettings::Scope scope : {QSettings::UserScope, QSettings::SystemScope})
         QSettings::setPath(QSettings::NativeFormat, scope, QStringLiteral("/dev/null"));

@@ -1,5 +1,6 @@
 #include "support/Support.h"
 #include "ui/support/Modal.h"
+#include "ui/support/NoHostBoxes.h"
 #include "ui/support/PageSetupCall.h"
 #include "ui/support/PrintCall.h"
 #include "ui/support/Printers.h"
@@ -551,6 +552,18 @@ TEST_F(PrintDialogs, a_file_is_offered_beside_the_printers_only_where_it_is_aske
             EXPECT_FALSE(call.Run());
         }
     }
+}
+
+TEST_F(PrintDialogs, no_file_is_offered_where_boxes_are_the_hosts) {
+    const Printers printers({QStringLiteral("Ink")});
+    const IdleHostBoxes boxes;
+    Call call;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "printers").currentText(), QStringLiteral("Ink"));
+        EXPECT_FALSE(Find(box, "filename").isVisible());
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_FALSE(call.PrintToFile);
 }
 
 TEST_F(PrintDialogs, the_box_belongs_to_its_owner_and_outlives_it) {

@@ -4,22 +4,17 @@
 
 #include <QApplication>
 #include <QTest>
-#include <QTimer>
 #include <QWidget>
 #include <functional>
 
 namespace tavel::test {
 
-// Runs `act` on the next modal box as soon as it blocks in its event loop.
-inline void WhenModal(const std::function<void(QWidget&)>& act) {
-    QTimer::singleShot(0, qApp, [act] {
-        QWidget* box = QApplication::activeModalWidget();
-        if (box != nullptr)
-            act(*box);
-        else
-            WhenModal(act);
-    });
-}
+// Runs `act` on the next modal box as soon as it blocks in its event loop. A test must not end
+// before one came: what still waits would act on a box of the next test.
+void WhenModal(const std::function<void(QWidget&)>& act);
+
+// Ends all waiting, and fails the test if there was any.
+void ExpectNoneAwaited();
 
 // Ends the next modal box by a key, once a test has done with it.
 inline void EndNext(Qt::Key key, const std::function<void(QWidget&)>& before) {

@@ -18,4 +18,10 @@ class NoHostBoxes : public HostBoxes {
     void Cancel(HostWindow) override {}
 };
 
+// A host with boxes of its own, in which nothing is picked.
+class IdleHostBoxes : public NoHostBoxes {
+  public:
+    bool AreThere() override { return true; }
+};
+
 }  // namespace tavel::test

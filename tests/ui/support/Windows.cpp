@@ -6,6 +6,7 @@
 #include "ui/toolkit/WindowRegistry.h"
 
 #include <gtest/gtest.h>
+#include <private/qguiapplication_p.h>
 
 #include <QHelpEvent>
 #include <QTextDocumentFragment>
@@ -65,6 +66,8 @@ FatalEnds::~FatalEnds() {
 void CleanUp() {
     WindowRegistry::UnloadAllBut("");
     RunEvents();
+    // To where the test before has left the pointer, the next one's would not move.
+    QGuiApplicationPrivate::lastCursorPosition.reset();
     ResetPublicStuff();
 }
 

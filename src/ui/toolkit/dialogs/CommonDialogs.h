@@ -43,6 +43,7 @@ inline constexpr Long HideToFile = 0x100000;
 namespace pageFlag {
 inline constexpr Long MinMargins = 0x1;  // those of the layout; else the printer's own
 inline constexpr Long DisableMargins = 0x10;
+inline constexpr Long NoWarning = 0x80;  // nothing is said where there is no printer
 inline constexpr Long DisableOrientation = 0x100;
 inline constexpr Long DisablePaper = 0x200;
 }  // namespace pageFlag

@@ -53,10 +53,9 @@ void PageSetupDialog::Disable(const PageRequest& request) {
 }
 
 // Qt's own looks at the dialog after it has run, when it may have gone with its owner. So it is let
-// run, unseen, to hand the printer what was accepted, and no longer. A dialog without any
-// part is the system's own, which Qt's alone can show.
+// run, unseen, to hand the printer what was accepted, and no longer.
 int PageSetupDialog::exec() {
-    if (findChild<QWidget*>() == nullptr) return QPageSetupDialog::exec();
+    if (IsSystems(*this)) return QPageSetupDialog::exec();
     const QPointer<PageSetupDialog> alive(this);
     if (QDialog::exec() != Accepted || alive.isNull()) return Rejected;
     setAttribute(Qt::WA_DontShowOnScreen);

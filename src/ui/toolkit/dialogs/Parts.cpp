@@ -4,6 +4,8 @@
 
 namespace tavel {
 
+bool IsSystems(const QWidget& dialog) { return dialog.findChild<QWidget*>() == nullptr; }
+
 void LetBoxesGo(const QWidget& dialog) {
     for (QDialog* box : dialog.findChildren<QDialog*>()) {
         if (!box->isVisible()) continue;

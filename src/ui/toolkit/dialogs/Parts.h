@@ -5,6 +5,9 @@
 
 namespace tavel {
 
+// Whether one of Qt's dialogs is the system's own, which only the dialog's exec() can show.
+bool IsSystems(const QWidget& dialog);
+
 // Does something to a part of one of Qt's dialogs, which goes by this name; without a name to the
 // first of its kind. Where the dialog is the system's own it has no such part, and nothing is done.
 template <class Part = QWidget, class Act>

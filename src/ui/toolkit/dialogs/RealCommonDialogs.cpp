@@ -1,9 +1,11 @@
+#include "platform/HostBoxes.h"
 #include "ui/toolkit/ModalBox.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/dialogs/ColorDialog.h"
 #include "ui/toolkit/dialogs/FontDialog.h"
 #include "ui/toolkit/dialogs/PageSetupDialog.h"
 #include "ui/toolkit/dialogs/PrintDialog.h"
+#include "ui/toolkit/dialogs/SharedColors.h"
 
 #include <QObject>
 #include <QPrinter>
@@ -13,9 +15,16 @@ namespace tavel {
 
 namespace {
 
+bool HasPrinter() { return !QPrinterInfo::availablePrinterNames().isEmpty(); }
+
+// The host's own boxes print into a file whose name nobody learns, and need a printer to set up a
+// page.
+bool AreHosts() { return Service<HostBoxes>::Get().AreThere(); }
+
 class RealCommonDialogs : public CommonDialogs {
   public:
     ColorAnswer PickColor(const ColorRequest& request) override {
+        const SharedColors shared;
         // Qt has one set for all its dialogs, one that may stand below this included.
         const CustomColors before = ColorDialog::Custom();
         Modal<ColorDialog> box(request);
@@ -43,23 +52,28 @@ class RealCommonDialogs : public CommonDialogs {
     }
 
     PrintAnswer PickPrinter(const PrintRequest& request) override {
-        if (!request.OffersFile() && QPrinterInfo::availablePrinterNames().isEmpty())
-            return WithoutPrinter(request);
+        PrintRequest asked = request;
+        if (AreHosts()) asked.flags |= printFlag::DisableToFile;
+        if (!asked.OffersFile() && !HasPrinter())
+            return WithoutPrinter<PrintAnswer>(!request.Has(printFlag::NoWarning));
         QPrinter printer(QPrinter::HighResolution);
-        Modal<PrintDialog> box(request, printer);
+        Modal<PrintDialog> box(asked, printer);
         return box.Run() == QDialog::Accepted ? box->Answer() : PrintAnswer();
     }
 
     PageAnswer SetUpPage(const PageRequest& request) override {
+        if (AreHosts() && !HasPrinter())
+            return WithoutPrinter<PageAnswer>(!request.Has(pageFlag::NoWarning));
         QPrinter printer(QPrinter::HighResolution);
         Modal<PageSetupDialog> box(request, printer);
         return box.Run() == QDialog::Accepted ? box->Answer() : PageAnswer();
     }
 
   private:
-    static PrintAnswer WithoutPrinter(const PrintRequest& request) {
-        if (!request.Has(printFlag::NoWarning)) MsgBox(QObject::tr("There is no printer."));
-        PrintAnswer failed;
+    template <class Answer>
+    static Answer WithoutPrinter(bool warn) {
+        if (warn) MsgBox(QObject::tr("There is no printer."));
+        Answer failed;
         failed.error = NoDefaultPrinter;
         return failed;
     }

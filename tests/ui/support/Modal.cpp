@@ -1,0 +1,38 @@
+#include "ui/support/Modal.h"
+
+#include <QTimer>
+
+namespace tavel::test {
+
+namespace {
+
+const QString awaited = QStringLiteral("awaited box");
+
+void Await(QObject* waiting, const std::function<void(QWidget&)>& act) {
+    QTimer::singleShot(0, waiting, [waiting, act] {
+        QWidget* box = QApplication::activeModalWidget();
+        if (box == nullptr) {
+            Await(waiting, act);
+            return;
+        }
+        delete waiting;
+        act(*box);
+    });
+}
+
+}  // namespace
+
+void WhenModal(const std::function<void(QWidget&)>& act) {
+    auto* waiting = new QObject(qApp);
+    waiting->setObjectName(awaited);
+    Await(waiting, act);
+}
+
+void ExpectNoneAwaited() {
+    for (QObject* waiting : qApp->findChildren<QObject*>(awaited)) {
+        delete waiting;
+        ADD_FAILURE() << "a box was waited for and did not come";
+    }
+}
+
+}  // namespace tavel::test
