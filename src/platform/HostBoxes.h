@@ -67,7 +67,8 @@ class HostBoxes {
     // The folder that the user picks, empty on Cancel.
     virtual std::string PickFolder(const HostFolderRequest& request) = 0;
     // Cancels the box that stands over this window, if one does, or what it asks itself, to which
-    // the answer is No where it has no Cancel. It goes when the host's loop comes to it.
+    // the answer is No where it has no Cancel, and OK to what it tells. It goes when the host's
+    // loop comes to it.
     virtual void Cancel(HostWindow owner) = 0;
 };
 

@@ -9,21 +9,22 @@ namespace tavel {
 
 namespace {
 
-// The older call, for file systems without ids of 128 bits. Some servers have none at all, and all
-// of their files would be the same one.
+// The older call, for file systems without ids of 128 bits.
 bool ShortIdOf(const Handle& opened, FILE_ID_INFO& id) {
     BY_HANDLE_FILE_INFORMATION data{};
     if (GetFileInformationByHandle(opened.Get(), &data) == 0) return false;
-    if ((data.nFileIndexLow | data.nFileIndexHigh) == 0) return false;
     id.VolumeSerialNumber = data.dwVolumeSerialNumber;
     std::memcpy(&id.FileId.Identifier[0], &data.nFileIndexLow, sizeof data.nFileIndexLow);
     std::memcpy(&id.FileId.Identifier[4], &data.nFileIndexHigh, sizeof data.nFileIndexHigh);
     return true;
 }
 
+// Some servers give their files no ids at all, and all of them would be the same one.
 bool IdOf(const Handle& opened, FILE_ID_INFO& id) {
-    return GetFileInformationByHandleEx(opened.Get(), FileIdInfo, &id, sizeof id) != 0 ||
-           ShortIdOf(opened, id);
+    const bool isTold =
+        GetFileInformationByHandleEx(opened.Get(), FileIdInfo, &id, sizeof id) != 0 ||
+        ShortIdOf(opened, id);
+    return isTold && std::ranges::any_of(id.FileId.Identifier, [](BYTE byte) { return byte != 0; });
 }
 
 }  // namespace

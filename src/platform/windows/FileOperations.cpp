@@ -242,7 +242,7 @@ void ReplaceFileBetween(const HostTree& tree, std::string_view path, std::string
     Place former = FindPlace(tree, path);
     RequireOneDrive(former);
     RequireFile(former);
-    if (former.IsReadOnly() || IsSameFile(from, former)) Fail(failure::PermissionDenied);
+    if (OwnStatus(former).IsReadOnly() || IsSameFile(from, former)) Fail(failure::PermissionDenied);
     former.callPath = CallPathInPlaceOf(former);
     MoveTo(from, former, MOVEFILE_REPLACE_EXISTING);
 }

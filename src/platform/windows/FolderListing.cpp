@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <optional>
 #include <tuple>
 #include <utility>
 #include <vector>
@@ -45,13 +46,15 @@ bool IsAllTold(DWORD error) {
     return error == ERROR_NO_MORE_FILES || error == ERROR_FILE_NOT_FOUND;
 }
 
-// A folder and those of a path that leads to it.
-void AddFoldersOf(std::wstring callPath, std::vector<FileIdentity>& folders) {
-    if (callPath.empty()) return;
-    folders.emplace_back(callPath);
-    while (callPath.back() != L'\\') {
-        callPath = FolderOf(callPath);
-        folders.emplace_back(callPath);
+// The root of a drive or share, and the folders of a path from there on.
+void AddFoldersOf(const std::wstring& callPath, std::vector<FileIdentity>& folders) {
+    const std::optional<DrivePath> path = ParseHostPath(FromWide(callPath));
+    if (!path) return;
+    std::wstring folder = CallPath(path->drive + '\\');
+    folders.emplace_back(folder);
+    for (const std::string& name : path->names) {
+        folder = CallPathBelow(folder, name);
+        folders.emplace_back(folder);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "platform/HostBoxes.h"
 
+#include "platform/windows/CancelBox.h"
 #include "platform/windows/FileBox.h"
 #include "platform/windows/FolderBox.h"
 
@@ -8,14 +9,6 @@
 namespace tavel {
 
 namespace {
-
-// A question that stands over a box, such as whether to replace a file, may have a No and no
-// Cancel.
-WPARAM ButtonToCancel(HWND box) {
-    const bool hasNoAlone =
-        GetDlgItem(box, IDCANCEL) == nullptr && GetDlgItem(box, IDNO) != nullptr;
-    return hasNoAlone ? IDNO : IDCANCEL;
-}
 
 class SystemBoxes : public HostBoxes {
   public:
@@ -29,7 +22,7 @@ class SystemBoxes : public HostBoxes {
     void Cancel(HostWindow owner) override {
         const auto window = reinterpret_cast<HWND>(owner);
         const HWND box = GetLastActivePopup(window);
-        if (box != nullptr && box != window) PostMessageW(box, WM_COMMAND, ButtonToCancel(box), 0);
+        if (box != nullptr && box != window) CancelBox(box);
     }
 };
 

@@ -10,7 +10,9 @@ namespace {
 // The compiler's headers don't have these.
 constexpr DWORD virusInfected = 225;
 constexpr DWORD virusDeleted = 226;
+constexpr DWORD firstProtocolMissing = 384;
 constexpr DWORD noSuchDevice = 433;
+constexpr DWORD guestsRefused = 1272;
 constexpr DWORD diskQuotaExceeded = 1295;
 constexpr DWORD linkClassDisabled = 1463;
 constexpr DWORD encryptedVolumeLocked = 0x80310000;
@@ -35,6 +37,7 @@ Long FailureOfHostError(unsigned long error) {
         case ERROR_NO_NETWORK:
         case ERROR_NETWORK_UNREACHABLE:
         case ERROR_HOST_UNREACHABLE:
+        case firstProtocolMissing:  // the other computer is too old
             return failure::PathNotFound;
         case ERROR_FILE_EXISTS:
         case ERROR_ALREADY_EXISTS:
@@ -54,7 +57,21 @@ Long FailureOfHostError(unsigned long error) {
         case virusDeleted:
         case ERROR_FILE_READ_ONLY:
         case ERROR_DRIVE_LOCKED:  // it is being checked or formatted
+        case ERROR_ACCESS_DISABLED_BY_POLICY:
+        // The other computer knows the user under no name, or does not let the user in now.
         case ERROR_LOGON_FAILURE:
+        case ERROR_INVALID_PASSWORD:
+        case ERROR_SESSION_CREDENTIAL_CONFLICT:
+        case guestsRefused:
+        case ERROR_ACCOUNT_RESTRICTION:
+        case ERROR_INVALID_LOGON_HOURS:
+        case ERROR_INVALID_WORKSTATION:
+        case ERROR_PASSWORD_EXPIRED:
+        case ERROR_PASSWORD_MUST_CHANGE:
+        case ERROR_ACCOUNT_DISABLED:
+        case ERROR_ACCOUNT_EXPIRED:
+        case ERROR_ACCOUNT_LOCKED_OUT:
+        case ERROR_LOGON_TYPE_NOT_GRANTED:
             return failure::PermissionDenied;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:

@@ -67,8 +67,11 @@ void SetFree(Place& place, const std::wstring& folder) {
 
 void FollowNameByName(Place& place) {
     for (std::size_t i = 0; i < place.path.names.size(); ++i) {
-        if (!place.status.IsFolder()) place.failure = failure::PathNotFound;
         if (place.failure != 0) return;
+        if (!place.status.IsFolder()) {
+            place.failure = failure::PathNotFound;
+            return;
+        }
         place.name = place.path.names[i];
         const std::wstring folder = place.callPath;
         const DWORD error = FollowName(place, folder, place.name, place.status);

@@ -2,6 +2,7 @@
 #include "platform/ProfileFile.h"
 #include "platform/windows/Handle.h"
 #include "platform/windows/HostErrors.h"
+#include "platform/windows/Patience.h"
 #include "platform/windows/Places.h"
 #include "platform/windows/Successor.h"
 
@@ -40,31 +41,32 @@ Handle OpenInPlace(const Place& place) {
 
 bool IsFull(DWORD error) { return FailureOfHostError(error) == failure::DiskFull; }
 
-// To claim less than the file has would cut it off.
-bool ClaimRoom(const Handle& file, std::int64_t size) {
-    if (size <= RoomOf(file)) return true;
-    FILE_ALLOCATION_INFO room{};
-    room.AllocationSize.QuadPart = size;
-    return SetFileInformationByHandle(file.Get(), FileAllocationInfo, &room, sizeof room) != 0 ||
-           !IsFull(GetLastError());
+// Makes a file as long as it is going to be. A full disk is told here, and so is what others have
+// in their memory, which can't be made shorter meanwhile.
+bool Resize(const Handle& file, std::int64_t size) {
+    FILE_END_OF_FILE_INFO end{};
+    end.EndOfFile.QuadPart = size;
+    return Patiently([&] {
+        return SetFileInformationByHandle(file.Get(), FileEndOfFileInfo, &end, sizeof end) != 0;
+    });
 }
 
-// The room is claimed first, so that a full disk is told before a byte has changed. File systems
-// that cannot claim room say so, and are written all the same.
+// No byte has changed before there is room for all of them.
 bool OverwriteInPlace(const Place& place, const ByteTeller& tellBytes) {
     Handle file = OpenInPlace(place);
-    if (!file.IsOpen() || !ClaimRoom(file, SizeOf(tellBytes))) return false;
+    if (!file.IsOpen() || !Resize(file, SizeOf(tellBytes))) return false;
     bool isWritten = true;
     std::size_t count = 0;
     tellBytes([&](std::string_view piece) { isWritten = isWritten && file.Write(piece, count); });
-    return isWritten && SetEndOfFile(file.Get()) != 0 && file.Flush() && file.Close();
+    return isWritten && file.Flush() && file.Close();
 }
 
 // The folder or its file system does not let files be made or replaced in it, or a folder lies
 // under the successor's name.
 bool IsRefusal(DWORD error) {
     return error == ERROR_ACCESS_DENIED || error == ERROR_SHARING_VIOLATION ||
-           error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS;
+           error == ERROR_DELETE_PENDING || error == ERROR_FILE_EXISTS ||
+           error == ERROR_ALREADY_EXISTS;
 }
 
 // A rename would get around the file's own write protection. One that others have open may be

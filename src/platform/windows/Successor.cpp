@@ -56,16 +56,11 @@ bool RenameOpened(const Handle& file, const std::wstring& target, FILE_INFO_BY_H
     return SetFileInformationByHandle(file.Get(), call, &rename, static_cast<DWORD>(size)) != 0;
 }
 
-bool IsUnknownCall(DWORD error) {
-    return error == ERROR_INVALID_PARAMETER || error == ERROR_INVALID_FUNCTION ||
-           error == ERROR_NOT_SUPPORTED || error == ERROR_CALL_NOT_IMPLEMENTED;
-}
-
 // The newer call takes the place of a file that others have open, if they let it be deleted.
+// Systems, file systems and servers that don't know it have each an error of their own for that.
 bool RenameOver(const Handle& file, const std::wstring& target) {
     return RenameOpened(file, target, renameInfoEx, replacesIfExists | hasPosixSemantics) ||
-           (IsUnknownCall(GetLastError()) &&
-            RenameOpened(file, target, FileRenameInfo, replacesIfExists));
+           RenameOpened(file, target, FileRenameInfo, replacesIfExists);
 }
 
 }  // namespace

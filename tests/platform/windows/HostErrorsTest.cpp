@@ -7,7 +7,9 @@ namespace tavel::test {
 TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
     constexpr DWORD virusInfected = 225;
     constexpr DWORD virusDeleted = 226;
+    constexpr DWORD firstProtocolMissing = 384;
     constexpr DWORD noSuchDevice = 433;
+    constexpr DWORD guestsRefused = 1272;
     constexpr DWORD diskQuotaExceeded = 1295;
     constexpr DWORD linkClassDisabled = 1463;
     constexpr DWORD encryptedVolumeLocked = 0x80310000;
@@ -27,6 +29,7 @@ TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
                            Row{ERROR_NO_NET_OR_BAD_PATH, 76},
                            Row{ERROR_NO_NETWORK, 76},
                            Row{linkClassDisabled, 76},
+                           Row{firstProtocolMissing, 76},
                            Row{ERROR_FILE_EXISTS, 58},
                            Row{ERROR_ALREADY_EXISTS, 58},
                            Row{ERROR_DIR_NOT_EMPTY, 58},
@@ -40,6 +43,13 @@ TEST(HostErrors, Errors_of_the_host_become_the_run_times_numbers) {
                            Row{virusDeleted, 70},
                            Row{ERROR_DRIVE_LOCKED, 70},
                            Row{ERROR_LOGON_FAILURE, 70},
+                           Row{ERROR_INVALID_PASSWORD, 70},
+                           Row{ERROR_SESSION_CREDENTIAL_CONFLICT, 70},
+                           Row{guestsRefused, 70},
+                           Row{ERROR_ACCOUNT_RESTRICTION, 70},
+                           Row{ERROR_ACCOUNT_DISABLED, 70},
+                           Row{ERROR_ACCOUNT_LOCKED_OUT, 70},
+                           Row{ERROR_PASSWORD_EXPIRED, 70},
                            Row{ERROR_DISK_FULL, 61},
                            Row{ERROR_HANDLE_DISK_FULL, 61},
                            Row{diskQuotaExceeded, 61},

@@ -1,6 +1,7 @@
 #include "platform/windows/WindowsApi.h"
 #include "support/HostDrives.h"
 #include "support/HostPlaces.h"
+#include "support/LongPast.h"
 
 #include <filesystem>
 
@@ -48,13 +49,12 @@ TEST_F(MoveAcross, A_file_comes_over_whole_with_its_time_and_attributes) {
     // Wine keeps no two of them.
     for (const DWORD attribute : {FILE_ATTRIBUTE_HIDDEN, FILE_ATTRIBUTE_READONLY}) {
         temp.Write("a.bin", bytes);
-        fs::last_write_time(temp.HostPath("a.bin"), fs::file_time_type{} + std::chrono::hours(1));
-        const fs::file_time_type time = fs::last_write_time(temp.HostPath("a.bin"));
+        fs::last_write_time(temp.HostPath("a.bin"), timeIn2004);
         SetFileAttributesW(AsHostPath(temp.HostPath("a.bin")).c_str(), attribute);
         files->MoveFile(source, "f:\\b.bin");
         EXPECT_FALSE(files->FileExists(source));
         EXPECT_TRUE(files->ReadWhole("f:\\b.bin") == bytes);
-        EXPECT_EQ(fs::last_write_time(other + "/b.bin"), time);
+        EXPECT_EQ(fs::last_write_time(other + "/b.bin"), timeIn2004);
         EXPECT_NE(Attributes("b.bin") & attribute, 0u);
         EXPECT_EQ(Count(), 1);
         files->DeleteFile("f:\\b.bin", true);

@@ -104,6 +104,24 @@ TEST_P(Sharing, A_file_that_others_let_be_written_and_not_replaced_is_written_in
     EXPECT_EQ(files->GetFolder(root + "\\").Files.size(), 1u);
 }
 
+// What is in another program's memory can't be made shorter, and half of a file is worse than the
+// old one.
+TEST_P(Sharing, What_others_have_in_their_memory_is_not_made_shorter) {
+    Put("db.txt", "a longer old text");
+    const Handle other = Open("db.txt", GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE);
+    const HANDLE section = CreateFileMappingW(other.Get(), nullptr, PAGE_READONLY, 0, 0, nullptr);
+    ASSERT_NE(section, nullptr);
+    const void* seen = MapViewOfFile(section, FILE_MAP_READ, 0, 0, 0);
+    ASSERT_NE(seen, nullptr);
+    const auto tell = [](const ByteSink& sink) { sink("new"); };
+    EXPECT_FALSE(ReplaceHostFile(files->HostPath(At("db.txt")), tell, false));
+    EXPECT_EQ(Bytes("db.txt"), "a longer old text");
+    UnmapViewOfFile(seen);
+    CloseHandle(section);
+    EXPECT_TRUE(ReplaceHostFile(files->HostPath(At("db.txt")), tell, false));
+    EXPECT_EQ(Bytes("db.txt"), "new");
+}
+
 TEST_P(Sharing, What_others_have_open_alone_is_looked_at_and_listed_all_the_same) {
     Put("a.bin", "bytes");
     const Handle other = Open("a.bin", GENERIC_READ | GENERIC_WRITE, 0);
