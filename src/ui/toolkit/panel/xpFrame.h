@@ -245,6 +245,7 @@ class xpFrame : public QWidget {
     QSize SmallestSize() const;
     void ReleaseLeft(const QMouseEvent& event, const QPointF& cursor);
     void ClickChevron(const QMouseEvent& event);
+    void TellKey(const QKeyEvent& event);
 
     PanelProperties m_properties;
     WidgetHost m_window{*this};

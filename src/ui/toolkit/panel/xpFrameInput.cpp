@@ -47,6 +47,9 @@ QPoint PixelOf(const QPointF& position) {
     return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
 }
 
+// A key that a child has no use for comes to the panel as well.
+bool IsInFocus(const QWidget& panel) { return panel.window()->focusWidget() == &panel; }
+
 }  // namespace
 
 // A receiver of an event may move the panel, so that what counts is where on the screen the pointer
@@ -180,16 +183,21 @@ void xpFrame::focusInEvent(QFocusEvent*) {
 }
 
 void xpFrame::keyPressEvent(QKeyEvent* event) {
-    Q_EMIT KeyDown(event->key(), ShiftOf(event->modifiers()));
-    const QList<uint> characters = event->text().toUcs4();
-    // The key of deletion is no character to the setting, though it is one to Qt.
-    if (!characters.isEmpty() && event->key() != Qt::Key_Delete)
-        Q_EMIT KeyPress(static_cast<int>(characters.first()));
+    if (IsInFocus(*this)) TellKey(*event);
     QWidget::keyPressEvent(event);
 }
 
+void xpFrame::TellKey(const QKeyEvent& event) {
+    Q_EMIT KeyDown(event.key(), ShiftOf(event.modifiers()));
+    const QList<uint> characters = event.text().toUcs4();
+    // The key of deletion is no character to the setting, though it is one to Qt.
+    if (!characters.isEmpty() && event.key() != Qt::Key_Delete)
+        Q_EMIT KeyPress(static_cast<int>(characters.first()));
+}
+
 void xpFrame::keyReleaseEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) Q_EMIT KeyUp(event->key(), ShiftOf(event->modifiers()));
+    if (!event->isAutoRepeat() && IsInFocus(*this))
+        Q_EMIT KeyUp(event->key(), ShiftOf(event->modifiers()));
     QWidget::keyReleaseEvent(event);
 }
 
