@@ -42,6 +42,22 @@ TEST_F(PanelGrip, pointer_is_an_arrow_over_the_grip_alone) {
     Release();
 }
 
+TEST_F(PanelGrip, pointer_is_the_childs_own_when_it_comes_there_from_the_grip) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    xpFrame within(&panel);
+    child.setGeometry(100, 60, 80, 80);
+    within.setGeometry(200, 60, 80, 80);
+    child.show();
+    within.show();
+    for (const QWidget* other : {static_cast<QWidget*>(&child), static_cast<QWidget*>(&within)}) {
+        PointAt(InWindow(Grip()));
+        ExpectPointer(Qt::SizeFDiagCursor);
+        PointAt(InWindow(other->geometry().center()));
+        EXPECT_EQ(other->cursor().shape(), Qt::ArrowCursor);
+    }
+}
+
 TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pointer) {
     panel.ContainerResizable(true);
     panel.ContainerMoveable(true);

@@ -3,6 +3,7 @@
 #include "ui/toolkit/panel/PanelPainter.h"
 #include "ui/toolkit/panel/xpFrame.h"
 
+#include <QChildEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
@@ -92,6 +93,19 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
     if (m_properties.ClassicXPStyle) return;
     if (m_moving && m_properties.ContainerMoveable) MoveTo(cursor);
     if (m_resizing && m_properties.ContainerResizable) ResizeTo(cursor);
+}
+
+// A child that has no pointer of its own is pointed at with the panel's, and the panel hears of no
+// move over it.
+void xpFrame::childEvent(QChildEvent* event) {
+    if (event->added()) event->child()->installEventFilter(this);
+    if (event->removed()) event->child()->removeEventFilter(this);
+    QWidget::childEvent(event);
+}
+
+bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor) unsetCursor();
+    return QWidget::eventFilter(watched, event);
 }
 
 void xpFrame::MoveTo(const QPointF& cursor) {
