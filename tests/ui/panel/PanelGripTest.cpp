@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 
@@ -235,6 +236,19 @@ TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {
     Release();
     EXPECT_FALSE(shown.isHidden());
     EXPECT_FALSE(hidden.isHidden());
+}
+
+TEST_F(PanelGrip, drag_of_a_child_over_the_grip_is_none_of_the_grip) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.setGeometry(200, 170, 100, 30);
+    child.show();
+    PressGrip();
+    PointAt({600, 500});
+    Release();
+    PointAt(InWindow({250, 150}));
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+    EXPECT_TRUE(child.isVisible());
 }
 
 TEST_F(PanelGrip, children_may_delete_their_neighbours_when_they_are_hidden) {

@@ -242,6 +242,7 @@ class xpFrame : public QWidget {
     void SetExpanded(int direction);
     void ShowChildControls();
     bool IsIn(const std::optional<QRect>& area, const QPointF& cursor) const;
+    bool IsAtGrip(const QPointF& cursor) const;
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;

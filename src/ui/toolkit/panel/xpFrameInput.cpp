@@ -59,6 +59,12 @@ bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) cons
     return area && area->contains(PixelOf(mapFromGlobal(cursor)));
 }
 
+// A child over the grip may leave its presses to the panel, but keeps the mouse. A resize would
+// hide it, and the release come to nobody.
+bool xpFrame::IsAtGrip(const QPointF& cursor) const {
+    return IsIn(m_areas.grip, cursor) && childAt(PixelOf(mapFromGlobal(cursor))) == nullptr;
+}
+
 void xpFrame::mousePressEvent(QMouseEvent* event) {
     const QPointF cursor = mapToGlobal(event->position());
     Q_EMIT MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
@@ -67,7 +73,7 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
         m_isClick = true;
         m_mouseX = XOf(*event);
         m_mouseY = YOf(*event);
-        if (IsIn(m_areas.grip, cursor)) {
+        if (IsAtGrip(cursor)) {
             setCursor(Qt::SizeFDiagCursor);
         } else {
             m_moving = true;
@@ -84,7 +90,7 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
                      YOf(*event), m_resizing, m_moving);
     const bool isStopped = wasResizing && !m_resizing;
     if (m_resizing) m_moving = false;
-    if (!m_moving && IsIn(m_areas.grip, cursor)) {
+    if (!m_moving && IsAtGrip(cursor)) {
         setCursor(Qt::SizeFDiagCursor);
         if (event->buttons().testFlag(Qt::LeftButton) && !isStopped) m_resizing = true;
     } else {
