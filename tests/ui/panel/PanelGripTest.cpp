@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QLabel>
 #include <QPointer>
 #include <QPushButton>
 
@@ -40,6 +41,22 @@ TEST_F(PanelGrip, pointer_is_an_arrow_over_the_grip_alone) {
     Press({30, 90});
     ExpectPointer(Qt::ArrowCursor);
     Release();
+}
+
+TEST_F(PanelGrip, pointer_is_the_childs_own_when_it_comes_there_from_the_grip) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    xpFrame within(&panel);
+    child.setGeometry(100, 60, 80, 80);
+    within.setGeometry(200, 60, 80, 80);
+    child.show();
+    within.show();
+    for (const QWidget* other : {static_cast<QWidget*>(&child), static_cast<QWidget*>(&within)}) {
+        PointAt(InWindow(Grip()));
+        ExpectPointer(Qt::SizeFDiagCursor);
+        PointAt(InWindow(other->geometry().center()));
+        EXPECT_EQ(other->cursor().shape(), Qt::ArrowCursor);
+    }
 }
 
 TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pointer) {
@@ -219,6 +236,19 @@ TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {
     Release();
     EXPECT_FALSE(shown.isHidden());
     EXPECT_FALSE(hidden.isHidden());
+}
+
+TEST_F(PanelGrip, drag_of_a_child_over_the_grip_is_none_of_the_grip) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.setGeometry(200, 170, 100, 30);
+    child.show();
+    PressGrip();
+    PointAt({600, 500});
+    Release();
+    PointAt(InWindow({250, 150}));
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+    EXPECT_TRUE(child.isVisible());
 }
 
 TEST_F(PanelGrip, children_may_delete_their_neighbours_when_they_are_hidden) {

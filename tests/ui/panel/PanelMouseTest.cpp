@@ -182,7 +182,7 @@ TEST_F(PanelMouse, release_refreshes_each_child) {
     shown.show();
     const On paints(QEvent::Show, hidden, [this] { window.repaint(); });
     PaintCounter counter(shown);
-    counter.Taken();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return counter.Taken() == 1; }));
     Click({30, 90});
     EXPECT_EQ(counter.Taken(), 2);
 }

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
+#include <QPushButton>
 
 namespace tavel::test {
 
@@ -231,6 +232,22 @@ TEST_F(PanelKeys, go_on_to_the_window) {
     QKeyEvent up(QEvent::KeyRelease, Qt::Key_Escape, Qt::NoModifier);
     QApplication::sendEvent(&panel, &up);
     EXPECT_FALSE(up.isAccepted());
+}
+
+TEST_F(PanelKeys, of_a_child_are_not_the_panels_and_go_on_to_the_window) {
+    QPushButton child(&panel);
+    xpFrame within(&panel);
+    child.show();
+    within.show();
+    for (QWidget* focused : {static_cast<QWidget*>(&child), static_cast<QWidget*>(&within)}) {
+        focused->setFocus();
+        int heard = 0;
+        const On down(QEvent::KeyPress, window, [&] { ++heard; });
+        const On up(QEvent::KeyRelease, window, [&] { ++heard; });
+        QTest::keyClick(window.windowHandle(), 'a');
+        EXPECT_EQ(heard, 2);
+    }
+    EXPECT_THAT(events, testing::IsEmpty());
 }
 
 TEST_F(PanelKeys, that_repeat_come_up_once) {

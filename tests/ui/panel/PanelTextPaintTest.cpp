@@ -158,6 +158,22 @@ TEST(PanelTextPaint, has_its_bars_font) {
     EXPECT_NEAR(Ink(p).height(), heightOf(p.FooterTextFont), 2);
 }
 
+TEST(PanelTextPaint, has_its_bars_font_whatever_the_programs_is) {
+    const QFont usual = QApplication::font();
+    PanelProperties p;
+    p.HeaderTextFont = usual;
+    p.HeaderText = QLatin1String(sText);
+    PlacedPanel placed(p, width, height);
+    const QImage before = placed.Picture();
+    QFont other = usual;
+    other.setPixelSize(31);
+    other.setBold(true);
+    QApplication::setFont(other);
+    placed.panel.Refresh();
+    EXPECT_EQ(placed.Picture(), before);
+    QApplication::setFont(usual);
+}
+
 TEST(PanelTextPaint, a_text_that_is_too_long_is_cut_at_the_edges) {
     PanelProperties p = Sharp({});
     p.HeaderText = p.FooterText = QString(100, QLatin1Char('H'));

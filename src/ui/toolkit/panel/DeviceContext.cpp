@@ -65,6 +65,11 @@ int QtFlags(unsigned flags) {
 
 }  // namespace
 
+QFont WholeFont(QFont font) {
+    font.setResolveMask(QFont::AllPropertiesResolved);
+    return font;
+}
+
 QColor GradientStep(const QColor& start, const QColor& end, int step, int steps) {
     const auto channel = [&](int from, int to) { return from + (to - from) * step / steps; };
     return {channel(start.red(), end.red()), channel(start.green(), end.green()),
@@ -124,7 +129,7 @@ void DeviceContext::DrawText(const QString& text, const Edges& edges, unsigned f
     QString lines = text;
     lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n")).replace(u'\r', u'\n');
     QPainter painter(&m_surface);
-    painter.setFont(font);
+    painter.setFont(WholeFont(font));
     painter.setPen(textColor);
     painter.drawText(edges.ToQRect(), QtFlags(flags), lines);
 }

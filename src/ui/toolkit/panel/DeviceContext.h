@@ -28,6 +28,9 @@ enum DrawTextFlags : unsigned {
     DT_SINGLELINE = 32,
 };
 
+// A font that takes nothing from the window or the program that it is shown in.
+QFont WholeFont(QFont font);
+
 // The step k of n in a gradient: start + (end - start) * k / n in each channel, cut toward zero.
 QColor GradientStep(const QColor& start, const QColor& end, int step, int steps);
 

@@ -30,12 +30,6 @@ void MaskWith(QWidget& widget, const QRegion& region) {
     widget.setMask(region.isEmpty() ? QRegion(-1, -1, 1, 1) : region);
 }
 
-// A widget would take from its window what was never set in a font.
-QFont WholeFont(QFont font) {
-    font.setResolveMask(QFont::AllPropertiesResolved);
-    return font;
-}
-
 QRegion RoundRegionOf(QSize size, int ellipse) {
     return RoundRectRegion({0, 0, size.width(), size.height()}, ellipse, ellipse);
 }

@@ -210,6 +210,8 @@ class xpFrame : public QWidget {
 
   protected:
     void changeEvent(QEvent* event) override;
+    void childEvent(QChildEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -240,11 +242,13 @@ class xpFrame : public QWidget {
     void SetExpanded(int direction);
     void ShowChildControls();
     bool IsIn(const std::optional<QRect>& area, const QPointF& cursor) const;
+    bool IsAtGrip(const QPointF& cursor) const;
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;
     void ReleaseLeft(const QMouseEvent& event, const QPointF& cursor);
     void ClickChevron(const QMouseEvent& event);
+    void TellKey(const QKeyEvent& event);
 
     PanelProperties m_properties;
     WidgetHost m_window{*this};

@@ -3,6 +3,7 @@
 #include "ui/toolkit/panel/PanelPainter.h"
 #include "ui/toolkit/panel/xpFrame.h"
 
+#include <QChildEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
@@ -47,12 +48,21 @@ QPoint PixelOf(const QPointF& position) {
     return {static_cast<int>(std::floor(position.x())), static_cast<int>(std::floor(position.y()))};
 }
 
+// A key that a child has no use for comes to the panel as well.
+bool IsInFocus(const QWidget& panel) { return panel.window()->focusWidget() == &panel; }
+
 }  // namespace
 
 // A receiver of an event may move the panel, so that what counts is where on the screen the pointer
 // was before. The event's own place there has lost its fractions.
 bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) const {
     return area && area->contains(PixelOf(mapFromGlobal(cursor)));
+}
+
+// A child over the grip may leave its presses to the panel, but keeps the mouse. A resize would
+// hide it, and the release come to nobody.
+bool xpFrame::IsAtGrip(const QPointF& cursor) const {
+    return IsIn(m_areas.grip, cursor) && childAt(PixelOf(mapFromGlobal(cursor))) == nullptr;
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
@@ -63,7 +73,7 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
         m_isClick = true;
         m_mouseX = XOf(*event);
         m_mouseY = YOf(*event);
-        if (IsIn(m_areas.grip, cursor)) {
+        if (IsAtGrip(cursor)) {
             setCursor(Qt::SizeFDiagCursor);
         } else {
             m_moving = true;
@@ -80,7 +90,7 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
                      YOf(*event), m_resizing, m_moving);
     const bool isStopped = wasResizing && !m_resizing;
     if (m_resizing) m_moving = false;
-    if (!m_moving && IsIn(m_areas.grip, cursor)) {
+    if (!m_moving && IsAtGrip(cursor)) {
         setCursor(Qt::SizeFDiagCursor);
         if (event->buttons().testFlag(Qt::LeftButton) && !isStopped) m_resizing = true;
     } else {
@@ -89,6 +99,19 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
     if (m_properties.ClassicXPStyle) return;
     if (m_moving && m_properties.ContainerMoveable) MoveTo(cursor);
     if (m_resizing && m_properties.ContainerResizable) ResizeTo(cursor);
+}
+
+// A child that has no pointer of its own is pointed at with the panel's, and the panel hears of no
+// move over it.
+void xpFrame::childEvent(QChildEvent* event) {
+    if (event->added()) event->child()->installEventFilter(this);
+    if (event->removed()) event->child()->removeEventFilter(this);
+    QWidget::childEvent(event);
+}
+
+bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor) unsetCursor();
+    return QWidget::eventFilter(watched, event);
 }
 
 void xpFrame::MoveTo(const QPointF& cursor) {
@@ -180,16 +203,21 @@ void xpFrame::focusInEvent(QFocusEvent*) {
 }
 
 void xpFrame::keyPressEvent(QKeyEvent* event) {
-    Q_EMIT KeyDown(event->key(), ShiftOf(event->modifiers()));
-    const QList<uint> characters = event->text().toUcs4();
-    // The key of deletion is no character to the setting, though it is one to Qt.
-    if (!characters.isEmpty() && event->key() != Qt::Key_Delete)
-        Q_EMIT KeyPress(static_cast<int>(characters.first()));
+    if (IsInFocus(*this)) TellKey(*event);
     QWidget::keyPressEvent(event);
 }
 
+void xpFrame::TellKey(const QKeyEvent& event) {
+    Q_EMIT KeyDown(event.key(), ShiftOf(event.modifiers()));
+    const QList<uint> characters = event.text().toUcs4();
+    // The key of deletion is no character to the setting, though it is one to Qt.
+    if (!characters.isEmpty() && event.key() != Qt::Key_Delete)
+        Q_EMIT KeyPress(static_cast<int>(characters.first()));
+}
+
 void xpFrame::keyReleaseEvent(QKeyEvent* event) {
-    if (!event->isAutoRepeat()) Q_EMIT KeyUp(event->key(), ShiftOf(event->modifiers()));
+    if (!event->isAutoRepeat() && IsInFocus(*this))
+        Q_EMIT KeyUp(event->key(), ShiftOf(event->modifiers()));
     QWidget::keyReleaseEvent(event);
 }
 
