@@ -6,7 +6,6 @@
 
 #include <QApplication>
 #include <QEvent>
-#include <QSessionManager>
 
 namespace tavel {
 

@@ -5,11 +5,10 @@
 #include <QBasicTimer>
 #include <QObject>
 #include <QPointer>
+#include <QSessionManager>
 #include <QSocketNotifier>
 #include <QWidget>
 #include <memory>
-
-class QSessionManager;
 
 namespace tavel {
 
