@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QLabel>
+
 namespace tavel::test {
 
 namespace {
@@ -66,6 +68,19 @@ TEST_F(PanelDragHost, turns_a_move_into_a_resize) {
     PointAt(InWindow({220, 140}));
     Release();
     EXPECT_EQ(panel.geometry(), QRect(50, 40, 220, 140));
+}
+
+TEST_F(PanelDragHost, turns_no_press_on_a_child_into_a_resize) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.show();
+    Press({5, 5});
+    QObject::connect(&panel, &xpFrame::MouseMove,
+                     [&](int, int, float, float, bool& cResize, bool&) { cResize = true; });
+    PointAt(InWindow({220, 140}));
+    EXPECT_TRUE(child.isVisible());
+    Release();
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
 }
 
 TEST_F(PanelDragHost, turns_a_resize_into_a_move) {

@@ -1,4 +1,5 @@
 #include "ui/panel/PanelUnderHand.h"
+#include "ui/panel/SendMouse.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -238,17 +239,45 @@ TEST_F(PanelGrip, drag_of_the_grip_hides_the_children_until_the_release) {
     EXPECT_FALSE(hidden.isHidden());
 }
 
-TEST_F(PanelGrip, drag_of_a_child_over_the_grip_is_none_of_the_grip) {
+// A label leaves its presses to the panel, and keeps the mouse.
+TEST_F(PanelGrip, press_on_a_child_starts_no_resize_wherever_the_pointer_goes) {
     panel.ContainerResizable(true);
     QLabel child(&panel);
-    child.setGeometry(200, 170, 100, 30);
     child.show();
-    PressGrip();
-    PointAt({600, 500});
+    for (const QRect& place : {QRect(200, 170, 100, 30), QRect(260, 190, 30, 10)}) {
+        child.setGeometry(place);
+        Press(place.topLeft() + QPoint(28, 2));
+        PointAt(InWindow(Grip()));
+        PointAt(InWindow(Grip() + QPoint(1, 1)));
+        Release();
+        PointAt(InWindow({250, 150}));
+        EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+        EXPECT_TRUE(child.isVisible());
+    }
+}
+
+TEST_F(PanelGrip, drag_goes_on_where_a_child_covers_a_part_of_it) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.setGeometry(0, 30, Grip().x() - 1, 170);
+    child.show();
+    Press(Grip());
+    PointAt(InWindow(Grip() - QPoint(2, 0)));
+    EXPECT_FALSE(child.isVisible());
     Release();
-    PointAt(InWindow({250, 150}));
-    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
     EXPECT_TRUE(child.isVisible());
+    EXPECT_EQ(panel.width(), 288);
+}
+
+TEST_F(PanelGrip, double_click_held_on_a_child_starts_no_resize) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.setGeometry(100, 100, 80, 20);
+    child.show();
+    SendMouse(panel, QEvent::MouseButtonDblClick, {110, 110}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, Grip(), Qt::NoButton, Qt::LeftButton);
+    EXPECT_TRUE(child.isVisible());
+    EXPECT_EQ(panel.size(), QSize(300, 200));
 }
 
 TEST_F(PanelGrip, children_may_delete_their_neighbours_when_they_are_hidden) {

@@ -242,7 +242,7 @@ class xpFrame : public QWidget {
     void SetExpanded(int direction);
     void ShowChildControls();
     bool IsIn(const std::optional<QRect>& area, const QPointF& cursor) const;
-    bool IsAtGrip(const QPointF& cursor) const;
+    void NotePress(const QMouseEvent& event);
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;
@@ -265,6 +265,7 @@ class xpFrame : public QWidget {
     std::optional<Long> m_expandedHeight;  // twips
     bool m_moving = false;
     bool m_resizing = false;
+    bool m_isPressOfChild = false;
     bool m_isClick = false;  // the next release ends a click
     float m_mouseX = 0;      // where the left button went down
     float m_mouseY = 0;

@@ -59,13 +59,15 @@ bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) cons
     return area && area->contains(PixelOf(mapFromGlobal(cursor)));
 }
 
-// A child over the grip may leave its presses to the panel, but keeps the mouse. A resize would
-// hide it, and the release come to nobody.
-bool xpFrame::IsAtGrip(const QPointF& cursor) const {
-    return IsIn(m_areas.grip, cursor) && childAt(PixelOf(mapFromGlobal(cursor))) == nullptr;
+// A child that leaves a press to the panel keeps the mouse until no button is down. A resize would
+// hide the child, and the release come to nobody.
+void xpFrame::NotePress(const QMouseEvent& event) {
+    if (event.buttons() == Qt::MouseButtons(event.button()))
+        m_isPressOfChild = childAt(PixelOf(event.position())) != nullptr;
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
+    NotePress(*event);
     const QPointF cursor = mapToGlobal(event->position());
     Q_EMIT MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event));
@@ -73,7 +75,7 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
         m_isClick = true;
         m_mouseX = XOf(*event);
         m_mouseY = YOf(*event);
-        if (IsAtGrip(cursor)) {
+        if (IsIn(m_areas.grip, cursor)) {
             setCursor(Qt::SizeFDiagCursor);
         } else {
             m_moving = true;
@@ -89,10 +91,13 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT MouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event), m_resizing, m_moving);
     const bool isStopped = wasResizing && !m_resizing;
+    const bool isOfChild = m_isPressOfChild && event->buttons() != Qt::NoButton;
+    if (isOfChild) m_resizing = false;
     if (m_resizing) m_moving = false;
-    if (!m_moving && IsAtGrip(cursor)) {
+    if (!m_moving && IsIn(m_areas.grip, cursor)) {
         setCursor(Qt::SizeFDiagCursor);
-        if (event->buttons().testFlag(Qt::LeftButton) && !isStopped) m_resizing = true;
+        if (event->buttons().testFlag(Qt::LeftButton) && !isStopped && !isOfChild)
+            m_resizing = true;
     } else {
         unsetCursor();
     }
@@ -163,6 +168,7 @@ void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
 
 // The second press of a double click is no press of its own, and its release no click.
 void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
+    NotePress(*event);
     if (event->button() != Qt::LeftButton) {
         mousePressEvent(event);
         return;
