@@ -112,7 +112,7 @@ TEST_F(TransferTest, Looks_for_a_thumbnail_in_the_record_alone_whatever_the_mode
 }
 
 TEST_F(TransferTest, Names_files_and_folders_by_their_records_as_they_are) {
-    const std::string sLong(200, 'x');
+    const std::string sLong(150, 'x');
     for (const std::string& sName : {std::string("Dr. No & Co.\xC3\xA4\xC3\xB6"), sLong}) {
         const std::string sPhoto = AddPhoto(sName);
         const std::string sTrack = AddTrack(sName);
