@@ -44,6 +44,42 @@ TEST(VBPageSetupDlg2, each_minimum_is_that_of_its_side_and_none_is_below_0) {
     EXPECT_EQ(dialogs.page.printer.layout.margins().left(), 0);
 }
 
+TEST(VBPageSetupDlg2, a_margin_that_comes_back_below_its_minimum_is_raised_to_it) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer.layout =
+        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(1, 30, 1, 30),
+                    QPageLayout::Millimeter);
+    Call call;
+    call.MinLeftMargin = call.MinTopMargin = 5;
+    QPrinter printer;
+    call.Printer = &printer;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 5);
+    EXPECT_EQ(call.TopMargin, 30);
+    EXPECT_EQ(call.RightMargin, 1);
+    EXPECT_EQ(printer.pageLayout().margins(QPageLayout::Millimeter).left(), 5);
+}
+
+TEST(VBPageSetupDlg2, whether_there_are_minimums_is_told_by_the_arguments_alone) {
+    DialogRecorder dialogs;
+    Call call;
+    call.flags = 0x1;
+    call.Run();
+    EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins));
+}
+
+TEST(VBPageSetupDlg2, what_a_print_server_was_told_is_not_told_again) {
+    DialogRecorder dialogs;
+    CDLG dialog;
+    PrinterState printer = DefaultPrinter();
+    printer.jobOptions = QStringList{QStringLiteral("number-up"), QStringLiteral("2")};
+    PrintBefore(dialog, dialogs, printer);
+    Call call;
+    call.Run(dialog);
+    EXPECT_EQ(dialogs.page.printer.jobOptions, QStringList());
+}
+
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_own) {
     DialogRecorder dialogs;
     Call call;

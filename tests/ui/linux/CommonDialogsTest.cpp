@@ -3,11 +3,13 @@
 #include "ui/support/Modal.h"
 #include "ui/support/Printers.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/PageSetupDialog.h"
 
 #include <gtest/gtest.h>
 
 #include <QComboBox>
 #include <QDir>
+#include <QPrinter>
 #include <QPushButton>
 
 // Dialogs of Qt's own, which are the system's elsewhere.
@@ -48,6 +50,17 @@ TEST(PrintAndPageDialogs, a_part_that_a_dialog_does_not_have_is_passed_over) {
                    EXPECT_EQ(box.findChild<QWidget*>(QStringLiteral("unitCombo")), nullptr);
                });
     EXPECT_EQ(seen, 2);
+}
+
+TEST(PrintAndPageDialogs, a_page_begins_as_it_was_given_where_no_part_has_a_name) {
+    const NamelessParts host;
+    QPrinter printer;
+    PageRequest request;
+    request.printer = DefaultPrinter();
+    request.printer.layout = QPageLayout(QPageSize(QPageSize::A3), QPageLayout::Landscape,
+                                         QMarginsF(1, 2, 3, 4), QPageLayout::Inch);
+    const PageSetupDialog box(request, printer);
+    EXPECT_EQ(printer.pageLayout(), request.printer.layout);
 }
 
 TEST(PrintAndPageDialogs, a_page_is_as_the_print_dialog_has_set_it_where_no_part_has_a_name) {

@@ -114,9 +114,9 @@ class CDLG {
     // cancel and after a failure. PrintRange, FromPage, ToPage (1 to 65535, brought into that; of
     // the range PageNumbers alone), Copies (from 1) and Collate are what the dialog begins with and
     // what the user leaves there. Pages or a selection can be disabled. PrintToFile, a PDF whose
-    // name the dialog asks for, is offered with ShowPrintToFile and without DisablePrintToFile.
-    // Where there is no printer and no file is offered, the call fails, and says so in a message
-    // unless PreventWarning is set.
+    // name the dialog asks for, is offered with ShowPrintToFile and without DisablePrintToFile,
+    // but never where the dialog is the system's own. Where there is no printer and no file is
+    // offered, the call fails, and says so in a message unless PreventWarning is set.
     //
     // Printer may be null. On success it gets the device or the file, the copies, and the paper,
     // orientation, margins and quality of the page, its colours, sides and order. Painting on it
@@ -128,7 +128,9 @@ class CDLG {
                     EventSink* Sink = nullptr);
 
     // Lets the user set up the page, which the printer of the next VBPrintDlg of this object has
-    // then, as Printer has at once (see there). All arguments stay as they are after a cancel.
+    // then, as Printer has at once (see there). All arguments stay as they are after a cancel and
+    // after a failure: the system's own dialog needs a printer, and where there is none a message
+    // says so unless `flags` has 0x80.
     //
     // Margins are in Units; with all four 0 the page has those of the last call, or the printer's
     // own. The Min margins are the smallest that the user can set; with all four 0, or leaving

@@ -49,7 +49,7 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     PageRequest request;
     request.owner = Owner;
     request.printer = KeptPrinter();
-    request.flags = (flags & ~hooksAndTemplates) |
+    request.flags = (flags & ~hooksAndTemplates & ~pageFlag::MinMargins) |
                     (Units == PageUnits::Inches ? thousandthsOfInches : hundredthsOfMillimeters) |
                     (DisableMargins ? pageFlag::DisableMargins : 0) |
                     (DisableOrientation ? pageFlag::DisableOrientation : 0) |
@@ -72,6 +72,8 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     const PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
     if (!End(answer)) return false;
     m_printer = answer.printer;
+    // The system's own box knows no minimums.
+    if (hasMinimums) m_printer->layout.setMargins(m_printer->layout.margins() | smallest);
     const QMarginsF chosen = m_printer->layout.margins();
     LeftMargin = chosen.left();
     RightMargin = chosen.right();

@@ -54,6 +54,7 @@ bool CDLG::VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage
     PrintToFile = (answer.flags & printFlag::ToFile) != 0;
     Collate = (answer.flags & printFlag::Collate) != 0;
     if (Printer != nullptr) Apply(*m_printer, *Printer);
+    m_printer->jobOptions.clear();
     return true;
 }
 

@@ -24,8 +24,10 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
       m_hasMinimums(request.Has(pageFlag::MinMargins)) {
     setObjectName(QStringLiteral("PageSetupDialog"));
     WithPart(*this, "unitCombo", [](QWidget& units) { units.setAccessibleName(tr("Units")); });
-    ShowPage(*this, m_page);
-    KeepMinimums(*this, [this] { return Minimums(); });
+    if (HasPage(*this)) {
+        ShowPage(*this, m_page);
+        KeepMinimums(*this, [this] { return Minimums(); });
+    }
     Disable(request);
     PlainButtons(*this);
     adjustSize();
