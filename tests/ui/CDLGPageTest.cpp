@@ -61,23 +61,24 @@ TEST(VBPageSetupDlg2, a_margin_that_comes_back_below_its_minimum_is_raised_to_it
     EXPECT_EQ(printer.pageLayout().margins(QPageLayout::Millimeter).left(), 5);
 }
 
+TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_that_comes_back_raise_nothing) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer.layout = QPageLayout(QPageSize(QPageSize::A6), QPageLayout::Portrait,
+                                                    QMarginsF(1, 1, 1, 1), QPageLayout::Millimeter);
+    Call call;
+    call.MinLeftMargin = call.MinRightMargin = 60;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 1);
+    EXPECT_EQ(call.RightMargin, 1);
+}
+
 TEST(VBPageSetupDlg2, whether_there_are_minimums_is_told_by_the_arguments_alone) {
     DialogRecorder dialogs;
     Call call;
     call.flags = 0x1;
     call.Run();
     EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins));
-}
-
-TEST(VBPageSetupDlg2, what_a_print_server_was_told_is_not_told_again) {
-    DialogRecorder dialogs;
-    CDLG dialog;
-    PrinterState printer = DefaultPrinter();
-    printer.jobOptions = QStringList{QStringLiteral("number-up"), QStringLiteral("2")};
-    PrintBefore(dialog, dialogs, printer);
-    Call call;
-    call.Run(dialog);
-    EXPECT_EQ(dialogs.page.printer.jobOptions, QStringList());
 }
 
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_own) {

@@ -46,6 +46,18 @@ TEST(VBPrintDlg, where_the_box_is_the_hosts_a_file_stands_for_no_printer) {
     EXPECT_FALSE(call.Run());
 }
 
+TEST(VBPrintDlg, what_a_print_server_was_told_is_not_told_at_the_next_call) {
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.printer = DefaultPrinter();
+    dialogs.printAnswer.printer.jobOptions = {QStringLiteral("number-up"), QStringLiteral("2")};
+    CDLG dialog;
+    Call call;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(dialogs.print.printer.jobOptions, QStringList());
+}
+
 TEST(VBPrintDlg, the_flags_say_what_the_booleans_say_and_never_hook_or_template) {
     DialogRecorder dialogs;
     Call call;

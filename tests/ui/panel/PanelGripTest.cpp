@@ -256,6 +256,37 @@ TEST_F(PanelGrip, press_on_a_child_starts_no_resize_wherever_the_pointer_goes) {
     }
 }
 
+// A button takes its press, and leaves the moves beside it to the panel.
+TEST_F(PanelGrip, press_on_a_button_starts_no_resize_either) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.setGeometry(100, 100, 80, 20);
+    child.show();
+    Click({30, 90});
+    Press({110, 110});
+    for (const QPoint place : {QPoint(30, 90), QPoint(31, 91), Grip(), Grip() + QPoint(1, 1)})
+        PointAt(InWindow(place));
+    EXPECT_TRUE(child.isVisible());
+    EXPECT_EQ(panel.size(), QSize(300, 200));
+    Release();
+}
+
+TEST_F(PanelGrip, press_of_another_button_while_a_child_has_the_mouse_starts_no_resize) {
+    panel.ContainerResizable(true);
+    QLabel child(&panel);
+    child.setGeometry(100, 100, 80, 20);
+    child.show();
+    Press({110, 110}, Qt::RightButton);
+    PointAt(InWindow(Grip()));
+    SendMouse(panel, QEvent::MouseButtonPress, Grip(), Qt::LeftButton,
+              Qt::LeftButton | Qt::RightButton);
+    SendMouse(panel, QEvent::MouseMove, Grip(), Qt::NoButton, Qt::LeftButton | Qt::RightButton);
+    EXPECT_TRUE(child.isVisible());
+    SendMouse(panel, QEvent::MouseButtonRelease, Grip(), Qt::LeftButton, Qt::RightButton);
+    Release(Qt::RightButton);
+    EXPECT_EQ(panel.size(), QSize(300, 200));
+}
+
 TEST_F(PanelGrip, drag_goes_on_where_a_child_covers_a_part_of_it) {
     panel.ContainerResizable(true);
     QLabel child(&panel);

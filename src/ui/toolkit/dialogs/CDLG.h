@@ -17,8 +17,8 @@ namespace tavel {
 // The common dialogs as plain calls: all arguments at once, results in the arguments themselves. A
 // call is true when the user has chosen. It blocks in an event loop of its own, in which timers go
 // on. Its dialog belongs to Owner, which may be null. `flags` are further flags of the setting's
-// dialog, or-ed with what the other arguments say; those of hooks and templates are always cleared.
-// Hook and Sink have no effect.
+// dialog, or-ed with what the other arguments say; those of hooks, templates and smallest margins
+// are always cleared. Hook and Sink have no effect.
 class CDLG {
   public:
     // Receiver of what DialogHook tells.

@@ -73,7 +73,9 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     if (!End(answer)) return false;
     m_printer = answer.printer;
     // The system's own box knows no minimums.
-    if (hasMinimums) m_printer->layout.setMargins(m_printer->layout.margins() | smallest);
+    QPageLayout& answered = m_printer->layout;
+    if (HasMinimums(answered, smallest))
+        answered.setMargins(Possible(answered.margins() | smallest, answered));
     const QMarginsF chosen = m_printer->layout.margins();
     LeftMargin = chosen.left();
     RightMargin = chosen.right();

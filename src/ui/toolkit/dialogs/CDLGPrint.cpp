@@ -31,6 +31,7 @@ bool CDLG::VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage
     PrintRequest request;
     request.owner = Owner;
     request.printer = KeptPrinter();
+    request.printer.jobOptions.clear();
     request.printer.copies = std::max<int>(Copies, 1);
     request.fromPage = std::clamp(FromPage, 1, lastPage);
     request.toPage = std::clamp(ToPage, request.fromPage, lastPage);
@@ -54,7 +55,6 @@ bool CDLG::VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage
     PrintToFile = (answer.flags & printFlag::ToFile) != 0;
     Collate = (answer.flags & printFlag::Collate) != 0;
     if (Printer != nullptr) Apply(*m_printer, *Printer);
-    m_printer->jobOptions.clear();
     return true;
 }
 

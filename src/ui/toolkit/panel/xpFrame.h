@@ -265,9 +265,9 @@ class xpFrame : public QWidget {
     std::optional<Long> m_expandedHeight;  // twips
     bool m_moving = false;
     bool m_resizing = false;
-    bool m_isPressOfChild = false;
-    bool m_isClick = false;  // the next release ends a click
-    float m_mouseX = 0;      // where the left button went down
+    bool m_hasMouse = false;  // and no child, from a press until no button is down
+    bool m_isClick = false;   // the next release ends a click
+    float m_mouseX = 0;       // where the left button went down
     float m_mouseY = 0;
 };
 

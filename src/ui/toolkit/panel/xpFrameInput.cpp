@@ -59,11 +59,11 @@ bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) cons
     return area && area->contains(PixelOf(mapFromGlobal(cursor)));
 }
 
-// A child that leaves a press to the panel keeps the mouse until no button is down. A resize would
-// hide the child, and the release come to nobody.
+// A child that is pressed keeps the mouse until no button is down, be it that it leaves the press
+// or the moves to the panel. A resize would hide the child, and the release come to nobody.
 void xpFrame::NotePress(const QMouseEvent& event) {
     if (event.buttons() == Qt::MouseButtons(event.button()))
-        m_isPressOfChild = childAt(PixelOf(event.position())) != nullptr;
+        m_hasMouse = childAt(PixelOf(event.position())) == nullptr;
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
@@ -91,7 +91,7 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
     Q_EMIT MouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event), m_resizing, m_moving);
     const bool isStopped = wasResizing && !m_resizing;
-    const bool isOfChild = m_isPressOfChild && event->buttons() != Qt::NoButton;
+    const bool isOfChild = !m_hasMouse && event->buttons() != Qt::NoButton;
     if (isOfChild) m_resizing = false;
     if (m_resizing) m_moving = false;
     if (!m_moving && IsIn(m_areas.grip, cursor)) {
@@ -156,6 +156,7 @@ QSize xpFrame::SmallestSize() const {
 
 void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
     const QPointF cursor = mapToGlobal(event->position());
+    if (event->buttons() == Qt::NoButton) m_hasMouse = false;
     Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                    YOf(*event));
     if (event->button() != Qt::LeftButton) return;
