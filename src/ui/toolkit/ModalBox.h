@@ -1,31 +1,43 @@
 #pragma once
 
-#include <QPointer>
+#include <QDialog>
+#include <utility>
 
 namespace tavel {
 
-// A box that blocks in an event loop of its own. It dies with its owner, which a timer may unload
-// while the box stands; so it is made on the heap and looked at again after it has run.
+// Cancels a box whose owner is being deleted, and all boxes that stand over it.
+void TakeFromOwner(QDialog& box);
+
+// A box that blocks in an event loop of its own. Its owner may go while the box stands, by a timer
+// that unloads a window: the box is cancelled then, but lives on until the routines that wait for
+// it, its own and the toolkit's, have returned.
 template <class Box>
 class Modal {
   public:
     template <class... Arguments>
-    explicit Modal(Arguments&&... arguments) : m_box(new Box(arguments...)) {}
-    ~Modal() { delete m_box; }
+    explicit Modal(Arguments&&... arguments) : m_box(std::forward<Arguments>(arguments)...) {
+        const QWidget* owner = m_box.parentWidget();
+        if (owner == nullptr) return;
+        QObject::connect(owner, &QObject::destroyed, &m_box, [this] {
+            m_hasLostOwner = true;
+            TakeFromOwner(m_box);
+        });
+    }
     Modal(const Modal&) = delete;
     Modal& operator=(const Modal&) = delete;
 
-    Box* operator->() const { return m_box; }
-    Box& operator*() const { return *m_box; }
+    Box* operator->() { return &m_box; }
+    Box& operator*() { return m_box; }
 
-    // The result, or 0 when the box has gone with its owner.
+    // The result, or 0 when the owner has gone.
     int Run() {
-        const int result = m_box->exec();
-        return m_box.isNull() ? 0 : result;
+        const int result = m_box.exec();
+        return m_hasLostOwner ? 0 : result;
     }
 
   private:
-    QPointer<Box> m_box;
+    Box m_box;
+    bool m_hasLostOwner = false;
 };
 
 }  // namespace tavel

@@ -65,8 +65,6 @@ FileDialog::FileDialog(const FileRequest& request)
     SetSizes();
 }
 
-FileDialog::~FileDialog() { LetBoxesGo(*this); }
-
 void FileDialog::SetSizes() {
     constexpr int places = 2100;
     constexpr int listing = 9600;

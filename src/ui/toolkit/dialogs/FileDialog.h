@@ -15,7 +15,6 @@ class FileDialog : public QFileDialog {
 
   public:
     explicit FileDialog(const FileRequest& request);
-    ~FileDialog() override;
 
     // What was picked, after the dialog was accepted.
     FileAnswer Answer() const;

@@ -4,7 +4,6 @@
 #include "ui/toolkit/dialogs/PageParts.h"
 #include "ui/toolkit/dialogs/Parts.h"
 
-#include <QPointer>
 #include <QPrinter>
 
 namespace tavel {
@@ -52,17 +51,6 @@ void PageSetupDialog::Disable(const PageRequest& request) {
     disable(pageFlag::DisablePaper, "pageSizeCombo");
     // Several pages on a sheet: no answer has room for them, and a file has none.
     WithPart(*this, "pagesPerSheetButtonGroup", [](QWidget& sheet) { sheet.hide(); });
-}
-
-// Qt's own looks at the dialog after it has run, when it may have gone with its owner. So it is let
-// run, unseen, to hand the printer what was accepted, and no longer.
-int PageSetupDialog::exec() {
-    if (IsSystems(*this)) return QPageSetupDialog::exec();
-    const QPointer<PageSetupDialog> alive(this);
-    if (QDialog::exec() != Accepted || alive.isNull()) return Rejected;
-    setAttribute(Qt::WA_DontShowOnScreen);
-    QMetaObject::invokeMethod(this, &QDialog::accept, Qt::QueuedConnection);
-    return QPageSetupDialog::exec();
 }
 
 PageAnswer PageSetupDialog::Answer() {

@@ -14,8 +14,6 @@ class PageSetupDialog : public QPageSetupDialog {
     // The printer takes what the user chooses, and must outlive the dialog.
     PageSetupDialog(const PageRequest& request, QPrinter& printer);
 
-    int exec() override;
-
     // What was chosen, after the dialog was accepted.
     PageAnswer Answer();
 

@@ -52,8 +52,6 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
     ShowAll();
 }
 
-PrintDialog::~PrintDialog() { LetBoxesGo(*this); }
-
 // Not until it shows does Qt's dialog list the file, and it brings up what no answer has room for
 // and no printer picks out by itself.
 void PrintDialog::showEvent(QShowEvent* event) {

@@ -16,7 +16,6 @@ class PrintDialog : public QPrintDialog {
   public:
     // The printer takes what the user chooses, and must outlive the dialog.
     PrintDialog(const PrintRequest& request, QPrinter& printer);
-    ~PrintDialog() override;
 
     // What was chosen, after the dialog was accepted.
     PrintAnswer Answer();
