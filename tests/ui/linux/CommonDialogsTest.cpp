@@ -2,6 +2,7 @@
 #include "ui/support/LookAtEach.h"
 #include "ui/support/Modal.h"
 #include "ui/support/Printers.h"
+#include "ui/support/Windows.h"
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/dialogs/PageSetupDialog.h"
 
@@ -106,6 +107,21 @@ TEST(PrintAndPageDialogs, no_button_has_a_picture_on_a_desktop_that_likes_them) 
         }
     });
     EXPECT_EQ(buttons, 4 + 2);
+}
+
+TEST(PrintAndPageDialogs, the_properties_of_a_printer_are_named_and_without_pictures_too) {
+    const Printers printers({QStringLiteral("Ink")});
+    const ButtonsWithPictures desktop;
+    CancelNext([](QWidget& box) {
+        CancelNext([](QWidget& properties) {
+            EXPECT_GE(ExpectNamed(properties), 10);
+            EXPECT_EQ(Find(properties, "unitCombo").accessibleName(), QStringLiteral("Units"));
+            for (const QPushButton* button : properties.findChildren<QPushButton*>())
+                EXPECT_TRUE(button->icon().isNull()) << FromQString(button->text());
+        });
+        QTest::keyClick(&Find(box, "properties"), Qt::Key_Space);
+    });
+    PrintersAndPages().front()();
 }
 
 TEST(PrintAndPageDialogs, each_has_the_text_of_the_program) {

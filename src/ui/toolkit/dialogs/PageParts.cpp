@@ -77,6 +77,11 @@ bool HasPage(const QWidget& box) {
     return box.findChild<QComboBox*>(QStringLiteral("pageSizeCombo")) != nullptr;
 }
 
+void NameUnits(const QWidget& box) {
+    WithPart(box, "unitCombo",
+             [](QWidget& units) { units.setAccessibleName(QObject::tr("Units")); });
+}
+
 QPageLayout PageShown(const QWidget& box) {
     const QMarginsF margins(Value(box, "leftMargin"), Value(box, "topMargin"),
                             Value(box, "rightMargin"), Value(box, "bottomMargin"));

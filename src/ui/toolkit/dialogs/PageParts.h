@@ -12,6 +12,9 @@ namespace tavel {
 
 bool HasPage(const QWidget& box);
 
+// Gives the list of units, which has no caption, a name that a screen reader tells.
+void NameUnits(const QWidget& box);
+
 // The page that they show, in the units that they show, with no smallest margins.
 QPageLayout PageShown(const QWidget& box);
 

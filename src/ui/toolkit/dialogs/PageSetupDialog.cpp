@@ -22,7 +22,7 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
       m_page(request.printer.layout),
       m_hasMinimums(request.Has(pageFlag::MinMargins)) {
     setObjectName(QStringLiteral("PageSetupDialog"));
-    WithPart(*this, "unitCombo", [](QWidget& units) { units.setAccessibleName(tr("Units")); });
+    NameUnits(*this);
     if (HasPage(*this)) {
         ShowPage(*this, m_page);
         KeepMinimums(*this, [this] { return Minimums(); });

@@ -125,6 +125,8 @@ void PrintDialog::childEvent(QChildEvent* event) {
 }
 
 void PrintDialog::BeginProperties(QDialog& properties) {
+    NameUnits(properties);
+    PlainButtons(properties);
     ShowPage(properties, m_page);
     connect(&properties, &QDialog::accepted, this,
             [this, &properties] { m_acceptedProperties = &properties; });
