@@ -1,3 +1,4 @@
+#include "ui/support/Margins.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PageSetupCall.h"
 #include "ui/support/Printers.h"
@@ -6,8 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
 #include <QPrinter>
 #include <QRadioButton>
 #include <limits>
@@ -19,15 +18,6 @@ namespace tavel::test {
 namespace {
 
 using Call = PageSetupCall;
-
-QDoubleSpinBox& Margin(QWidget& box, const char* name) { return Find<QDoubleSpinBox>(box, name); }
-
-void TypeMargin(QWidget& box, const char* name, const char* value) {
-    auto& edit = *Margin(box, name).findChild<QLineEdit*>();
-    edit.selectAll();
-    QTest::keyClicks(&edit, QLatin1String(value));
-    QTest::keyClick(&edit, Qt::Key_Tab);
-}
 
 }  // namespace
 
@@ -134,133 +124,6 @@ TEST(VBPageSetupDlg2, minimums_hold_on_another_paper_and_in_other_units) {
     });
     EXPECT_TRUE(call.Run());
     EXPECT_GE(call.TopMargin, 14.9);
-}
-
-TEST(VBPageSetupDlg2, where_there_is_a_printer_the_box_begins_with_the_given_page_too) {
-    const Printers printers({QStringLiteral("Ink")});
-    Call call;
-    call.PaperSize = 8;  // A3
-    call.Orientation = 2;
-    call.MinTopMargin = 15;
-    ConfirmNext([](QWidget& box) {
-        EXPECT_EQ(Find<QComboBox>(box, "pageSizeCombo").currentText(), QStringLiteral("A3"));
-        EXPECT_TRUE(Find<QRadioButton>(box, "landscape").isChecked());
-        EXPECT_EQ(Margin(box, "leftMargin").value(), 20);
-        EXPECT_EQ(Margin(box, "bottomMargin").value(), 23);
-        EXPECT_EQ(Margin(box, "topMargin").minimum(), 15);
-    });
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.PaperSize, 8);
-    EXPECT_EQ(call.Orientation, 2);
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 20);
-    EXPECT_DOUBLE_EQ(call.RightMargin, 21);
-    EXPECT_DOUBLE_EQ(call.TopMargin, 22);
-    EXPECT_DOUBLE_EQ(call.BottomMargin, 23);
-}
-
-TEST(VBPageSetupDlg2, a_paper_that_the_printer_has_not_is_the_printers_own) {
-    const Printers printers({QStringLiteral("Ink")});
-    Call call;
-    call.PaperSize = 1;  // Letter
-    ConfirmNext();
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.PaperSize, 9);
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 20);
-    EXPECT_DOUBLE_EQ(call.BottomMargin, 23);
-}
-
-TEST(VBPageSetupDlg2, a_page_with_the_smallest_margins_of_its_printer_is_taken) {
-    const Printers printers({QStringLiteral("Ink")});
-    Call call;
-    QPrinter printer;
-    call.Printer = &printer;
-    call.PaperSize = 8;  // A3
-    call.Orientation = 2;
-    call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 0;
-    ConfirmNext([](QWidget& box) {
-        EXPECT_TRUE(Find<QRadioButton>(box, "landscape").isChecked());
-        EXPECT_EQ(Margin(box, "leftMargin").value(), 4.32);
-        TypeMargin(box, "rightMargin", "10");
-    });
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.PaperSize, 8);
-    EXPECT_EQ(call.Orientation, 2);
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 4.32);
-    EXPECT_DOUBLE_EQ(call.RightMargin, 10);
-    EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
-    EXPECT_EQ(printer.pageLayout().orientation(), QPageLayout::Landscape);
-}
-
-TEST(VBPageSetupDlg2, each_paper_has_the_smallest_margins_of_the_printer_for_it) {
-    const Printers printers({QStringLiteral("Ink")});
-    CDLG dialog;
-    Call call;
-    call.LeftMargin = call.RightMargin = call.TopMargin = call.BottomMargin = 5;
-    ConfirmNext([](QWidget& box) {
-        EXPECT_EQ(Margin(box, "leftMargin").minimum(), 4.32);
-        QTest::keyClicks(&Find(box, "pageSizeCombo"), QStringLiteral("Envelope"));
-        EXPECT_EQ(Margin(box, "leftMargin").value(), 14.99);
-        EXPECT_EQ(Margin(box, "bottomMargin").value(), 14.99);
-    });
-    EXPECT_TRUE(call.Run(dialog));
-    EXPECT_EQ(call.PaperSize, 20);
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 14.99);
-
-    call.PaperSize = 9;
-    call.LeftMargin = 6;
-    ConfirmNext();
-    EXPECT_TRUE(call.Run(dialog));
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 6) << "those of the paper before are no longer in the way";
-}
-
-TEST(VBPageSetupDlg2, minimums_that_a_printer_does_not_reach_are_the_printers_own_in_the_end) {
-    const Printers printers({QStringLiteral("Ink")});
-    Call call;
-    call.LeftMargin = call.MinLeftMargin = 1;
-    call.Orientation = 2;
-    ConfirmNext([](QWidget& box) { EXPECT_EQ(Margin(box, "leftMargin").minimum(), 1); });
-    EXPECT_TRUE(call.Run());
-    EXPECT_DOUBLE_EQ(call.LeftMargin, 4.32);
-    EXPECT_DOUBLE_EQ(call.TopMargin, 22);
-    EXPECT_EQ(call.Orientation, 2);
-}
-
-TEST(VBPageSetupDlg2, a_paper_is_found_by_its_size_where_the_printer_has_a_name_of_its_own_for_it) {
-    const Printers printers({QStringLiteral("Ink")});
-    Call call;
-    call.PaperSize = 11;
-    ConfirmNext([](QWidget& box) {
-        EXPECT_EQ(Find<QComboBox>(box, "pageSizeCombo").currentText(), QStringLiteral("ISO A5"));
-    });
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.PaperSize, 11);
-}
-
-TEST(VBPageSetupDlg2, of_two_papers_of_one_size_the_one_that_was_set_up_is_kept) {
-    const Printers printers({QStringLiteral("Ink")});
-    CDLG dialog;
-    Call call;
-    ConfirmNext([](QWidget& box) {
-        auto& papers = Find<QComboBox>(box, "pageSizeCombo");
-        EXPECT_EQ(papers.currentText(), QStringLiteral("A4"));
-        QTest::keyClick(&papers, Qt::Key_End);
-        EXPECT_EQ(papers.currentText(), QStringLiteral("A4 without border"));
-        TypeMargin(box, "leftMargin", "0");
-    });
-    EXPECT_TRUE(call.Run(dialog));
-    EXPECT_EQ(call.LeftMargin, 0);
-    call.PaperSize = 0;
-    call.LeftMargin = 1;
-    ConfirmNext([](QWidget& box) {
-        auto& papers = Find<QComboBox>(box, "pageSizeCombo");
-        EXPECT_EQ(papers.currentText(), QStringLiteral("A4 without border"));
-        QTest::keyClick(&papers, Qt::Key_Home);
-        EXPECT_EQ(Margin(box, "leftMargin").value(), 4.32);
-        QTest::keyClick(&papers, Qt::Key_End);
-        TypeMargin(box, "leftMargin", "1");
-    });
-    EXPECT_TRUE(call.Run(dialog));
-    EXPECT_EQ(call.LeftMargin, 1);
 }
 
 TEST(VBPageSetupDlg2, a_paper_of_any_size_is_kept) {

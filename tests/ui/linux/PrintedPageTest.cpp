@@ -1,3 +1,4 @@
+#include "ui/support/Margins.h"
 #include "ui/support/Modal.h"
 #include "ui/support/PageSetupCall.h"
 #include "ui/support/PrintCall.h"
@@ -7,7 +8,6 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
-#include <QDoubleSpinBox>
 #include <QPrintEngine>
 #include <QPrinter>
 #include <functional>
@@ -17,10 +17,6 @@
 namespace tavel::test {
 
 namespace {
-
-QDoubleSpinBox& Margin(QWidget& properties) {
-    return Find<QDoubleSpinBox>(properties, "topMargin");
-}
 
 void SetProperties(QWidget& box, const std::function<void(QWidget&)>& act) {
     WhenModal(act);
@@ -85,7 +81,7 @@ TEST_F(PrintedPages, what_the_user_sets_in_the_properties_counts_unless_they_are
             SetProperties(box, [](QWidget& properties) {
                 EXPECT_EQ(Find<QComboBox>(properties, "pageSizeCombo").currentText(),
                           QStringLiteral("A3"));
-                Margin(properties).setValue(35);
+                Margin(properties, "topMargin").setValue(35);
                 QTest::keyClick(&properties, Qt::Key_Escape);
             });
         }
@@ -95,8 +91,8 @@ TEST_F(PrintedPages, what_the_user_sets_in_the_properties_counts_unless_they_are
 
     ConfirmNext([](QWidget& box) {
         SetProperties(box, [](QWidget& properties) {
-            EXPECT_EQ(Margin(properties).value(), 30);
-            Margin(properties).setValue(35);
+            EXPECT_EQ(Margin(properties, "topMargin").value(), 30);
+            Margin(properties, "topMargin").setValue(35);
             QTest::keyClick(&properties, Qt::Key_Return);
         });
     });
@@ -108,7 +104,7 @@ TEST_F(PrintedPages, properties_count_with_the_smallest_margins_of_the_printer_t
     const Printers printers({QStringLiteral("Ink")});
     ConfirmNext([](QWidget& box) {
         SetProperties(box, [](QWidget& properties) {
-            EXPECT_EQ(Margin(properties).value(), 4.32);
+            EXPECT_EQ(Margin(properties, "topMargin").value(), 4.32);
             QTest::keyClicks(&Find(properties, "pageSizeCombo"), QStringLiteral("Envelope"));
             QTest::keyClick(&Find(properties, "landscape"), Qt::Key_Space);
             QTest::keyClick(&properties, Qt::Key_Return);
@@ -176,7 +172,7 @@ TEST_F(PrintedPages, properties_that_were_set_for_another_printer_are_left) {
     SetUpPage();
     ConfirmNext([](QWidget& box) {
         SetProperties(box, [](QWidget& properties) {
-            Margin(properties).setValue(35);
+            Margin(properties, "topMargin").setValue(35);
             QTest::keyClick(&properties, Qt::Key_Return);
         });
         QTest::keyClick(&Find(box, "printers"), Qt::Key_Down);

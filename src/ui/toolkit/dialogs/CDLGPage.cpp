@@ -21,7 +21,9 @@ constexpr Long finestQuality = 32767;
 constexpr Long upright = 1;
 constexpr Long across = 2;
 
+// A printer may have several papers of one number, which the page of the last call tells apart.
 void SetPaper(QPageLayout& layout, Long paper) {
+    if (paper == layout.pageSize().windowsId()) return;
     const QPageSize::PageSizeId id = QPageSize::id(paper);
     if (paper > 0 && id != QPageSize::Custom) layout.setPageSize(QPageSize(id));
 }
