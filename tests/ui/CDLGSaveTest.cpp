@@ -76,16 +76,6 @@ class SaveDialogs : public ::testing::Test {
         QTest::keyClick(&NameBox(box), Qt::Key_Return);
     }
 
-    // Answers the question that stands over the box. It names the file as it was typed or, where
-    // the host tells letters' case apart in no name, as it is called.
-    static void AnswerNext(const std::string& asked, Qt::Key key) {
-        WhenModal([asked, key](QWidget& question) {
-            const auto& label = Find<QLabel>(question, "qt_msgbox_label");
-            EXPECT_STRCASEEQ(FromQString(label.text()).c_str(), asked.c_str());
-            QTest::keyClick(&question, key);
-        });
-    }
-
     TempFolder folder;
     QWidget owner;
     Call call;
@@ -147,6 +137,7 @@ TEST_F(SaveDialogs, quotation_marks_neither_name_a_second_file_nor_drop_part_of_
                               R"(new "er.txt")", R"("new.txt)"}) {
         Call refused = call;
         WhenModal([names](QWidget& box) {
+            AnswerNext("One file is to be named here.");
             Confirm(box, names);
             EXPECT_TRUE(box.isVisible()) << names;
             if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);
@@ -200,10 +191,18 @@ TEST_F(SaveDialogs, a_name_without_an_extension_gets_the_default_one) {
 TEST_F(SaveDialogs, the_box_stays_for_what_cannot_be_saved) {
     folder.Write("Trip/a.jpg", "");
     const std::string tooLong(240, 'x');
-    for (const std::string& name : {std::string("no folder/a.txt"), std::string("a*b.txt"),
-                                    std::string("a:b.txt"), tooLong}) {
+    const auto nothingAs = [this](const char* name) {
+        return "Nothing can be saved as " + folder.HostPath(name) + ".";
+    };
+    const std::pair<std::string, std::string> refusals[] = {
+        {"no folder/a.txt", nothingAs("no folder/a.txt")},
+        {"a*b.txt", nothingAs("a*b.txt")},
+        {"a:b.txt", nothingAs("a:b.txt")},
+        {tooLong, "A path of more than 254 characters can't be taken."}};
+    for (const auto& [name, reason] : refusals) {
         Call refused = call;
-        WhenModal([&](QWidget& box) {
+        WhenModal([&, name = name, reason = reason](QWidget& box) {
+            AnswerNext(reason);
             Type(box, name);
             EXPECT_TRUE(box.isVisible()) << name;
             if (box.isVisible()) QTest::keyClick(&box, Qt::Key_Escape);

@@ -27,7 +27,9 @@ TEST_F(FileDialogs, several_typed_names_are_picked_when_several_may_be) {
 }
 
 TEST_F(FileDialogs, quoted_names_are_not_picked_together_where_one_file_is_asked_for) {
-    EXPECT_EQ(TypeInVain(QStringLiteral(R"("a.JPG" "b.jpg")")).result, 0);
+    EXPECT_EQ(
+        TypeInVain(QStringLiteral(R"("a.JPG" "b.jpg")"), "One file is to be named here.").result,
+        0);
     EXPECT_EQ(Type(QStringLiteral(R"("b.jpg")")).files,
               QStringList(ToQString(folder.HostPath("b.jpg"))));
 }
@@ -39,7 +41,7 @@ TEST_F(FileDialogs, files_of_different_folders_are_not_picked_together) {
          {folder.HostPath("Trip/d.jpg"), ProgramHostFolder() + "/" + ProgramHostName()}) {
         const QString typed = QStringLiteral("\"%1\" \"%2\"")
                                   .arg(ToQString(folder.HostPath("b.jpg")), ToQString(other));
-        EXPECT_EQ(TypeInVain(typed).result, 0);
+        EXPECT_EQ(TypeInVain(typed, "Files of several folders can't be taken at once.").result, 0);
     }
 }
 
@@ -64,8 +66,10 @@ TEST_F(FileDialogs, a_typed_path_loses_its_detours) {
 
 TEST_F(FileDialogs, a_new_name_that_no_drive_has_is_not_picked) {
     request.flags = PickHideReadOnly;
-    for (const char* name : {"a*b.txt", "a|b.txt"})
-        EXPECT_EQ(TypeInVain(QString::fromLatin1(name)).result, 0);
+    for (const char* name : {"a*b.txt", "a|b.txt"}) {
+        const std::string reason = folder.HostPath(name) + " can't be reached.";
+        EXPECT_EQ(TypeInVain(QString::fromLatin1(name), reason).result, 0);
+    }
 }
 
 TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
@@ -73,9 +77,10 @@ TEST_F(FileDialogs, a_file_whose_path_is_too_long_is_not_picked) {
     folder.Write(fits, "");
     folder.Write(fits + 'y', "");
     EXPECT_EQ(Type(ToQString(fits)).files, QStringList(ToQString(folder.HostPath(fits))));
-    EXPECT_EQ(TypeInVain(ToQString(fits + 'y')).result, 0);
+    const std::string reason = "A path of more than 254 characters can't be taken.";
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'y'), reason).result, 0);
     request.flags = PickHideReadOnly;
-    EXPECT_EQ(TypeInVain(ToQString(fits + 'z')).result, 0);
+    EXPECT_EQ(TypeInVain(ToQString(fits + 'z'), reason).result, 0);
 }
 
 TEST_F(FileDialogs, a_folder_that_is_typed_is_opened) {

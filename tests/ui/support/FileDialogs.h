@@ -44,10 +44,11 @@ class FileDialogs : public ::testing::Test {
         return Service<Prompter>::Get().PickFiles(request);
     }
 
-    // The same for what the box stays for.
-    FileAnswer TypeInVain(const QString& typed) {
+    // The same for what the box stays for, with a reason.
+    FileAnswer TypeInVain(const QString& typed, const std::string& reason) {
         const RealPrompts real;
-        WhenModal([typed](QWidget& box) {
+        WhenModal([typed, reason](QWidget& box) {
+            AnswerNext(reason);
             TypeInto(box, typed);
             EXPECT_TRUE(box.isVisible()) << FromQString(typed);
             QTest::keyClick(&box, Qt::Key_Escape);

@@ -1,5 +1,9 @@
 #include "ui/support/Modal.h"
 
+#include "ui/support/Windows.h"
+#include "ui/toolkit/Strings.h"
+
+#include <QLabel>
 #include <QTimer>
 
 namespace tavel::test {
@@ -26,6 +30,15 @@ void WhenModal(const std::function<void(QWidget&)>& act) {
     auto* waiting = new QObject(qApp);
     waiting->setObjectName(awaited);
     Await(waiting, act);
+}
+
+void AnswerNext(const std::string& asked, Qt::Key key) {
+    WhenModal([asked, key](QWidget& box) {
+        QString read = Find<QLabel>(box, "qt_msgbox_label").text();
+        read.remove(QChar(0x200B));  // where a path may go on in the next line
+        EXPECT_STRCASEEQ(FromQString(read).c_str(), asked.c_str());
+        QTest::keyClick(&box, key);
+    });
 }
 
 void ExpectNoneAwaited() {

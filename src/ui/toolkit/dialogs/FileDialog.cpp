@@ -6,6 +6,7 @@
 #include "ui/toolkit/Strings.h"
 #include "ui/toolkit/Twips.h"
 #include "ui/toolkit/dialogs/Parts.h"
+#include "ui/toolkit/dialogs/Refusals.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -140,15 +141,21 @@ bool FileDialog::IsCountRight() const {
     return selectedFiles().size() == 1 && (!m_saving || oneName.match(typed.trimmed()).hasMatch());
 }
 
-// Paths of different folders may be typed, but an answer has one folder. And Qt finds files that
-// have no drive path, names with a backslash and links on a stick, or one that is too long.
-bool FileDialog::CanAnswer() const {
+// Why there is no answer; empty where there is one. Paths of different folders may be typed, but an
+// answer has one folder. And Qt finds files that have no drive path, names with a backslash and
+// links on a stick, or one that is too long.
+QString FileDialog::Refusal() const {
     const QStringList files = Picked();
-    return IsCountRight() && std::all_of(files.begin(), files.end(), [&](const QString& file) {
-               const std::string path = oFSO().FromHostPath(FromQString(file));
-               return QFileInfo(file).path() == QFileInfo(files.front()).path() &&
-                      !IsPathTooLong(path) && (m_saving ? CanSave(path) : CanOpen(file));
-           });
+    if (!IsCountRight()) return tr("One file is to be named here.");
+    for (const QString& file : files) {
+        const std::string path = oFSO().FromHostPath(FromQString(file));
+        if (QFileInfo(file).path() != QFileInfo(files.front()).path())
+            return RefusalOfSeveralFolders();
+        if (IsPathTooLong(path)) return RefusalOfLongPath();
+        if (m_saving && !CanSave(path)) return tr("Nothing can be saved as %1.").arg(file);
+        if (!m_saving && !CanOpen(file)) return RefusalOf(file);
+    }
+    return {};
 }
 
 // The host's name counts: a backslash in it would part the drive path.
@@ -171,10 +178,17 @@ bool FileDialog::MayReplace() const {
                   windowTitle()) == MsgBoxAnswer::Yes;
 }
 
+bool FileDialog::CanAnswer() const {
+    const QString refusal = Refusal();
+    if (refusal.isEmpty()) return MayReplace();
+    MsgBox(refusal, MsgBoxButtons::OK, windowTitle());
+    return false;
+}
+
 // Qt comes here once it has looked into folders and complained of what it does not find. The box
 // stays for what is no answer.
 void FileDialog::done(int result) {
-    if (result == Rejected || (CanAnswer() && MayReplace())) QFileDialog::done(result);
+    if (result == Rejected || CanAnswer()) QFileDialog::done(result);
 }
 
 FileAnswer FileDialog::Answer() const {

@@ -26,6 +26,7 @@ class FileDialog : public QFileDialog {
     int FilterIndex() const;
     QStringList Picked() const;
     bool IsCountRight() const;
+    QString Refusal() const;
     bool CanAnswer() const;
     bool CanOpen(const QString& file) const;
     bool CanSave(const std::string& path) const;

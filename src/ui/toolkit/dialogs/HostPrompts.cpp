@@ -4,6 +4,7 @@
 #include "platform/HostBoxes.h"
 #include "ui/toolkit/MsgBox.h"
 #include "ui/toolkit/Strings.h"
+#include "ui/toolkit/dialogs/Refusals.h"
 
 #include <QDialog>
 #include <QDir>
@@ -76,14 +77,10 @@ bool AreOfOneFolder(const std::vector<std::string>& files) {
 QString Refusal(const HostFileAnswer& given) {
     if (given.isChosen && given.files.empty())
         return QDialog::tr("What has been picked can't be reached.");
-    if (!AreOfOneFolder(given.files))
-        return QDialog::tr("Files of several folders can't be taken at once.");
+    if (!AreOfOneFolder(given.files)) return RefusalOfSeveralFolders();
     for (const std::string& path : given.files) {
-        if (IsPathTooLong(path))
-            return QDialog::tr("A path of more than %1 characters can't be taken.")
-                .arg(MaxPathCharacters);
-        if (oFSO().HostPath(path).empty())
-            return QDialog::tr("%1 can't be reached.").arg(ToQString(path));
+        if (IsPathTooLong(path)) return RefusalOfLongPath();
+        if (oFSO().HostPath(path).empty()) return RefusalOf(ToQString(path));
     }
     return {};
 }
