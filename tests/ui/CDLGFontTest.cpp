@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -93,12 +94,65 @@ TEST(VBChooseFont, what_nobody_touches_comes_back_as_it_was) {
     }
 }
 
+TEST(VBChooseFont, a_font_between_those_of_the_lists_stays_if_nobody_touches_it) {
+    Call call;
+    call.CurFont.setWeight(QFont::DemiBold);
+    call.CurFont.setStretch(75);
+    const QFont before = call.CurFont;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.CurFont, before);
+}
+
 TEST(VBChooseFont, a_size_that_nobody_touches_keeps_its_fraction) {
     Call call;
     call.CurFont.setPointSizeF(8.25);
     ConfirmNext();
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.CurFont.pointSizeF(), 8.25);
+}
+
+TEST(VBChooseFont, a_size_in_pixels_that_nobody_touches_stays_one) {
+    for (const bool touched : {false, true}) {
+        Call call;
+        call.CurFont.setPixelSize(21);
+        call.flags = 0x100;
+        ConfirmNext([touched](QWidget& box) {
+            if (touched) QTest::keyClick(box.findChild<QCheckBox*>(), Qt::Key_Space);
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.CurFont.pixelSize(), 21);
+        EXPECT_EQ(call.CurFont.strikeOut(), touched);
+    }
+}
+
+TEST(VBChooseFont, a_size_in_pixels_counts_against_the_limits) {
+    PromptQueue prompts;
+    Call call;
+    call.CurFont.setPixelSize(40);
+    call.MaxSize = 20;
+    WhenModal([&](QWidget& box) {
+        prompts.ExpectMsgBox(QStringLiteral("The size must be between 1 and 20 points."),
+                             MsgBoxButtons::OK, MsgBoxAnswer::OK, box.windowTitle());
+        TypeSize(box, FromQString(SizeBox(box).text()).c_str());
+        EXPECT_TRUE(box.isVisible());
+        TypeSize(box, "20");
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.CurFont.pointSize(), 20);
+}
+
+TEST(VBChooseFont, a_font_that_was_chosen_may_be_made_bold_before_the_next_call) {
+    Call call;
+    WhenModal([](QWidget& box) { TypeSize(box, "30"); });
+    EXPECT_TRUE(call.Run());
+    call.CurFont.setBold(true);
+    call.CurFont.setItalic(true);
+    WhenModal([](QWidget& box) { TypeSize(box, "31"); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_TRUE(call.CurFont.bold());
+    EXPECT_TRUE(call.CurFont.italic());
+    EXPECT_EQ(call.CurFont.pointSize(), 31);
 }
 
 TEST(VBChooseFont, a_size_outside_of_the_limits_is_not_taken) {
@@ -226,6 +280,21 @@ TEST(VBChooseFont, a_failure_leaves_the_font_as_it_is) {
     EXPECT_FALSE(call.Run());
     EXPECT_EQ(call.CurFont, before);
     EXPECT_EQ(call.dialog.ExtendedError(), 0x2001);
+}
+
+TEST(VBChooseFont, an_owner_may_go_while_the_box_tells_a_limit) {
+    const RealPrompts real;
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    call.MaxSize = 20;
+    WhenModal([owner](QWidget& box) {
+        SizeBox(box).setText(QStringLiteral("30"));
+        WhenModalOver(
+            box, [&box] { static_cast<QDialog&>(box).accept(); },
+            [owner](QWidget&) { delete owner; });
+    });
+    EXPECT_FALSE(call.Run());
 }
 
 TEST(VBChooseFont, the_box_belongs_to_its_owner_and_outlives_it) {

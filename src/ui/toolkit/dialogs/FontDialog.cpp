@@ -21,6 +21,18 @@ QFont WithStyleName(QFont font) {
     return font;
 }
 
+// A style's name would outweigh what its receiver makes bold or italic; most styles are told by
+// weight and slant as well.
+QFont WithoutStyleName(const QFont& font) {
+    QFont plain = font;
+    plain.setStyleName(QString());
+    return QFontInfo(plain).styleName() == font.styleName() ? plain : font;
+}
+
+qreal PointsOf(const QFont& font) {
+    return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
+}
+
 }  // namespace
 
 FontDialog::FontDialog(const FontRequest& request)
@@ -35,6 +47,7 @@ FontDialog::FontDialog(const FontRequest& request)
     setOption(ScalableFonts, (request.flags & scalable) != 0);
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
     setCurrentFont(WithStyleName(request.font));
+    m_shown = currentFont();
     const bool effects = (request.flags & fontFlag::Effects) != 0;
     WithPart<QCheckBox>(*this, nullptr,
                         [effects](QCheckBox& first) { first.parentWidget()->setVisible(effects); });
@@ -54,15 +67,21 @@ void FontDialog::NameLines() {
     }
 }
 
-// Qt's dialog knows whole points alone; a size that nobody has touched keeps its fraction.
+// Qt's dialog knows the styles of a list and whole points alone. What nobody has touched stays.
 QFont FontDialog::Font() const {
     QFont font = currentFont();
-    if (font.pointSize() == m_first.pointSize()) font.setPointSizeF(m_first.pointSizeF());
-    return font;
+    if (font == m_shown) return m_first;
+    if (font.pointSize() == m_shown.pointSize()) {
+        if (m_first.pixelSize() > 0)
+            font.setPixelSize(m_first.pixelSize());
+        else
+            font.setPointSizeF(m_first.pointSizeF());
+    }
+    return WithoutStyleName(font);
 }
 
 bool FontDialog::SizeIsAllowed() const {
-    const qreal size = Font().pointSizeF();
+    const qreal size = PointsOf(Font());
     return size >= m_minSize && (m_maxSize == 0 || size <= m_maxSize);
 }
 

@@ -24,7 +24,8 @@ class FontDialog : public QFontDialog {
     void NameLines();
     bool SizeIsAllowed() const;
 
-    QFont m_first;
+    QFont m_first;  // as requested
+    QFont m_shown;  // as Qt's dialog makes of it
     int m_minSize;
     int m_maxSize;
 };
