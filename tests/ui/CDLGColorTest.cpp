@@ -110,7 +110,9 @@ TEST(VBChooseColor, a_failure_tells_its_reason_where_the_result_is_neither_0_nor
     EXPECT_EQ(call.Color, -1);
     EXPECT_EQ(call.dialog.ExtendedError(), 0);
     dialogs.colorAnswer.result = 2;
+    call.Color = 0x332211;
     EXPECT_FALSE(call.Run());
+    EXPECT_EQ(call.Color, -1);
     EXPECT_EQ(call.dialog.APIReturn(), 2);
     EXPECT_EQ(call.dialog.ExtendedError(), 0xFFFF);
 }

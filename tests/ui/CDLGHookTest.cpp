@@ -110,6 +110,16 @@ TEST(DialogHook, tells_the_sink_what_each_message_stands_for) {
     }
 }
 
+TEST(DialogHook, only_a_notification_needs_a_header) {
+    QWidget dialog;
+    SinkRecorder sink;
+    OpensProtected hook;
+    hook.m_eventSink = &sink;
+    for (const Long message : {272, 130, 78})
+        EXPECT_EQ(hook.DialogHook(dialog, message, 0, nullptr), 0);
+    EXPECT_EQ(sink.told, "InitDialog DialogClose ");
+}
+
 TEST(DialogHook, a_ConfirmOK_that_is_refused_keeps_the_dialog_open) {
     const CDLG::NotifyHeader header{0, 0, -606};
     QWidget dialog;

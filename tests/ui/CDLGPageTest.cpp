@@ -1,10 +1,12 @@
 #include "ui/support/DialogRecorder.h"
 #include "ui/support/NoHostBoxes.h"
 #include "ui/support/PageSetupCall.h"
+#include "ui/support/Printers.h"
 #include "ui/support/PromptQueue.h"
 
 #include <gtest/gtest.h>
 
+#include <QPrintEngine>
 #include <QPrinter>
 #include <limits>
 
@@ -61,6 +63,22 @@ TEST(VBPageSetupDlg2, a_margin_that_comes_back_below_its_minimum_is_raised_to_it
     EXPECT_EQ(printer.pageLayout().margins(QPageLayout::Millimeter).left(), 5);
 }
 
+TEST(VBPageSetupDlg2, margins_that_come_back_do_not_overlap_when_they_are_raised) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer.layout =
+        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(1, 1, 200, 290),
+                    QPageLayout::Millimeter);
+    Call call;
+    call.MinLeftMargin = 20;
+    call.MinTopMargin = 30;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 20);
+    EXPECT_EQ(call.RightMargin, 190);
+    EXPECT_EQ(call.TopMargin, 30);
+    EXPECT_EQ(call.BottomMargin, 267);
+}
+
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_that_comes_back_raise_nothing) {
     DialogRecorder dialogs;
     dialogs.pageAnswer.result = 1;
@@ -78,7 +96,7 @@ TEST(VBPageSetupDlg2, whether_there_are_minimums_is_told_by_the_arguments_alone)
     Call call;
     call.flags = 0x1;
     call.Run();
-    EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins));
+    EXPECT_FALSE(dialogs.page.Has(0x1));
 }
 
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_own) {
@@ -93,7 +111,7 @@ TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_o
             large.Run();
             EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), own);
             EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(20, 22, 21, 23));
-            EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins));
+            EXPECT_FALSE(dialogs.page.Has(0x1));
         }
     }
 }
@@ -105,7 +123,17 @@ TEST(VBPageSetupDlg2, a_margin_that_is_larger_than_the_page_or_no_number_is_brou
     call.TopMargin = std::numeric_limits<double>::quiet_NaN();
     call.MinTopMargin = 7;
     call.Run();
-    EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(210, 7, 21, 23));
+    EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(210, 7, 0, 23));
+}
+
+TEST(VBPageSetupDlg2, margins_begin_within_what_those_opposite_leave_of_the_page) {
+    DialogRecorder dialogs;
+    Call call;
+    call.LeftMargin = call.RightMargin = 150;
+    call.TopMargin = 250;
+    call.BottomMargin = 100;
+    call.Run();
+    EXPECT_EQ(dialogs.page.printer.layout.margins(), QMarginsF(150, 250, 60, 47));
 }
 
 TEST(VBPageSetupDlg2, the_page_begins_as_the_print_dialog_before_it_has_left_the_printer) {
@@ -122,6 +150,69 @@ TEST(VBPageSetupDlg2, the_page_begins_as_the_print_dialog_before_it_has_left_the
     EXPECT_EQ(dialogs.page.printer.printQuality, 1200);
 }
 
+TEST(VBPageSetupDlg2, the_page_is_set_up_for_the_printer_after_a_print_into_a_file_too) {
+    DialogRecorder dialogs;
+    PrinterState file;
+    file.file = QStringLiteral("/somewhere/a.pdf");
+    CDLG dialog;
+    PrintBefore(dialog, dialogs, file);
+    Call().Run(dialog);
+    EXPECT_EQ(dialogs.page.printer.file, QString());
+}
+
+TEST(VBPageSetupDlg2, the_pages_of_a_printer_object_go_where_they_went) {
+    const Printers printers({QStringLiteral("Ink")});
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer = DefaultPrinter();
+    dialogs.pageAnswer.printer.layout.setPageSize(QPageSize(QPageSize::A3));
+    PrinterState file;
+    file.file = QStringLiteral("/somewhere/a.pdf");
+    CDLG dialog;
+    PrintBefore(dialog, dialogs, file);
+
+    Call call;
+    QPrinter fresh;
+    call.Printer = &fresh;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(fresh.pageLayout().pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(fresh.printerName(), QStringLiteral("Ink"));
+    EXPECT_EQ(fresh.outputFileName(), QString()) << "the file of the print before";
+
+    QPrinter own;
+    own.setOutputFileName(QStringLiteral("/elsewhere/own.pdf"));
+    own.setCopyCount(3);
+    own.setColorMode(QPrinter::GrayScale);
+    call.Printer = &own;
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(own.pageLayout().pageSize().id(), QPageSize::A3);
+    EXPECT_EQ(own.outputFileName(), QStringLiteral("/elsewhere/own.pdf"));
+    EXPECT_EQ(own.outputFormat(), QPrinter::PdfFormat);
+    EXPECT_EQ(own.copyCount(), 3);
+    EXPECT_EQ(own.colorMode(), QPrinter::GrayScale);
+}
+
+TEST(VBPageSetupDlg2, what_a_print_server_is_told_of_a_print_is_left_by_the_page) {
+    constexpr auto jobOptions = static_cast<QPrintEngine::PrintEnginePropertyKey>(0xFE00);
+    const Printers printers({QStringLiteral("Ink")});
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer = DefaultPrinter();
+    PrinterState told = DefaultPrinter();
+    told.jobOptions = {QStringLiteral("number-up"), QStringLiteral("2")};
+    CDLG dialog;
+    PrintBefore(dialog, dialogs, told);
+    QPrinter ofPrint, other;
+    Apply(told, ofPrint);
+    Call call;
+    for (QPrinter* printer : {&ofPrint, &other}) {
+        call.Printer = printer;
+        EXPECT_TRUE(call.Run(dialog));
+    }
+    EXPECT_EQ(ofPrint.printEngine()->property(jobOptions).toStringList(), told.jobOptions);
+    EXPECT_EQ(other.printEngine()->property(jobOptions).toStringList(), QStringList());
+}
+
 TEST(VBPageSetupDlg2, the_smallest_margins_of_the_page_before_are_asked_for_no_more) {
     DialogRecorder dialogs;
     PrinterState printer;
@@ -136,7 +227,7 @@ TEST(VBPageSetupDlg2, the_smallest_margins_of_the_page_before_are_asked_for_no_m
     EXPECT_EQ(dialogs.page.printer.layout.pageSize().id(), QPageSize::A3);
     EXPECT_EQ(dialogs.page.printer.layout.minimumMargins(), QMarginsF());
     EXPECT_EQ(dialogs.page.printer.layout.margins().left(), 3);
-    EXPECT_FALSE(dialogs.page.Has(pageFlag::MinMargins)) << "the printer knows its own";
+    EXPECT_FALSE(dialogs.page.Has(0x1)) << "the printer knows its own";
 }
 
 TEST(VBPageSetupDlg2, a_paper_of_no_number_is_0) {
@@ -230,6 +321,14 @@ TEST(VBPageSetupDlg, everything_is_passed_on) {
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(printer.resolution(), 300);
     EXPECT_EQ(printer.pageLayout().pageSize().id(), QPageSize::A3);
+
+    dialogs.pageAnswer.printer.printQuality = 1200;
+    dialogs.pageAnswer.printer.layout.setPageSize(QPageSize(QPageSize::A5));
+    dialogs.pageAnswer.printer.layout.setOrientation(QPageLayout::Portrait);
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 11);
+    EXPECT_EQ(call.Orientation, 1);
+    EXPECT_EQ(call.PrintQuality, 1200);
 }
 
 }  // namespace tavel::test

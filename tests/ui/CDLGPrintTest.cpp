@@ -108,6 +108,44 @@ TEST(VBPrintDlg, a_printer_that_prints_into_a_file_stays_the_device) {
     EXPECT_EQ(printer.outputFileName(), QStringLiteral("FILE:"));
 }
 
+TEST(VBPrintDlg, a_print_into_a_file_leaves_the_printer_to_the_next_call) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    DialogRecorder dialogs;
+    dialogs.printAnswer.result = 1;
+    dialogs.printAnswer.printer = DefaultPrinter();
+    dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
+    dialogs.printAnswer.printer.sides = QPrinter::DuplexLongSide;
+    CDLG dialog;
+    Call call;
+    QPrinter printer;
+    call.Printer = &printer;
+    EXPECT_TRUE(call.Run(dialog));
+    dialogs.printAnswer.printer.deviceName.clear();
+    dialogs.printAnswer.printer.sides = QPrinter::DuplexNone;
+    dialogs.printAnswer.printer.file = QStringLiteral("/somewhere/a.pdf");
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.outputFormat(), QPrinter::PdfFormat);
+    EXPECT_EQ(printer.duplex(), QPrinter::DuplexNone);
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(dialogs.print.printer.deviceName, QStringLiteral("Laser"));
+    EXPECT_EQ(dialogs.print.printer.sides, QPrinter::DuplexLongSide);
+    EXPECT_EQ(dialogs.print.printer.file, QStringLiteral("/somewhere/a.pdf"));
+}
+
+TEST(VBPrintDlg, a_cancelled_call_leaves_nothing_to_the_next_one) {
+    DialogRecorder dialogs;
+    dialogs.printAnswer.printer.copies = 7;
+    dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
+    CDLG dialog;
+    Call call;
+    EXPECT_FALSE(call.Run(dialog));
+    const PrinterState first = dialogs.print.printer;
+    EXPECT_FALSE(call.Run(dialog));
+    EXPECT_EQ(dialogs.print.printer.deviceName, first.deviceName);
+    EXPECT_EQ(dialogs.print.printer.layout, first.layout);
+    EXPECT_EQ(dialogs.print.printer.printQuality, first.printQuality);
+}
+
 TEST(VBPrintDlg, a_failure_tells_its_reason_where_the_result_is_neither_0_nor_1) {
     DialogRecorder dialogs;
     dialogs.printAnswer.result = 2;

@@ -214,6 +214,13 @@ TEST_F(SaveDialogs, the_box_stays_for_what_cannot_be_saved) {
     EXPECT_EQ(call.Filename, Padded(folder.DrivePath("Trip\\b.txt")));
 }
 
+TEST_F(SaveDialogs, a_new_name_is_taken_whatever_the_flag_for_files_that_exist_says) {
+    call.flags = 0x1000;
+    WhenModal([](QWidget& box) { Type(box, "new.txt"); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.FileTitle, "new.txt");
+}
+
 TEST_F(SaveDialogs, several_names_cannot_be_given) {
     call.flags = 0x200;
     WhenModal([](QWidget& box) { Type(box, "a.txt"); });

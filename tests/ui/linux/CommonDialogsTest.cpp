@@ -1,6 +1,7 @@
 #include "ui/support/ButtonsWithPictures.h"
 #include "ui/support/LookAtEach.h"
 #include "ui/support/Modal.h"
+#include "ui/support/PageSetupCall.h"
 #include "ui/support/Printers.h"
 #include "ui/support/Windows.h"
 #include "ui/toolkit/Strings.h"
@@ -62,6 +63,16 @@ TEST(PrintAndPageDialogs, a_page_begins_as_it_was_given_where_no_part_has_a_name
                                          QMarginsF(1, 2, 3, 4), QPageLayout::Inch);
     const PageSetupDialog box(request, printer);
     EXPECT_EQ(printer.pageLayout(), request.printer.layout);
+}
+
+TEST(PrintAndPageDialogs, a_page_comes_back_from_a_dialog_where_no_part_has_a_name) {
+    const NamelessParts host;
+    PageSetupCall call;
+    call.PaperSize = 8;
+    ConfirmNext();
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.PaperSize, 8);
+    EXPECT_EQ(call.LeftMargin, 20);
 }
 
 TEST(PrintAndPageDialogs, a_page_is_as_the_print_dialog_has_set_it_where_no_part_has_a_name) {

@@ -9,6 +9,7 @@
 #include <QComboBox>
 #include <QPrinter>
 #include <QRadioButton>
+#include <algorithm>
 #include <limits>
 
 // The box that Qt has of its own, where the system has none.
@@ -124,6 +125,44 @@ TEST(VBPageSetupDlg2, minimums_hold_on_another_paper_and_in_other_units) {
     });
     EXPECT_TRUE(call.Run());
     EXPECT_GE(call.TopMargin, 14.9);
+}
+
+TEST(VBPageSetupDlg2, minimums_count_on_the_papers_of_which_they_leave_something) {
+    struct Case {
+        Long begins;
+        const char* chosen;
+        double least;
+    };
+    constexpr double wide = 80;  // twice that is wider than an A5
+    for (const Case& one : {Case{9, "A5", 0}, Case{11, "A4", wide}}) {
+        Call call;
+        call.PaperSize = one.begins;
+        call.MinLeftMargin = call.MinRightMargin = wide;
+        ConfirmNext([&one](QWidget& box) {
+            auto& papers = Find<QComboBox>(box, "pageSizeCombo");
+            papers.setCurrentIndex(papers.findText(QLatin1String(one.chosen)));
+            EXPECT_EQ(Margin(box, "leftMargin").minimum(), one.least);
+            TypeMargin(box, "rightMargin", "10");
+            TypeMargin(box, "leftMargin", "10");
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.LeftMargin, std::max(one.least, 10.0)) << one.chosen;
+        EXPECT_EQ(call.RightMargin, std::max(one.least, 10.0)) << one.chosen;
+    }
+}
+
+TEST(VBPageSetupDlg2, an_owner_may_go_once_the_box_is_confirmed) {
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        QMetaObject::invokeMethod(
+            qApp, [owner] { delete owner; }, Qt::QueuedConnection);
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 20);
+    RunEvents();
 }
 
 TEST(VBPageSetupDlg2, a_paper_of_any_size_is_kept) {

@@ -317,6 +317,36 @@ TEST_F(PrintDialogs, the_printer_becomes_the_device_that_is_chosen) {
     EXPECT_FALSE(call.Run(dialog));
 }
 
+TEST_F(PrintDialogs, the_printer_is_as_it_was_after_a_print_into_a_file) {
+    const Printers printers({QStringLiteral("Ink"), QStringLiteral("Laser")});
+    Call call;
+    call.PrintToFile = false;
+    ConfirmNext([](QWidget& box) {
+        QTest::keyClick(&Find(box, "printers"), Qt::Key_Down);
+        Press(box, "duplexLong");
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    call.PrintToFile = true;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("a.pdf")); });
+    EXPECT_TRUE(call.Run(dialog));
+    call.PrintToFile = false;
+    call.Printer = &printer;
+    ConfirmNext([](QWidget& box) {
+        EXPECT_EQ(Find<QComboBox>(box, "printers").currentText(), QStringLiteral("Laser"));
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
+    EXPECT_EQ(printer.duplex(), QPrinter::DuplexLongSide);
+}
+
+TEST_F(PrintDialogs, as_many_copies_as_there_may_be_come_in_and_out) {
+    Call call;
+    call.Copies = 32767;
+    WhenModal([this](QWidget& box) { PrintInto(box, File("a.pdf")); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.Copies, 32767);
+}
+
 TEST_F(PrintDialogs, the_file_may_be_left_for_a_printer_and_the_other_way) {
     const Printers printers({QStringLiteral("Ink")});
     Call call;

@@ -100,6 +100,22 @@ TEST_F(PrintedPages, what_the_user_sets_in_the_properties_counts_unless_they_are
     EXPECT_EQ(Page(), "A3 across, 20 35 40 50");
 }
 
+TEST_F(PrintedPages,
+       what_was_set_in_the_properties_stays_when_they_are_opened_again_and_cancelled) {
+    const Printers printers({QStringLiteral("Ink")});
+    SetUpPage();
+    ConfirmNext([](QWidget& box) {
+        for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
+            SetProperties(box, [key](QWidget& properties) {
+                Margin(properties, "topMargin").setValue(key == Qt::Key_Return ? 35 : 45);
+                QTest::keyClick(&properties, key);
+            });
+        }
+    });
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(Page(), "A3 across, 20 35 40 50");
+}
+
 TEST_F(PrintedPages, properties_count_with_the_smallest_margins_of_the_printer_too) {
     const Printers printers({QStringLiteral("Ink")});
     ConfirmNext([](QWidget& box) {

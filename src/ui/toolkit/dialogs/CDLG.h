@@ -128,19 +128,20 @@ class CDLG {
                     EventSink* Sink = nullptr);
 
     // Lets the user set up the page, which the printer of the next VBPrintDlg of this object has
-    // then, as Printer has at once (see there). All arguments stay as they are after a cancel and
-    // after a failure: the system's own dialog needs a printer, and where there is none a message
-    // says so unless `flags` has 0x80.
+    // then. Printer, which may be null, has it at once, and its pages go where they went. All
+    // arguments stay as they are after a cancel and after a failure: the system's own dialog needs
+    // a printer, and where there is none a message says so unless `flags` has 0x80.
     //
     // Margins are in Units; with all four 0 the page has those of the last call, or the printer's
-    // own. The Min margins are the smallest that the user can set; with all four 0, or leaving
-    // nothing of the page, they are the printer's own for each paper, and one below 0 is 0. A
-    // margin below its minimum begins at it, one beyond the page at its edge, and none comes back
-    // smaller than the printer can have it. PaperSize and Orientation have the setting's numbers (1
-    // Letter, 8 A3, 9 A4, ...; 1 upright, 2 across), PrintQuality is dots per inch, no more than
-    // 32767; 0, or a number that stands for nothing, is as it was at the last call or the printer's
-    // own. Out, a paper of no number is 0 and one of the user's own size 256. DisablePrinter takes
-    // the choice of a printer away where the dialog offers one, as Qt's does not.
+    // own. The Min margins are the smallest that the user can set; with all four 0, and on a
+    // paper of which they leave nothing, they are the printer's own for it, and one below 0 is 0. A
+    // margin below its minimum begins at it, one beyond the page at its edge or the one opposite,
+    // and none comes back smaller than the printer can have it. PaperSize and Orientation have the
+    // setting's numbers (1 Letter, 8 A3, 9 A4, ...; 1 upright, 2 across), PrintQuality is dots per
+    // inch, no more than 32767; 0, or a number that stands for nothing, is as it was at the last
+    // call or the printer's own. Out, a paper of no number is 0 and one of the user's own size 256.
+    // DisablePrinter takes the choice of a printer away where the dialog offers one, as Qt's does
+    // not.
     bool VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
                          bool DisablePrinter, double& LeftMargin, double MinLeftMargin,
                          double& RightMargin, double MinRightMargin, double& TopMargin,

@@ -2,7 +2,6 @@
 #include "ui/toolkit/dialogs/CommonDialogs.h"
 
 #include <QPageSize>
-#include <QRectF>
 #include <algorithm>
 #include <cmath>
 
@@ -10,6 +9,7 @@ namespace tavel {
 
 namespace {
 
+constexpr Long minMargins = 0x1;
 constexpr Long thousandthsOfInches = 0x4;
 constexpr Long hundredthsOfMillimeters = 0x8;
 constexpr Long disablePrinter = 0x20;
@@ -33,12 +33,6 @@ void SetOrientation(QPageLayout& layout, Long orientation) {
     if (orientation == across) layout.setOrientation(QPageLayout::Landscape);
 }
 
-// Those that leave nothing of the page are none.
-bool HasMinimums(const QPageLayout& layout, const QMarginsF& minimums) {
-    const QRectF left = layout.fullRect().marginsRemoved(minimums);
-    return !minimums.isNull() && left.width() > 0 && left.height() > 0;
-}
-
 }  // namespace
 
 bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
@@ -51,7 +45,8 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     PageRequest request;
     request.owner = Owner;
     request.printer = KeptPrinter();
-    request.flags = (flags & ~hooksAndTemplates & ~pageFlag::MinMargins) |
+    request.printer.file.clear();  // the page is set up for the printer
+    request.flags = (flags & ~hooksAndTemplates & ~minMargins) |
                     (Units == PageUnits::Inches ? thousandthsOfInches : hundredthsOfMillimeters) |
                     (DisableMargins ? pageFlag::DisableMargins : 0) |
                     (DisableOrientation ? pageFlag::DisableOrientation : 0) |
@@ -61,32 +56,32 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
 
     QPageLayout& layout = request.printer.layout;
     layout.setUnits(Units == PageUnits::Inches ? QPageLayout::Inch : QPageLayout::Millimeter);
-    const QMarginsF smallest(std::fmax(MinLeftMargin, 0), std::fmax(MinTopMargin, 0),
-                             std::fmax(MinRightMargin, 0), std::fmax(MinBottomMargin, 0));
+    request.minimums = {std::fmax(MinLeftMargin, 0), std::fmax(MinTopMargin, 0),
+                        std::fmax(MinRightMargin, 0), std::fmax(MinBottomMargin, 0)};
     const QMarginsF margins(LeftMargin, TopMargin, RightMargin, BottomMargin);
     SetPaper(layout, PaperSize);
     SetOrientation(layout, Orientation);
-    const bool hasMinimums = HasMinimums(layout, smallest);
-    layout.setMinimumMargins(hasMinimums ? smallest : QMarginsF());
+    const bool hasMinimums = AreMinimums(request.minimums, layout);
+    layout.setMinimumMargins(hasMinimums ? request.minimums : QMarginsF());
     layout.setMargins(Possible(margins.isNull() ? layout.margins() : margins, layout));
-    if (hasMinimums) request.flags |= pageFlag::MinMargins;
+    if (hasMinimums) request.flags |= minMargins;
 
     const PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
     if (!End(answer)) return false;
-    m_printer = answer.printer;
+    PrinterState& kept = KeptPrinter();
     // The system's own box knows no minimums.
-    QPageLayout& answered = m_printer->layout;
-    if (HasMinimums(answered, smallest))
-        answered.setMargins(Possible(answered.margins() | smallest, answered));
-    const QMarginsF chosen = m_printer->layout.margins();
-    LeftMargin = chosen.left();
-    RightMargin = chosen.right();
-    TopMargin = chosen.top();
-    BottomMargin = chosen.bottom();
-    PaperSize = std::max(m_printer->layout.pageSize().windowsId(), 0);
-    Orientation = m_printer->layout.orientation() == QPageLayout::Landscape ? across : upright;
-    PrintQuality = m_printer->printQuality;
-    if (Printer != nullptr) Apply(*m_printer, *Printer);
+    QPageLayout& page = kept.layout = answer.printer.layout;
+    if (AreMinimums(request.minimums, page))
+        page.setMargins(Possible(page.margins() | request.minimums, page));
+    kept.printQuality = answer.printer.printQuality;
+    LeftMargin = page.margins().left();
+    RightMargin = page.margins().right();
+    TopMargin = page.margins().top();
+    BottomMargin = page.margins().bottom();
+    PaperSize = std::max(page.pageSize().windowsId(), 0);
+    Orientation = page.orientation() == QPageLayout::Landscape ? across : upright;
+    PrintQuality = kept.printQuality;
+    if (Printer != nullptr) ApplyPage(kept, *Printer);
     return true;
 }
 

@@ -46,6 +46,11 @@ bool CDLG::VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage
     const PrintAnswer answer = Service<CommonDialogs>::Get().PickPrinter(request);
     if (!End(answer)) return false;
     m_printer = answer.printer;
+    // A PDF goes past the printer, with which the next call begins again.
+    if (m_printer->deviceName.isEmpty()) {
+        m_printer->deviceName = request.printer.deviceName;
+        m_printer->sides = request.printer.sides;
+    }
     PrintRange = RangeOf(answer.flags);
     if (PrintRange == Range::PageNumbers) {
         FromPage = answer.fromPage;
@@ -54,7 +59,7 @@ bool CDLG::VBPrintDlg(Range& PrintRange, bool DisablePageNumbers, Long& FromPage
     Copies = ToInteger(answer.printer.copies);
     PrintToFile = (answer.flags & printFlag::ToFile) != 0;
     Collate = (answer.flags & printFlag::Collate) != 0;
-    if (Printer != nullptr) Apply(*m_printer, *Printer);
+    if (Printer != nullptr) Apply(answer.printer, *Printer);
     return true;
 }
 

@@ -41,7 +41,6 @@ inline constexpr Long HideToFile = 0x100000;
 }  // namespace printFlag
 
 namespace pageFlag {
-inline constexpr Long MinMargins = 0x1;  // those of the layout; else the printer's own
 inline constexpr Long DisableMargins = 0x10;
 inline constexpr Long NoWarning = 0x80;  // nothing is said where there is no printer
 inline constexpr Long DisableOrientation = 0x100;
@@ -99,7 +98,10 @@ struct PrintAnswer : DialogResult {
 struct PageRequest {
     QWidget* owner = nullptr;
     PrinterState printer;
-    Long flags = 0;  // the units are those of the printer's layout
+    // The smallest that can be set, in the units of the printer's layout; on a page where they are
+    // none the printer's own are.
+    QMarginsF minimums;
+    Long flags = 0;
 
     bool Has(Long flag) const { return (flags & flag) != 0; }
 };

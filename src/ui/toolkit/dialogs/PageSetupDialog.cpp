@@ -20,7 +20,7 @@ QPrinter* Prepared(const PageRequest& request, QPrinter& printer) {
 PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     : QPageSetupDialog(Prepared(request, printer), request.owner),
       m_page(request.printer.layout),
-      m_hasMinimums(request.Has(pageFlag::MinMargins)) {
+      m_minimums(request.minimums) {
     setObjectName(QStringLiteral("PageSetupDialog"));
     NameUnits(*this);
     if (HasPage(*this)) {
@@ -32,12 +32,17 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     adjustSize();
 }
 
-// Each paper has the printer's own.
+// Those of the page that is shown: the printer's own differ from paper to paper.
 QMarginsF PageSetupDialog::Minimums() {
-    const QPageLayout shown = PageShown(*this);
-    SetPage(shown, *printer());
-    QPageLayout page = m_hasMinimums ? m_page : printer()->pageLayout();
-    page.setUnits(shown.units());
+    QPageLayout page = PageShown(*this);
+    const QPageLayout::Unit shown = page.units();
+    SetPage(page, *printer());
+    page.setUnits(m_page.units());
+    if (AreMinimums(m_minimums, page))
+        page.setMinimumMargins(m_minimums);
+    else
+        page = printer()->pageLayout();
+    page.setUnits(shown);
     return page.minimumMargins();
 }
 

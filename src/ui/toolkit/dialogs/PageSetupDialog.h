@@ -22,7 +22,7 @@ class PageSetupDialog : public QPageSetupDialog {
     QMarginsF Minimums();
 
     QPageLayout m_page;  // as requested
-    bool m_hasMinimums;
+    QMarginsF m_minimums;
 };
 
 }  // namespace tavel

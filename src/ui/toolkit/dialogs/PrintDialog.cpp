@@ -13,7 +13,9 @@
 #include <QLineEdit>
 #include <QPrinter>
 #include <QPrinterInfo>
+#include <QSpinBox>
 #include <algorithm>
+#include <limits>
 #include <utility>
 
 namespace tavel {
@@ -46,6 +48,10 @@ PrintDialog::PrintDialog(const PrintRequest& request, QPrinter& printer)
     setOption(PrintToFile, request.OffersFile());
     setOption(PrintCollateCopies);
     SetRange(request);
+    WithPart<QSpinBox>(*this, "copies", [&request](QSpinBox& copies) {
+        copies.setMaximum(std::numeric_limits<Integer>::max());
+        copies.setValue(request.printer.copies);
+    });
     if (request.OffersFile()) SetFile(request);
     PlainButtons(*this);
     NameControls();

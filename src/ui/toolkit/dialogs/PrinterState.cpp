@@ -1,6 +1,8 @@
 #include "ui/toolkit/dialogs/PrinterState.h"
 
 #include <QPrintEngine>
+#include <QRectF>
+#include <QSizeF>
 #include <cmath>
 
 namespace tavel {
@@ -41,21 +43,31 @@ void Apply(const PrinterState& state, QPrinter& printer) {
     else if (!state.file.isEmpty())
         printer.setOutputFormat(QPrinter::PdfFormat);
     printer.setCopyCount(state.copies);
-    printer.setResolution(state.printQuality);
-    SetPage(state.layout, printer);
+    ApplyPage(state, printer);
     printer.setColorMode(state.colors);
     printer.setDuplex(state.sides);
     printer.setPageOrder(state.order);
     printer.printEngine()->setProperty(jobOptions, state.jobOptions);
 }
 
+void ApplyPage(const PrinterState& state, QPrinter& printer) {
+    printer.setResolution(state.printQuality);
+    SetPage(state.layout, printer);
+}
+
 QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page) {
     const QMarginsF low = page.minimumMargins();
     const QMarginsF high = page.maximumMargins();
-    return {Within(low.left(), margins.left(), high.left()),
-            Within(low.top(), margins.top(), high.top()),
-            Within(low.right(), margins.right(), high.right()),
-            Within(low.bottom(), margins.bottom(), high.bottom())};
+    const QSizeF size = page.fullRect().size();
+    const double left = Within(low.left(), margins.left(), high.left());
+    const double top = Within(low.top(), margins.top(), high.top());
+    return {left, top, Within(low.right(), margins.right(), size.width() - left),
+            Within(low.bottom(), margins.bottom(), size.height() - top)};
+}
+
+bool AreMinimums(const QMarginsF& margins, const QPageLayout& page) {
+    const QRectF left = page.fullRect().marginsRemoved(margins);
+    return !margins.isNull() && left.width() > 0 && left.height() > 0;
 }
 
 // In parts: a page whose margins a printer cannot print, be it by the fraction of a point, it

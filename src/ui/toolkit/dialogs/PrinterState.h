@@ -29,9 +29,15 @@ PrinterState DefaultPrinter();
 PrinterState StateOf(const QPrinter& printer);
 void Apply(const PrinterState& state, QPrinter& printer);
 
-// As near to these as the page's smallest and largest margins allow; what is no number becomes the
-// smallest.
+// Paper, orientation, margins and quality alone.
+void ApplyPage(const PrinterState& state, QPrinter& printer);
+
+// As near to these as the page's smallest margins and its size allow, the left one and the top one
+// first; what is no number becomes the smallest.
 QMarginsF Possible(const QMarginsF& margins, const QPageLayout& page);
+
+// Smallest margins that are 0, or leave nothing of the page, are none.
+bool AreMinimums(const QMarginsF& margins, const QPageLayout& page);
 
 // Gives the printer this page, with the printer's own smallest margins where these are smaller.
 void SetPage(const QPageLayout& page, QPrinter& printer);
