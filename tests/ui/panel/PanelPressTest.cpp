@@ -102,7 +102,7 @@ TEST_F(PanelPress, that_a_child_passes_on_is_told_and_moves_the_panel_as_its_own
         PointAt({200, 200});
         Release();
         EXPECT_EQ(panel.pos(), QPoint(90, 90));
-        PointAt({205, 205});
+        PointAt({205, 260});
         EXPECT_EQ(panel.pos(), QPoint(90, 90));
         panel.move(50, 40);
         QTest::mouseDClick(window.windowHandle(), Qt::LeftButton, Qt::NoModifier, {160, 150});
@@ -119,13 +119,12 @@ TEST_F(PanelPress, that_a_child_passes_on_is_told_and_moves_the_panel_as_its_own
 
 TEST_F(PanelPress, on_a_childs_child_starts_no_resize) {
     QWidget box(&panel);
-    box.setGeometry(0, 0, 200, 150);
+    QLabel child(&box);
+    box.setGeometry(0, 0, 300, 200);
+    child.setGeometry(200, 100, 100, 100);
     box.show();
-    const LabelAt100 child(box);
-    Press({110, 110});
-    PointAt(InWindow(Grip()));
-    PointAt(InWindow(Grip() + QPoint(1, 1)));
-    EXPECT_TRUE(child.isVisible());
+    PressGrip();
+    EXPECT_TRUE(box.isVisible());
     Release();
     EXPECT_EQ(panel.size(), QSize(300, 200));
 }
@@ -153,6 +152,7 @@ TEST_F(PanelPress, of_another_button_on_a_child_is_turned_into_no_resize_either)
 TEST_F(PanelPress, of_another_button_while_a_child_keeps_one_leaves_the_mouse_to_the_child) {
     const ButtonAt100 child(panel);
     Listen();
+    ListenToMoves();
     QObject::connect(
         &panel, &xpFrame::MouseMove,
         [](int Button, int, float, float, bool& cResize, bool&) { cResize = Button == 3; });
@@ -165,6 +165,7 @@ TEST_F(PanelPress, of_another_button_while_a_child_keeps_one_leaves_the_mouse_to
     Release(Qt::RightButton);
     EXPECT_EQ(panel.size(), QSize(300, 200));
     EXPECT_THAT(events, ElementsAre("MouseDown 2 0 30 90", "MouseUp 2 0 220 140"));
+    EXPECT_THAT(moves, ElementsAre(Switches{3, false, false}));
 }
 
 TEST_F(PanelPress, of_another_button_over_a_child_ends_no_drag) {
@@ -178,6 +179,26 @@ TEST_F(PanelPress, of_another_button_over_a_child_ends_no_drag) {
     Release(Qt::RightButton);
 }
 
+TEST_F(PanelPress, of_another_button_whose_release_is_lost_ends_no_drag) {
+    const ButtonAt100 child(panel);
+    PressGrip();
+    PointAt(InWindow({320, 220}));
+    SendMouse(panel, QEvent::MouseButtonPress, {320, 220}, Qt::RightButton,
+              Qt::LeftButton | Qt::RightButton);
+    PointAt(InWindow({330, 230}));
+    EXPECT_EQ(panel.size(), QSize(330, 230));
+    EXPECT_TRUE(child.isHidden());
+    Release();
+}
+
+TEST_F(PanelPress, that_is_released_shows_no_child_that_is_hidden_later) {
+    ButtonAt100 child(panel);
+    Click({30, 90});
+    child.hide();
+    PointAt(InWindow({40, 90}));
+    EXPECT_TRUE(child.isHidden());
+}
+
 TEST_F(PanelPress, that_is_not_released_yet_lets_the_grip_be_dragged_again_and_again) {
     Press({30, 90}, Qt::RightButton);
     for (const int size : {291, 282}) {
@@ -189,19 +210,19 @@ TEST_F(PanelPress, that_is_not_released_yet_lets_the_grip_be_dragged_again_and_a
 }
 
 TEST_F(PanelPress, whose_release_a_menu_had_is_over_when_a_button_is_pressed) {
-    QObject::connect(&panel, &xpFrame::MouseDown, [this](int Button) {
-        if (Button == 2) PopUp();
-    });
+    QObject::connect(&panel, &xpFrame::MouseDown, [this] { PopUp(); });
     QWidget box(&panel);
     box.setGeometry(0, 0, 200, 150);
     for (QWidget* parent : {static_cast<QWidget*>(&panel), &box}) {
-        const ButtonAt100 child(*parent);
-        box.setVisible(parent == &box);
-        Press({40, 160}, Qt::RightButton);
-        ASSERT_TRUE(menu.isVisible());
-        Release(Qt::RightButton);
-        menu.close();
-        ExpectNoResizeByPressOf(child);
+        for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton}) {
+            const ButtonAt100 child(*parent);
+            box.setVisible(parent == &box);
+            Press(Grip(), button);
+            ASSERT_TRUE(menu.isVisible());
+            Release(button);
+            menu.close();
+            ExpectNoResizeByPressOf(child);
+        }
     }
 }
 
@@ -261,6 +282,18 @@ TEST_F(PanelPress, that_disables_the_panel_moves_nothing_when_it_is_enabled_agai
     PointAt({130, 160});
     EXPECT_EQ(panel.pos(), QPoint(50, 40));
     EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 90"));
+}
+
+TEST_F(PanelPress, at_the_grip_starts_no_resize_when_the_first_move_disables_the_panel) {
+    Press(Grip());
+    const auto disabling =
+        QObject::connect(&panel, &xpFrame::MouseMove, [this] { panel.enabled(false); });
+    PointAt(InWindow(Grip() + QPoint(1, 1)));
+    QObject::disconnect(disabling);
+    panel.enabled(true);
+    Release();
+    PointAt(InWindow({250, 150}));
+    EXPECT_EQ(panel.size(), QSize(300, 200));
 }
 
 TEST_F(PanelPress, that_hides_the_child_which_passed_it_on_moves_no_further) {

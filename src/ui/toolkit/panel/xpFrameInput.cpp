@@ -138,7 +138,7 @@ bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor) unsetCursor();
     // While a button is held, every press in the program comes by. The next one of that button may
     // be kept by a child, and the moves beside the child would be taken for a drag of the panel.
-    if (event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick) {
+    if (event->type() == QEvent::MouseButtonPress) {
         const auto& press = static_cast<const QMouseEvent&>(*event);
         GiveUpAllBut(press.buttons().setFlag(press.button(), false));
     }
