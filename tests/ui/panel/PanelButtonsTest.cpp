@@ -57,12 +57,15 @@ TEST_F(PanelButtons, buttons_act_on_the_release_wherever_the_press_was) {
 TEST_F(PanelButtons, buttons_reach_to_the_end_of_their_last_pixels) {
     panel.Closeable(true);
     const QRectF area(panel.Areas().close.value());
+    const auto click = [this](QPointF place) {
+        SendMouse(panel, QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
+        SendMouse(panel, QEvent::MouseButtonRelease, place, Qt::LeftButton);
+    };
     for (const QPointF out : {QPointF(0.1, -1), QPointF(-1, 0.1)}) {
-        SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() + out, Qt::LeftButton);
+        click(area.bottomRight() + out);
         EXPECT_TRUE(panel.isVisible());
     }
-    SendMouse(panel, QEvent::MouseButtonRelease, area.bottomRight() - QPointF(0.1, 0.1),
-              Qt::LeftButton);
+    click(area.bottomRight() - QPointF(0.1, 0.1));
     EXPECT_TRUE(panel.isHidden());
 }
 
@@ -115,8 +118,8 @@ TEST_F(PanelButtons, click_on_the_chevron_tells_the_keys_and_the_bars_heights_in
     panel.HeaderSize(2);
     panel.FooterSize(1);
     Listen();
-    SendMouse(panel, QEvent::MouseButtonRelease, Chevron(), Qt::LeftButton, Qt::NoButton,
-              Qt::ShiftModifier | Qt::AltModifier);
+    Press(Chevron());
+    Release(Qt::LeftButton, Qt::ShiftModifier | Qt::AltModifier);
     EXPECT_THAT(events, testing::Contains(testing::AllOf(testing::StartsWith("ChevronClick 1 5 "),
                                                          testing::EndsWith(" 1 34 40 3000"))));
 }

@@ -54,6 +54,7 @@ TEST_F(PanelDragHost, stops_a_resize_until_the_next_event_alone) {
     ASSERT_TRUE(panel.Areas().grip->contains(288, 188));
     PointAt(InWindow({288, 188}));
     EXPECT_EQ(panel.size(), QSize(291, 191));
+    ExpectPointer(Qt::SizeFDiagCursor);
     PointAt(InWindow({287, 187}));
     EXPECT_EQ(panel.size(), QSize(287, 187));
     Release();

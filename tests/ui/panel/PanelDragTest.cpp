@@ -41,6 +41,31 @@ TEST_F(PanelDrag, drag_of_a_panel_that_stands_alone_moves_nothing) {
     EXPECT_EQ(alone.pos(), before);
 }
 
+TEST_F(PanelDrag, drag_of_the_grip_of_a_panel_that_stands_alone_resizes_it) {
+    xpFrame alone(nullptr, &host);
+    alone.ContainerResizable(true);
+    alone.resize(300, 200);
+    alone.show();
+    QTest::mousePress(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(290, 190));
+    QTest::mouseMove(alone.windowHandle(), QPoint(291, 191));
+    EXPECT_EQ(alone.size(), QSize(291, 191));
+    QTest::mouseRelease(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(290, 190));
+}
+
+TEST_F(PanelDrag, drag_moves_the_panel_within_its_parent) {
+    QWidget box(&window);
+    box.setGeometry(20, 30, 600, 500);
+    panel.setParent(&box);
+    panel.ContainerMoveable(true);
+    box.show();
+    panel.show();
+    Listen();
+    Drag({30, 10}, {130, 70});
+    EXPECT_EQ(panel.pos(), QPoint(80, 30));
+    EXPECT_EQ(events[1], "Move 80 30");
+    panel.setParent(&window);
+}
+
 TEST_F(PanelDrag, drag_of_a_panel_that_is_not_moveable_moves_nothing_and_is_told_as_a_move) {
     Listen();
     ListenToMoves();
@@ -126,6 +151,18 @@ TEST_F(PanelDrag, drag_is_the_left_buttons_while_another_is_down) {
     Release();
     PointAt(InWindow({250, 150}));
     EXPECT_EQ(panel.size(), QSize(291, 191));
+    Release(Qt::RightButton);
+}
+
+TEST_F(PanelDrag, drag_moves_the_panel_though_another_button_was_first) {
+    panel.ContainerMoveable(true);
+    Press({60, 90}, Qt::RightButton);
+    ListenToMoves();
+    Press({30, 10});
+    PointAt({130, 70});
+    EXPECT_EQ(panel.pos(), QPoint(100, 60));
+    EXPECT_EQ(moves.back(), (Switches{3, false, true}));
+    Release();
     Release(Qt::RightButton);
 }
 

@@ -60,6 +60,25 @@ TEST_F(PanelGrip, pointer_is_the_childs_own_when_it_comes_there_from_the_grip) {
     }
 }
 
+TEST_F(PanelGrip, pointer_is_left_alone_by_what_is_no_child_any_more) {
+    panel.ContainerResizable(true);
+    QPushButton child(&panel);
+    child.setParent(&window);
+    child.setGeometry(500, 400, 80, 80);
+    child.show();
+    PointAt(InWindow(Grip()));
+    PointAt({540, 440});
+    ExpectPointer(Qt::SizeFDiagCursor);
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pixel_that_the_pointer_is_in) {
+    panel.ContainerResizable(true);
+    SendMouse(panel, QEvent::MouseButtonPress, Grip(), Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {288.75, 187.5}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {288.75, 187.5}, Qt::LeftButton);
+    EXPECT_EQ(panel.size(), QSize(288, 187));
+}
+
 TEST_F(PanelGrip, drag_of_the_grip_resizes_to_the_pointer) {
     panel.ContainerResizable(true);
     panel.ContainerMoveable(true);
@@ -358,6 +377,27 @@ TEST_F(PanelGrip, drag_of_the_grip_repaints_the_parent_with_every_step) {
     PointAt(InWindow({9, 9}));
     EXPECT_EQ(paints.Taken(), 1);
     Release();
+}
+
+TEST_F(PanelGrip, drag_of_the_grip_repaints_no_more_than_the_parent) {
+    QWidget box(&window);
+    box.setAttribute(Qt::WA_OpaquePaintEvent);
+    box.setGeometry(0, 0, 600, 500);
+    panel.setParent(&box);
+    panel.ContainerResizable(true);
+    box.show();
+    panel.show();
+    PressGrip();
+    PointAt(InWindow({10, 10}));
+    PaintCounter paints(box);
+    PaintCounter paintsBelow(window);
+    paints.Taken();
+    paintsBelow.Taken();
+    PointAt(InWindow({9, 9}));
+    EXPECT_EQ(paints.Taken(), 1);
+    EXPECT_EQ(paintsBelow.Taken(), 0);
+    Release();
+    panel.setParent(&window);
 }
 
 }  // namespace tavel::test

@@ -200,4 +200,25 @@ TEST_F(PanelMouse, focus_refreshes_the_inner_label) {
     }
 }
 
+TEST_F(PanelMouse, focus_refreshes_the_inner_label_when_the_panel_is_in_front) {
+    panel.ClassicXPStyle(true);
+    panel.ZOrderOnFocus(true);
+    PaintCounter paints(*panel.findChild<InnerLabel*>());
+    host.onZOrder = [&] { paints.Taken(); };
+    QFocusEvent focus(QEvent::FocusIn);
+    QApplication::sendEvent(&panel, &focus);
+    EXPECT_EQ(paints.Taken(), 1);
+}
+
+TEST_F(PanelMouse, focus_raises_the_panel_whatever_it_comes_from) {
+    panel.ZOrderOnFocus(true);
+    for (const Qt::FocusReason reason : {Qt::MouseFocusReason, Qt::TabFocusReason,
+                                         Qt::ActiveWindowFocusReason, Qt::OtherFocusReason}) {
+        host.calls.clear();
+        QFocusEvent focus(QEvent::FocusIn, reason);
+        QApplication::sendEvent(&panel, &focus);
+        EXPECT_THAT(host.calls, ElementsAre("zorder 0")) << reason;
+    }
+}
+
 }  // namespace tavel::test

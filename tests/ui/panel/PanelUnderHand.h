@@ -23,7 +23,10 @@ class RecordingHost : public PanelHost {
         calls.emplace_back(value ? "visible true" : "visible false");
         if (panel != nullptr) panel->setVisible(value);
     }
-    void zorder(int position) override { calls.push_back("zorder " + std::to_string(position)); }
+    void zorder(int position) override {
+        calls.push_back("zorder " + std::to_string(position));
+        if (onZOrder) onZOrder();
+    }
     void PropertyChanged(std::string_view sName) override {
         changes.emplace_back(sName);
         if (onChange) onChange();
@@ -33,6 +36,7 @@ class RecordingHost : public PanelHost {
     std::vector<std::string> calls;
     std::vector<std::string> changes;
     std::function<void()> onChange;
+    std::function<void()> onZOrder;
 };
 
 inline QImage Square() {

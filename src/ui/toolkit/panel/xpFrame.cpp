@@ -166,6 +166,7 @@ void xpFrame::ShowChildControls() {
 void xpFrame::changeEvent(QEvent* event) {
     // The setting's colours may be others now.
     if (event->type() == QEvent::PaletteChange) Redraw();
+    if (event->type() == QEvent::EnabledChange && !isEnabled()) GiveUpAllBut(Qt::NoButton);
     QWidget::changeEvent(event);
 }
 

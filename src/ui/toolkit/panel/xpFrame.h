@@ -212,6 +212,7 @@ class xpFrame : public QWidget {
     void changeEvent(QEvent* event) override;
     void childEvent(QChildEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
@@ -243,6 +244,9 @@ class xpFrame : public QWidget {
     void ShowChildControls();
     bool IsIn(const std::optional<QRect>& area, const QPointF& cursor) const;
     void NotePress(const QMouseEvent& event);
+    void NoteRelease(Qt::MouseButtons buttons);
+    void GiveUpAllBut(Qt::MouseButtons down);
+    void EndDrag();
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;
@@ -265,7 +269,8 @@ class xpFrame : public QWidget {
     std::optional<Long> m_expandedHeight;  // twips
     bool m_moving = false;
     bool m_resizing = false;
-    bool m_hasMouse = false;  // and no child, from a press until no button is down
+    Qt::MouseButtons m_held;  // whose press the panel heard, until they are up
+    bool m_hasMouse = false;  // the first of them went down on the panel and no child
     bool m_isClick = false;   // the next release ends a click
     float m_mouseX = 0;       // where the left button went down
     float m_mouseY = 0;

@@ -4,6 +4,7 @@
 #include "ui/toolkit/panel/xpFrame.h"
 
 #include <QChildEvent>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <cmath>
@@ -62,8 +63,25 @@ bool xpFrame::IsIn(const std::optional<QRect>& area, const QPointF& cursor) cons
 // A child that is pressed keeps the mouse until no button is down, be it that it leaves the press
 // or the moves to the panel. A resize would hide the child, and the release come to nobody.
 void xpFrame::NotePress(const QMouseEvent& event) {
-    if (event.buttons() == Qt::MouseButtons(event.button()))
-        m_hasMouse = childAt(PixelOf(event.position())) == nullptr;
+    const bool isFirst = event.buttons() == Qt::MouseButtons(event.button());
+    if (m_held == Qt::NoButton)
+        m_hasMouse = isFirst && childAt(PixelOf(event.position())) == nullptr;
+    m_held |= event.button();
+    QCoreApplication::instance()->installEventFilter(this);
+}
+
+void xpFrame::NoteRelease(Qt::MouseButtons buttons) {
+    m_held &= ~buttons;
+    if (m_held == Qt::NoButton) QCoreApplication::instance()->removeEventFilter(this);
+}
+
+// The release of a press that the panel holds may go to a menu, a dialog or, when the child that
+// has the mouse is gone, to nobody.
+void xpFrame::GiveUpAllBut(Qt::MouseButtons down) {
+    const Qt::MouseButtons lost = m_held & ~down;
+    if (lost == Qt::NoButton) return;
+    NoteRelease(lost);
+    if (lost.testFlag(Qt::LeftButton)) EndDrag();
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
@@ -71,7 +89,8 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
     const QPointF cursor = mapToGlobal(event->position());
     Q_EMIT MouseDown(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                      YOf(*event));
-    if (event->button() == Qt::LeftButton) {
+    // A receiver may have waited for the release, or hidden the panel.
+    if (event->button() == Qt::LeftButton && m_held.testFlag(Qt::LeftButton)) {
         m_isClick = true;
         m_mouseX = XOf(*event);
         m_mouseY = YOf(*event);
@@ -86,6 +105,8 @@ void xpFrame::mousePressEvent(QMouseEvent* event) {
 }
 
 void xpFrame::mouseMoveEvent(QMouseEvent* event) {
+    GiveUpAllBut(event->buttons());
+    if (event->buttons() != Qt::NoButton && m_held == Qt::NoButton) return;
     const QPointF cursor = mapToGlobal(event->position());
     const bool wasResizing = m_resizing;
     Q_EMIT MouseMove(ButtonsOf(event->buttons()), ShiftOf(event->modifiers()), XOf(*event),
@@ -96,8 +117,7 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
     if (m_resizing) m_moving = false;
     if (!m_moving && IsIn(m_areas.grip, cursor)) {
         setCursor(Qt::SizeFDiagCursor);
-        if (event->buttons().testFlag(Qt::LeftButton) && !isStopped && !isOfChild)
-            m_resizing = true;
+        if (m_held.testFlag(Qt::LeftButton) && !isStopped && !isOfChild) m_resizing = true;
     } else {
         unsetCursor();
     }
@@ -116,8 +136,16 @@ void xpFrame::childEvent(QChildEvent* event) {
 
 bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor) unsetCursor();
+    // While a button is held, every press in the program comes by. The next one of that button may
+    // be kept by a child, and the moves beside the child would be taken for a drag of the panel.
+    if (event->type() == QEvent::MouseButtonPress) {
+        const auto& press = static_cast<const QMouseEvent&>(*event);
+        GiveUpAllBut(press.buttons().setFlag(press.button(), false));
+    }
     return QWidget::eventFilter(watched, event);
 }
+
+void xpFrame::hideEvent(QHideEvent*) { GiveUpAllBut(Qt::NoButton); }
 
 void xpFrame::MoveTo(const QPointF& cursor) {
     if (parentWidget() == nullptr) return;
@@ -155,10 +183,11 @@ QSize xpFrame::SmallestSize() const {
 }
 
 void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
+    if (!m_held.testFlag(event->button())) return;
     const QPointF cursor = mapToGlobal(event->position());
-    if (event->buttons() == Qt::NoButton) m_hasMouse = false;
     Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                    YOf(*event));
+    NoteRelease(event->button());
     if (event->button() != Qt::LeftButton) return;
     const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), cursor);
     ReleaseLeft(*event, cursor);
@@ -174,6 +203,7 @@ void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
         mousePressEvent(event);
         return;
     }
+    m_isClick = false;
     Q_EMIT DblClick();
     m_label->update();
 }
@@ -181,6 +211,10 @@ void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
 void xpFrame::ReleaseLeft(const QMouseEvent& event, const QPointF& cursor) {
     if (m_properties.Closeable && IsIn(m_areas.close, cursor)) closeMe();
     if (m_properties.Expandable && IsIn(m_areas.chevron, cursor)) ClickChevron(event);
+    EndDrag();
+}
+
+void xpFrame::EndDrag() {
     Redraw();
     m_moving = false;
     m_resizing = false;
