@@ -135,7 +135,9 @@ void xpFrame::childEvent(QChildEvent* event) {
 }
 
 bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor) unsetCursor();
+    const bool isChild = watched->parent() == this;
+    if (isChild && event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor)
+        unsetCursor();
     // While a button is held, every press in the program comes by. The next one of that button may
     // be kept by a child, and the moves beside the child would be taken for a drag of the panel.
     if (event->type() == QEvent::MouseButtonPress) {
