@@ -30,15 +30,18 @@ TEST_F(PanelDrag, drag_moves_the_panel_and_tells_left_and_top_crossed) {
 }
 
 TEST_F(PanelDrag, drag_of_a_panel_that_stands_alone_moves_nothing) {
-    xpFrame alone(nullptr, &host);
-    alone.ContainerMoveable(true);
-    alone.resize(300, 200);
-    alone.show();
-    const QPoint before = alone.pos();
-    QTest::mousePress(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 10));
-    QTest::mouseMove(alone.windowHandle(), QPoint(60, 40));
-    QTest::mouseRelease(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
-    EXPECT_EQ(alone.pos(), before);
+    for (QWidget* parent : {static_cast<QWidget*>(nullptr), &window}) {
+        xpFrame alone(parent, &host);
+        alone.setWindowFlag(Qt::Tool);
+        alone.ContainerMoveable(true);
+        alone.setGeometry(400, 400, 300, 200);
+        alone.show();
+        const QPoint before = alone.pos();
+        QTest::mousePress(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 10));
+        QTest::mouseMove(alone.windowHandle(), QPoint(60, 40));
+        QTest::mouseRelease(alone.windowHandle(), Qt::LeftButton, Qt::NoModifier, QPoint(60, 40));
+        EXPECT_EQ(alone.pos(), before);
+    }
 }
 
 TEST_F(PanelDrag, drag_of_the_grip_of_a_panel_that_stands_alone_resizes_it) {

@@ -4,10 +4,12 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <utility>
 
 namespace tavel::test {
 
@@ -376,6 +378,48 @@ TEST_F(PanelPress, goes_on_while_another_button_is_pressed_and_its_release_is_lo
     Drag({30, 10}, {130, 70});
     EXPECT_THAT(events,
                 ElementsAre("MouseDown 1 0 30 10", "Move 100 60", "MouseUp 1 0 30 10", "Click"));
+}
+
+TEST_F(PanelPress, that_comes_while_the_last_release_is_told_has_a_release_of_its_own) {
+    panel.Expandable(true);
+    Listen();
+    bool isFirst = true;
+    QObject::connect(&panel, &xpFrame::MouseUp, [&] {
+        if (std::exchange(isFirst, false)) Press(Chevron());
+    });
+    Click({30, 90});
+    events.clear();
+    Release();
+    EXPECT_THAT(events, testing::Contains(testing::StartsWith("MouseUp 1 0")));
+    EXPECT_THAT(events, testing::Contains(testing::StartsWith("ChevronClick 1 0")));
+}
+
+TEST_F(PanelPress, that_a_receiver_hands_to_another_widget_is_the_panels_all_the_same) {
+    panel.Closeable(true);
+    QWidget other(&window);
+    QObject::connect(&panel, &xpFrame::MouseDown, [&other] {
+        SendMouse(other, QEvent::MouseButtonPress, {1, 1}, Qt::LeftButton, Qt::LeftButton);
+    });
+    Click(Close());
+    EXPECT_TRUE(panel.isHidden());
+}
+
+TEST_F(PanelPress, that_a_child_over_the_grip_passes_on_moves_nothing) {
+    panel.ContainerMoveable(true);
+    QLabel child(&panel);
+    child.setGeometry(270, 170, 30, 30);
+    child.show();
+    Drag(Grip(), {500, 400});
+    EXPECT_EQ(panel.geometry(), QRect(50, 40, 300, 200));
+}
+
+TEST_F(PanelPress, at_the_grip_keeps_its_pointer_while_other_windows_are_entered) {
+    QWidget other(&window);
+    Press(Grip());
+    QEnterEvent enter({1, 1}, {1, 1}, {1, 1});
+    QApplication::sendEvent(&other, &enter);
+    ExpectPointer(Qt::SizeFDiagCursor);
+    Release();
 }
 
 TEST_F(PanelPress, that_is_a_double_click_resizes_when_it_is_held_at_the_grip) {

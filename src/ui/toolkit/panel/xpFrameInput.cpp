@@ -130,7 +130,6 @@ void xpFrame::mouseMoveEvent(QMouseEvent* event) {
 // move over it.
 void xpFrame::childEvent(QChildEvent* event) {
     if (event->added()) event->child()->installEventFilter(this);
-    if (event->removed()) event->child()->removeEventFilter(this);
     QWidget::childEvent(event);
 }
 
@@ -138,9 +137,10 @@ bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
     const bool isChild = watched->parent() == this;
     if (isChild && event->type() == QEvent::Enter && cursor().shape() == Qt::SizeFDiagCursor)
         unsetCursor();
-    // While a button is held, every press in the program comes by. The next one of that button may
-    // be kept by a child, and the moves beside the child would be taken for a drag of the panel.
-    if (event->type() == QEvent::MouseButtonPress) {
+    // While a button is held, every press in the program comes by, first on its way to a window.
+    // The next one of that button may be kept by a child, and the moves beside the child would be
+    // taken for a drag of the panel.
+    if (watched->isWindowType() && event->type() == QEvent::MouseButtonPress) {
         const auto& press = static_cast<const QMouseEvent&>(*event);
         GiveUpAllBut(press.buttons().setFlag(press.button(), false));
     }
@@ -150,7 +150,7 @@ bool xpFrame::eventFilter(QObject* watched, QEvent* event) {
 void xpFrame::hideEvent(QHideEvent*) { GiveUpAllBut(Qt::NoButton); }
 
 void xpFrame::MoveTo(const QPointF& cursor) {
-    if (parentWidget() == nullptr) return;
+    if (isWindow()) return;
     const QPointF inParent = parentWidget()->mapFromGlobal(cursor);
     const Long left = RoundToLong(inParent.x() - m_mouseX);
     const Long top = RoundToLong(inParent.y() - m_mouseY);
@@ -187,9 +187,10 @@ QSize xpFrame::SmallestSize() const {
 void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
     if (!m_held.testFlag(event->button())) return;
     const QPointF cursor = mapToGlobal(event->position());
+    // A receiver may let the next press come.
+    NoteRelease(event->button());
     Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                    YOf(*event));
-    NoteRelease(event->button());
     if (event->button() != Qt::LeftButton) return;
     const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), cursor);
     ReleaseLeft(*event, cursor);
