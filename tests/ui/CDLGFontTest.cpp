@@ -9,6 +9,7 @@
 
 #include <QCheckBox>
 #include <QDialog>
+#include <QFontInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
@@ -102,6 +103,43 @@ TEST(VBChooseFont, a_font_between_those_of_the_lists_stays_if_nobody_touches_it)
     ConfirmNext();
     EXPECT_TRUE(call.Run());
     EXPECT_EQ(call.CurFont, before);
+}
+
+TEST(VBChooseFont, an_effect_or_a_size_leaves_a_weight_between_those_of_the_list) {
+    for (const bool sized : {false, true}) {
+        Call call;
+        call.CurFont.setWeight(QFont::DemiBold);
+        call.CurFont.setStretch(75);
+        call.flags = 0x100;
+        WhenModal([sized](QWidget& box) {
+            if (!sized) QTest::keyClick(box.findChild<QCheckBox*>(), Qt::Key_Space);
+            TypeSize(box, sized ? "30" : "12");
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(call.CurFont.weight(), QFont::DemiBold);
+        EXPECT_EQ(call.CurFont.stretch(), 75);
+        EXPECT_EQ(call.CurFont.pointSize(), sized ? 30 : 12);
+        EXPECT_EQ(call.CurFont.strikeOut(), !sized);
+    }
+}
+
+TEST(VBChooseFont, a_style_that_weight_and_slant_do_not_tell_comes_back_by_its_name) {
+    Call call;
+    WhenModal([](QWidget& box) {
+        QTest::keyClicks(&Under<QListView>(box, "Font style"), QStringLiteral("Condensed Oblique"));
+        QTest::keyClick(&SizeBox(box), Qt::Key_Return);
+    });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(FromQString(QFontInfo(call.CurFont).styleName()), "Condensed Oblique");
+}
+
+TEST(VBChooseFont, a_size_that_is_typed_as_it_is_shown_has_no_fraction) {
+    Call call;
+    call.CurFont.setPointSizeF(20.4);
+    call.MaxSize = 20;
+    WhenModal([](QWidget& box) { TypeSize(box, "20"); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.CurFont.pointSizeF(), 20);
 }
 
 TEST(VBChooseFont, a_size_that_nobody_touches_keeps_its_fraction) {

@@ -79,6 +79,22 @@ TEST(VBPageSetupDlg2, margins_that_come_back_do_not_overlap_when_they_are_raised
     EXPECT_EQ(call.BottomMargin, 267);
 }
 
+TEST(VBPageSetupDlg2, a_minimum_of_the_right_or_at_the_bottom_is_kept_too) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer.layout =
+        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(200, 290, 10, 7),
+                    QPageLayout::Millimeter);
+    Call call;
+    call.MinRightMargin = 60;
+    call.MinBottomMargin = 97;
+    EXPECT_TRUE(call.Run());
+    EXPECT_EQ(call.LeftMargin, 150);
+    EXPECT_EQ(call.RightMargin, 60);
+    EXPECT_EQ(call.TopMargin, 200);
+    EXPECT_EQ(call.BottomMargin, 97);
+}
+
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_that_comes_back_raise_nothing) {
     DialogRecorder dialogs;
     dialogs.pageAnswer.result = 1;
@@ -104,6 +120,10 @@ TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_are_the_printers_o
     Call call;
     call.Run();
     const QMarginsF own = dialogs.page.printer.layout.minimumMargins();
+    Call exactly;
+    exactly.MinLeftMargin = exactly.MinRightMargin = 105;
+    exactly.Run();
+    EXPECT_FALSE(dialogs.page.Has(0x1));
     for (double Call::*minimum : {&Call::MinLeftMargin, &Call::MinTopMargin}) {
         for (const double size : {500.0, std::numeric_limits<double>::infinity()}) {
             Call large;
@@ -190,6 +210,25 @@ TEST(VBPageSetupDlg2, the_pages_of_a_printer_object_go_where_they_went) {
     EXPECT_EQ(own.outputFormat(), QPrinter::PdfFormat);
     EXPECT_EQ(own.copyCount(), 3);
     EXPECT_EQ(own.colorMode(), QPrinter::GrayScale);
+}
+
+TEST(VBPageSetupDlg2, the_next_print_begins_with_the_printer_of_the_last_one) {
+    DialogRecorder dialogs;
+    dialogs.pageAnswer.result = 1;
+    dialogs.pageAnswer.printer = DefaultPrinter();
+    PrinterState laser;
+    laser.deviceName = QStringLiteral("Laser");
+    laser.file = QStringLiteral("FILE:");
+    laser.sides = QPrinter::DuplexLongSide;
+    laser.colors = QPrinter::GrayScale;
+    CDLG dialog;
+    PrintBefore(dialog, dialogs, laser);
+    EXPECT_TRUE(Call().Run(dialog));
+    PrintBefore(dialog, dialogs, laser);
+    EXPECT_EQ(dialogs.print.printer.deviceName, laser.deviceName);
+    EXPECT_EQ(dialogs.print.printer.file, laser.file);
+    EXPECT_EQ(dialogs.print.printer.sides, laser.sides);
+    EXPECT_EQ(dialogs.print.printer.colors, laser.colors);
 }
 
 TEST(VBPageSetupDlg2, what_a_print_server_is_told_of_a_print_is_left_by_the_page) {

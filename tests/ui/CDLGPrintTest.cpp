@@ -98,14 +98,17 @@ TEST(VBPrintDlg, a_printer_that_prints_into_a_file_stays_the_device) {
     dialogs.printAnswer.printer = DefaultPrinter();
     dialogs.printAnswer.printer.deviceName = QStringLiteral("Laser");
     dialogs.printAnswer.printer.file = QStringLiteral("FILE:");  // Windows asks for it at the end
+    CDLG dialog;
     Call call;
     QPrinter printer;
     call.Printer = &printer;
-    EXPECT_TRUE(call.Run());
+    EXPECT_TRUE(call.Run(dialog));
     EXPECT_TRUE(call.PrintToFile);
     EXPECT_EQ(printer.printerName(), QStringLiteral("Laser"));
     EXPECT_EQ(printer.outputFormat(), QPrinter::NativeFormat);
     EXPECT_EQ(printer.outputFileName(), QStringLiteral("FILE:"));
+    EXPECT_TRUE(call.Run(dialog));
+    EXPECT_EQ(dialogs.print.printer.deviceName, QStringLiteral("Laser"));
 }
 
 TEST(VBPrintDlg, a_print_into_a_file_leaves_the_printer_to_the_next_call) {

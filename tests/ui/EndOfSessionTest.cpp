@@ -13,6 +13,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QMenu>
+#include <QTimer>
 #include <cstddef>
 
 namespace tavel::test {
@@ -35,6 +37,14 @@ class EndOfSessionTest : public MainWindowTest {
 
 const Calls EndOfSessionTest::saved{"ShowEnd", "SaveDB", "Release", "UnloadAllButMain",
                                     "EndProcess"};
+
+// Returns once the menu has gone.
+void RequestEndOverMenu(QWidget& below) {
+    QMenu menu(&below);
+    menu.addAction(QStringLiteral("Refresh"));
+    QTimer::singleShot(0, &menu, [] { RequestEnd(); });
+    EXPECT_EQ(menu.exec(), nullptr);
+}
 
 }  // namespace
 
@@ -61,6 +71,20 @@ TEST_F(EndOfSessionTest, a_request_to_quit_is_a_close_of_the_main_window_alone) 
     QEvent quit(QEvent::Quit);
     QApplication::sendEvent(qApp, &quit);
     EXPECT_EQ(calls, saved);
+}
+
+TEST_F(EndOfSessionTest, a_menu_over_a_box_goes_with_it) {
+    Open();
+    const RealPrompts real;
+    WhenModal(RequestEndOverMenu);
+    EXPECT_EQ(MsgBox(QStringLiteral("outer"), MsgBoxButtons::YesNo), MsgBoxAnswer::No);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calls == saved; }));
+}
+
+TEST_F(EndOfSessionTest, a_menu_over_the_main_window_goes_with_it) {
+    Open();
+    RequestEndOverMenu(Main());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return calls == saved; }));
 }
 
 TEST_F(EndOfSessionTest, boxes_that_ask_are_cancelled_first_and_their_callers_go_on) {

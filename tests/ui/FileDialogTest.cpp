@@ -7,6 +7,8 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDir>
+#include <QMenu>
+#include <QTimer>
 #include <QUrl>
 #include <filesystem>
 
@@ -204,6 +206,19 @@ TEST_F(FileDialogs, an_owner_may_go_while_a_box_stands_over_the_dialog) {
         WhenModalOver(
             box, [&box] { static_cast<QDialog&>(box).accept(); },
             [owner](QWidget&) { delete owner; });
+    });
+    EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
+}
+
+TEST_F(FileDialogs, an_owner_may_go_while_a_menu_stands_over_the_dialog) {
+    const RealPrompts real;
+    auto* owner = new QWidget;
+    request.owner = owner;
+    WhenModal([owner](QWidget& box) {
+        QMenu menu(&box);
+        menu.addAction(QStringLiteral("New Folder"));
+        QTimer::singleShot(0, &menu, [owner] { delete owner; });
+        EXPECT_EQ(menu.exec(), nullptr);
     });
     EXPECT_EQ(Service<Prompter>::Get().PickFiles(request).result, 0);
 }

@@ -72,6 +72,8 @@ void EndOfSession::timerEvent(QTimerEvent*) {
 
 void EndOfSession::CloseFront() {
     if (HandlersRest()) return;
+    // A menu blocks in an event loop of its own, in which it would go on to stand alone.
+    if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
     m_closed = Front();
     if (m_closed != nullptr) m_closed->close();
 }

@@ -3,8 +3,8 @@
 namespace tavel {
 
 void TakeFromOwner(QDialog& box) {
-    for (QDialog* over : box.findChildren<QDialog*>())
-        if (over->isVisible()) over->close();
+    for (QWidget* over : box.findChildren<QWidget*>())
+        if (over->isWindow() && over->isVisible()) over->close();
     box.setParent(nullptr);  // hides it, which ends its loop
 }
 

@@ -5,7 +5,7 @@
 
 namespace tavel {
 
-// Cancels a box whose owner is being deleted, and all boxes that stand over it.
+// Cancels a box whose owner is being deleted, and all boxes and menus that stand over it.
 void TakeFromOwner(QDialog& box);
 
 // A box that blocks in an event loop of its own. Its owner may go while the box stands, by a timer

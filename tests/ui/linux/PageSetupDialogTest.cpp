@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QDialog>
 #include <QPrinter>
 #include <QRadioButton>
 #include <algorithm>
@@ -149,6 +150,33 @@ TEST(VBPageSetupDlg2, minimums_count_on_the_papers_of_which_they_leave_something
         EXPECT_EQ(call.LeftMargin, std::max(one.least, 10.0)) << one.chosen;
         EXPECT_EQ(call.RightMargin, std::max(one.least, 10.0)) << one.chosen;
     }
+}
+
+TEST(VBPageSetupDlg2, an_owner_that_goes_as_the_box_is_confirmed_cancels_it) {
+    auto* owner = new QWidget;
+    Call call;
+    call.Owner = owner;
+    WhenModal([owner](QWidget& box) {
+        QObject::connect(&static_cast<QDialog&>(box), &QDialog::accepted,
+                         [owner] { delete owner; });
+        QTest::keyClick(&box, Qt::Key_Return);
+    });
+    EXPECT_FALSE(call.Run());
+}
+
+TEST(VBPageSetupDlg2, a_margin_that_nobody_touches_keeps_what_lies_below_a_hundredth) {
+    Call call;
+    call.Units = PageUnits::Inches;
+    call.LeftMargin = 0.125;
+    call.RightMargin = 0.375;
+    call.TopMargin = 0.625;
+    call.BottomMargin = 0.875;
+    ConfirmNext([](QWidget& box) { TypeMargin(box, "topMargin", "1"); });
+    EXPECT_TRUE(call.Run());
+    EXPECT_DOUBLE_EQ(call.LeftMargin, 0.125);
+    EXPECT_DOUBLE_EQ(call.RightMargin, 0.375);
+    EXPECT_DOUBLE_EQ(call.TopMargin, 1);
+    EXPECT_DOUBLE_EQ(call.BottomMargin, 0.875);
 }
 
 TEST(VBPageSetupDlg2, an_owner_may_go_once_the_box_is_confirmed) {

@@ -37,6 +37,7 @@ void AnswerNext(const std::string& asked, Qt::Key key) {
         QString read = Find<QLabel>(box, "qt_msgbox_label").text();
         read.remove(QChar(0x200B));  // where a path may go on in the next line
         EXPECT_STRCASEEQ(FromQString(read).c_str(), asked.c_str());
+        EXPECT_EQ(box.windowTitle(), box.parentWidget()->windowTitle());
         QTest::keyClick(&box, key);
     });
 }

@@ -31,8 +31,9 @@ inline void CancelNext(const std::function<void(QWidget&)>& before = {}) {
     EndNext(Qt::Key_Escape, before);
 }
 
-// Presses a key in the next message box, which must read so. Where the host does not tell the case
-// of letters apart, the name of a file in it may be as it is called rather than as it was typed.
+// Presses a key in the next message box, which stands over another, and must read so. Where the
+// host does not tell the case of letters apart, the name of a file in it may be as it is called
+// rather than as it was typed.
 void AnswerNext(const std::string& asked, Qt::Key key = Qt::Key_Return);
 
 // A dialog's call whose owner goes while the box stands over it: a cancel.

@@ -33,6 +33,12 @@ void SetOrientation(QPageLayout& layout, Long orientation) {
     if (orientation == across) layout.setOrientation(QPageLayout::Landscape);
 }
 
+// No box keeps all of them: the system's own knows none, and Qt's none of the side opposite.
+QPageLayout WithMinimums(QPageLayout page, const QMarginsF& minimums) {
+    if (AreMinimums(minimums, page)) page.setMinimumMargins(page.minimumMargins() | minimums);
+    return page;
+}
+
 }  // namespace
 
 bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool DisablePaper,
@@ -69,10 +75,8 @@ bool CDLG::VBPageSetupDlg2(bool DisableMargins, bool DisableOrientation, bool Di
     const PageAnswer answer = Service<CommonDialogs>::Get().SetUpPage(request);
     if (!End(answer)) return false;
     PrinterState& kept = KeptPrinter();
-    // The system's own box knows no minimums.
     QPageLayout& page = kept.layout = answer.printer.layout;
-    if (AreMinimums(request.minimums, page))
-        page.setMargins(Possible(page.margins() | request.minimums, page));
+    page.setMargins(Possible(page.margins(), WithMinimums(page, request.minimums)));
     kept.printQuality = answer.printer.printQuality;
     LeftMargin = page.margins().left();
     RightMargin = page.margins().right();

@@ -6,8 +6,10 @@
 #include "ui/toolkit/dialogs/Parts.h"
 
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QFontInfo>
 #include <QLineEdit>
+#include <QValidator>
 #include <algorithm>
 
 namespace tavel {
@@ -29,6 +31,11 @@ QFont WithoutStyleName(const QFont& font) {
     return QFontInfo(plain).styleName() == font.styleName() ? plain : font;
 }
 
+bool IsSameFace(const QFont& one, const QFont& other) {
+    return one.families() == other.families() &&
+           QFontDatabase::styleString(one) == QFontDatabase::styleString(other);
+}
+
 qreal PointsOf(const QFont& font) {
     return font.pointSizeF() > 0 ? font.pointSizeF() : QFontInfo(font).pointSizeF();
 }
@@ -48,6 +55,7 @@ FontDialog::FontDialog(const FontRequest& request)
     setOption(MonospacedFonts, (request.flags & fontFlag::FixedPitchOnly) != 0);
     setCurrentFont(WithStyleName(request.font));
     m_shown = currentFont();
+    HearSize();
     const bool effects = (request.flags & fontFlag::Effects) != 0;
     WithPart<QCheckBox>(*this, nullptr,
                         [effects](QCheckBox& first) { first.parentWidget()->setVisible(effects); });
@@ -67,17 +75,27 @@ void FontDialog::NameLines() {
     }
 }
 
+// The one line that takes a number. It may be typed anew as it stands.
+void FontDialog::HearSize() {
+    for (QLineEdit* line : findChildren<QLineEdit*>()) {
+        if (line->validator() == nullptr) continue;
+        connect(line, &QLineEdit::textChanged, this, [this] { m_isSizeTouched = true; });
+    }
+}
+
 // Qt's dialog knows the styles of a list and whole points alone. What nobody has touched stays.
 QFont FontDialog::Font() const {
-    QFont font = currentFont();
-    if (font == m_shown) return m_first;
-    if (font.pointSize() == m_shown.pointSize()) {
-        if (m_first.pixelSize() > 0)
-            font.setPixelSize(m_first.pixelSize());
-        else
-            font.setPointSizeF(m_first.pointSizeF());
-    }
-    return WithoutStyleName(font);
+    const QFont chosen = currentFont();
+    QFont font = IsSameFace(chosen, m_shown) ? m_first : WithoutStyleName(chosen);
+    if (m_isSizeTouched)
+        font.setPointSizeF(chosen.pointSizeF());
+    else if (m_first.pixelSize() > 0)
+        font.setPixelSize(m_first.pixelSize());
+    else
+        font.setPointSizeF(m_first.pointSizeF());
+    font.setUnderline(chosen.underline());
+    font.setStrikeOut(chosen.strikeOut());
+    return font;
 }
 
 bool FontDialog::SizeIsAllowed() const {

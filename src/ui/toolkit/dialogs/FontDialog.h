@@ -22,10 +22,12 @@ class FontDialog : public QFontDialog {
 
   private:
     void NameLines();
+    void HearSize();
     bool SizeIsAllowed() const;
 
     QFont m_first;  // as requested
     QFont m_shown;  // as Qt's dialog makes of it
+    bool m_isSizeTouched = false;
     int m_minSize;
     int m_maxSize;
 };

@@ -15,6 +15,15 @@ QPrinter* Prepared(const PageRequest& request, QPrinter& printer) {
     return &printer;
 }
 
+// The dialog shows hundredths. A margin that nobody has touched keeps what lies below them.
+QMarginsF KeepUntouched(const QMarginsF& margins, const QMarginsF& shown, const QMarginsF& first) {
+    const auto one = [&](double (QMarginsF::*side)() const) {
+        return (margins.*side)() == (shown.*side)() ? (first.*side)() : (margins.*side)();
+    };
+    return {one(&QMarginsF::left), one(&QMarginsF::top), one(&QMarginsF::right),
+            one(&QMarginsF::bottom)};
+}
+
 }  // namespace
 
 PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
@@ -26,6 +35,7 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     if (HasPage(*this)) {
         ShowPage(*this, m_page);
         KeepMinimums(*this, [this] { return Minimums(); });
+        m_shown = PageShown(*this);
     }
     Disable(request);
     PlainButtons(*this);
@@ -58,9 +68,18 @@ void PageSetupDialog::Disable(const PageRequest& request) {
     WithPart(*this, "pagesPerSheetButtonGroup", [](QWidget& sheet) { sheet.hide(); });
 }
 
+QPageLayout PageSetupDialog::Chosen() const {
+    QPageLayout page = PageShown(*this);
+    if (page.units() != m_shown.units()) return page;
+    QPageLayout first = m_page;
+    first.setUnits(page.units());
+    page.setMargins(KeepUntouched(page.margins(), m_shown.margins(), first.margins()));
+    return page;
+}
+
 PageAnswer PageSetupDialog::Answer() {
     // The printer may have refused what Qt has handed it.
-    if (HasPage(*this)) SetPage(PageShown(*this), *printer());
+    if (HasPage(*this)) SetPage(Chosen(), *printer());
     PageAnswer answer;
     answer.result = 1;
     answer.printer = StateOf(*printer());

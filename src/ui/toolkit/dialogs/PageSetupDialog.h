@@ -20,8 +20,10 @@ class PageSetupDialog : public QPageSetupDialog {
   private:
     void Disable(const PageRequest& request);
     QMarginsF Minimums();
+    QPageLayout Chosen() const;
 
-    QPageLayout m_page;  // as requested
+    QPageLayout m_page;   // as requested
+    QPageLayout m_shown;  // as the dialog has begun with it
     QMarginsF m_minimums;
 };
 
