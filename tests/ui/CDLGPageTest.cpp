@@ -63,36 +63,27 @@ TEST(VBPageSetupDlg2, a_margin_that_comes_back_below_its_minimum_is_raised_to_it
     EXPECT_EQ(printer.pageLayout().margins(QPageLayout::Millimeter).left(), 5);
 }
 
-TEST(VBPageSetupDlg2, margins_that_come_back_do_not_overlap_when_they_are_raised) {
-    DialogRecorder dialogs;
-    dialogs.pageAnswer.result = 1;
-    dialogs.pageAnswer.printer.layout =
-        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(1, 1, 200, 290),
-                    QPageLayout::Millimeter);
-    Call call;
-    call.MinLeftMargin = 20;
-    call.MinTopMargin = 30;
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.LeftMargin, 20);
-    EXPECT_EQ(call.RightMargin, 190);
-    EXPECT_EQ(call.TopMargin, 30);
-    EXPECT_EQ(call.BottomMargin, 267);
-}
-
-TEST(VBPageSetupDlg2, a_minimum_of_the_right_or_at_the_bottom_is_kept_too) {
-    DialogRecorder dialogs;
-    dialogs.pageAnswer.result = 1;
-    dialogs.pageAnswer.printer.layout =
-        QPageLayout(QPageSize(QPageSize::A4), QPageLayout::Portrait, QMarginsF(200, 290, 10, 7),
-                    QPageLayout::Millimeter);
-    Call call;
-    call.MinRightMargin = 60;
-    call.MinBottomMargin = 97;
-    EXPECT_TRUE(call.Run());
-    EXPECT_EQ(call.LeftMargin, 150);
-    EXPECT_EQ(call.RightMargin, 60);
-    EXPECT_EQ(call.TopMargin, 200);
-    EXPECT_EQ(call.BottomMargin, 97);
+TEST(VBPageSetupDlg2, margins_that_come_back_are_raised_at_the_cost_of_those_opposite) {
+    struct Case {
+        QMarginsF least;
+        QMarginsF answered;
+        QMarginsF result;
+    };
+    for (const Case& one : {Case{{20, 30, 0, 0}, {1, 1, 200, 290}, {20, 30, 190, 267}},
+                            Case{{0, 0, 60, 97}, {200, 290, 10, 7}, {150, 200, 60, 97}}}) {
+        DialogRecorder dialogs;
+        dialogs.pageAnswer.result = 1;
+        dialogs.pageAnswer.printer.layout = QPageLayout(
+            QPageSize(QPageSize::A4), QPageLayout::Portrait, one.answered, QPageLayout::Millimeter);
+        Call call;
+        call.MinLeftMargin = one.least.left();
+        call.MinTopMargin = one.least.top();
+        call.MinRightMargin = one.least.right();
+        call.MinBottomMargin = one.least.bottom();
+        EXPECT_TRUE(call.Run());
+        EXPECT_EQ(QMarginsF(call.LeftMargin, call.TopMargin, call.RightMargin, call.BottomMargin),
+                  one.result);
+    }
 }
 
 TEST(VBPageSetupDlg2, minimums_that_leave_nothing_of_the_page_that_comes_back_raise_nothing) {

@@ -72,8 +72,10 @@ void EndOfSession::timerEvent(QTimerEvent*) {
 
 void EndOfSession::CloseFront() {
     if (HandlersRest()) return;
-    // A menu blocks in an event loop of its own, in which it would go on to stand alone.
-    if (QWidget* menu = QApplication::activePopupWidget()) menu->close();
+    // A menu blocks in an event loop of its own, in which it would go on to stand alone; one that
+    // it has opened goes first.
+    while (QWidget* menu = QApplication::activePopupWidget())
+        if (!menu->close()) break;
     m_closed = Front();
     if (m_closed != nullptr) m_closed->close();
 }

@@ -164,7 +164,7 @@ TEST(VBPageSetupDlg2, an_owner_that_goes_as_the_box_is_confirmed_cancels_it) {
     EXPECT_FALSE(call.Run());
 }
 
-TEST(VBPageSetupDlg2, a_margin_that_nobody_touches_keeps_what_lies_below_a_hundredth) {
+TEST(VBPageSetupDlg2, a_margin_that_reads_as_requested_keeps_what_lies_below_a_hundredth) {
     Call call;
     call.Units = PageUnits::Inches;
     call.LeftMargin = 0.125;

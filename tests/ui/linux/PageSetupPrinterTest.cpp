@@ -97,6 +97,29 @@ TEST(VBPageSetupDlg2, each_paper_has_the_smallest_margins_of_the_printer_for_it)
     EXPECT_DOUBLE_EQ(call.LeftMargin, 6) << "those of the paper before are no longer in the way";
 }
 
+TEST(VBPageSetupDlg2, a_margin_comes_back_as_it_is_shown_on_another_paper) {
+    const Printers printers({QStringLiteral("Ink")});
+    struct Case {
+        Long paper;
+        double requested;
+        const char* chosen;
+        double shown;
+    };
+    for (const Case& one : {Case{20, 5, "A4", 14.99},     // the least of an Envelope 10
+                            Case{66, 280, "A3", 210}}) {  // A2, for which it has A4
+        Call call;
+        call.PaperSize = one.paper;
+        call.LeftMargin = one.requested;
+        ConfirmNext([&one](QWidget& box) {
+            auto& papers = Find<QComboBox>(box, "pageSizeCombo");
+            papers.setCurrentIndex(papers.findText(QLatin1String(one.chosen)));
+            EXPECT_DOUBLE_EQ(Margin(box, "leftMargin").value(), one.shown);
+        });
+        EXPECT_TRUE(call.Run());
+        EXPECT_DOUBLE_EQ(call.LeftMargin, one.shown);
+    }
+}
+
 TEST(VBPageSetupDlg2, minimums_that_a_printer_does_not_reach_are_the_printers_own_in_the_end) {
     const Printers printers({QStringLiteral("Ink")});
     Call call;

@@ -9,7 +9,6 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
-#include <utility>
 
 namespace tavel::test {
 
@@ -380,18 +379,33 @@ TEST_F(PanelPress, goes_on_while_another_button_is_pressed_and_its_release_is_lo
                 ElementsAre("MouseDown 1 0 30 10", "Move 100 60", "MouseUp 1 0 30 10", "Click"));
 }
 
-TEST_F(PanelPress, that_comes_while_the_last_release_is_told_has_a_release_of_its_own) {
-    panel.Expandable(true);
-    Listen();
-    bool isFirst = true;
+TEST_F(PanelPress, that_comes_while_the_last_release_is_told_is_a_whole_one) {
+    panel.ContainerMoveable(true);
     QObject::connect(&panel, &xpFrame::MouseUp, [&] {
-        if (std::exchange(isFirst, false)) Press(Chevron());
+        QObject::disconnect(&panel, &xpFrame::MouseUp, nullptr, nullptr);
+        Listen();
+        SendMouse(panel, QEvent::MouseButtonPress, {30, 10}, Qt::LeftButton, Qt::LeftButton);
     });
-    Click({30, 90});
-    events.clear();
+    SendMouse(panel, QEvent::MouseButtonPress, {30, 90}, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {30, 90}, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {40, 30}, Qt::NoButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, {30, 10}, Qt::LeftButton);
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 10", "Click", "Move 60 60",
+                                    "MouseUp 1 0 30 10", "Click"));
+}
+
+TEST_F(PanelPress, that_is_over_moves_and_resizes_nothing_while_its_release_is_told) {
+    panel.ContainerMoveable(true);
+    QObject::connect(&panel, &xpFrame::MouseUp, [&] {
+        PointAt(InWindow({200, 150}));
+        PointAt(InWindow({180, 140}));
+    });
+    Click({30, 10});
+    EXPECT_EQ(panel.pos(), QPoint(50, 40));
+    PressGrip();
+    const QRect before = panel.geometry();
     Release();
-    EXPECT_THAT(events, testing::Contains(testing::StartsWith("MouseUp 1 0")));
-    EXPECT_THAT(events, testing::Contains(testing::StartsWith("ChevronClick 1 0")));
+    EXPECT_EQ(panel.geometry(), before);
 }
 
 TEST_F(PanelPress, that_a_receiver_hands_to_another_widget_is_the_panels_all_the_same) {

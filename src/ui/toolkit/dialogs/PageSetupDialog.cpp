@@ -5,6 +5,7 @@
 #include "ui/toolkit/dialogs/Parts.h"
 
 #include <QPrinter>
+#include <cmath>
 
 namespace tavel {
 
@@ -15,10 +16,12 @@ QPrinter* Prepared(const PageRequest& request, QPrinter& printer) {
     return &printer;
 }
 
-// The dialog shows hundredths. A margin that nobody has touched keeps what lies below them.
-QMarginsF KeepUntouched(const QMarginsF& margins, const QMarginsF& shown, const QMarginsF& first) {
+// The dialog shows hundredths. Margins that read as those requested are these.
+QMarginsF AsRequested(const QMarginsF& shown, const QMarginsF& requested) {
+    constexpr double half = 0.0051;
     const auto one = [&](double (QMarginsF::*side)() const) {
-        return (margins.*side)() == (shown.*side)() ? (first.*side)() : (margins.*side)();
+        const double margin = (requested.*side)();
+        return std::fabs((shown.*side)() - margin) < half ? margin : (shown.*side)();
     };
     return {one(&QMarginsF::left), one(&QMarginsF::top), one(&QMarginsF::right),
             one(&QMarginsF::bottom)};
@@ -35,7 +38,6 @@ PageSetupDialog::PageSetupDialog(const PageRequest& request, QPrinter& printer)
     if (HasPage(*this)) {
         ShowPage(*this, m_page);
         KeepMinimums(*this, [this] { return Minimums(); });
-        m_shown = PageShown(*this);
     }
     Disable(request);
     PlainButtons(*this);
@@ -70,10 +72,9 @@ void PageSetupDialog::Disable(const PageRequest& request) {
 
 QPageLayout PageSetupDialog::Chosen() const {
     QPageLayout page = PageShown(*this);
-    if (page.units() != m_shown.units()) return page;
-    QPageLayout first = m_page;
-    first.setUnits(page.units());
-    page.setMargins(KeepUntouched(page.margins(), m_shown.margins(), first.margins()));
+    QPageLayout requested = m_page;
+    requested.setUnits(page.units());
+    page.setMargins(AsRequested(page.margins(), requested.margins()));
     return page;
 }
 

@@ -22,8 +22,7 @@ class PageSetupDialog : public QPageSetupDialog {
     QMarginsF Minimums();
     QPageLayout Chosen() const;
 
-    QPageLayout m_page;   // as requested
-    QPageLayout m_shown;  // as the dialog has begun with it
+    QPageLayout m_page;  // as requested
     QMarginsF m_minimums;
 };
 

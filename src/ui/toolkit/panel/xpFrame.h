@@ -246,7 +246,8 @@ class xpFrame : public QWidget {
     void NotePress(const QMouseEvent& event);
     void NoteRelease(Qt::MouseButtons buttons);
     void GiveUpAllBut(Qt::MouseButtons down);
-    void EndDrag();
+    void StopDrag();
+    void ShowAfterDrag();
     void MoveTo(const QPointF& cursor);
     void ResizeTo(const QPointF& cursor);
     QSize SmallestSize() const;

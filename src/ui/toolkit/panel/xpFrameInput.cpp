@@ -81,7 +81,9 @@ void xpFrame::GiveUpAllBut(Qt::MouseButtons down) {
     const Qt::MouseButtons lost = m_held & ~down;
     if (lost == Qt::NoButton) return;
     NoteRelease(lost);
-    if (lost.testFlag(Qt::LeftButton)) EndDrag();
+    if (!lost.testFlag(Qt::LeftButton)) return;
+    StopDrag();
+    ShowAfterDrag();
 }
 
 void xpFrame::mousePressEvent(QMouseEvent* event) {
@@ -187,14 +189,17 @@ QSize xpFrame::SmallestSize() const {
 void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
     if (!m_held.testFlag(event->button())) return;
     const QPointF cursor = mapToGlobal(event->position());
-    // A receiver may let the next press come.
+    const bool isLeft = event->button() == Qt::LeftButton;
+    const bool isClick = isLeft && std::exchange(m_isClick, false);
+    // All of this press is over when it is told: a receiver may let moves and the next press come.
     NoteRelease(event->button());
+    if (isLeft) StopDrag();
     Q_EMIT MouseUp(ButtonOf(event->button()), ShiftOf(event->modifiers()), XOf(*event),
                    YOf(*event));
-    if (event->button() != Qt::LeftButton) return;
-    const bool isClick = std::exchange(m_isClick, false) && IsIn(rect(), cursor);
+    if (!isLeft) return;
+    const bool isInside = IsIn(rect(), cursor);
     ReleaseLeft(*event, cursor);
-    if (!isClick) return;
+    if (!isClick || !isInside) return;
     Q_EMIT Click();
     m_label->update();
 }
@@ -214,13 +219,16 @@ void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
 void xpFrame::ReleaseLeft(const QMouseEvent& event, const QPointF& cursor) {
     if (m_properties.Closeable && IsIn(m_areas.close, cursor)) closeMe();
     if (m_properties.Expandable && IsIn(m_areas.chevron, cursor)) ClickChevron(event);
-    EndDrag();
+    ShowAfterDrag();
 }
 
-void xpFrame::EndDrag() {
-    Redraw();
+void xpFrame::StopDrag() {
     m_moving = false;
     m_resizing = false;
+}
+
+void xpFrame::ShowAfterDrag() {
+    Redraw();
     ShowChildControls();
 }
 
