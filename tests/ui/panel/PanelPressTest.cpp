@@ -9,6 +9,7 @@
 #include <QMenu>
 #include <QPushButton>
 #include <QTimer>
+#include <utility>
 
 namespace tavel::test {
 
@@ -406,6 +407,37 @@ TEST_F(PanelPress, that_is_over_moves_and_resizes_nothing_while_its_release_is_t
     const QRect before = panel.geometry();
     Release();
     EXPECT_EQ(panel.geometry(), before);
+}
+
+TEST_F(PanelPress, that_comes_while_a_release_over_the_chevron_is_told_drags_too) {
+    panel.ContainerMoveable(true);
+    panel.Expandable(true);
+    QObject::connect(&panel, &xpFrame::MouseUp, [&] {
+        QObject::disconnect(&panel, &xpFrame::MouseUp, nullptr, nullptr);
+        SendMouse(panel, QEvent::MouseButtonPress, {30, 10}, Qt::LeftButton, Qt::LeftButton);
+    });
+    const QPoint chevron = Chevron();
+    SendMouse(panel, QEvent::MouseButtonPress, chevron, Qt::LeftButton, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseButtonRelease, chevron, Qt::LeftButton);
+    SendMouse(panel, QEvent::MouseMove, {40, 20}, Qt::NoButton, Qt::LeftButton);
+    EXPECT_EQ(panel.pos(), QPoint(60, 50));
+    SendMouse(panel, QEvent::MouseButtonRelease, {30, 10}, Qt::LeftButton);
+}
+
+TEST_F(PanelPress, that_is_told_to_be_over_ends_what_its_host_has_switched_on_meanwhile) {
+    panel.ContainerMoveable(true);
+    bool switches = false;
+    QObject::connect(&panel, &xpFrame::MouseMove, [&](int, int, float, float, bool&, bool& cMove) {
+        if (std::exchange(switches, false)) cMove = true;
+    });
+    QObject::connect(&panel, &xpFrame::MouseUp, [&] {
+        switches = true;
+        PointAt(InWindow({40, 20}));
+    });
+    Click({30, 10});
+    const QPoint left = panel.pos();
+    PointAt(InWindow({80, 60}));
+    EXPECT_EQ(panel.pos(), left);
 }
 
 TEST_F(PanelPress, that_a_receiver_hands_to_another_widget_is_the_panels_all_the_same) {

@@ -219,10 +219,13 @@ void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
 void xpFrame::ReleaseLeft(const QMouseEvent& event, const QPointF& cursor) {
     if (m_properties.Closeable && IsIn(m_areas.close, cursor)) closeMe();
     if (m_properties.Expandable && IsIn(m_areas.chevron, cursor)) ClickChevron(event);
+    StopDrag();
     ShowAfterDrag();
 }
 
+// The next press, which may have come already, has a drag of its own.
 void xpFrame::StopDrag() {
+    if (m_held.testFlag(Qt::LeftButton)) return;
     m_moving = false;
     m_resizing = false;
 }
@@ -233,7 +236,7 @@ void xpFrame::ShowAfterDrag() {
 }
 
 void xpFrame::ClickChevron(const QMouseEvent& event) {
-    m_moving = false;
+    StopDrag();
     const auto tell = [&](bool collapse) {
         Q_EMIT ChevronClick(ButtonOf(event.button()), ShiftOf(event.modifiers()), XOf(event),
                             YOf(event), collapse, FrameBarHeight(m_properties, "Footer"),
