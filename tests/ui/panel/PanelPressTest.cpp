@@ -298,6 +298,17 @@ TEST_F(PanelPress, at_the_grip_starts_no_resize_when_the_first_move_disables_the
     EXPECT_EQ(panel.size(), QSize(300, 200));
 }
 
+TEST_F(PanelPress, whose_release_was_lost_leaves_no_click_behind) {
+    Press({30, 90});
+    panel.hide();
+    Release();
+    panel.show();
+    Listen();
+    QObject::connect(&panel, &xpFrame::MouseDown, [this] { Release(); });
+    Press({30, 90});
+    EXPECT_THAT(events, ElementsAre("MouseDown 1 0 30 90", "MouseUp 1 0 30 90"));
+}
+
 TEST_F(PanelPress, that_hides_the_child_which_passed_it_on_moves_no_further) {
     panel.ContainerMoveable(true);
     LabelAt100 child(panel);

@@ -82,6 +82,7 @@ void xpFrame::GiveUpAllBut(Qt::MouseButtons down) {
     if (lost == Qt::NoButton) return;
     NoteRelease(lost);
     if (!lost.testFlag(Qt::LeftButton)) return;
+    m_isClick = false;
     StopDrag();
     ShowAfterDrag();
 }
