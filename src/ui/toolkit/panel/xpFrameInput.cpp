@@ -207,11 +207,11 @@ void xpFrame::mouseReleaseEvent(QMouseEvent* event) {
 
 // The second press of a double click is no press of its own, and its release no click.
 void xpFrame::mouseDoubleClickEvent(QMouseEvent* event) {
-    NotePress(*event);
     if (event->button() != Qt::LeftButton) {
         mousePressEvent(event);
         return;
     }
+    NotePress(*event);
     m_isClick = false;
     Q_EMIT DblClick();
     m_label->update();
